@@ -1,0 +1,34 @@
+# What every target of the project shares: the Qt generation, warnings, and how a test is added.
+include_guard()
+
+set(QUANDREL_QT 6 CACHE STRING "Qt generation to build with: 6 or 5 (the plugin alone also: 4)")
+set_property(CACHE QUANDREL_QT PROPERTY STRINGS 6 5 4)
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+add_compile_options(-Wall -Wextra -Wpedantic)
+add_compile_definitions(QT_NO_KEYWORDS)
+
+# Everything that runs lands in one folder, so that a program finds the plugin beside itself.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+
+# quandrel_test(NAME <name> SOURCES <files>... LIBRARIES <targets>...)
+# A QtTest executable, run by CTest on Qt's offscreen platform. <name> mirrors the tested class.
+function(quandrel_test)
+  cmake_parse_arguments(arg "" "NAME" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${arg_NAME} ${arg_SOURCES})
+  target_link_libraries(${arg_NAME} PRIVATE test-support ${arg_LIBRARIES})
+  set_target_properties(${arg_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}")
+  add_test(NAME ${arg_NAME} COMMAND ${arg_NAME})
+  quandrel_test_environment(${arg_NAME})
+endfunction()
+
+# No display, no user settings, and plain C sorting and numbers unless a test sets its own.
+function(quandrel_test_environment)
+  set_tests_properties(${ARGN} PROPERTIES ENVIRONMENT
+    "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;XDG_DATA_HOME=${CMAKE_CURRENT_BINARY_DIR}/xdg/data;XDG_STATE_HOME=${CMAKE_CURRENT_BINARY_DIR}/xdg/state;XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/xdg/config;ASAN_OPTIONS=detect_leaks=1;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
