@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <QtTest>
 
+#include <utility>
+
 namespace {
 
 QMutex s_mutex; // warnings may come from any thread
@@ -14,7 +16,7 @@ QtMessageHandler s_previous = nullptr;
 
 bool isExpected(const QString& text)
 {
-    for (const QRegularExpression& pattern : qAsConst(s_expected)) {
+    for (const QRegularExpression& pattern : std::as_const(s_expected)) {
         if (pattern.match(text).hasMatch())
             return true;
     }
