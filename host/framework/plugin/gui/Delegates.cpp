@@ -1,0 +1,12 @@
+#include "plugin/gui/DeviceDelegate.h"
+#include "plugin/gui/UnitDelegate.h"
+
+namespace plugin {
+namespace gui {
+
+DeviceDelegate::~DeviceDelegate() = default;
+
+UnitDelegate::~UnitDelegate() = default;
+
+} // namespace gui
+} // namespace plugin

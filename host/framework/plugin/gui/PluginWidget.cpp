@@ -1,0 +1,49 @@
+#include "plugin/gui/PluginWidget.h"
+
+#include "plugin/gui/DeviceHost.h"
+
+namespace plugin {
+namespace gui {
+
+PluginWidget::PluginWidget(DeviceHost& host, QWidget* parent) : QWidget(parent), m_host(host) {}
+
+void PluginWidget::translate() {}
+
+QString PluginWidget::trans(const QString& text) const
+{
+    return m_host.translate(text);
+}
+
+QAction* PluginWidget::helpAction(const QString& context) const
+{
+    return m_host.helpAction(context);
+}
+
+QString PluginWidget::helpContext() const
+{
+    return QString();
+}
+
+void PluginWidget::update()
+{
+    QWidget::update();
+}
+
+QString PluginWidget::currentLanguage() const
+{
+    return m_host.currentLanguage();
+}
+
+QList<QAction*> PluginWidget::libraryActions(const QString&, const QString&, bool)
+{
+    return {};
+}
+
+void PluginWidget::mousePressEvent(QMouseEvent* event)
+{
+    setFocus(Qt::MouseFocusReason);
+    QWidget::mousePressEvent(event);
+}
+
+} // namespace gui
+} // namespace plugin

@@ -1,0 +1,20 @@
+#ifndef PLUGIN_GUI_DEVICEHISTORYBUNDLE_H
+#define PLUGIN_GUI_DEVICEHISTORYBUNDLE_H
+
+#include "olm/core/Export.h"
+#include "plugin/gui/HistoryBundle.h"
+
+namespace plugin {
+namespace gui {
+
+/// The bundle that a device's widgets get.
+class OLM_EXPORT DeviceHistoryBundle : public HistoryBundle
+{
+public:
+    explicit DeviceHistoryBundle(const HistoryBundleContent& content);
+};
+
+} // namespace gui
+} // namespace plugin
+
+#endif
