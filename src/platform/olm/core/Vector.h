@@ -46,9 +46,8 @@ public:
 
     void append(const T& value)
     {
-        const T copy(value); // the value may be an element of the storage that detach() leaves
         this->detach();
-        this->impl().push_back(copy);
+        this->impl().push_back(value);
     }
 
     /// Element @p i, for writing; the index is not checked.

@@ -1,0 +1,176 @@
+#include "Quandrel.h"
+
+#include "AddressInput.h"
+#include "ConnectButton.h"
+#include "Roles.h"
+#include "olm/core/StringList.h"
+#include "olm/core/variant/Variant.h"
+#include "olm/qt/convert.h"
+#include "plugin/gui/DeviceDelegate.h"
+#include "plugin/gui/DeviceHistoryBundle.h"
+#include "plugin/gui/VariableHistoryBuffer.h"
+
+#include <QLineEdit>
+
+#include <string>
+
+using olm::core::variant::Variant;
+
+namespace {
+
+// The roles of the messages that carry a connection state. Only the first also says whether
+// the address may be edited.
+const int connectionStateMessage = 1005;
+const int buttonStateMessage = 0;
+
+QString toText(const Variant& value)
+{
+    const std::string text = value.toString();
+    return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
+}
+
+} // namespace
+
+Quandrel::Quandrel(plugin::gui::DeviceDelegate& delegate, QWidget* parent,
+                   const QString& helpContext)
+    : plugin::gui::DeviceWidget(delegate, parent),
+      m_helpContext(helpContext),
+      m_addressInput(new AddressInput(this)),
+      m_connectButton(new ConnectButton(this))
+{
+    delegate.registerConfigVariable("ipAddress", true);
+    delegate.registerConfigVariable("ipAddressHistory", true);
+
+    connect(m_addressInput->lineEdit(), SIGNAL(returnPressed()), m_connectButton,
+            SLOT(on_clicked()));
+    connect(m_addressInput->lineEdit(), SIGNAL(editingFinished()), this,
+            SLOT(on_addressInput_editingFinished()));
+
+    const int state = connectionState();
+    showConnectionState(state);
+    enableAddressInput(state == -1);
+}
+
+AddressInput* Quandrel::addressInput() const
+{
+    return m_addressInput;
+}
+
+ConnectButton* Quandrel::connectButton() const
+{
+    return m_connectButton;
+}
+
+void Quandrel::translate()
+{
+    const int state = connectionState();
+    if (m_connectButton)
+        m_connectButton->translate(state);
+}
+
+QString Quandrel::helpContext() const
+{
+    return m_helpContext;
+}
+
+void Quandrel::update(const plugin::gui::DeviceHistoryBundle& bundle)
+{
+    if (!m_addressInput)
+        return;
+    if (const plugin::gui::VariableHistoryBuffer* history =
+            bundle.getConfigVariableHistory("ipAddress"))
+        m_addressInput->setEditText(toText(history->last()));
+    if (bundle.getConfigVariableHistory("ipAddressHistory"))
+        m_addressInput->updateIpAddressHistory();
+}
+
+bool Quandrel::connectDevice()
+{
+    beginTransaction("Set IP Address");
+    if (m_addressInput)
+        setIpAddress(m_addressInput->text());
+    // Read back, so that the history records what the host made of the address.
+    const QString address = ipAddress();
+    QStringList history = ipAddressHistory();
+    if (!history.contains(address)) {
+        history.prepend(address);
+        writeConfigVariable("ipAddressHistory", olm::qt::convert(history));
+    }
+    endTransaction();
+    return plugin::gui::DeviceWidget::connectDevice();
+}
+
+void Quandrel::connected()
+{
+    enableAddressInput(false);
+}
+
+// The field stays disabled until the host reports the state: a lost connection may be on its
+// way back.
+void Quandrel::disconnected() {}
+
+void Quandrel::on_messageReceived(plugin::plugin::DataRole role, const Variant& value)
+{
+    if (role != buttonStateMessage && role != connectionStateMessage)
+        return;
+    const int state = value.toInt();
+    showConnectionState(state);
+    if (role == connectionStateMessage)
+        enableAddressInput(state == -1);
+}
+
+QAction* Quandrel::helpAction() const
+{
+    return helpAction(m_helpContext);
+}
+
+QString Quandrel::ipAddress() const
+{
+    return toText(readConfigVariable("ipAddress"));
+}
+
+QStringList Quandrel::ipAddressHistory() const
+{
+    return olm::qt::convert(readConfigVariable("ipAddressHistory").toStringList());
+}
+
+void Quandrel::setIpAddress(const QString& address)
+{
+    if (address == ipAddress())
+        return;
+    const QByteArray bytes = address.toLatin1();
+    writeConfigVariable(
+        "ipAddress",
+        std::string(bytes.constData(), static_cast<std::string::size_type>(bytes.size())));
+}
+
+void Quandrel::toggleConnectionState()
+{
+    if (connectionState() < 0)
+        connectDevice();
+    else
+        disconnectDevice();
+}
+
+void Quandrel::on_addressInput_editingFinished()
+{
+    if (m_addressInput)
+        setIpAddress(m_addressInput->text());
+}
+
+int Quandrel::connectionState()
+{
+    return simulationDirectExec(ConnectionStateRole, Variant()).toInt();
+}
+
+void Quandrel::showConnectionState(int state)
+{
+    if (m_connectButton)
+        m_connectButton->setConnectionState(state);
+}
+
+void Quandrel::enableAddressInput(bool enabled)
+{
+    if (m_addressInput)
+        m_addressInput->setEnabled(enabled);
+}

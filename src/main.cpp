@@ -1,0 +1,29 @@
+#include "main.h"
+
+#include "Toolbar.h"
+#include "plugin/plugin/PluginInfo.h"
+
+#include <cstring>
+
+PluginGuiInterface::PluginGuiInterface(const plugin::plugin::PluginInfo& info)
+    : plugin::gui::Interface(info)
+{
+}
+
+plugin::gui::DeviceWidget*
+PluginGuiInterface::loadDeviceWidget(const char* device, const char* widget,
+                                     plugin::gui::DeviceDelegate& delegate) const
+{
+    if (std::strcmp(device, "OLM GmbH Quandrel") != 0)
+        return nullptr;
+    if (std::strcmp(widget, "toolbar") == 0)
+        return new Toolbar(delegate);
+    return nullptr;
+}
+
+void pluginGuiInterface(plugin::gui::Interface** interface)
+{
+    static PluginGuiInterface instance(
+        plugin::plugin::PluginInfo("OLM GmbH", "Quandrel", "not specified", -1, -1, -1, -1));
+    *interface = &instance;
+}

@@ -1,0 +1,34 @@
+#ifndef QUANDREL_DELIVERY_H
+#define QUANDREL_DELIVERY_H
+
+#include "FakeHost.h"
+#include "plugin/gui/DeviceHistoryBundle.h"
+#include "plugin/gui/DeviceWidget.h"
+#include "plugin/gui/HistoryBundleContent.h"
+
+/// What a host does to its widgets, each call to every one of them.
+
+inline void deliver(FakeHost& host, const plugin::gui::HistoryBundleContent& content)
+{
+    const auto widgets = host.widgets; // a handler may build or delete some
+    for (plugin::gui::DeviceWidget* widget : widgets)
+        widget->update(plugin::gui::DeviceHistoryBundle(content));
+}
+
+/// Sets the variable and delivers a bundle with it alone.
+inline void change(FakeHost& host, Kind kind, const char* name, const Variant& value)
+{
+    host.set(kind, name, value);
+    plugin::gui::HistoryBundleContent content;
+    content.insert(kind, name, value);
+    deliver(host, content);
+}
+
+inline void message(FakeHost& host, int role, const Variant& value)
+{
+    const auto widgets = host.widgets;
+    for (plugin::gui::DeviceWidget* widget : widgets)
+        widget->on_messageReceived(static_cast<plugin::plugin::DataRole>(role), value);
+}
+
+#endif
