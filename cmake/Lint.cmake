@@ -1,0 +1,22 @@
+# The format check and clang-tidy as tests, so that they count like every other.
+option(QUANDREL_LINT "Add the tests that check format and lint" OFF)
+
+if(NOT QUANDREL_LINT OR NOT QUANDREL_QT EQUAL 6 OR CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  return()
+endif()
+
+find_program(CLANG_FORMAT clang-format REQUIRED)
+find_program(RUN_CLANG_TIDY run-clang-tidy REQUIRED)
+
+set(code_folders src host robot tests benchmarks)
+list(TRANSFORM code_folders PREPEND "${PROJECT_SOURCE_DIR}/")
+set(code_globs)
+foreach(folder IN LISTS code_folders)
+  list(APPEND code_globs "${folder}/*.h" "${folder}/*.cpp")
+endforeach()
+file(GLOB_RECURSE code CONFIGURE_DEPENDS ${code_globs})
+
+add_test(NAME format COMMAND "${CLANG_FORMAT}" --dry-run -Werror ${code})
+add_test(NAME tidy COMMAND "${RUN_CLANG_TIDY}" -quiet -p "${PROJECT_BINARY_DIR}"
+  "^${PROJECT_SOURCE_DIR}/(src|host|robot|tests|benchmarks)/")
+set_tests_properties(tidy PROPERTIES RUN_SERIAL ON TIMEOUT 1500)
