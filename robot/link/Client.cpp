@@ -4,6 +4,7 @@
 #include "robot/link/Names.h"
 
 #include <QPointer>
+#include <QSignalBlocker>
 #include <QWebSocket>
 
 #include <utility>
@@ -31,7 +32,9 @@ Client::Client(const Timeouts& timeouts, QObject* parent) : QObject(parent), m_t
 
 Client::~Client()
 {
-    releaseSocket();
+    const QSignalBlocker silence(this);
+    m_calls.clear();
+    close();
 }
 
 void Client::open(const Address& address)

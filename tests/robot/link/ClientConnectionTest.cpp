@@ -157,7 +157,8 @@ private Q_SLOTS:
     void a_server_that_falls_silent_is_lost();
     void a_frame_that_is_none_is_a_protocol_error_data();
     void a_frame_that_is_none_is_a_protocol_error();
-    void the_server_hears_of_a_close_on_request();
+    void the_server_is_told_when_the_client_leaves_data();
+    void the_server_is_told_when_the_client_leaves();
     void closing_while_connecting_is_immediate_and_final_data();
     void closing_while_connecting_is_immediate_and_final();
     void closing_after_any_turn_of_the_event_loop_is_final_data();
@@ -363,19 +364,33 @@ void ClientConnectionTest::a_frame_that_is_none_is_a_protocol_error()
     QVERIFY2(witness.text.contains("did not understand the other: "), qPrintable(witness.text));
 }
 
-void ClientConnectionTest::the_server_hears_of_a_close_on_request()
+void ClientConnectionTest::the_server_is_told_when_the_client_leaves_data()
 {
-    const Peer peer;
-    Client client(noHurry());
-    client.open(peer.address());
-    QTRY_VERIFY_WITH_TIMEOUT(peer.socket() && client.state() == Client::State::Open, patience);
-    QSignalSpy disconnected(peer.socket(), &QWebSocket::disconnected);
-    QSignalSpy error(peer.socket(),
-                     QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error));
-    client.close();
-    QTRY_COMPARE_WITH_TIMEOUT(disconnected.size(), 1, patience);
-    QCOMPARE(peer.socket()->closeCode(), QWebSocketProtocol::CloseCodeNormal);
-    QVERIFY(error.isEmpty()); // a good-bye, and not just a broken connection
+    QTest::addColumn<bool>("isDeleted");
+    QTest::newRow("closed") << false;
+    QTest::newRow("deleted") << true;
+}
+
+void ClientConnectionTest::the_server_is_told_when_the_client_leaves()
+{
+    QFETCH(bool, isDeleted);
+
+    RawPeer peer;
+    auto client = std::make_unique<Client>(noHurry());
+    client->open(peer.address());
+    peer.shakeHands();
+    QTRY_COMPARE_WITH_TIMEOUT(client->state(), Client::State::Open, patience);
+    if (isDeleted)
+        client.reset();
+    else
+        client->close();
+
+    QTRY_COMPARE_WITH_TIMEOUT(peer.socket->state(), QAbstractSocket::UnconnectedState, patience);
+    QByteArray frame = peer.socket->readAll();
+    QCOMPARE(frame.left(2), QByteArray("\x88\x82")); // close, with a masked code of two bytes
+    QCOMPARE(frame.size(), 8);
+    const int code = quint8(frame[2] ^ frame[6]) << 8 | quint8(frame[3] ^ frame[7]);
+    QCOMPARE(code, 1000); // normal
 }
 
 void ClientConnectionTest::closing_while_connecting_is_immediate_and_final_data()
