@@ -131,7 +131,7 @@ bool Client::unadvertise(const QString& topic)
 QString Client::subscribe(const QString& topic, const QString& type,
                           const SubscribeOptions& options, const Handler& handler)
 {
-    const QString id = nextId(QStringLiteral("subscribe"));
+    QString id = nextId(QStringLiteral("subscribe"));
     const bool isBinary = options.compression == Compression::Cbor;
     const bool isSent =
         send({{QStringLiteral("op"), QStringLiteral("subscribe")},

@@ -20,8 +20,9 @@
 /// that subscribed with the compression "cbor".
 namespace robot::link {
 
-/// No message in either form may be longer, in bytes. A socket's bound on what it receives too.
-constexpr int maximumMessageSize = 8 * 1024 * 1024;
+/// No message in either form may be longer, in bytes; a socket's bound on what it receives too.
+/// Ample for a map or an image; a hostile message can take a hundred times as much memory.
+constexpr int maximumMessageSize = 4 * 1024 * 1024;
 
 /// Maps and arrays nest no deeper than this, the message itself counted. ROS's standard
 /// messages need less than ten levels.

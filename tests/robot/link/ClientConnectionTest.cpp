@@ -238,11 +238,11 @@ void ClientConnectionTest::a_host_that_does_not_answer_is_unreachable()
 void ClientConnectionTest::a_server_without_handshake_is_silent()
 {
     const RawPeer peer;
-    Client client({300ms, 2s, 5s});
+    Client client({1s, 2s, 5s});
     Witness witness(client);
     client.open(peer.address());
     QTRY_COMPARE_WITH_TIMEOUT(witness.events, QStringList("Silent"), patience);
-    QCOMPARE(witness.text, QStringLiteral("%1 accepts a connection but has not answered for 0.3 s. "
+    QCOMPARE(witness.text, QStringLiteral("%1 accepts a connection but has not answered for 1 s. "
                                           "Check whether the port is the robot's, or restart the "
                                           "robot's program.")
                                .arg(peer.address().toString()));
@@ -344,7 +344,7 @@ void ClientConnectionTest::a_frame_that_is_none_is_a_protocol_error_data()
     QTest::addColumn<QByteArray>("frame");
     QTest::newRow("reserved bits") << QByteArray("\xf1\x01x", 3);
     QTest::newRow("unknown opcode") << QByteArray("\x83\x01x", 3);
-    QTest::newRow("8 MiB and a byte") << QByteArray("\x82\x7f\0\0\0\0\x00\x80\x00\x01", 10);
+    QTest::newRow("4 MiB and a byte") << QByteArray("\x82\x7f\0\0\0\0\x00\x40\x00\x01", 10);
     QTest::newRow("greatest length") << QByteArray("\x82\x7f\x7f\xff\xff\xff\xff\xff\xff\xff", 10);
     QTest::newRow("text that is not UTF-8") << QByteArray("\x81\x02\xc3\x28", 4);
 }
