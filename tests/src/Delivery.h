@@ -8,11 +8,21 @@
 
 /// What a host does to its widgets, each call to every one of them.
 
-inline void deliver(FakeHost& host, const plugin::gui::HistoryBundleContent& content)
+template <class Notify>
+void notifyWidgets(FakeHost& host, Notify notify)
 {
     const auto widgets = host.widgets; // a handler may build or delete some
-    for (plugin::gui::DeviceWidget* widget : widgets)
-        widget->update(plugin::gui::DeviceHistoryBundle(content));
+    for (plugin::gui::DeviceWidget* widget : widgets) {
+        if (host.widgets.contains(widget))
+            notify(*widget);
+    }
+}
+
+inline void deliver(FakeHost& host, const plugin::gui::HistoryBundleContent& content)
+{
+    notifyWidgets(host, [&content](plugin::gui::DeviceWidget& widget) {
+        widget.update(plugin::gui::DeviceHistoryBundle(content));
+    });
 }
 
 /// Sets the variable and delivers a bundle with it alone.
@@ -26,9 +36,9 @@ inline void change(FakeHost& host, Kind kind, const char* name, const Variant& v
 
 inline void message(FakeHost& host, int role, const Variant& value)
 {
-    const auto widgets = host.widgets;
-    for (plugin::gui::DeviceWidget* widget : widgets)
-        widget->on_messageReceived(static_cast<plugin::plugin::DataRole>(role), value);
+    notifyWidgets(host, [role, &value](plugin::gui::DeviceWidget& widget) {
+        widget.on_messageReceived(static_cast<plugin::plugin::DataRole>(role), value);
+    });
 }
 
 #endif

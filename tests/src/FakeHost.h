@@ -9,8 +9,12 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
 #include <map>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 using Kind = plugin::gui::VariableKind;
 using olm::core::variant::Variant;
@@ -22,11 +26,17 @@ class FakeHost : public plugin::gui::DeviceHost
 public:
     mutable QStringList calls;
     std::map<std::pair<Kind, std::string>, Variant> variables;
+    QHash<QString, Variant> properties;                        ///< by the property's name alone
     std::map<int, Variant> answers{{ConnectionStateRole, -1}}; ///< to commands, by role
     std::map<int, Variant> sent;        ///< the newest value sent with each role
     bool connectAnswer = true;          ///< of connectDevice() and disconnectDevice()
+    std::function<void()> onConnect;    ///< what the host does while it is asked to connect
     QHash<QString, QString> dictionary; ///< a text that is not in it stays as it is
-    QString throwAt;                    ///< the call that throws std::runtime_error
+    QString language = "en";
+    QString throwAt;      ///< the call that throws std::runtime_error
+    int throwAtCall = -1; ///< the same by its index in calls
+    /// What was written, in order, by name.
+    std::vector<std::pair<std::string, Variant>> writes;
     QList<plugin::gui::DeviceWidget*> widgets;
 
     ~FakeHost() override { qDeleteAll(m_helpActions); }
@@ -46,13 +56,29 @@ public:
     void write(Kind kind, const char* name, const Variant& value) override
     {
         call("write", kindNames[static_cast<int>(kind)], name);
+        writes.emplace_back(name, value);
         set(kind, name, value);
     }
-    Variant property(Kind, const char*, const char*) const override { return Variant(); }
-    void setProperty(Kind, const char*, const char*, const Variant&) override {}
+    Variant property(Kind kind, const char* name, const char* property) const override
+    {
+        call("property", kindNames[static_cast<int>(kind)], name, property);
+        return properties.value(property);
+    }
+    void setProperty(Kind kind, const char* name, const char* property,
+                     const Variant& value) override
+    {
+        call("set property", kindNames[static_cast<int>(kind)], name, property);
+        properties.insert(property, value);
+    }
     void beginTransaction(const QString& name) override { call("begin", name); }
     void endTransaction() override { call("end"); }
-    bool connectDevice() override { return call("connect"), connectAnswer; }
+    bool connectDevice() override
+    {
+        call("connect");
+        if (onConnect)
+            onConnect();
+        return connectAnswer;
+    }
     bool disconnectDevice() override { return call("disconnect"), connectAnswer; }
     Variant simulationDirectExec(const Variant& role, const Variant& value) override
     {
@@ -63,7 +89,7 @@ public:
         return found == answers.end() ? Variant() : found->second;
     }
     QString translate(const QString& text) const override { return dictionary.value(text, text); }
-    QString currentLanguage() const override { return "en"; }
+    QString currentLanguage() const override { return language; }
     QAction* helpAction(const QString& context) const override
     {
         call("help", context);
@@ -78,8 +104,8 @@ private:
     void call(const char* operation, const Words&... words) const
     {
         calls.append(QStringList{operation, QVariant(words).toString()...}.join(' '));
-        if (calls.last() == throwAt)
-            throw std::runtime_error(throwAt.toStdString());
+        if (calls.last() == throwAt || calls.size() - 1 == throwAtCall)
+            throw std::runtime_error(calls.last().toStdString());
     }
 
     static constexpr const char* kindNames[] = {"input", "output", "state", "config"};

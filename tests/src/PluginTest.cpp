@@ -1,0 +1,223 @@
+#include "FakeHost.h"
+#include "LoadedPlugin.h"
+#include "TestCase.h"
+#include "plugin/gui/DeviceWidget.h"
+#include "plugin/gui/UnitDelegate.h"
+
+#include <QApplication>
+#include <QProcess>
+#include <QtTest>
+
+#include <array>
+#include <atomic>
+#include <memory>
+#include <thread>
+
+/// The plugin as a host has it: the shared library, loaded at run time and never linked.
+class PluginTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void the_first_calls_of_eight_threads_get_one_object(); // before any other call
+    void every_call_stores_the_same_object();
+    void the_plugin_says_which_device_it_serves();
+    void init_and_deinit_change_nothing();
+    void unit_widgets_are_not_offered();
+    void only_the_exact_names_give_a_widget_data();
+    void only_the_exact_names_give_a_widget();
+    void every_toolbar_is_a_new_widget_without_parent();
+    void the_library_exports_its_three_functions_and_nothing_else();
+    void an_exception_of_the_host_during_construction_passes_and_leaves_nothing_data();
+    void an_exception_of_the_host_during_construction_passes_and_leaves_nothing();
+    void an_exception_of_the_translation_passes_and_leaves_nothing();
+
+private:
+    LoadedPlugin m_plugin;
+};
+
+namespace {
+
+const char* const device = "OLM GmbH Quandrel";
+
+} // namespace
+
+void PluginTest::initTestCase()
+{
+    QVERIFY2(m_plugin.load(), qPrintable(m_plugin.error()));
+    QVERIFY2(m_plugin.symbol("pluginGuiInterface"), qPrintable(m_plugin.error()));
+}
+
+void PluginTest::the_first_calls_of_eight_threads_get_one_object()
+{
+    const auto entry = m_plugin.entryPoint();
+    std::array<plugin::gui::Interface*, 8> objects{};
+    std::atomic<int> waiting{0};
+    std::vector<std::thread> threads;
+    for (auto& object : objects) {
+        threads.emplace_back([&] {
+            ++waiting;
+            while (waiting < static_cast<int>(objects.size()))
+                std::this_thread::yield();
+            entry(&object);
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+
+    QVERIFY(objects.front());
+    for (const auto* object : objects)
+        QCOMPARE(object, objects.front());
+    QCOMPARE(objects.front()->info().vendor(), std::string("OLM GmbH"));
+}
+
+void PluginTest::every_call_stores_the_same_object()
+{
+    plugin::gui::Interface* first = nullptr;
+    plugin::gui::Interface* second = nullptr;
+    m_plugin.entryPoint()(&first);
+    m_plugin.entryPoint()(&second);
+    QVERIFY(first);
+    QCOMPARE(second, first);
+}
+
+void PluginTest::the_plugin_says_which_device_it_serves()
+{
+    const plugin::plugin::PluginInfo& info = m_plugin.interface().info();
+    QCOMPARE(info.vendor(), std::string("OLM GmbH"));
+    QCOMPARE(info.name(), std::string("Quandrel"));
+    QCOMPARE(info.description(), std::string("not specified"));
+    for (int index = 0; index < 4; ++index)
+        QCOMPARE(info.number(index), -1);
+    QCOMPARE(info.vendor() + " " + info.name(), std::string(device));
+}
+
+void PluginTest::init_and_deinit_change_nothing()
+{
+    const auto before = QApplication::allWidgets();
+    m_plugin.interface().init();
+    m_plugin.interface().deinit();
+    QCOMPARE(QApplication::allWidgets(), before);
+}
+
+void PluginTest::unit_widgets_are_not_offered()
+{
+    plugin::gui::UnitDelegate unit;
+    QVERIFY(!m_plugin.interface().loadUnitWidget(device, "toolbar", unit));
+    QVERIFY(!m_plugin.interface().loadUnitWidget(device, "dialog", unit));
+}
+
+void PluginTest::only_the_exact_names_give_a_widget_data()
+{
+    QTest::addColumn<QByteArray>("vendorAndDevice");
+    QTest::addColumn<QByteArray>("widget");
+    QTest::addColumn<bool>("offered");
+
+    QTest::newRow("the toolbar") << QByteArray(device) << QByteArray("toolbar") << true;
+    for (const char* widget : {"Toolbar", "toolbar ", " toolbar", "TOOLBAR", "tool", "toolbars",
+                               "Dialog", "dialog ", "", "quandrel"})
+        QTest::addRow("widget '%s'", widget) << QByteArray(device) << QByteArray(widget) << false;
+    QTest::newRow("the dialog, not there yet")
+        << QByteArray(device) << QByteArray("dialog") << false;
+    for (const char* name :
+         {"OLM GmbH Quandrel ", " OLM GmbH Quandrel", "olm gmbh quandrel", "OLM GmbH", "Quandrel",
+          "OLM GmbH  Quandrel", "OLM GmbH Quandrel2", "OLM GmbH Quandre", ""}) {
+        for (const char* widget : {"toolbar", "dialog", "other"})
+            QTest::addRow("device '%s', widget '%s'", name, widget)
+                << QByteArray(name) << QByteArray(widget) << false;
+    }
+}
+
+void PluginTest::only_the_exact_names_give_a_widget()
+{
+    QFETCH(QByteArray, vendorAndDevice);
+    QFETCH(QByteArray, widget);
+    QFETCH(bool, offered);
+    FakeHost host;
+    const std::unique_ptr<plugin::gui::DeviceWidget> loaded(
+        m_plugin.interface().loadDeviceWidget(vendorAndDevice, widget, host));
+    QCOMPARE(loaded != nullptr, offered);
+    if (!offered) {
+        QCOMPARE(host.calls, QStringList());
+        QVERIFY(host.widgets.isEmpty());
+    }
+}
+
+void PluginTest::every_toolbar_is_a_new_widget_without_parent()
+{
+    FakeHost host;
+    const std::unique_ptr<plugin::gui::DeviceWidget> first(m_plugin.toolbar(host));
+    const std::unique_ptr<plugin::gui::DeviceWidget> second(m_plugin.toolbar(host));
+    QVERIFY(first && second);
+    QVERIFY(first != second);
+    QVERIFY(!first->parent() && !second->parent());
+    QCOMPARE(first->metaObject()->className(), "Toolbar");
+    QCOMPARE(host.widgets, (QList<plugin::gui::DeviceWidget*>{first.get(), second.get()}));
+}
+
+void PluginTest::the_library_exports_its_three_functions_and_nothing_else()
+{
+    QProcess nm;
+    nm.start(NM_PROGRAM, {"--dynamic", "--defined-only", "--demangle", "--format=posix",
+                          LoadedPlugin::fileName()});
+    QVERIFY2(nm.waitForFinished(), qPrintable(nm.errorString()));
+    QCOMPARE(nm.exitCode(), 0);
+    QStringList names;
+    const QStringList lines = QString(nm.readAllStandardOutput()).split('\n');
+    for (const QString& line : lines) {
+        if (!line.isEmpty())
+            names.append(line.section(' ', 0, 1)); // the name and its type: T is a function
+    }
+    names.sort();
+    QCOMPARE(names,
+             (QStringList{"pluginGuiInterface T", "qCleanupResources_device_quandrel_gui() T",
+                          "qInitResources_device_quandrel_gui() T"}));
+}
+
+void PluginTest::an_exception_of_the_host_during_construction_passes_and_leaves_nothing_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::newRow("not connected") << -1;
+    QTest::newRow("connected") << 3; // this one reads the address for the tool tip
+}
+
+void PluginTest::an_exception_of_the_host_during_construction_passes_and_leaves_nothing()
+{
+    QFETCH(int, state);
+    FakeHost model;
+    model.answers[ConnectionStateRole] = state;
+    delete m_plugin.toolbar(model);
+    QVERIFY(model.calls.size() >= 5);
+
+    for (int index = 0; index < model.calls.size(); ++index) {
+        const auto widgets = QApplication::allWidgets().size();
+        FakeHost host;
+        host.answers[ConnectionStateRole] = state;
+        host.throwAtCall = index;
+        std::string thrown;
+        try {
+            delete m_plugin.toolbar(host);
+        } catch (const std::runtime_error& exception) {
+            thrown = exception.what();
+        }
+        QCOMPARE(QString::fromStdString(thrown), model.calls.at(index));
+        QVERIFY(host.widgets.isEmpty());
+        QCOMPARE(QApplication::allWidgets().size(), widgets);
+    }
+}
+
+void PluginTest::an_exception_of_the_translation_passes_and_leaves_nothing()
+{
+    struct Host : FakeHost
+    {
+        QString translate(const QString&) const override { throw std::runtime_error("dictionary"); }
+    } host;
+    const auto widgets = QApplication::allWidgets().size();
+    QVERIFY_EXCEPTION_THROWN(delete m_plugin.toolbar(host), std::runtime_error);
+    QVERIFY(host.widgets.isEmpty());
+    QCOMPARE(QApplication::allWidgets().size(), widgets);
+}
+
+QTEST_MAIN(PluginTest)
+#include "PluginTest.moc"
