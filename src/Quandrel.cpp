@@ -51,6 +51,15 @@ Quandrel::Quandrel(plugin::gui::DeviceDelegate& delegate, QWidget* parent,
     enableAddressInput(state == -1);
 }
 
+Quandrel::~Quandrel()
+{
+    // A window that is deleted with the focus in the field ends the edit while it goes. There is
+    // no owner left to take the text then, though a QPointer clears only later.
+    if (m_addressInput)
+        disconnect(m_addressInput->lineEdit(), SIGNAL(editingFinished()), m_addressInput,
+                   SLOT(on_editingFinished()));
+}
+
 AddressInput* Quandrel::addressInput() const
 {
     return m_addressInput;

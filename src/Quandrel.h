@@ -20,6 +20,7 @@ class Quandrel : public plugin::gui::DeviceWidget
 public:
     /// @p helpContext is the context word of this widget's help.
     Quandrel(plugin::gui::DeviceDelegate& delegate, QWidget* parent, const QString& helpContext);
+    ~Quandrel() override;
 
     /// The two children, created without a place in a layout.
     AddressInput* addressInput() const;
