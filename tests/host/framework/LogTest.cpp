@@ -1,0 +1,146 @@
+#include "olm/qt/log/Log.h"
+
+#include "TestCase.h"
+
+#include <QTextBlock>
+#include <QtTest>
+
+using olm::qt::log::Log;
+
+class LogTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void the_first_text_takes_the_first_line();
+    void an_empty_line_is_a_line();
+    void every_line_of_a_text_is_a_line_of_the_log();
+    void a_text_stays_as_it_is();
+    void the_level_changes_nothing();
+    void the_oldest_lines_go_when_the_log_is_full();
+    void a_text_longer_than_the_log_leaves_its_end();
+    void a_cleared_log_starts_anew();
+    void a_log_takes_no_notes_for_undoing();
+};
+
+namespace {
+
+const int capacity = 5000;
+
+} // namespace
+
+void LogTest::the_first_text_takes_the_first_line()
+{
+    Log log;
+    QVERIFY(log.isEmpty());
+    log.postLog("one", 255);
+    QCOMPARE(log.toPlainText(), QString("one"));
+    log.postLog("two", 255);
+    QCOMPARE(log.toPlainText(), QString("one\ntwo"));
+    QCOMPARE(log.blockCount(), 2);
+}
+
+void LogTest::an_empty_line_is_a_line()
+{
+    Log log;
+    log.postEmptyLine();
+    log.postLog("one", 255);
+    log.postEmptyLine();
+    log.postEmptyLine();
+    log.postLog(QString(), 255);
+    log.postLog("two", 255);
+    QCOMPARE(log.toPlainText(), QString("\none\n\n\n\ntwo"));
+
+    Log second;
+    second.postLog("", 255);
+    second.postLog("", 255);
+    QCOMPARE(second.blockCount(), 2);
+}
+
+void LogTest::every_line_of_a_text_is_a_line_of_the_log()
+{
+    Log log;
+    log.postLog("one\ntwo\n\nthree", 255);
+    log.postLog("four\n", 255);
+    log.postLog("five", 255);
+    QCOMPARE(log.toPlainText(), QString("one\ntwo\n\nthree\nfour\n\nfive"));
+    QCOMPARE(log.blockCount(), 7);
+    QCOMPARE(log.lastBlock().text(), QString("five"));
+}
+
+void LogTest::a_text_stays_as_it_is()
+{
+    Log log;
+    const QString text = QString::fromUtf8("<b>5 & 6</b>\t %1 röhre  ");
+    log.postLog(text, 255);
+    QCOMPARE(log.toPlainText(), text);
+}
+
+void LogTest::the_level_changes_nothing()
+{
+    Log log;
+    for (int level : {0, 1, 254, 255, -1, 256})
+        log.postLog("same", level);
+    QCOMPARE(log.blockCount(), 6);
+    for (QTextBlock block = log.begin(); block.isValid(); block = block.next()) {
+        QCOMPARE(block.text(), QString("same"));
+        QCOMPARE(block.blockFormat(), log.begin().blockFormat());
+        QCOMPARE(block.charFormat(), log.begin().charFormat());
+    }
+}
+
+void LogTest::the_oldest_lines_go_when_the_log_is_full()
+{
+    Log log;
+    for (int i = 0; i < capacity; ++i)
+        log.postLog(QString::number(i), 255);
+    QCOMPARE(log.blockCount(), capacity);
+    QCOMPARE(log.firstBlock().text(), QString("0"));
+    for (int i = capacity; i < capacity + 100; ++i)
+        log.postLog(QString::number(i), 255);
+    QCOMPARE(log.blockCount(), capacity);
+    QCOMPARE(log.firstBlock().text(), QString("100"));
+    QCOMPARE(log.lastBlock().text(), QString::number(capacity + 99));
+}
+
+void LogTest::a_text_longer_than_the_log_leaves_its_end()
+{
+    Log log;
+    QStringList lines;
+    for (int i = 0; i < capacity + 50; ++i)
+        lines.append(QString::number(i));
+    log.postLog(lines.join('\n'), 255);
+    QCOMPARE(log.blockCount(), capacity);
+    QCOMPARE(log.firstBlock().text(), QString("50"));
+    log.postLog("last", 255);
+    QCOMPARE(log.lastBlock().text(), QString("last"));
+    QCOMPARE(log.blockCount(), capacity);
+}
+
+void LogTest::a_cleared_log_starts_anew()
+{
+    Log log;
+    log.postLog("old", 255);
+    QTextDocument& document = log; // as a view clears it
+    document.clear();
+    QVERIFY(log.isEmpty());
+    QCOMPARE(log.blockCount(), 1);
+    log.postLog("new", 255);
+    QCOMPARE(log.toPlainText(), QString("new"));
+    for (int i = 0; i < capacity + 10; ++i)
+        log.postEmptyLine();
+    QCOMPARE(log.blockCount(), capacity); // still bounded
+}
+
+void LogTest::a_log_takes_no_notes_for_undoing()
+{
+    Log log;
+    log.postLog("one", 255);
+    QVERIFY(!log.isUndoRedoEnabled());
+    QVERIFY(!log.isUndoAvailable());
+    log.clear();
+    QVERIFY(!log.isUndoRedoEnabled());
+}
+
+QTEST_MAIN(LogTest)
+#include "LogTest.moc"
