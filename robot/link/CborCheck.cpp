@@ -135,8 +135,7 @@ void CborCheck::readBreak()
 void CborCheck::enter(bool isMap, std::optional<quint64> length)
 {
     // Every item has at least one byte, so a greater count is a lie or a cut.
-    const quint64 itemsPerEntry = isMap ? 2 : 1;
-    if (length && *length > (m_data.size() - m_position) / itemsPerEntry) {
+    if (length && *length > m_data.size() - m_position) {
         fail(tr("the data ends too early"));
         return;
     }
@@ -152,7 +151,7 @@ void CborCheck::enter(bool isMap, std::optional<quint64> length)
     container.isMap = isMap;
     container.isKeyNext = isMap;
     container.isOpenEnded = !length;
-    container.itemsLeft = length.value_or(0) * itemsPerEntry;
+    container.itemsLeft = length.value_or(0) * (isMap ? 2 : 1);
     m_open.push_back(std::move(container));
 }
 

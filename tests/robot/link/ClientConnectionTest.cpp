@@ -154,7 +154,7 @@ private Q_SLOTS:
     void a_server_that_closes_before_the_handshake_is_a_protocol_error();
     void a_server_that_closes_is_lost();
     void a_server_that_breaks_off_is_lost();
-    void a_server_that_falls_silent_is_lost();
+    void a_server_that_answers_stays_open_and_one_that_falls_silent_is_lost();
     void a_frame_that_is_none_is_a_protocol_error_data();
     void a_frame_that_is_none_is_a_protocol_error();
     void the_server_is_told_when_the_client_leaves_data();
@@ -311,30 +311,31 @@ void ClientConnectionTest::a_server_that_breaks_off_is_lost()
     QTRY_COMPARE_WITH_TIMEOUT(witness.events, QStringList({"opened", "Lost"}), patience);
 }
 
-void ClientConnectionTest::a_server_that_falls_silent_is_lost()
+void ClientConnectionTest::a_server_that_answers_stays_open_and_one_that_falls_silent_is_lost()
 {
-    constexpr auto pongDeadline = 1500ms;
+    // The interval is longer than either deadline, so that one which goes on too long shows.
     RawPeer peer;
-    Client client({30s, 20ms, pongDeadline});
+    Client client({800ms, 900ms, 800ms});
     Witness witness(client);
     client.open(peer.address());
     peer.shakeHands();
     QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
 
-    // A ping of a client: two bytes of head and four of mask.
-    for (int pings = 0; pings < 5; ++pings) {
-        QTRY_VERIFY_WITH_TIMEOUT(peer.socket->bytesAvailable() >= 6, patience);
-        QCOMPARE(peer.socket->read(6).left(2), QByteArray("\x89\x80"));
-        peer.socket->write(QByteArray("\x8a\x00", 2));
-    }
+    int pings = 0;
+    connect(peer.socket, &QTcpSocket::readyRead, this, [&] {
+        QCOMPARE(peer.socket->readAll().left(2), QByteArray("\x89\x80"));
+        if (++pings == 1)
+            peer.socket->write(QByteArray("\x8a\x00", 2));
+    });
+    QTRY_COMPARE_WITH_TIMEOUT(pings, 2, patience);
     QCOMPARE(witness.events, QStringList("opened"));
 
     QElapsedTimer silence;
     silence.start();
     QTRY_COMPARE_WITH_TIMEOUT(witness.events, QStringList({"opened", "Lost"}), patience);
-    QVERIFY2(silence.elapsed() > 1000, qPrintable(QString::number(silence.elapsed())));
+    QVERIFY2(silence.elapsed() > 400, qPrintable(QString::number(silence.elapsed())));
     QCOMPARE(witness.text, QStringLiteral("The link to %1 is lost: the robot has not answered for "
-                                          "1.5 s. Check the network and whether the robot is "
+                                          "0.8 s. Check the network and whether the robot is "
                                           "switched on.")
                                .arg(peer.address().toString()));
 }
@@ -434,6 +435,7 @@ void ClientConnectionTest::closing_while_connecting_is_immediate_and_final()
     }
     makeAnotherLink();
     QCOMPARE(witness.events, QStringList("Requested"));
+    QVERIFY(phase != "start" || !peer.socket); // not even a connection was made
 }
 
 void ClientConnectionTest::closing_after_any_turn_of_the_event_loop_is_final_data()

@@ -106,6 +106,7 @@ private Q_SLOTS:
     void a_close_answers_every_pending_call_once();
     void a_deleted_client_answers_nothing();
     void a_callback_may_call_again();
+    void a_callback_may_close_the_link();
     void topics_are_advertised_published_and_unadvertised();
     void nothing_is_sent_without_link();
     void a_subscription_carries_its_options();
@@ -278,6 +279,22 @@ void ClientTest::a_callback_may_call_again()
     QCOMPARE(errors, QStringList());
     QTRY_COMPARE_WITH_TIMEOUT(
         errors, QStringList("The service second was not called: there is no link."), patience);
+}
+
+void ClientTest::a_callback_may_close_the_link()
+{
+    Link link;
+    QStringList errors;
+    const auto callback = [&](const Client::Result& result) {
+        errors.append(result.error);
+        link.client->close();
+    };
+    link.client->callService("first", {}, callback, 30s);
+    link.client->callService("second", {}, callback, 30s);
+    link.peer.send(response(text(link.next(), "id"), true, QCborMap()));
+    QTRY_COMPARE_WITH_TIMEOUT(errors.size(), 2, patience);
+    QCOMPARE(errors.first(), QString());
+    QVERIFY2(errors.last().contains("was closed on request"), qPrintable(errors.last()));
 }
 
 void ClientTest::topics_are_advertised_published_and_unadvertised()
@@ -498,11 +515,15 @@ void ClientTest::the_owner_may_delete_the_client_inside_callbacks()
 {
     {
         Link link;
-        for (int i = 0; i < 2; ++i) // the second of them has nobody to hear for
-            link.client->subscribe("scan", "any", {},
-                                   [&](const QCborMap&) { link.client.reset(); });
+        int heard = 0;
+        for (int i = 0; i < 2; ++i)
+            link.client->subscribe("scan", "any", {}, [&](const QCborMap&) {
+                ++heard;
+                link.client.reset();
+            });
         link.peer.send(publication("/scan", number(1)));
         QTRY_VERIFY_WITH_TIMEOUT(!link.client, patience);
+        QCOMPARE(heard, 1);
     }
     {
         Link link;
