@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QWebSocket;

@@ -10,8 +10,10 @@
 #include <QtEndian>
 #include <qfloat16.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 
 namespace robot::link {
 
