@@ -1,0 +1,187 @@
+#include "host/device/Connection.h"
+
+#include "host/device/MessageRole.h"
+
+#include <QDebug>
+
+#include <utility>
+
+namespace host::device {
+
+namespace {
+
+QString text(const QCborMap& map, const char* key)
+{
+    return map.value(QLatin1String(key)).toString();
+}
+
+} // namespace
+
+Connection::Connection(const Timing& timing) : m_timing(timing), m_status(tr("Not connected."))
+{
+    m_frameTimer.setInterval(m_timing.frame);
+    connect(&m_frameTimer, &QTimer::timeout, this,
+            [this] { enter((m_state + 1) % connected, m_status); });
+    m_acquireDeadline.setSingleShot(true);
+    m_acquireDeadline.setInterval(m_timing.answer);
+    connect(&m_acquireDeadline, &QTimer::timeout, this, [this] {
+        const auto seconds = std::chrono::duration<double>(m_timing.answer).count();
+        fail(tr("%1 has not answered the request for control for %2 s. Restart the robot's "
+                "program and connect again.")
+                 .arg(m_address, QString::number(seconds)));
+    });
+}
+
+Connection::~Connection() = default;
+
+bool Connection::open(const QString& addressText)
+{
+    if (m_state != notConnected)
+        return false;
+    QString error;
+    const auto address = robot::link::Address::parse(addressText, &error);
+    if (!address) {
+        fail(error);
+        return false;
+    }
+    m_address = address->toString();
+    m_client = std::make_unique<Client>(m_timing.link);
+    connect(m_client.get(), &Client::opened, this, &Connection::onOpened);
+    connect(m_client.get(), &Client::closed, this,
+            [this](Client::Cause, const QString& words) { fail(words); });
+    connect(m_client.get(), &Client::statusReceived, this,
+            [this](const QString& level, const QString& words) {
+                Q_EMIT message(baseLogLine, tr("Robot, %1: %2").arg(level, words));
+            });
+    connect(m_client.get(), &Client::malformedReceived, this, [this](const QString& why) {
+        qWarning().noquote() << "A message of" << m_address << "was not understood:" << why;
+    });
+    m_client->open(*address);
+    m_frameTimer.start();
+    enter(0, tr("Connecting to %1 …").arg(m_address));
+    return true;
+}
+
+bool Connection::close()
+{
+    if (m_state == notConnected)
+        return false;
+    if (m_hasControl)
+        sayGoodbye(std::move(m_client));
+    leave(tr("Not connected."));
+    return true;
+}
+
+void Connection::onOpened()
+{
+    // A client that is left may still answer: it speaks of a connection that is over.
+    const auto whileCurrent = [this, client = m_client.get()](auto&& handle) {
+        return [this, client, handle](const auto& answer) {
+            if (client == m_client.get())
+                (this->*handle)(answer);
+        };
+    };
+    m_client->subscribe(QStringLiteral("/rosout"), QStringLiteral("rosgraph_msgs/Log"), {},
+                        whileCurrent(&Connection::onLogMessage));
+    m_client->callService(QStringLiteral("/rosapi/get_param"),
+                          {{QStringLiteral("name"), QStringLiteral("/use_sim_time")},
+                           {QStringLiteral("default"), QStringLiteral("false")}},
+                          whileCurrent(&Connection::onSimTimeAnswered), m_timing.answer);
+    // Our own deadline comes first, so that a failure is always what the robot answered.
+    m_acquireDeadline.start();
+    m_client->callService(QStringLiteral("/control/acquire"), {},
+                          whileCurrent(&Connection::onAcquireAnswered), 2 * m_timing.answer);
+}
+
+void Connection::onSimTimeAnswered(const Client::Result& result)
+{
+    setSimulator(result.ok && text(result.values, "value") == QLatin1String("true"));
+}
+
+void Connection::onAcquireAnswered(const Client::Result& result)
+{
+    m_frameTimer.stop();
+    m_acquireDeadline.stop();
+    m_hasControl = result.values.value(QLatin1String("success")).toBool();
+    if (m_hasControl || !result.ok) { // a robot without control services is anyone's
+        enter(connected, tr("Connected to %1.").arg(m_address));
+        return;
+    }
+    const QString reason = text(result.values, "message");
+    const QString words = tr("Connected to %1, passive: another client is in control (%2). To "
+                             "take over, connect again when it has left.")
+                              .arg(m_address, reason.isEmpty() ? tr("it gave no name") : reason);
+    enter(passive, words);
+    Q_EMIT message(emphasisedBaseLogLine, words);
+}
+
+void Connection::onLogMessage(const QCborMap& log)
+{
+    const QString line = text(log, "msg");
+    QString name = text(log, "name");
+    if (name.startsWith(QLatin1Char('/')))
+        name.remove(0, 1);
+    if (name == QLatin1String("base"))
+        Q_EMIT message(baseLogLine, line);
+    else if (name == QLatin1String("manipulator"))
+        Q_EMIT message(manipulatorLogLine, line);
+    else if (name == QLatin1String("laser"))
+        Q_EMIT message(laserLogLine, line);
+    else
+        Q_EMIT message(baseLogLine, QStringLiteral("%1: %2").arg(name, line));
+}
+
+void Connection::enter(int state, const QString& status)
+{
+    const bool isNewStatus = status != m_status;
+    m_state = state;
+    m_status = status;
+    if (isNewStatus)
+        Q_EMIT statusChanged(status);
+    Q_EMIT stateChanged(state);
+}
+
+/// Deletes the client, from inside its signals and callbacks too.
+void Connection::leave(const QString& status)
+{
+    m_frameTimer.stop();
+    m_acquireDeadline.stop();
+    m_hasControl = false;
+    if (const auto client = std::move(m_client)) {
+        client->disconnect(this);
+        client->close();
+    }
+    setSimulator(false);
+    enter(notConnected, status);
+}
+
+void Connection::fail(const QString& words)
+{
+    leave(words);
+    Q_EMIT message(emphasisedBaseLogLine, words);
+}
+
+/// Gives control back on a link that nobody waits for any more.
+void Connection::sayGoodbye(std::unique_ptr<Client> client)
+{
+    Client* const leaving = client.release();
+    leaving->setParent(this);
+    leaving->disconnect(this);
+    leaving->callService(
+        QStringLiteral("/control/release"), {},
+        [leaving](const Client::Result&) {
+            leaving->close();
+            leaving->deleteLater();
+        },
+        m_timing.answer);
+}
+
+void Connection::setSimulator(bool isSimulator)
+{
+    if (isSimulator == m_isSimulator)
+        return;
+    m_isSimulator = isSimulator;
+    Q_EMIT simulatorChanged(isSimulator);
+}
+
+} // namespace host::device

@@ -1,0 +1,81 @@
+#ifndef HOST_DEVICE_CONNECTION_H
+#define HOST_DEVICE_CONNECTION_H
+
+#include "host/device/Timing.h"
+#include "plugin/plugin/DataRole.h"
+#include "robot/link/Client.h"
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <memory>
+
+namespace host::device {
+
+/// The connection to one robot: from a text with its address to control over it, and back. A
+/// robot that grants control, or that has no control service, is connected; one that another
+/// client controls is connected passively, until it is closed and opened again. Every other end
+/// is -1, with the cause and what to try as the status and as an emphasised message.
+class Connection : public QObject
+{
+    Q_OBJECT
+
+public:
+    // From 0 up to connected: the frames of an animation.
+    static constexpr int notConnected = -1;
+    static constexpr int connected = 3;
+    static constexpr int passive = 4;
+
+    explicit Connection(const Timing& timing);
+    /// Says nothing any more. The robot takes the end of the link as the end of control.
+    ~Connection() override;
+
+    int state() const { return m_state; }
+
+    /// One sentence for people.
+    QString status() const { return m_status; }
+
+    /// Starts to connect. False, and nothing changes, unless the state is -1; false as well for
+    /// an address that cannot be understood, which is a failure like the others.
+    bool open(const QString& addressText);
+    /// Gives control back and closes, or gives up connecting: the state is -1 at once, and no
+    /// message is sent. False where there is nothing to close.
+    bool close();
+
+Q_SIGNALS:
+    /// Also -1 after -1, where open() could not understand the address.
+    void stateChanged(int state);
+    void statusChanged(const QString& words);
+    /// A line for a log.
+    void message(plugin::plugin::DataRole role, const QString& text);
+    /// Whether the robot that is connected runs in simulated time; false on every loss.
+    void simulatorChanged(bool isSimulator);
+
+private:
+    using Client = robot::link::Client;
+
+    void onOpened();
+    void onSimTimeAnswered(const Client::Result& result);
+    void onAcquireAnswered(const Client::Result& result);
+    void onLogMessage(const QCborMap& log);
+    void enter(int state, const QString& status);
+    void leave(const QString& status);
+    void fail(const QString& words);
+    void sayGoodbye(std::unique_ptr<Client> client);
+    void setSimulator(bool isSimulator);
+
+    Timing m_timing;
+    int m_state = notConnected;
+    QString m_status;
+    QString m_address;
+    std::unique_ptr<Client> m_client; // as long as the state is not -1
+    bool m_hasControl = false;
+    bool m_isSimulator = false;
+    QTimer m_frameTimer;
+    QTimer m_acquireDeadline;
+};
+
+} // namespace host::device
+
+#endif

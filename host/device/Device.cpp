@@ -1,0 +1,303 @@
+#include "host/device/Device.h"
+
+#include "host/device/MessageRole.h"
+#include "host/device/Services.h"
+#include "host/device/SimulationDirectExecRole.h"
+#include "olm/core/StringList.h"
+#include "plugin/gui/DeviceHistoryBundle.h"
+#include "plugin/gui/DeviceWidget.h"
+#include "plugin/gui/Interface.h"
+
+#include <QDebug>
+#include <QMetaObject>
+#include <QScopeGuard>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace host::device {
+
+using plugin::gui::DeviceWidget;
+using plugin::gui::VariableKind;
+using plugin::plugin::DataRole;
+
+namespace {
+
+constexpr const char* factoryName = "OLM GmbH Quandrel";
+
+constexpr const char* addressName = "ipAddress";
+
+std::string toBytes(const QString& text)
+{
+    return text.toLatin1().toStdString();
+}
+
+QString toText(const std::string& bytes)
+{
+    return QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size()));
+}
+
+/// A configuration variable that the device always has, with its value where none is stored.
+struct ConfigVariable
+{
+    const char* name;
+    Device::Variant defaultValue;
+};
+
+std::vector<ConfigVariable> configVariables()
+{
+    return {
+        {addressName, toBytes(robot::link::Address().toString())},
+        {"ipAddressHistory", olm::core::StringList()},
+    };
+}
+
+bool haveSameType(const Device::Variant& a, const Device::Variant& b)
+{
+    // By name, as Variant::get() compares.
+    return std::strcmp(a.any().type().name(), b.any().type().name()) == 0;
+}
+
+} // namespace
+
+Device::Device(const QString& name, const QString& storageFolder, Services& services,
+               const Timing& timing, QObject* parent)
+    : QObject(parent),
+      m_name(name),
+      m_services(services),
+      m_storage(storageFolder, name),
+      m_connection(timing)
+{
+    loadConfig();
+    m_variables.set(VariableKind::State, "connectedToSimulator", false);
+
+    connect(&m_variables, &Variables::changed, this, &Device::deliver);
+    connect(&m_connection, &Connection::stateChanged, this, &Device::onStateChanged);
+    connect(&m_connection, &Connection::statusChanged, this, &Device::statusChanged);
+    connect(&m_connection, &Connection::message, this,
+            [this](DataRole role, const QString& text) { sendMessage(role, text); });
+    connect(&m_connection, &Connection::simulatorChanged, this, [this](bool isSimulator) {
+        m_variables.set(VariableKind::State, "connectedToSimulator", isSimulator);
+    });
+}
+
+Device::~Device() = default;
+
+void Device::loadConfig()
+{
+    say(m_storage.load());
+    for (const auto& [name, value] : m_storage.values())
+        m_variables.set(VariableKind::Config, name.c_str(), value);
+    for (const ConfigVariable& variable : configVariables()) {
+        const Variant stored = m_variables.value(VariableKind::Config, variable.name);
+        if (haveSameType(stored, variable.defaultValue))
+            continue;
+        m_variables.set(VariableKind::Config, variable.name, variable.defaultValue);
+        if (!stored.isEmpty())
+            say(tr("The stored setting \"%1\" in %2 is of another type than this program expects. "
+                   "The default is used: set it again, or correct the file.")
+                    .arg(QLatin1String(variable.name), m_storage.fileName()));
+    }
+}
+
+DeviceWidget* Device::loadWidget(const plugin::gui::Interface& factory, const char* widgetName)
+{
+    ++m_loads;
+    const auto finish = qScopeGuard([this] { --m_loads; });
+    DeviceWidget* const widget = factory.loadDeviceWidget(factoryName, widgetName, *this);
+    if (m_loads == 1)
+        m_widgets.translateNew();
+    return widget;
+}
+
+void Device::translateWidgets()
+{
+    m_widgets.deliver("translate", [](DeviceWidget& widget) { widget.translate(); });
+}
+
+void Device::setDefaultAddress(const QString& address)
+{
+    const auto stored = m_storage.values();
+    const auto found = stored.find(addressName);
+    if (found == stored.end() || !haveSameType(found->second, std::string()))
+        overrideAddress(address);
+}
+
+void Device::overrideAddress(const QString& address)
+{
+    m_variables.set(VariableKind::Config, addressName, toBytes(address));
+}
+
+void Device::registerInput(const char* name, bool on)
+{
+    setRegistered(VariableKind::Input, name, on);
+}
+
+void Device::registerOutput(const char* name, bool on)
+{
+    setRegistered(VariableKind::Output, name, on);
+}
+
+void Device::registerStateVariable(const char* name, bool on)
+{
+    setRegistered(VariableKind::State, name, on);
+}
+
+void Device::registerConfigVariable(const char* name, bool on)
+{
+    setRegistered(VariableKind::Config, name, on);
+}
+
+void Device::setRegistered(VariableKind kind, const char* name, bool on)
+{
+    if (on)
+        m_variables.follow(kind, name);
+    else
+        m_variables.unfollow(kind, name);
+}
+
+Device::Variant Device::read(VariableKind kind, const char* name) const
+{
+    return m_variables.value(kind, name);
+}
+
+void Device::write(VariableKind kind, const char* name, const Variant& value)
+{
+    m_variables.set(kind, name, value);
+    if (kind != VariableKind::Config)
+        return;
+    m_storage.set(name, value);
+    if (!m_variables.isInTransaction())
+        say(m_storage.save());
+}
+
+Device::Variant Device::property(VariableKind kind, const char* name, const char* property) const
+{
+    return m_variables.property(kind, name, property);
+}
+
+void Device::setProperty(VariableKind kind, const char* name, const char* property,
+                         const Variant& value)
+{
+    m_variables.setProperty(kind, name, property, value);
+}
+
+void Device::beginTransaction(const QString& name)
+{
+    m_variables.beginTransaction(name);
+}
+
+void Device::endTransaction()
+{
+    if (m_variables.endTransaction())
+        say(m_storage.save());
+}
+
+bool Device::connectDevice()
+{
+    const auto address = read(VariableKind::Config, addressName).get<std::string>();
+    return m_connection.open(toText(address));
+}
+
+bool Device::disconnectDevice()
+{
+    return m_connection.close();
+}
+
+Device::Variant Device::simulationDirectExec(const Variant& role, const Variant&)
+{
+    bool isRole = false;
+    const auto number = role.get<SimulationDirectExecRole>(&isRole);
+    if (!isRole) {
+        qWarning("A command was not carried out: it has no role of SimulationDirectExecRole's.");
+        return {};
+    }
+    switch (number) {
+    case laserStartText:
+        return {}; // nothing to start with
+    case currentConnectionState:
+        return connectionState();
+    default:
+        qWarning("The device does not know the command with the role %u.",
+                 static_cast<unsigned int>(number));
+        return {};
+    }
+}
+
+QString Device::translate(const QString& text) const
+{
+    return m_services.translate(text);
+}
+
+QString Device::currentLanguage() const
+{
+    return m_services.currentLanguage();
+}
+
+QAction* Device::helpAction(const QString& context) const
+{
+    return m_services.helpAction(context);
+}
+
+void Device::widgetAdded(DeviceWidget& widget)
+{
+    m_widgets.add(widget);
+    // One that a widget builds by itself is complete when the event loop runs again.
+    QMetaObject::invokeMethod(this, &Device::welcomeWidgets, Qt::QueuedConnection);
+}
+
+void Device::widgetRemoved(DeviceWidget& widget)
+{
+    m_widgets.remove(widget);
+}
+
+void Device::welcomeWidgets()
+{
+    // An event loop within a constructor must not see the half-built widget.
+    if (m_loads == 0)
+        m_widgets.translateNew();
+}
+
+void Device::say(const QString& problem)
+{
+    if (problem.isEmpty())
+        return;
+    QMetaObject::invokeMethod(
+        this, [this, problem] { Q_EMIT this->problem(problem); }, Qt::QueuedConnection);
+}
+
+void Device::deliver(const plugin::gui::HistoryBundleContent& content)
+{
+    const plugin::gui::DeviceHistoryBundle bundle(content);
+    m_widgets.deliver("update", [&](DeviceWidget& widget) { widget.update(bundle); });
+}
+
+void Device::onStateChanged(int state)
+{
+    Q_EMIT connectionStateChanged(state);
+    sendMessage(connectionStateMessage, state);
+    const bool isConnected = state >= Connection::connected;
+    if (isConnected == m_isConnected)
+        return;
+    m_isConnected = isConnected;
+    if (isConnected)
+        notify("connected", [](DeviceWidget& widget) { widget.connected(); });
+    else
+        notify("disconnected", [](DeviceWidget& widget) { widget.disconnected(); });
+}
+
+void Device::sendMessage(DataRole role, const Variant& value)
+{
+    notify("on_messageReceived",
+           [role, value](DeviceWidget& widget) { widget.on_messageReceived(role, value); });
+}
+
+/// In the order of the calls, out of the event loop.
+void Device::notify(const char* what, const std::function<void(DeviceWidget&)>& call)
+{
+    QMetaObject::invokeMethod(
+        this, [this, what, call] { m_widgets.deliver(what, call); }, Qt::QueuedConnection);
+}
+
+} // namespace host::device

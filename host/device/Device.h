@@ -1,0 +1,114 @@
+#ifndef HOST_DEVICE_DEVICE_H
+#define HOST_DEVICE_DEVICE_H
+
+#include "host/device/ConfigStorage.h"
+#include "host/device/Connection.h"
+#include "host/device/Timing.h"
+#include "host/device/Variables.h"
+#include "host/device/WidgetList.h"
+#include "plugin/gui/DeviceHost.h"
+#include "plugin/plugin/DataRole.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+namespace plugin::gui {
+class Interface;
+}
+
+namespace host::device {
+
+class Services;
+
+/// One Quandrel robot as the plugin's widgets see it: its variables, its stored configuration
+/// and its connection. Widgets are notified out of the event loop only, never within a call of
+/// their own.
+class Device : public QObject, public plugin::gui::DeviceHost
+{
+    Q_OBJECT
+
+public:
+    using Variant = olm::core::variant::Variant;
+
+    /// @p name is shown to people and is the key of what is stored in @p storageFolder, which is
+    /// made where it is missing. @p services outlives the device.
+    Device(const QString& name, const QString& storageFolder, Services& services,
+           const Timing& timing = {}, QObject* parent = nullptr);
+    /// All widgets are gone by now.
+    ~Device() override;
+
+    QString name() const { return m_name; }
+
+    /// Has @p factory build the device's widget @p widgetName and translates all that was built.
+    /// The caller owns it; null where the plugin has no such widget. What a constructor throws
+    /// passes through, and nothing of the widget is left.
+    plugin::gui::DeviceWidget* loadWidget(const plugin::gui::Interface& factory,
+                                          const char* widgetName);
+    /// The language changed.
+    void translateWidgets();
+
+    /// The address where none is stored: it is not stored either.
+    void setDefaultAddress(const QString& address);
+    /// Goes before the stored address, which stays as it is until a widget writes another.
+    void overrideAddress(const QString& address);
+
+    /// -1 not connected; 0, 1, 2 connecting; 3 connected; 4 connected, passive.
+    int connectionState() const { return m_connection.state(); }
+
+    /// One sentence for the status bar.
+    QString status() const { return m_connection.status(); }
+
+    // What the widgets ask of their device.
+    void registerInput(const char* name, bool on) override;
+    void registerOutput(const char* name, bool on) override;
+    void registerStateVariable(const char* name, bool on) override;
+    void registerConfigVariable(const char* name, bool on) override;
+    Variant read(plugin::gui::VariableKind kind, const char* name) const override;
+    void write(plugin::gui::VariableKind kind, const char* name, const Variant& value) override;
+    Variant property(plugin::gui::VariableKind kind, const char* name,
+                     const char* property) const override;
+    void setProperty(plugin::gui::VariableKind kind, const char* name, const char* property,
+                     const Variant& value) override;
+    void beginTransaction(const QString& name) override;
+    void endTransaction() override;
+    bool connectDevice() override;
+    bool disconnectDevice() override;
+    Variant simulationDirectExec(const Variant& role, const Variant& value) override;
+    QString translate(const QString& text) const override;
+    QString currentLanguage() const override;
+    QAction* helpAction(const QString& context) const override;
+    void widgetAdded(plugin::gui::DeviceWidget& widget) override;
+    void widgetRemoved(plugin::gui::DeviceWidget& widget) override;
+
+Q_SIGNALS:
+    void connectionStateChanged(int state);
+    void statusChanged(const QString& words);
+    /// Something went wrong that people should know of, with what to do. Out of the event loop,
+    /// so that what the constructor found is heard as well.
+    void problem(const QString& words);
+
+private:
+    void setRegistered(plugin::gui::VariableKind kind, const char* name, bool on);
+    void welcomeWidgets();
+    void loadConfig();
+    void say(const QString& problem);
+    void deliver(const plugin::gui::HistoryBundleContent& content);
+    void onStateChanged(int state);
+    void sendMessage(plugin::plugin::DataRole role, const Variant& value);
+    void notify(const char* what, const std::function<void(plugin::gui::DeviceWidget&)>& call);
+
+    QString m_name;
+    Services& m_services;
+    Variables m_variables;
+    ConfigStorage m_storage;
+    Connection m_connection;
+    bool m_isConnected = false; // as the widgets were told
+    WidgetList m_widgets;
+    int m_loads = 0; // loadWidget() calls under way
+};
+
+} // namespace host::device
+
+#endif

@@ -1,0 +1,19 @@
+#ifndef HOST_DEVICE_SIMULATIONDIRECTEXECROLE_H
+#define HOST_DEVICE_SIMULATIONDIRECTEXECROLE_H
+
+/// The number of a command that a widget sends to its device. A plugin has an enumeration of
+/// this name of its own: values are recognised by the name of their type, so ours is global too.
+enum SimulationDirectExecRole : unsigned int
+{
+};
+
+namespace host::device {
+
+/// No value; answers the text that the laser tab's log starts with, empty where there is none.
+constexpr SimulationDirectExecRole laserStartText{1003};
+/// No value; answers the connection state, an int.
+constexpr SimulationDirectExecRole currentConnectionState{1005};
+
+} // namespace host::device
+
+#endif

@@ -1,0 +1,46 @@
+#ifndef HOST_DEVICE_WIDGETLIST_H
+#define HOST_DEVICE_WIDGETLIST_H
+
+#include <functional>
+#include <vector>
+
+namespace plugin::gui {
+class DeviceWidget;
+}
+
+namespace host::device {
+
+/// The widgets of one device, whatever their place in the widget tree, and how one is called.
+/// A handler may delete widgets, its own too, and build new ones; an exception that leaves it
+/// ends in a warning and reaches neither the other widgets nor the event loop.
+class WidgetList
+{
+public:
+    using Widget = plugin::gui::DeviceWidget;
+
+    /// @p widget is still under construction and gets nothing before translateNew().
+    void add(Widget& widget);
+    void remove(Widget& widget);
+
+    /// Welcomes the widgets that were added since the last time: the constructors of all of
+    /// them have ended. They are translated, and get every notification from now on.
+    void translateNew();
+    /// Calls @p notify with each welcomed widget; @p what names the notification in a warning.
+    void deliver(const char* what, const std::function<void(Widget&)>& notify);
+
+private:
+    struct Entry
+    {
+        Widget* widget;
+        bool isNew;
+    };
+
+    void forEach(bool isNew, const char* what, const std::function<void(Widget&)>& notify);
+
+    std::vector<Entry> m_entries; // a removed one is null until no delivery is under way
+    int m_deliveries = 0;         // under way, within each other
+};
+
+} // namespace host::device
+
+#endif

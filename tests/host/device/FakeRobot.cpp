@@ -1,0 +1,112 @@
+#include "FakeRobot.h"
+
+#include "robot/link/Message.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QWebSocket>
+
+#include <utility>
+
+FakeRobot::FakeRobot() : m_server(QStringLiteral("robot"), QWebSocketServer::NonSecureMode)
+{
+    m_server.listen(QHostAddress::LocalHost);
+    connect(&m_server, &QWebSocketServer::newConnection, this, [this] {
+        QWebSocket* const client = m_server.nextPendingConnection();
+        m_clients.append(client);
+        connect(client, &QWebSocket::textMessageReceived, this,
+                [this, client](const QString& text) { receive(client, text); });
+        connect(client, &QWebSocket::disconnected, this, [this, client] {
+            m_clients.removeOne(client);
+            client->deleteLater();
+        });
+    });
+}
+
+FakeRobot::~FakeRobot()
+{
+    for (QWebSocket* client : std::as_const(m_clients))
+        client->disconnect(this);
+    qDeleteAll(m_clients);
+}
+
+QString FakeRobot::address() const
+{
+    return QStringLiteral("127.0.0.1:%1").arg(m_server.serverPort());
+}
+
+void FakeRobot::answer(const QString& service, const QCborMap& values)
+{
+    m_answers.insert(service, values);
+}
+
+void FakeRobot::answerTrigger(const QString& service, bool success, const QString& message)
+{
+    answer(service, {{QStringLiteral("success"), success}, {QStringLiteral("message"), message}});
+}
+
+void FakeRobot::ignore(const QString& service)
+{
+    m_ignored.insert(service);
+}
+
+void FakeRobot::send(const QCborMap& message)
+{
+    const QString text = QString::fromUtf8(robot::link::encodeText(message));
+    for (QWebSocket* client : std::as_const(m_clients))
+        client->sendTextMessage(text);
+}
+
+void FakeRobot::log(const QString& name, const QString& text)
+{
+    const QCborMap log{{QStringLiteral("level"), 2},
+                       {QStringLiteral("name"), name},
+                       {QStringLiteral("msg"), text}};
+    send({{QStringLiteral("op"), QStringLiteral("publish")},
+          {QStringLiteral("topic"), QStringLiteral("/rosout")},
+          {QStringLiteral("msg"), log}});
+}
+
+int FakeRobot::subscriberCount(const QString& topic, const QString& type) const
+{
+    return int(m_subscriptions.count(topic + QLatin1Char(' ') + type));
+}
+
+void FakeRobot::drop()
+{
+    const QList<QWebSocket*> clients = m_clients;
+    for (QWebSocket* client : clients)
+        client->abort();
+}
+
+void FakeRobot::receive(QWebSocket* client, const QString& text)
+{
+    QString error;
+    const auto message = robot::link::decodeText(text.toUtf8(), &error);
+    if (!message)
+        qFatal("The fake robot does not understand %s: %s", qPrintable(text), qPrintable(error));
+    const auto field = [&](const char* name) {
+        return message->value(QLatin1String(name)).toString();
+    };
+    if (field("op") == QLatin1String("subscribe"))
+        m_subscriptions.append(field("topic") + QLatin1Char(' ') + field("type"));
+    if (field("op") != QLatin1String("call_service"))
+        return;
+    const QString service = field("service");
+    const QCborMap args = message->value(QLatin1String("args")).toMap();
+    m_calls.append(
+        service + QLatin1Char(' ') +
+        QString::fromUtf8(QJsonDocument(args.toJsonObject()).toJson(QJsonDocument::Compact)));
+    if (m_ignored.contains(service))
+        return;
+    const bool isKnown = m_answers.contains(service);
+    const QCborMap response{
+        {QStringLiteral("op"), QStringLiteral("service_response")},
+        {QStringLiteral("id"), message->value(QLatin1String("id"))},
+        {QStringLiteral("service"), service},
+        {QStringLiteral("result"), isKnown},
+        {QStringLiteral("values"),
+         isKnown ? QCborValue(m_answers.value(service))
+                 : QCborValue(QStringLiteral("Service %1 does not exist").arg(service))}};
+    client->sendTextMessage(QString::fromUtf8(robot::link::encodeText(response)));
+}

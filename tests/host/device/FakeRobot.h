@@ -1,0 +1,56 @@
+#ifndef HOST_DEVICE_TESTS_FAKEROBOT_H
+#define HOST_DEVICE_TESTS_FAKEROBOT_H
+
+#include <QCborMap>
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QSet>
+#include <QStringList>
+#include <QWebSocketServer>
+
+class QWebSocket;
+
+/// A robot that has just the services that a test gives it. All others it does not know.
+class FakeRobot : public QObject
+{
+    Q_OBJECT
+
+public:
+    FakeRobot();
+    ~FakeRobot() override;
+
+    QString address() const;
+
+    /// A call of @p service is answered with @p values.
+    void answer(const QString& service, const QCborMap& values);
+    /// The same for a std_srvs/Trigger.
+    void answerTrigger(const QString& service, bool success, const QString& message = {});
+    /// A call of @p service is never answered.
+    void ignore(const QString& service);
+
+    /// "/service {arguments as JSON}", in order.
+    QStringList calls() const { return m_calls; }
+
+    int clientCount() const { return int(m_clients.size()); }
+
+    /// To every client, subscribed or not.
+    void send(const QCborMap& message);
+    void log(const QString& name, const QString& text);
+    /// To every client that subscribed to @p topic with @p type: how many there are.
+    int subscriberCount(const QString& topic, const QString& type) const;
+    /// Breaks all links, without a good-bye.
+    void drop();
+
+private:
+    void receive(QWebSocket* client, const QString& text);
+
+    QWebSocketServer m_server;
+    QList<QWebSocket*> m_clients;
+    QHash<QString, QCborMap> m_answers;
+    QSet<QString> m_ignored;
+    QStringList m_calls;
+    QStringList m_subscriptions;
+};
+
+#endif
