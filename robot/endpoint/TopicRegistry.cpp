@@ -1,0 +1,53 @@
+#include "robot/endpoint/TopicRegistry.h"
+
+#include "robot/endpoint/Control.h"
+#include "robot/link/Names.h"
+
+#include <utility>
+
+namespace robot {
+
+TopicRegistry::TopicRegistry(const Control& control) : m_control(control) {}
+
+void TopicRegistry::addPublished(const QString& name, const QString& type)
+{
+    addCommand(name, type, Access::Anyone, nullptr);
+}
+
+void TopicRegistry::addCommand(const QString& name, const QString& type, Access access,
+                               Handler handler)
+{
+    Q_ASSERT(name == link::canonicalName(name));
+    Q_ASSERT(!m_topics.contains(name));
+    m_topics.insert(name, {type, std::move(handler), access});
+}
+
+const TopicRegistry::Topic* TopicRegistry::find(const QString& name) const
+{
+    const auto topic = m_topics.constFind(link::canonicalName(name));
+    return topic == m_topics.cend() ? nullptr : &*topic;
+}
+
+QString TopicRegistry::deliver(const Peer& from, const QString& name, const QCborMap& msg) const
+{
+    const Topic* topic = find(name);
+    if (!topic)
+        return unknown(name);
+    if (!topic->handler)
+        return notForClients(name);
+    const QString refusal =
+        topic->access == Access::RequiresControl ? m_control.refusal(from) : QString();
+    return refusal.isEmpty() ? topic->handler(from, msg) : refusal;
+}
+
+QString TopicRegistry::unknown(const QString& name)
+{
+    return tr("this robot has no topic \"%1\"; /rosapi/topics lists them").arg(name);
+}
+
+QString TopicRegistry::notForClients(const QString& name)
+{
+    return tr("the robot itself publishes \"%1\" and takes no message there").arg(name);
+}
+
+} // namespace robot

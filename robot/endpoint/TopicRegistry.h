@@ -1,0 +1,63 @@
+#ifndef ROBOT_ENDPOINT_TOPICREGISTRY_H
+#define ROBOT_ENDPOINT_TOPICREGISTRY_H
+
+#include "robot/endpoint/Access.h"
+#include "robot/endpoint/Peer.h"
+
+#include <QCborMap>
+#include <QCoreApplication>
+#include <QMap>
+#include <QString>
+
+#include <functional>
+
+namespace robot {
+
+class Control;
+
+/// The robot's topics: those it publishes, and those on which it takes commands.
+/// Names are given and kept in the canonical form, "/clock".
+class TopicRegistry
+{
+    Q_DECLARE_TR_FUNCTIONS(robot::TopicRegistry)
+
+public:
+    /// Takes one message; returns what is wrong with it, or an empty text once it is obeyed.
+    using Handler = std::function<QString(const Peer& from, const QCborMap& msg)>;
+
+    struct Topic
+    {
+        QString type;
+        Handler handler; ///< empty on a topic the robot publishes
+        Access access = Access::Anyone;
+    };
+
+    /// @p control must outlive the registry.
+    explicit TopicRegistry(const Control& control);
+
+    /// Once per name, before clients come.
+    void addPublished(const QString& name, const QString& type);
+    void addCommand(const QString& name, const QString& type, Access access, Handler handler);
+
+    /// @p name in either form; null if the robot has no such topic.
+    const Topic* find(const QString& name) const;
+
+    /// A client's message, under the name's either form. Returns why it was not obeyed: an
+    /// unknown topic, one the robot publishes, control held by another, or the handler's reason.
+    QString deliver(const Peer& from, const QString& name, const QCborMap& msg) const;
+
+    /// The reasons for which a name is refused.
+    static QString unknown(const QString& name);
+    static QString notForClients(const QString& name);
+
+    /// Sorted by name.
+    const QMap<QString, Topic>& all() const { return m_topics; }
+
+private:
+    const Control& m_control;
+    QMap<QString, Topic> m_topics;
+};
+
+} // namespace robot
+
+#endif

@@ -1,0 +1,58 @@
+#include "robot/CommandLine.h"
+#include "robot/Robot.h"
+#include "robot/TerminationSignals.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int usageError = 2;
+
+void print(FILE* file, const QString& text)
+{
+    QTextStream(file) << text << Qt::endl;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const robot::TerminationSignals signals;
+    QCoreApplication::setApplicationName(QStringLiteral("quandrel-robot"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(QUANDREL_VERSION));
+
+    const robot::CommandLine commandLine(QCoreApplication::arguments());
+    switch (commandLine.action()) {
+    case robot::CommandLine::Action::ShowText:
+        print(stdout, commandLine.text().trimmed());
+        return EXIT_SUCCESS;
+    case robot::CommandLine::Action::Fail:
+        print(stderr, QCoreApplication::translate(
+                          "main", "quandrel-robot: %1\nCall quandrel-robot --help for help.")
+                          .arg(commandLine.text()));
+        return usageError;
+    case robot::CommandLine::Action::Run:
+        break;
+    }
+
+    robot::Robot robot(commandLine.seed());
+    robot.setAllowedOrigins(commandLine.allowedOrigins());
+    robot::link::Address address = commandLine.address();
+    QString error;
+    if (!robot.listen(address, &error)) {
+        print(stderr, QStringLiteral("quandrel-robot: %1").arg(error));
+        return EXIT_FAILURE;
+    }
+    address.port = robot.port();
+    print(stdout, QStringLiteral("seed %1").arg(robot.seed()));
+    print(stdout, QStringLiteral("listening on %1").arg(address.url().toString()));
+
+    QObject::connect(&signals, &robot::TerminationSignals::received, &application,
+                     &QCoreApplication::quit);
+    return QCoreApplication::exec();
+}

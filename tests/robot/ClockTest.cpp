@@ -1,0 +1,39 @@
+#include "TestCase.h"
+
+#include "robot/Clock.h"
+
+#include <QtTest>
+
+using namespace std::chrono_literals;
+using robot::Clock;
+
+/// Clock: the simulation's time.
+class ClockTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void time_begins_at_zero_and_goes_on();
+    void a_stamp_has_seconds_and_nanoseconds();
+};
+
+void ClockTest::time_begins_at_zero_and_goes_on()
+{
+    const Clock clock;
+    const auto first = clock.now();
+    QVERIFY(first >= 0ns);
+    QVERIFY(first < 1min);
+    QTRY_VERIFY(clock.now() > first);
+}
+
+void ClockTest::a_stamp_has_seconds_and_nanoseconds()
+{
+    QCOMPARE(Clock::stamp(90s + 7ns),
+             (QCborMap{{QStringLiteral("secs"), 90}, {QStringLiteral("nsecs"), 7}}));
+    QCOMPARE(Clock::stamp(999999999ns),
+             (QCborMap{{QStringLiteral("secs"), 0}, {QStringLiteral("nsecs"), 999999999}}));
+}
+
+QTEST_GUILESS_MAIN(ClockTest)
+
+#include "ClockTest.moc"

@@ -1,0 +1,254 @@
+#include "TestCase.h"
+
+#include "robot/endpoint/Control.h"
+#include "robot/endpoint/Endpoint.h"
+#include "robot/endpoint/ServiceRegistry.h"
+#include "robot/endpoint/TopicRegistry.h"
+#include "robot/link/Client.h"
+
+#include <QHostAddress>
+#include <QSignalSpy>
+#include <QTcpSocket>
+#include <QtTest>
+
+using namespace std::chrono_literals;
+using robot::Control;
+using robot::Endpoint;
+using robot::Limits;
+using robot::Peer;
+using robot::ServiceRegistry;
+using robot::TopicRegistry;
+using robot::link::Client;
+
+namespace {
+
+constexpr int patience = 30000; // many tests may share a slow machine
+const QString topic = QStringLiteral("/picture");
+
+/// An endpoint with one topic on a free port of the loopback address.
+class Scene
+{
+public:
+    explicit Scene(const Limits& limits) : endpoint(topics, services, limits)
+    {
+        topics.addPublished(topic, QStringLiteral("test/Picture"));
+        isListening = endpoint.listen(QHostAddress::LocalHost, 0);
+    }
+
+    void publish(const QByteArray& data)
+    {
+        endpoint.publish(topic, {{QStringLiteral("data"), QString::fromLatin1(data)}});
+    }
+
+    Control control;
+    TopicRegistry topics{control};
+    ServiceRegistry services{control};
+    Endpoint endpoint;
+    bool isListening = false;
+};
+
+/// A peer that says what the test says, and neither reads nor answers a ping.
+class LazyPeer
+{
+public:
+    explicit LazyPeer(const Scene& scene)
+    {
+        m_socket.setReadBufferSize(1);
+        m_socket.connectToHost(QHostAddress::LocalHost, scene.endpoint.port());
+        m_socket.write("GET / HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
+                       "Connection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
+                       "Sec-WebSocket-Key: AAAAAAAAAAAAAAAAAAAAAA==\r\n\r\n");
+    }
+
+    /// Not before the endpoint let it in. @p text is shorter than 126 bytes.
+    void send(const QByteArray& text)
+    {
+        const QByteArray mask(4, '\0');
+        m_socket.write(QByteArray("\x81", 1) + static_cast<char>(0x80 | text.size()) + mask + text);
+    }
+
+    void beginToRead() { m_socket.setReadBufferSize(0); }
+
+    bool hasReceived(const QByteArray& text)
+    {
+        m_received += m_socket.readAll();
+        return m_received.contains(text);
+    }
+
+private:
+    QTcpSocket m_socket;
+    QByteArray m_received;
+};
+
+} // namespace
+
+/// Endpoint and ClientSession: what takes time or another amount of data than a robot has now.
+/// The rest is tested through the program, by a client in another language.
+class EndpointTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void a_peer_that_does_not_answer_pings_is_lost();
+    void a_peer_that_answers_pings_is_not_lost();
+    void a_slow_reader_loses_messages_of_topics_and_disturbs_nobody();
+    void a_client_that_reads_no_answers_is_cut_off();
+    void a_port_in_use_is_an_error();
+    void it_listens_again_after_it_was_closed();
+    void it_may_be_deleted_with_clients();
+};
+
+void EndpointTest::initTestCase()
+{
+    qRegisterMetaType<Peer>();
+    qRegisterMetaType<Client::Cause>();
+}
+
+void EndpointTest::a_peer_that_does_not_answer_pings_is_lost()
+{
+    Limits limits;
+    limits.pingInterval = 50ms;
+    limits.peerDeadline = 200ms;
+    Scene scene(limits);
+    QVERIFY(scene.isListening);
+    QSignalSpy joined(&scene.endpoint, &Endpoint::joined);
+    QSignalSpy left(&scene.endpoint, &Endpoint::left);
+    const LazyPeer peer(scene);
+    QTRY_COMPARE_WITH_TIMEOUT(left.count(), 1, patience);
+    QCOMPARE(joined.count(), 1);
+    QVERIFY(left.first().at(1).toString().contains(QStringLiteral("0.2 s")));
+}
+
+void EndpointTest::a_peer_that_answers_pings_is_not_lost()
+{
+    Limits limits;
+    limits.pingInterval = 50ms;
+    limits.peerDeadline = 2s;
+    Scene scene(limits);
+    QVERIFY(scene.isListening);
+    QSignalSpy left(&scene.endpoint, &Endpoint::left);
+    const LazyPeer lazy(scene);
+    Client client;
+    client.open({QStringLiteral("127.0.0.1"), scene.endpoint.port()});
+    QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(left.count(), 1, patience);
+    QTest::qWait(0);
+    QCOMPARE(client.state(), Client::State::Open);
+    QCOMPARE(left.count(), 1);
+}
+
+void EndpointTest::a_slow_reader_loses_messages_of_topics_and_disturbs_nobody()
+{
+    Limits limits;
+    limits.outboxBytes = 1024 * 1024;
+    limits.peerDeadline = 1h;
+    Scene scene(limits);
+    QVERIFY(scene.isListening);
+    QSignalSpy joined(&scene.endpoint, &Endpoint::joined);
+    QSignalSpy left(&scene.endpoint, &Endpoint::left);
+
+    LazyPeer lazy(scene);
+    QTRY_COMPARE_WITH_TIMEOUT(joined.count(), 1, patience);
+    lazy.send(R"({"op": "set_level", "level": "warning"})");
+    lazy.send(R"({"op": "subscribe", "topic": "/picture"})");
+
+    Client client;
+    int received = 0;
+    client.open({QStringLiteral("127.0.0.1"), scene.endpoint.port()});
+    QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
+    client.subscribe(topic, QString(), Client::SubscribeOptions(),
+                     [&received](const QCborMap&) { ++received; });
+    bool isSubscribed = false; // once a later request is answered
+    client.callService(
+        QStringLiteral("/nonsense"), {},
+        [&isSubscribed](const Client::Result&) { isSubscribed = true; },
+        std::chrono::milliseconds(patience));
+    QTRY_VERIFY_WITH_TIMEOUT(isSubscribed, patience);
+
+    // Far more than the outbox and the sockets' buffers hold together.
+    const QByteArray megabyte(1024 * 1024, 'x');
+    for (int i = 0; i < 16; ++i) {
+        scene.publish(megabyte);
+        QTRY_COMPARE_WITH_TIMEOUT(received, i + 1, patience);
+    }
+    scene.publish("last");
+    QCOMPARE(left.count(), 0);
+
+    lazy.beginToRead();
+    QTRY_VERIFY_WITH_TIMEOUT(lazy.hasReceived("reads too slowly"), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(lazy.hasReceived("\"last\""), patience);
+}
+
+void EndpointTest::a_client_that_reads_no_answers_is_cut_off()
+{
+    Limits limits;
+    limits.outboxBytes = 4096;
+    limits.messagesPerSecond = 1000000;
+    limits.messageBurst = 1000000;
+    Scene scene(limits);
+    const QString much(200 * 1024, QLatin1Char('x'));
+    scene.services.add(QStringLiteral("/much"),
+                       {QStringLiteral("test/Much"),
+                        {},
+                        robot::Access::Anyone,
+                        [&much](const Peer&, const QCborMap&) {
+                            return robot::ServiceReply{{{QStringLiteral("data"), much}}, QString()};
+                        }});
+    QVERIFY(scene.isListening);
+    QSignalSpy joined(&scene.endpoint, &Endpoint::joined);
+    QSignalSpy left(&scene.endpoint, &Endpoint::left);
+    LazyPeer lazy(scene);
+    QTRY_COMPARE_WITH_TIMEOUT(joined.count(), 1, patience);
+    for (int i = 0; i < 200; ++i)
+        lazy.send(R"({"op": "call_service", "service": "/much"})");
+    QTRY_COMPARE_WITH_TIMEOUT(left.count(), 1, patience);
+    QVERIFY(left.first().at(1).toString().contains(QStringLiteral("does not read")));
+}
+
+void EndpointTest::a_port_in_use_is_an_error()
+{
+    Scene first{Limits()};
+    QVERIFY(first.isListening);
+    Endpoint second(first.topics, first.services, Limits());
+    QVERIFY(!second.listen(QHostAddress::LocalHost, first.endpoint.port()));
+    QVERIFY(!second.errorString().isEmpty());
+    QCOMPARE(second.port(), quint16(0));
+}
+
+void EndpointTest::it_listens_again_after_it_was_closed()
+{
+    Scene scene{Limits()};
+    const quint16 port = scene.endpoint.port();
+    Client client;
+    QSignalSpy closed(&client, &Client::closed);
+    client.open({QStringLiteral("127.0.0.1"), port});
+    QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
+
+    QSignalSpy left(&scene.endpoint, &Endpoint::left);
+    scene.endpoint.close();
+    QCOMPARE(left.count(), 1);
+    QCOMPARE(scene.endpoint.port(), quint16(0));
+    QTRY_COMPARE_WITH_TIMEOUT(closed.count(), 1, patience);
+
+    QVERIFY(scene.endpoint.listen(QHostAddress::LocalHost, 0));
+    client.open({QStringLiteral("127.0.0.1"), scene.endpoint.port()});
+    QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
+}
+
+void EndpointTest::it_may_be_deleted_with_clients()
+{
+    Client client;
+    QSignalSpy closed(&client, &Client::closed);
+    {
+        const Scene scene{Limits()};
+        client.open({QStringLiteral("127.0.0.1"), scene.endpoint.port()});
+        QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(closed.count(), 1, patience);
+    QCOMPARE(closed.first().first().value<Client::Cause>(), Client::Cause::Lost);
+}
+
+QTEST_GUILESS_MAIN(EndpointTest)
+
+#include "EndpointTest.moc"
