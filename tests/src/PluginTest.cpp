@@ -159,8 +159,8 @@ void PluginTest::every_toolbar_is_a_new_widget_without_parent()
 void PluginTest::the_library_exports_its_three_functions_and_nothing_else()
 {
     QProcess nm;
-    nm.start(NM_PROGRAM, {"--dynamic", "--defined-only", "--demangle", "--format=posix",
-                          LoadedPlugin::fileName()});
+    nm.start(NM_PROGRAM, {"--dynamic", "--defined-only", "--extern-only", "--demangle",
+                          "--format=posix", LoadedPlugin::fileName()});
     QVERIFY2(nm.waitForFinished(), qPrintable(nm.errorString()));
     QCOMPARE(nm.exitCode(), 0);
     QStringList names;
