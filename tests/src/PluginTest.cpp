@@ -55,6 +55,7 @@ void PluginTest::the_first_calls_of_eight_threads_get_one_object()
     std::array<plugin::gui::Interface*, 8> objects{};
     std::atomic<int> waiting{0};
     std::vector<std::thread> threads;
+    threads.reserve(objects.size());
     for (auto& object : objects) {
         threads.emplace_back([&] {
             ++waiting;
@@ -191,7 +192,6 @@ void PluginTest::an_exception_of_the_host_during_construction_passes_and_leaves_
     QVERIFY(model.calls.size() >= 5);
 
     for (int index = 0; index < model.calls.size(); ++index) {
-        const auto widgets = QApplication::allWidgets().size();
         FakeHost host;
         host.answers[ConnectionStateRole] = state;
         host.throwAtCall = index;
@@ -203,7 +203,7 @@ void PluginTest::an_exception_of_the_host_during_construction_passes_and_leaves_
         }
         QCOMPARE(QString::fromStdString(thrown), model.calls.at(index));
         QVERIFY(host.widgets.isEmpty());
-        QCOMPARE(QApplication::allWidgets().size(), widgets);
+        QVERIFY(QApplication::allWidgets().isEmpty());
     }
 }
 
@@ -213,10 +213,9 @@ void PluginTest::an_exception_of_the_translation_passes_and_leaves_nothing()
     {
         QString translate(const QString&) const override { throw std::runtime_error("dictionary"); }
     } host;
-    const auto widgets = QApplication::allWidgets().size();
     QVERIFY_EXCEPTION_THROWN(delete m_plugin.toolbar(host), std::runtime_error);
     QVERIFY(host.widgets.isEmpty());
-    QCOMPARE(QApplication::allWidgets().size(), widgets);
+    QVERIFY(QApplication::allWidgets().isEmpty());
 }
 
 QTEST_MAIN(PluginTest)
