@@ -1,44 +1,49 @@
 #include "robot/TerminationSignals.h"
 
+#include <QSocketNotifier>
+
 #include <csignal>
-#include <sys/signalfd.h>
+
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace robot {
 
 namespace {
 
-int openSignals()
+volatile std::sig_atomic_t s_writeEnd = -1;
+
+// Only write() is safe here; the notifier on the pipe's other end does the rest.
+void wake(int)
 {
-    sigset_t signalSet;
-    sigemptyset(&signalSet);
-    sigaddset(&signalSet, SIGINT);
-    sigaddset(&signalSet, SIGTERM);
-    if (pthread_sigmask(SIG_BLOCK, &signalSet, nullptr) != 0)
-        qFatal("cannot block SIGINT and SIGTERM");
-    const int descriptor = signalfd(-1, &signalSet, SFD_NONBLOCK | SFD_CLOEXEC);
-    if (descriptor < 0)
-        qFatal("cannot receive SIGINT and SIGTERM");
-    return descriptor;
+    const char byte = 0;
+    [[maybe_unused]] const ssize_t written = write(s_writeEnd, &byte, 1);
 }
 
 } // namespace
 
 TerminationSignals::TerminationSignals()
-    : m_descriptor(openSignals()),
-      m_notifier(m_descriptor, QSocketNotifier::Read)
 {
-    connect(&m_notifier, &QSocketNotifier::activated, this, [this] {
-        signalfd_siginfo info{};
-        if (read(m_descriptor, &info, sizeof(info)) == sizeof(info))
-            Q_EMIT received();
+    if (pipe2(m_pipe, O_CLOEXEC | O_NONBLOCK) != 0)
+        return; // no descriptors left: the signals keep ending the process at once
+    s_writeEnd = m_pipe[1];
+    auto* notifier = new QSocketNotifier(m_pipe[0], QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
+        notifier->setEnabled(false);
+        Q_EMIT received();
     });
+    std::signal(SIGINT, wake);
+    std::signal(SIGTERM, wake);
 }
 
 TerminationSignals::~TerminationSignals()
 {
-    m_notifier.setEnabled(false);
-    close(m_descriptor);
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+    for (const int end : m_pipe) {
+        if (end >= 0)
+            close(end);
+    }
 }
 
 } // namespace robot

@@ -2,12 +2,11 @@
 #define ROBOT_TERMINATIONSIGNALS_H
 
 #include <QObject>
-#include <QSocketNotifier>
 
 namespace robot {
 
-/// Turns SIGINT and SIGTERM into a Qt signal. For programs only: it changes what these do to
-/// the whole process, and has to be built before any other thread.
+/// Turns SIGINT and SIGTERM into an event, so that a terminated program ends like one that was
+/// closed: connections are, and settings are stored. One per process.
 class TerminationSignals : public QObject
 {
     Q_OBJECT
@@ -17,11 +16,11 @@ public:
     ~TerminationSignals() override;
 
 Q_SIGNALS:
+    /// Once: a second signal while the program is ending is ignored.
     void received();
 
 private:
-    int m_descriptor;
-    QSocketNotifier m_notifier;
+    int m_pipe[2] = {-1, -1};
 };
 
 } // namespace robot

@@ -20,8 +20,7 @@ QString text(const QCborMap& map, const char* key)
 Connection::Connection(const Timing& timing) : m_timing(timing), m_status(tr("Not connected."))
 {
     m_frameTimer.setInterval(m_timing.frame);
-    connect(&m_frameTimer, &QTimer::timeout, this,
-            [this] { enter((m_state + 1) % connected, m_status); });
+    connect(&m_frameTimer, &QTimer::timeout, this, &Connection::onFrame);
     m_acquireDeadline.setSingleShot(true);
     m_acquireDeadline.setInterval(m_timing.answer);
     connect(&m_acquireDeadline, &QTimer::timeout, this, [this] {
@@ -57,6 +56,8 @@ bool Connection::open(const QString& addressText)
         qWarning().noquote() << "A message of" << m_address << "was not understood:" << why;
     });
     m_client->open(*address);
+    m_isFirstRound = true;
+    m_isAcquireAnswered = false;
     m_frameTimer.start();
     enter(0, tr("Connecting to %1 …").arg(m_address));
     return true;
@@ -100,14 +101,34 @@ void Connection::onSimTimeAnswered(const Client::Result& result)
 
 void Connection::onAcquireAnswered(const Client::Result& result)
 {
-    m_frameTimer.stop();
     m_acquireDeadline.stop();
+    m_acquireResult = result;
+    m_isAcquireAnswered = true;
     m_hasControl = result.values.value(QLatin1String("success")).toBool();
-    if (m_hasControl || !result.ok) { // a robot without control services is anyone's
+    if (!m_isFirstRound)
+        settle();
+}
+
+void Connection::onFrame()
+{
+    const int frame = (m_state + 1) % connected;
+    if (frame == 0)
+        m_isFirstRound = false;
+    if (!m_isFirstRound && m_isAcquireAnswered)
+        settle();
+    else
+        enter(frame, m_status);
+}
+
+/// Connecting has come to its end: what the robot answered decides how.
+void Connection::settle()
+{
+    m_frameTimer.stop();
+    if (m_hasControl || !m_acquireResult.ok) { // a robot without control services is anyone's
         enter(connected, tr("Connected to %1.").arg(m_address));
         return;
     }
-    const QString reason = text(result.values, "message");
+    const QString reason = text(m_acquireResult.values, "message");
     const QString words = tr("Connected to %1, passive: another client is in control (%2). To "
                              "take over, connect again when it has left.")
                               .arg(m_address, reason.isEmpty() ? tr("it gave no name") : reason);

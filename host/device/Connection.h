@@ -16,7 +16,8 @@ namespace host::device {
 /// The connection to one robot: from a text with its address to control over it, and back. A
 /// robot that grants control, or that has no control service, is connected; one that another
 /// client controls is connected passively, until it is closed and opened again. Every other end
-/// is -1, with the cause and what to try as the status and as an emphasised message.
+/// is -1, with the cause and what to try as the status and as an emphasised message. Connecting
+/// lasts for one round of the animation at least: people should see that something happens.
 class Connection : public QObject
 {
     Q_OBJECT
@@ -58,6 +59,8 @@ private:
     void onOpened();
     void onSimTimeAnswered(const Client::Result& result);
     void onAcquireAnswered(const Client::Result& result);
+    void onFrame();
+    void settle();
     void onLogMessage(const QCborMap& log);
     void enter(int state, const QString& status);
     void leave(const QString& status);
@@ -73,6 +76,9 @@ private:
     bool m_hasControl = false;
     bool m_isSimulator = false;
     QTimer m_frameTimer;
+    bool m_isFirstRound = false; // of the frames
+    Client::Result m_acquireResult;
+    bool m_isAcquireAnswered = false;
     QTimer m_acquireDeadline;
 };
 

@@ -104,6 +104,7 @@ private Q_SLOTS:
     void a_denial_without_a_reason_is_passive_too();
     void a_passive_client_does_not_ask_again_until_it_connects_again();
     void the_frames_of_connecting_come_in_turn();
+    void a_robot_that_answers_at_once_still_lets_every_frame_be_seen();
     void a_second_open_is_refused_and_changes_nothing();
     void an_address_that_is_none_is_refused_at_once_data();
     void an_address_that_is_none_is_refused_at_once();
@@ -239,6 +240,20 @@ void ConnectionTest::the_frames_of_connecting_come_in_turn()
     QVERIFY(connection.open(server.address()));
     QTRY_VERIFY_WITH_TIMEOUT(journal.states().size() >= 7, patience);
     QCOMPARE(journal.states().mid(0, 7), QList<int>({0, 1, 2, 0, 1, 2, 0}));
+}
+
+void ConnectionTest::a_robot_that_answers_at_once_still_lets_every_frame_be_seen()
+{
+    FakeRobot robot;
+    robot.answerTrigger("/control/acquire", true);
+    Connection connection(noHurry());
+    const Journal journal(connection);
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(connection.state(), 3, patience);
+    const QList<int> states = journal.states();
+    QCOMPARE(states.mid(0, 3), QList<int>({0, 1, 2}));
+    QCOMPARE(states.size() % 3, 1); // whole rounds, then the end
+    QCOMPARE(states.count(3), 1);
 }
 
 void ConnectionTest::a_second_open_is_refused_and_changes_nothing()

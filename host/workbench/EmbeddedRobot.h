@@ -1,0 +1,32 @@
+#ifndef HOST_WORKBENCH_EMBEDDEDROBOT_H
+#define HOST_WORKBENCH_EMBEDDEDROBOT_H
+
+#include "robot/Robot.h"
+#include "robot/link/Address.h"
+
+#include <QString>
+
+namespace host::workbench {
+
+/// The simulated robot, served from within the workbench on the loopback address, so that there
+/// is always something to connect to. The device reaches it through a socket like any other.
+class EmbeddedRobot
+{
+public:
+    /// Starts at once, on any free port where @p port is taken.
+    explicit EmbeddedRobot(quint16 port = robot::link::Address::defaultPort);
+
+    /// Where it listens; empty if it could not start.
+    QString address() const;
+
+    /// Why it could not start, and what to do about it.
+    const QString& error() const { return m_error; }
+
+private:
+    robot::Robot m_robot;
+    QString m_error;
+};
+
+} // namespace host::workbench
+
+#endif

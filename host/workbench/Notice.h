@@ -1,0 +1,28 @@
+#ifndef HOST_WORKBENCH_NOTICE_H
+#define HOST_WORKBENCH_NOTICE_H
+
+#include <QFrame>
+
+class QLabel;
+
+namespace host::workbench {
+
+/// A strip at the window's top for what a person should know and may then put away: unlike the
+/// status it stays until it is closed. Hidden until it has something to say.
+class Notice : public QFrame
+{
+    Q_OBJECT
+
+public:
+    Notice();
+
+    /// Below what it says already, if it was not closed since.
+    void add(const QString& words);
+
+private:
+    QLabel* m_words;
+};
+
+} // namespace host::workbench
+
+#endif

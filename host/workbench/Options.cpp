@@ -1,0 +1,71 @@
+#include "host/workbench/Options.h"
+
+#include <QCommandLineParser>
+
+namespace host::workbench {
+
+std::optional<Options> Options::parse(const QStringList& arguments, QString* error)
+{
+    const QCommandLineOption help({"h", "help"}, tr("Show this help and end."));
+    const QCommandLineOption version({"v", "version"}, tr("Show the version and end."));
+    const QCommandLineOption plugin(
+        "plugin", tr("Load the device plugin FILE instead of the one beside this program."),
+        "FILE");
+    const QCommandLineOption device(
+        "device",
+        tr("Name of the device, under which its settings are kept (default: %1).")
+            .arg(Options().deviceName),
+        "NAME");
+    const QCommandLineOption address(
+        "address",
+        tr("Address of the robot: host, host:port or [IPv6]:port (default: the "
+           "simulated robot's)."),
+        "ADDRESS");
+    const QCommandLineOption noRobot("no-robot", tr("Do not start the simulated robot."));
+    const QCommandLineOption tour(
+        "tour",
+        tr("Show every state of the connection without a person, write a picture of each "
+           "to the folder DIR, and end. Stored settings are left alone."),
+        "DIR");
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        tr("Shows a device plugin at work, with a simulated robot to connect to."));
+    parser.addOptions({help, version, plugin, device, address, noRobot, tour});
+
+    const auto refuse = [error](const QString& text) {
+        *error = text + '\n' + tr("Use --help for the options.");
+        return std::nullopt;
+    };
+    if (!parser.parse(arguments))
+        return refuse(parser.errorText());
+    if (!parser.positionalArguments().isEmpty())
+        return refuse(tr("Unexpected argument \"%1\".").arg(parser.positionalArguments().first()));
+    for (const QCommandLineOption& option : {plugin, device, address, tour}) {
+        if (parser.isSet(option) && parser.value(option).isEmpty())
+            return refuse(tr("--%1 needs a value that is not empty.").arg(option.names().first()));
+    }
+
+    Options options;
+    if (parser.isSet(help)) {
+        options.message = parser.helpText();
+    } else if (parser.isSet(version)) {
+        options.message = QCoreApplication::applicationName() + ' ' +
+                          QCoreApplication::applicationVersion() + '\n';
+    } else {
+        options.pluginFile = parser.value(plugin);
+        options.robot = !parser.isSet(noRobot);
+        options.tourFolder = parser.value(tour);
+        if (parser.isSet(device))
+            options.deviceName = parser.value(device);
+        if (parser.isSet(address)) {
+            QString reason;
+            options.address = robot::link::Address::parse(parser.value(address), &reason);
+            if (!options.address)
+                return refuse("--address: " + reason);
+        }
+    }
+    return options;
+}
+
+} // namespace host::workbench

@@ -1,0 +1,32 @@
+#ifndef HOST_WORKBENCH_SERVICES_H
+#define HOST_WORKBENCH_SERVICES_H
+
+#include "host/device/Services.h"
+
+#include <QHash>
+#include <QObject>
+
+namespace host::workbench {
+
+/// What the workbench gives the widgets of a plugin beside their device: the language and one
+/// help action for each context word. It opens no help itself: the window does.
+class Services : public QObject, public device::Services
+{
+    Q_OBJECT
+
+public:
+    QString translate(const QString& text) const override;
+    QString currentLanguage() const override;
+    QAction* helpAction(const QString& context) override;
+
+Q_SIGNALS:
+    /// Someone triggered the help action of @p context.
+    void helpRequested(const QString& context);
+
+private:
+    QHash<QString, QAction*> m_helpActions;
+};
+
+} // namespace host::workbench
+
+#endif

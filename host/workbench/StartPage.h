@@ -1,0 +1,32 @@
+#ifndef HOST_WORKBENCH_STARTPAGE_H
+#define HOST_WORKBENCH_STARTPAGE_H
+
+#include <QWidget>
+
+class QLabel;
+
+namespace host::workbench {
+
+/// The middle of the window where a plugin brings no dialog: how the connection stands and how
+/// to go on from there.
+class StartPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @p robot says where the simulated robot runs; empty where there is none.
+    StartPage(const QString& deviceName, const QString& robot, QWidget* parent = nullptr);
+
+    /// @p state as in device::Device::connectionState().
+    void setConnection(int state, const QString& status);
+
+private:
+    QLabel* m_lamp;
+    QLabel* m_status;
+    QLabel* m_steps;
+    QString m_robot;
+};
+
+} // namespace host::workbench
+
+#endif

@@ -1,0 +1,128 @@
+#include "TestCase.h"
+
+#include "host/workbench/Options.h"
+
+#include <QtTest>
+
+using host::workbench::Options;
+
+/// Options: what the command line may say, and what is answered otherwise.
+class OptionsTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nothing_given_means_the_usual();
+    void every_option_is_understood();
+    void an_address_is_understood_in_every_form_data();
+    void an_address_is_understood_in_every_form();
+    void help_names_every_option();
+    void version_is_the_programs();
+    void a_mistake_is_refused_by_its_name_data();
+    void a_mistake_is_refused_by_its_name();
+};
+
+namespace {
+
+std::optional<Options> parse(const QStringList& arguments, QString* error)
+{
+    return Options::parse(QStringList("device-workbench") + arguments, error);
+}
+
+} // namespace
+
+void OptionsTest::nothing_given_means_the_usual()
+{
+    QString error;
+    const auto options = parse({}, &error);
+    QVERIFY2(options, qPrintable(error));
+    QCOMPARE(options->deviceName, QString("Quandrel"));
+    QVERIFY(options->robot);
+    QVERIFY(!options->address);
+    QVERIFY(options->pluginFile.isEmpty() && options->tourFolder.isEmpty());
+    QVERIFY(options->message.isEmpty());
+}
+
+void OptionsTest::every_option_is_understood()
+{
+    QString error;
+    const auto options = parse({"--plugin", "p.so", "--device", "Two", "--address", "robot:80",
+                                "--no-robot", "--tour", "pictures"},
+                               &error);
+    QVERIFY2(options, qPrintable(error));
+    QCOMPARE(options->pluginFile, QString("p.so"));
+    QCOMPARE(options->deviceName, QString("Two"));
+    QCOMPARE(options->address->toString(), QString("robot:80"));
+    QVERIFY(!options->robot);
+    QCOMPARE(options->tourFolder, QString("pictures"));
+}
+
+void OptionsTest::an_address_is_understood_in_every_form_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("host");
+    QTest::addColumn<int>("port");
+    QTest::newRow("host") << "robot.lan"
+                          << "robot.lan" << 9090;
+    QTest::newRow("host and port") << "10.0.0.7:1234"
+                                   << "10.0.0.7" << 1234;
+    QTest::newRow("IPv6 and port") << "[::1]:1234"
+                                   << "::1" << 1234;
+}
+
+void OptionsTest::an_address_is_understood_in_every_form()
+{
+    QFETCH(QString, text);
+    QString error;
+    const auto options = parse({"--address", text}, &error);
+    QVERIFY2(options, qPrintable(error));
+    QTEST(options->address->host, "host");
+    QTEST(int(options->address->port), "port");
+}
+
+void OptionsTest::help_names_every_option()
+{
+    QString error;
+    const auto options = parse({"--help"}, &error);
+    QVERIFY2(options, qPrintable(error));
+    for (const char* option : {"--plugin <FILE>", "--device <NAME>", "--address <ADDRESS>",
+                               "--no-robot", "--tour <DIR>", "--help", "--version"})
+        QVERIFY2(options->message.contains(QLatin1String(option)), option);
+}
+
+void OptionsTest::version_is_the_programs()
+{
+    QCoreApplication::setApplicationName("device-workbench");
+    QCoreApplication::setApplicationVersion("1.2.3");
+    QString error;
+    const auto options = parse({"--version"}, &error);
+    QVERIFY2(options, qPrintable(error));
+    QCOMPARE(options->message, QString("device-workbench 1.2.3\n"));
+}
+
+void OptionsTest::a_mistake_is_refused_by_its_name_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("named");
+    QTest::newRow("unknown option") << QStringList("--colour") << "colour";
+    QTest::newRow("stray argument") << QStringList("stray") << "stray";
+    QTest::newRow("missing value") << QStringList("--tour") << "--tour";
+    QTest::newRow("empty value") << QStringList({"--device", ""}) << "--device";
+    QTest::newRow("value for none") << QStringList("--no-robot=yes") << "--no-robot";
+    QTest::newRow("bad address") << QStringList({"--address", "a b"}) << "\"a b\"";
+    QTest::newRow("bad port") << QStringList({"--address", "robot:99999"}) << "99999";
+    QTest::newRow("empty address") << QStringList({"--address", ""}) << "--address";
+}
+
+void OptionsTest::a_mistake_is_refused_by_its_name()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, named);
+    QString error;
+    QVERIFY(!parse(arguments, &error));
+    QVERIFY2(error.contains(named), qPrintable(error));
+    QVERIFY2(error.contains("--help"), qPrintable(error));
+}
+
+QTEST_GUILESS_MAIN(OptionsTest)
+#include "OptionsTest.moc"

@@ -1,0 +1,59 @@
+// A sound plugin with a tool bar and a dialog. It notes on the application what it is called.
+#include "TestInterface.h"
+
+#include "plugin/gui/DeviceWidget.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+#include <QVariant>
+
+#include <cstring>
+
+extern "C" OLM_EXPORT void pluginGuiInterface(plugin::gui::Interface** interface);
+
+namespace {
+
+void note(const char* call)
+{
+    const char* const property = "test plugin calls";
+    QStringList calls = QCoreApplication::instance()->property(property).toStringList();
+    QCoreApplication::instance()->setProperty(property, calls << call);
+}
+
+class Widget : public plugin::gui::DeviceWidget
+{
+public:
+    Widget(plugin::gui::DeviceDelegate& delegate, const char* name)
+        : DeviceWidget(delegate, nullptr)
+    {
+        setObjectName(name);
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+    QString helpContext() const override { return "toolbar"; }
+};
+
+class Interface : public TestInterface
+{
+public:
+    void init() const override { note("init"); }
+
+    void deinit() const override { note("deinit"); }
+
+    plugin::gui::DeviceWidget*
+    loadDeviceWidget(const char* device, const char* widget,
+                     plugin::gui::DeviceDelegate& delegate) const override
+    {
+        const bool isKnown = std::strcmp(device, "OLM GmbH Quandrel") == 0 &&
+                             (!std::strcmp(widget, "toolbar") || !std::strcmp(widget, "dialog"));
+        return isKnown ? new Widget(delegate, widget) : nullptr;
+    }
+};
+
+} // namespace
+
+void pluginGuiInterface(plugin::gui::Interface** interface)
+{
+    static Interface instance;
+    *interface = &instance;
+}
