@@ -4,7 +4,7 @@ namespace robot {
 
 Publication::Publication(const QString& topic, const QCborMap& msg) : m_topic(topic), m_msg(msg) {}
 
-const Frame& Publication::frame(const QString& name, Encoding encoding) const
+Frame Publication::frame(const QString& name, Encoding encoding) const
 {
     const auto key = qMakePair(name, static_cast<int>(encoding));
     auto frame = m_frames.find(key);

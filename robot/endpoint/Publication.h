@@ -21,7 +21,7 @@ public:
     const QString& topic() const { return m_topic; }
 
     /// @p name is the topic as the client wrote it: clients match by that text.
-    const Frame& frame(const QString& name, Encoding encoding) const;
+    Frame frame(const QString& name, Encoding encoding) const;
 
 private:
     QString m_topic;

@@ -14,7 +14,7 @@ Request::Request(const QCborMap& message, int textLength)
 
 QString Request::text(const char* field)
 {
-    const QString text = optionalText(field);
+    QString text = optionalText(field);
     if (text.isEmpty())
         fail(tr("%1 must be there, and not empty").arg(QLatin1String(field)));
     return text;
@@ -62,7 +62,7 @@ QString Request::readText(const char* field)
         fail(tr("%1 must be text").arg(QLatin1String(field)));
         return QString();
     }
-    const QString text = found.toString();
+    QString text = found.toString();
     if (text.size() > m_textLength) {
         fail(tr("%1 is longer than %2 characters").arg(QLatin1String(field)).arg(m_textLength));
         return QString();

@@ -41,7 +41,7 @@ public:
 
     void cancel(const QCborValue& id);
 
-    int requestCount() const { return m_requests.size(); }
+    int requestCount() const { return static_cast<int>(m_requests.size()); }
 
     /// A message was published. It is kept if its time has come or there is a queue for it; a
     /// full queue loses its oldest message.

@@ -10,7 +10,6 @@ using robot::Access;
 using robot::Peer;
 using robot::Robot;
 using robot::ServiceReply;
-using robot::link::Address;
 using robot::link::Client;
 
 namespace {

@@ -583,6 +583,7 @@ class MalformedTest(EndpointTest):
 
     async def test_a_message_too_large_ends_that_client_only(self):
         witness = await self.client()
+        await witness.send(op="subscribe", topic="/rosout")
         for is_fragmented in (False, True):
             with self.subTest(is_fragmented=is_fragmented):
                 client = await self.client()
@@ -592,6 +593,9 @@ class MalformedTest(EndpointTest):
                     await client.socket.send(parts if is_fragmented else text)
                 # 1006 if the rest of the message was on its way when the robot hung up
                 self.assertIn((await client.closing())[1], (1009, 1006))
+                while " left: " not in (line := await witness.next(op="publish"))["msg"]["msg"]:
+                    pass
+                self.assertNotIn("did not answer", line["msg"]["msg"])
                 await witness.values("/rosapi/topics")
 
     async def test_the_largest_message_is_taken(self):
@@ -766,6 +770,10 @@ class ProgramTest(unittest.IsolatedAsyncioTestCase):
         crowd = [
             socket.create_connection(("127.0.0.1", robot.port), DEADLINE) for _ in range(60)
         ]
+        end = time.monotonic() + DEADLINE
+        while len(os.listdir(f"/proc/{robot.process.pid}/fd")) < 40:
+            self.assertLess(time.monotonic(), end)
+            await asyncio.sleep(0.01)
         for peer in crowd:
             peer.close()
         async with Client(robot.url) as client:

@@ -14,7 +14,6 @@ using namespace std::chrono_literals;
 using robot::Access;
 using robot::Control;
 using robot::Conversation;
-using robot::Encoding;
 using robot::Frame;
 using robot::Limits;
 using robot::Outbox;

@@ -9,6 +9,7 @@
 #include <QHostAddress>
 #include <QSignalSpy>
 #include <QTcpSocket>
+#include <QWebSocket>
 #include <QtTest>
 
 using namespace std::chrono_literals;
@@ -94,6 +95,8 @@ private Q_SLOTS:
     void a_peer_that_answers_pings_is_not_lost();
     void a_slow_reader_loses_messages_of_topics_and_disturbs_nobody();
     void a_client_that_reads_no_answers_is_cut_off();
+    void an_unfinished_handshake_is_not_waited_for();
+    void a_peer_that_takes_no_leave_is_not_waited_for();
     void a_port_in_use_is_an_error();
     void it_listens_again_after_it_was_closed();
     void it_may_be_deleted_with_clients();
@@ -141,7 +144,7 @@ void EndpointTest::a_peer_that_answers_pings_is_not_lost()
 void EndpointTest::a_slow_reader_loses_messages_of_topics_and_disturbs_nobody()
 {
     Limits limits;
-    limits.outboxBytes = 1024 * 1024;
+    limits.outboxBytes = 1100000;
     limits.peerDeadline = 1h;
     Scene scene(limits);
     QVERIFY(scene.isListening);
@@ -167,7 +170,7 @@ void EndpointTest::a_slow_reader_loses_messages_of_topics_and_disturbs_nobody()
     QTRY_VERIFY_WITH_TIMEOUT(isSubscribed, patience);
 
     // Far more than the outbox and the sockets' buffers hold together.
-    const QByteArray megabyte(1024 * 1024, 'x');
+    const QByteArray megabyte(1000000, 'x');
     for (int i = 0; i < 16; ++i) {
         scene.publish(megabyte);
         QTRY_COMPARE_WITH_TIMEOUT(received, i + 1, patience);
@@ -187,7 +190,7 @@ void EndpointTest::a_client_that_reads_no_answers_is_cut_off()
     limits.messagesPerSecond = 1000000;
     limits.messageBurst = 1000000;
     Scene scene(limits);
-    const QString much(200 * 1024, QLatin1Char('x'));
+    const QString much(200000, QLatin1Char('x'));
     scene.services.add(QStringLiteral("/much"),
                        {QStringLiteral("test/Much"),
                         {},
@@ -204,6 +207,39 @@ void EndpointTest::a_client_that_reads_no_answers_is_cut_off()
         lazy.send(R"({"op": "call_service", "service": "/much"})");
     QTRY_COMPARE_WITH_TIMEOUT(left.count(), 1, patience);
     QVERIFY(left.first().at(1).toString().contains(QStringLiteral("does not read")));
+}
+
+void EndpointTest::an_unfinished_handshake_is_not_waited_for()
+{
+    Limits limits;
+    limits.handshakeDeadline = 100ms;
+    Scene scene(limits);
+    QVERIFY(scene.isListening);
+    QTcpSocket socket;
+    QSignalSpy disconnected(&socket, &QTcpSocket::disconnected);
+    socket.connectToHost(QHostAddress::LocalHost, scene.endpoint.port());
+    socket.write("GET / HTTP/1.1\r\n");
+    QTRY_COMPARE_WITH_TIMEOUT(disconnected.count(), 1, patience);
+}
+
+void EndpointTest::a_peer_that_takes_no_leave_is_not_waited_for()
+{
+    Limits limits;
+    limits.closeDeadline = 100ms;
+    Scene scene(limits);
+    QVERIFY(scene.isListening);
+    QSignalSpy joined(&scene.endpoint, &Endpoint::joined);
+    LazyPeer lazy(scene);
+    QTRY_COMPARE_WITH_TIMEOUT(joined.count(), 1, patience);
+    lazy.send(R"({"op": "subscribe", "topic": "/picture"})");
+    const QByteArray data(1000000, 'x');
+    for (int i = 0; i < 16; ++i) {
+        scene.publish(data);
+        QTest::qWait(1);
+    }
+    scene.endpoint.close();
+    QVERIFY(!scene.endpoint.findChildren<QWebSocket*>().isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(scene.endpoint.findChildren<QWebSocket*>().isEmpty(), patience);
 }
 
 void EndpointTest::a_port_in_use_is_an_error()

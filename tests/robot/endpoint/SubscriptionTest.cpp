@@ -130,7 +130,7 @@ void SubscriptionTest::a_queue_is_no_longer_than_the_limit()
 void SubscriptionTest::a_queue_is_no_larger_than_the_limit()
 {
     Limits limits;
-    limits.queueBytes = 2 * number(1).frame(m_name, Encoding::Json).bytes.size();
+    limits.queueBytes = 2 * static_cast<int>(number(1).frame(m_name, Encoding::Json).bytes.size());
     Subscription subscription(m_name, limits);
     subscription.request(noId(), {100ms, 10, Encoding::Json});
     for (int i = 1; i <= 5; ++i)
