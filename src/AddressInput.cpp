@@ -9,6 +9,8 @@ AddressInput::AddressInput(Quandrel* owner) : QComboBox(owner), m_owner(owner)
 {
     setLineEdit(new AddressInputEdit(owner));
     setEditable(true);
+    // Its events would otherwise take the way through QComboBox, see contextMenuEvent().
+    lineEdit()->setContextMenuPolicy(Qt::DefaultContextMenu);
     updateIpAddressHistory();
     // Before the owner connects the same signal: this object's handler runs first.
     connect(lineEdit(), SIGNAL(editingFinished()), this, SLOT(on_editingFinished()));
@@ -26,6 +28,11 @@ void AddressInput::updateIpAddressHistory()
     clear();
     addItems(m_owner->ipAddressHistory());
     setEditText(m_owner->ipAddress());
+}
+
+void AddressInput::contextMenuEvent(QContextMenuEvent* event)
+{
+    lineEdit()->event(event);
 }
 
 void AddressInput::on_editingFinished()

@@ -22,6 +22,11 @@ public:
     /// Rebuilds the list and the shown address from the device.
     void updateIpAddressHistory();
 
+protected:
+    /// The line edit's menu, and nothing after it: QComboBox's own handler would go on using
+    /// the two although they may be deleted while the menu is open.
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
 private Q_SLOTS:
     void on_editingFinished();
 
