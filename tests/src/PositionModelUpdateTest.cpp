@@ -191,6 +191,7 @@ void PositionModelUpdateTest::a_new_language_is_reported_for_both_headers()
     setPositions(host, 3, 5);
     Owner owner(host);
     PositionModel model(&owner);
+    qRegisterMetaType<Qt::Orientation>(); // for the spy
     QSignalSpy changed(&model, &PositionModel::headerDataChanged);
 
     model.translate();

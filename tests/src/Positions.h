@@ -6,6 +6,9 @@
 #include "plugin/gui/DeviceWidget.h"
 
 #include <QList>
+#include <QMetaType>
+
+Q_DECLARE_METATYPE(olm::core::variant::Variant)
 
 /// Stored arm positions as a device holds them.
 

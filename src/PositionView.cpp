@@ -1,0 +1,112 @@
+#include "PositionView.h"
+
+#include "olm/core/variant/Variant.h"
+#include "plugin/gui/DeviceWidget.h"
+
+#include <QDialogButtonBox>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+PositionView::PositionView(plugin::gui::DeviceWidget* owner)
+    : QTableView(owner),
+      m_owner(owner),
+      m_row(0),
+      m_axis(0)
+{
+}
+
+void PositionView::mousePressEvent(QMouseEvent* event)
+{
+    QTableView::mousePressEvent(event);
+    m_pressed = indexAt(event->pos());
+    if (event->button() != Qt::RightButton || !m_owner)
+        return;
+    m_row = m_axis = -1;
+    if (m_pressed.isValid()) {
+        m_row = m_pressed.row();
+        m_axis = m_pressed.column() - 1;
+    }
+
+    // Without parent, so that it outlives a view that is deleted while the menu is open.
+    QMenu menu;
+    connect(this, SIGNAL(destroyed()), &menu, SLOT(close()));
+    if (m_axis >= 0)
+        menu.addAction(m_owner->trans("Edit speed"), this, SLOT(on_editSpeed()));
+    const int count = m_owner->readConfigVariable("num_pos").toInt();
+    if (count < m_owner->readConfigVariable("num_pos_max").toInt()) {
+        if (!menu.isEmpty())
+            menu.addSeparator();
+        menu.addAction(m_owner->trans("Add position"), this, SLOT(on_addPos()));
+    }
+    if (m_row >= 0) {
+        if (!menu.isEmpty())
+            menu.addSeparator();
+        menu.addAction(m_owner->trans("Remove position") + QString(" %1").arg(m_row + 1), this,
+                       SLOT(on_removePos()));
+    }
+    if (!menu.isEmpty())
+        menu.addSeparator();
+    menu.addAction(m_owner->helpAction("manipulator"));
+    menu.exec(viewport()->mapToGlobal(event->pos()));
+}
+
+void PositionView::on_editSpeed()
+{
+    // On the heap: it is this view's child and goes along when the view is deleted meanwhile.
+    const QPointer<SpeedEditor> editor = new SpeedEditor(this);
+    editor->setValue(m_pressed.data(Qt::DisplayRole).toString());
+    editor->setWindowTitle(tr("Position") + QString::number(m_row) + " " + tr("Axis") +
+                           QString::number(m_axis + 1) + " - " + tr("speed"));
+    const int result = editor->exec();
+    if (!editor)
+        return;
+    if (result == QDialog::Accepted && m_pressed.isValid())
+        model()->setData(m_pressed, editor->value(), Qt::EditRole);
+    delete editor.data();
+}
+
+void PositionView::on_addPos()
+{
+    Q_EMIT addPos();
+}
+
+void PositionView::on_removePos()
+{
+    // Reset while the menu was open: the row may be another position's by now.
+    if (m_pressed.isValid())
+        Q_EMIT removePos(m_row);
+}
+
+SpeedEditor::SpeedEditor(QWidget* parent)
+    : QDialog(parent),
+      m_speed(new QSpinBox(this)),
+      m_target(0)
+{
+    m_speed->setLocale(QLocale::c()); // digits as the table shows them
+    m_speed->setRange(0, 143);
+    QDialogButtonBox* const buttons =
+        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal);
+    connect(buttons, SIGNAL(accepted()), this, SLOT(accept()));
+    connect(buttons, SIGNAL(rejected()), this, SLOT(reject()));
+
+    QVBoxLayout* const layout = new QVBoxLayout;
+    setLayout(layout);
+    layout->addWidget(m_speed);
+    layout->addWidget(buttons);
+}
+
+QString SpeedEditor::value() const
+{
+    m_speed->interpretText();
+    return QString("%1 [%2]").arg(m_target).arg(m_speed->value());
+}
+
+void SpeedEditor::setValue(const QString& text)
+{
+    m_target = text.section(QLatin1Char(' '), 0, 0, QString::SectionSkipEmpty).toInt();
+    const QString speed = text.section(QLatin1Char(' '), 1, 1, QString::SectionSkipEmpty);
+    if (!speed.isEmpty())
+        m_speed->setValue(QString(speed).remove(QLatin1Char('[')).remove(QLatin1Char(']')).toInt());
+}
