@@ -106,8 +106,9 @@ void PositionModel::update(const plugin::gui::DeviceHistoryBundle& bundle)
         endResetModel();
         return;
     }
+    // Up to the maximum: for a row beyond the count the indexes are invalid, which a view takes
+    // for the whole table.
     PositionVariables variables;
-    // The views ignore rows that the table does not have.
     for (int row = 0; row < read("num_pos_max").toInt(); ++row) {
         if (bundle.getConfigVariableHistory(variables.values(row).c_str()))
             Q_EMIT dataChanged(index(row, 1), index(row, columnCount() - 1));
