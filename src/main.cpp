@@ -1,5 +1,6 @@
 #include "main.h"
 
+#include "Dialog.h"
 #include "Toolbar.h"
 #include "plugin/plugin/PluginInfo.h"
 
@@ -16,6 +17,8 @@ PluginGuiInterface::loadDeviceWidget(const char* device, const char* widget,
 {
     if (std::strcmp(device, "OLM GmbH Quandrel") != 0)
         return nullptr;
+    if (std::strcmp(widget, "dialog") == 0)
+        return new Dialog(delegate);
     if (std::strcmp(widget, "toolbar") == 0)
         return new Toolbar(delegate);
     return nullptr;

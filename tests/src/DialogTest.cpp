@@ -1,0 +1,170 @@
+#include "Dialog.h"
+#include "BaseDialog.h"
+#include "Delivery.h"
+#include "FakeHost.h"
+#include "LaserRangeFinderDialog.h"
+#include "ManipulatorDialog.h"
+#include "TestCase.h"
+
+#include <QGroupBox>
+#include <QPointer>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTextEdit>
+#include <QtTest>
+
+#include <memory>
+#include <stdexcept>
+
+namespace {
+
+std::unique_ptr<Dialog> build(FakeHost& host)
+{
+    return std::make_unique<Dialog>(static_cast<plugin::gui::DeviceDelegate&>(host));
+}
+
+QTabWidget* tabsOf(const Dialog& dialog)
+{
+    return dialog.findChild<QTabWidget*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+QStringList labelsOf(const Dialog& dialog)
+{
+    QStringList labels;
+    const QTabWidget* const tabs = tabsOf(dialog);
+    for (int i = 0; i < tabs->count(); ++i)
+        labels.append(tabs->tabText(i));
+    return labels;
+}
+
+} // namespace
+
+class DialogTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void the_tabs_are_base_manipulator_and_laser_without_labels();
+    void translating_labels_the_tabs_and_nothing_in_them();
+    void the_tabs_are_at_the_bottom_and_fill_the_dialog();
+    void it_has_no_parent_and_its_tabs_are_its_own();
+    void the_tabs_are_built_in_order();
+    void messages_and_changes_reach_the_tabs_and_not_through_the_dialog();
+    void nothing_is_left_of_a_dialog_whose_tab_throws();
+    void nothing_is_written_while_it_lives_and_dies();
+};
+
+void DialogTest::the_tabs_are_base_manipulator_and_laser_without_labels()
+{
+    FakeHost host;
+    const auto dialog = build(host);
+    const QTabWidget* const tabs = tabsOf(*dialog);
+    QVERIFY(tabs);
+    QCOMPARE(labelsOf(*dialog), QStringList({"", "", ""}));
+    QVERIFY(qobject_cast<BaseDialog*>(tabs->widget(0)));
+    QVERIFY(qobject_cast<ManipulatorDialog*>(tabs->widget(1)));
+    QVERIFY(qobject_cast<LaserRangeFinderDialog*>(tabs->widget(2)));
+    QCOMPARE(tabs->currentIndex(), 0);
+}
+
+void DialogTest::translating_labels_the_tabs_and_nothing_in_them()
+{
+    FakeHost host;
+    host.dictionary = {{"Manipulator", "Arm"}, {"Camera", "Kamera"}};
+    const auto dialog = build(host);
+    dialog->translate();
+    QCOMPARE(labelsOf(*dialog), QStringList({"Base", "Arm", "Laser rangefinder"}));
+    QVERIFY(dialog->findChild<QGroupBox*>()->title().isEmpty());
+}
+
+void DialogTest::the_tabs_are_at_the_bottom_and_fill_the_dialog()
+{
+    FakeHost host;
+    const auto dialog = build(host);
+    const QTabWidget* const tabs = tabsOf(*dialog);
+    QCOMPARE(tabs->tabPosition(), QTabWidget::South);
+    QCOMPARE(tabs->tabShape(), QTabWidget::Triangular);
+    dialog->resize(700, 600);
+    dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+    QCOMPARE(tabs->geometry(), dialog->rect());
+    QVERIFY(tabs->tabBar()->geometry().top() > tabs->currentWidget()->geometry().bottom());
+}
+
+void DialogTest::it_has_no_parent_and_its_tabs_are_its_own()
+{
+    FakeHost host;
+    auto dialog = build(host);
+    QVERIFY(!dialog->parent());
+    QList<QPointer<QWidget>> tabs;
+    for (int i = 0; i < 3; ++i)
+        tabs.append(tabsOf(*dialog)->widget(i));
+    QVERIFY(host.widgets.size() > 3);
+    dialog.reset();
+    for (const QPointer<QWidget>& tab : tabs)
+        QVERIFY(!tab);
+    QVERIFY(host.widgets.isEmpty());
+}
+
+void DialogTest::the_tabs_are_built_in_order()
+{
+    FakeHost host;
+    const auto dialog = build(host);
+    const QStringList registrations = host.calls.filter("register");
+    const int base = registrations.indexOf("register state connectedToSimulator true");
+    const int manipulator = registrations.indexOf("register config num_pos true");
+    const int laser = registrations.indexOf("register input scan true");
+    QVERIFY(base >= 0);
+    QVERIFY(manipulator > base);
+    QVERIFY(laser > manipulator);
+}
+
+void DialogTest::messages_and_changes_reach_the_tabs_and_not_through_the_dialog()
+{
+    FakeHost host;
+    const auto dialog = build(host);
+    const auto logs = [&dialog] {
+        QStringList texts;
+        for (int i = 0; i < 3; ++i)
+            texts.append(
+                tabsOf(*dialog)->widget(i)->findChild<QTextEdit*>()->toPlainText().trimmed());
+        return texts;
+    };
+    for (int role : {0, 1000, 1001, 1002, 1003, 1004, 1005}) {
+        dialog->on_messageReceived(static_cast<plugin::plugin::DataRole>(role), QString("text"));
+        QCOMPARE(logs(), QStringList({"", "", ""}));
+    }
+    dialog->connected();
+    dialog->disconnected();
+
+    message(host, 1000, QString("base"));
+    message(host, 1001, QString("arm"));
+    message(host, 1002, QString("laser"));
+    QCOMPARE(logs(), QStringList({"base", "arm", "laser"}));
+}
+
+void DialogTest::nothing_is_left_of_a_dialog_whose_tab_throws()
+{
+    for (const char* call : {"register state connectedToSimulator true",
+                             "register config num_pos true", "register input scan true"}) {
+        FakeHost host;
+        host.throwAt = call;
+        QVERIFY_EXCEPTION_THROWN(build(host), std::runtime_error);
+        QVERIFY(host.widgets.isEmpty());
+    }
+}
+
+void DialogTest::nothing_is_written_while_it_lives_and_dies()
+{
+    FakeHost host;
+    {
+        const auto dialog = build(host);
+        dialog->translate();
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+    }
+    QCOMPARE(host.calls.filter("write"), QStringList());
+}
+
+QTEST_MAIN(DialogTest)
+#include "DialogTest.moc"
