@@ -56,9 +56,9 @@ int tour(const QString& folder, Window& window, host::device::Device& device, Se
 int main(int argc, char** argv)
 {
     // Qt ends a program that finds no display by a crash: the tour needs none, nor does --help.
-    const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY") ||
-                            qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-                            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    const bool hasDisplay = !qEnvironmentVariableIsEmpty("DISPLAY") ||
+                            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+                            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
     if (!hasDisplay)
         qputenv("QT_QPA_PLATFORM", "offscreen");
 
