@@ -33,6 +33,12 @@ public:
     QString helpContext() const override { return "toolbar"; }
 };
 
+#ifdef WITHOUT_DIALOG
+constexpr bool hasDialog = false;
+#else
+constexpr bool hasDialog = true;
+#endif
+
 class Interface : public TestInterface
 {
 public:
@@ -44,8 +50,9 @@ public:
     loadDeviceWidget(const char* device, const char* widget,
                      plugin::gui::DeviceDelegate& delegate) const override
     {
-        const bool isKnown = std::strcmp(device, "OLM GmbH Quandrel") == 0 &&
-                             (!std::strcmp(widget, "toolbar") || !std::strcmp(widget, "dialog"));
+        const bool isKnown =
+            std::strcmp(device, "OLM GmbH Quandrel") == 0 &&
+            (!std::strcmp(widget, "toolbar") || (hasDialog && !std::strcmp(widget, "dialog")));
         return isKnown ? new Widget(delegate, widget) : nullptr;
     }
 };
