@@ -3,11 +3,10 @@
 
 #include <QBuffer>
 #include <QDir>
-#include <QTemporaryDir>
 #include <QtTest>
 
-#include <algorithm>
 #include <clocale>
+#include <cmath>
 
 using namespace robot::recording;
 using robot::simulation::LaserScan;
