@@ -46,5 +46,5 @@ void ConvertTest::a_character_beyond_latin_1_becomes_a_question_mark()
     QCOMPARE(*bytes.begin(), std::string("a?b"));
 }
 
-QTEST_APPLESS_MAIN(ConvertTest)
+QTEST_GUILESS_MAIN(ConvertTest)
 #include "ConvertTest.moc"

@@ -144,5 +144,5 @@ void CrossLibraryTest::cleanupTestCase()
     QCOMPARE(dlclose(m_maker), 0);
 }
 
-QTEST_APPLESS_MAIN(CrossLibraryTest)
+QTEST_GUILESS_MAIN(CrossLibraryTest)
 #include "CrossLibraryTest.moc"

@@ -79,5 +79,5 @@ void HistoryBundleTest::an_empty_value_is_a_change_too()
     QVERIFY(bundle.getInputHistory("name")->last().isEmpty());
 }
 
-QTEST_APPLESS_MAIN(HistoryBundleTest)
+QTEST_GUILESS_MAIN(HistoryBundleTest)
 #include "HistoryBundleTest.moc"

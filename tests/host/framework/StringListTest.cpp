@@ -96,5 +96,5 @@ void StringListTest::equality_compares_the_elements()
     QVERIFY(StringList() == StringList());
 }
 
-QTEST_APPLESS_MAIN(StringListTest)
+QTEST_GUILESS_MAIN(StringListTest)
 #include "StringListTest.moc"

@@ -316,5 +316,5 @@ void VariantTest::conversions_may_leave_the_answer_out()
     QCOMPARE(Variant().toString(), std::string());
 }
 
-QTEST_APPLESS_MAIN(VariantTest)
+QTEST_GUILESS_MAIN(VariantTest)
 #include "VariantTest.moc"

@@ -180,5 +180,5 @@ void VectorTest::equality_compares_the_elements()
     QVERIFY(copy != notANumber);
 }
 
-QTEST_APPLESS_MAIN(VectorTest)
+QTEST_GUILESS_MAIN(VectorTest)
 #include "VectorTest.moc"

@@ -420,5 +420,5 @@ void RecordingTest::real_recordings_are_read_with_hardly_a_bad_line()
     }
 }
 
-QTEST_APPLESS_MAIN(RecordingTest)
+QTEST_GUILESS_MAIN(RecordingTest)
 #include "RecordingTest.moc"

@@ -146,5 +146,5 @@ void ReplayTest::what_cannot_be_replayed_is_refused_with_the_reason()
     QCOMPARE(found, error);
 }
 
-QTEST_APPLESS_MAIN(ReplayTest)
+QTEST_GUILESS_MAIN(ReplayTest)
 #include "ReplayTest.moc"

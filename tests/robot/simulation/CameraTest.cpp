@@ -124,5 +124,5 @@ void CameraTest::seq_goes_on_with_another_resolution()
     QCOMPARE(camera.takeFrame(seconds(1))->header.seq, 1U);
 }
 
-QTEST_APPLESS_MAIN(CameraTest)
+QTEST_GUILESS_MAIN(CameraTest)
 #include "CameraTest.moc"

@@ -147,5 +147,5 @@ void DriveBaseTest::odometry_starts_at_the_robot_and_follows_it()
     QVERIFY(std::hypot(odometry.pose.x, odometry.pose.y) > 0.5);
 }
 
-QTEST_APPLESS_MAIN(DriveBaseTest)
+QTEST_GUILESS_MAIN(DriveBaseTest)
 #include "DriveBaseTest.moc"

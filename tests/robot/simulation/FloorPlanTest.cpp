@@ -90,5 +90,5 @@ void FloorPlanTest::every_free_cell_can_be_reached_from_where_the_robot_starts()
     QCOMPARE(std::count(grid.data.begin(), grid.data.end(), 0), std::ptrdiff_t{0});
 }
 
-QTEST_APPLESS_MAIN(FloorPlanTest)
+QTEST_GUILESS_MAIN(FloorPlanTest)
 #include "FloorPlanTest.moc"

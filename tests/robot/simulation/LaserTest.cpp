@@ -127,5 +127,5 @@ void LaserTest::the_same_seed_makes_the_same_noise()
     QVERIFY(ranges != other.takeScan()->ranges);
 }
 
-QTEST_APPLESS_MAIN(LaserTest)
+QTEST_GUILESS_MAIN(LaserTest)
 #include "LaserTest.moc"

@@ -60,5 +60,5 @@ void SimulationTest::time_that_fills_no_step_counts_next_time()
     QCOMPARE(simulation.world().time().count(), World::timeStep.count());
 }
 
-QTEST_APPLESS_MAIN(SimulationTest)
+QTEST_GUILESS_MAIN(SimulationTest)
 #include "SimulationTest.moc"

@@ -69,5 +69,5 @@ void WanderTest::the_robot_frees_itself_after_it_was_driven_into_a_wall()
     QVERIFY(distanceToWalls(simulation.world().robotPose()) > World::robotRadius + 0.02);
 }
 
-QTEST_APPLESS_MAIN(WanderTest)
+QTEST_GUILESS_MAIN(WanderTest)
 #include "WanderTest.moc"

@@ -176,5 +176,5 @@ void WorldTest::people_walk_about_and_stay_inside()
         QVERIFY2(distance > 1.0, qPrintable(QString::number(distance)));
 }
 
-QTEST_APPLESS_MAIN(WorldTest)
+QTEST_GUILESS_MAIN(WorldTest)
 #include "WorldTest.moc"
