@@ -195,29 +195,6 @@ QJsonValue toJson(const QCborValue& value)
     }
 }
 
-QString typeName(const QCborValue& value)
-{
-    switch (value.type()) {
-    case QCborValue::True:
-    case QCborValue::False:
-        return Text::tr("a truth value");
-    case QCborValue::Integer:
-    case QCborValue::Double:
-        return Text::tr("a number");
-    case QCborValue::String:
-        return Text::tr("text");
-    case QCborValue::ByteArray:
-        return Text::tr("a byte string");
-    case QCborValue::Array:
-    case QCborValue::Tag:
-        return Text::tr("an array");
-    case QCborValue::Map:
-        return Text::tr("an object");
-    default:
-        return Text::tr("nothing");
-    }
-}
-
 } // namespace
 
 std::optional<QCborMap> decodeText(const QByteArray& utf8Json, QString* error)
@@ -283,6 +260,18 @@ QCborValue typedArray(const QVector<float>& values)
     return QCborValue(QCborTag(float32LittleEndian), bytes);
 }
 
+float toFloat(double number)
+{
+    // Converting what is out of range is undefined; from the limit on, rounding makes it infinite.
+    constexpr double largest = std::numeric_limits<float>::max();
+    constexpr double limit = 0x1.ffffffp127;
+    if (std::abs(number) <= largest || std::isnan(number))
+        return static_cast<float>(number);
+    const double rounded =
+        std::abs(number) < limit ? largest : std::numeric_limits<double>::infinity();
+    return static_cast<float>(std::copysign(rounded, number));
+}
+
 std::optional<QVector<float>> toFloats(const QCborValue& value, QString* error)
 {
     QVector<float> floats;
@@ -292,7 +281,7 @@ std::optional<QVector<float>> toFloats(const QCborValue& value, QString* error)
             return std::nullopt;
         floats.reserve(numbers->size());
         for (const double number : *numbers)
-            floats.append(static_cast<float>(number));
+            floats.append(toFloat(number));
         return floats;
     }
     if (!value.isArray())
@@ -304,13 +293,36 @@ std::optional<QVector<float>> toFloats(const QCborValue& value, QString* error)
         if (element.isNull())
             floats.append(std::numeric_limits<float>::quiet_NaN());
         else if (element.isInteger() || element.isDouble())
-            floats.append(static_cast<float>(element.toDouble()));
+            floats.append(toFloat(element.toDouble()));
         else
             return refuse(error, Text::tr("element %1 is %2, not a number")
                                      .arg(floats.size())
                                      .arg(typeName(element)));
     }
     return floats;
+}
+
+QString typeName(const QCborValue& value)
+{
+    switch (value.type()) {
+    case QCborValue::True:
+    case QCborValue::False:
+        return Text::tr("a truth value");
+    case QCborValue::Integer:
+    case QCborValue::Double:
+        return Text::tr("a number");
+    case QCborValue::String:
+        return Text::tr("text");
+    case QCborValue::ByteArray:
+        return Text::tr("a byte string");
+    case QCborValue::Array:
+    case QCborValue::Tag:
+        return Text::tr("an array");
+    case QCborValue::Map:
+        return Text::tr("an object");
+    default:
+        return Text::tr("nothing");
+    }
 }
 
 } // namespace robot::link

@@ -41,10 +41,16 @@ QByteArray encodeBinary(const QCborMap& message);
 /// A float32[] as the little-endian typed array, which encodeBinary() writes as one block.
 QCborValue typedArray(const QVector<float>& values);
 
+/// The nearest float, infinite where @p number is beyond a float's range.
+float toFloat(double number);
+
 /// Reads a float32[] in any of its forms: a plain array of numbers, where null stands for NaN,
 /// or any numeric typed array. Anything else gives nothing and, in @p error (may be null), what
 /// was found instead and at which index.
 std::optional<QVector<float>> toFloats(const QCborValue& value, QString* error);
+
+/// What kind of value this is, for a sentence: "text", "an array", "nothing".
+QString typeName(const QCborValue& value);
 
 } // namespace robot::link
 

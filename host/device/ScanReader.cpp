@@ -1,0 +1,69 @@
+#include "host/device/ScanReader.h"
+
+#include "robot/link/Fields.h"
+
+#include <limits>
+
+namespace host::device {
+
+using olm::core::LaserScanMessage;
+using robot::link::Fields;
+
+namespace {
+
+constexpr qint64 maximumUnsigned = std::numeric_limits<std::uint32_t>::max();
+
+/// ROS 1 has {secs, nsecs}, ROS 2 {sec, nanosec} with signed seconds.
+std::uint32_t milliseconds(Fields stamp)
+{
+    const bool isRos2 = stamp.has("sec");
+    const qint64 seconds = isRos2 ? stamp.integer("sec", std::numeric_limits<std::int32_t>::min(),
+                                                  std::numeric_limits<std::int32_t>::max())
+                                  : stamp.integer("secs", 0, maximumUnsigned);
+    const qint64 nanoseconds = stamp.integer(isRos2 ? "nanosec" : "nsecs", 0, 999999999);
+    return static_cast<std::uint32_t>(seconds * 1000 + nanoseconds / 1000000);
+}
+
+olm::core::Vector<float> vector(const QVector<float>& values)
+{
+    olm::core::Vector<float> vector(static_cast<unsigned int>(values.size()));
+    for (int i = 0; i < static_cast<int>(values.size()); ++i)
+        vector[i] = values.at(i);
+    return vector;
+}
+
+} // namespace
+
+std::optional<LaserScanMessage> ScanReader::read(const QCborMap& message, QString* error)
+{
+    QString fault;
+    Fields fields(message, &fault);
+    LaserScanMessage scan;
+
+    Fields header = fields.object("header");
+    scan.sequenceNumber =
+        header.has("seq") ? static_cast<std::uint32_t>(header.integer("seq", 0, maximumUnsigned))
+                          : m_count + 1;
+    scan.timeStamp = milliseconds(header.object("stamp"));
+    scan.frameId = header.text("frame_id").toStdString();
+
+    scan.minimumAngle = fields.floatNumber("angle_min");
+    scan.maximumAngle = fields.floatNumber("angle_max");
+    scan.angleIncrement = fields.floatNumber("angle_increment");
+    scan.timeIncrement = fields.floatNumber("time_increment");
+    scan.scanTime = fields.floatNumber("scan_time");
+    scan.minimumRange = fields.floatNumber("range_min");
+    scan.maximumRange = fields.floatNumber("range_max");
+    scan.ranges = vector(fields.floats("ranges"));
+    if (fields.has("intensities"))
+        scan.intensities = vector(fields.floats("intensities"));
+
+    if (!fields.isGood()) {
+        *error = tr("A message of the topic %1 is ignored: %2.").arg(m_topic, fault);
+        return std::nullopt;
+    }
+    m_count = scan.sequenceNumber;
+    return scan;
+}
+
+} // namespace host::device

@@ -1,0 +1,34 @@
+#ifndef HOST_DEVICE_SCANREADER_H
+#define HOST_DEVICE_SCANREADER_H
+
+#include "olm/core/LaserScanMessage.h"
+
+#include <QCborMap>
+#include <QCoreApplication>
+#include <QString>
+
+#include <optional>
+
+namespace host::device {
+
+/// Makes the plugin's scans of a robot's sensor_msgs/LaserScan messages, with the header of ROS 1
+/// or of ROS 2. One reader reads one topic: where the robot does not number its scans, it does.
+class ScanReader
+{
+    Q_DECLARE_TR_FUNCTIONS(host::device::ScanReader)
+
+public:
+    explicit ScanReader(const QString& topic) : m_topic(topic) {}
+
+    /// The scan, its time stamp in milliseconds modulo 2^32. A message of the wrong shape gives
+    /// nothing and, in @p error, a sentence that names topic and field.
+    std::optional<olm::core::LaserScanMessage> read(const QCborMap& message, QString* error);
+
+private:
+    QString m_topic;
+    std::uint32_t m_count = 0;
+};
+
+} // namespace host::device
+
+#endif
