@@ -1,15 +1,26 @@
 #include "robot/Clock.h"
 
+#include <algorithm>
+
 namespace robot {
 
-Clock::Clock()
+Clock::Clock(std::chrono::nanoseconds longestStep) : m_longestStep(longestStep)
 {
-    m_timer.start();
+    m_sinceThen.start();
 }
 
 std::chrono::nanoseconds Clock::now() const
 {
-    return std::chrono::nanoseconds(m_timer.nsecsElapsed());
+    const std::chrono::nanoseconds elapsed(m_sinceThen.nsecsElapsed());
+    return m_advancedTo + std::min(elapsed, m_longestStep);
+}
+
+std::chrono::nanoseconds Clock::advance()
+{
+    const std::chrono::nanoseconds before = m_advancedTo;
+    m_advancedTo = now();
+    m_sinceThen.start();
+    return m_advancedTo - before;
 }
 
 QCborMap Clock::stamp(std::chrono::nanoseconds time)

@@ -9,19 +9,25 @@
 namespace robot {
 
 /// The simulation's time: 0 when the robot is built, and from then on as fast as real time,
-/// whatever is done to the computer's clock.
+/// whatever is done to the computer's clock. Its owner advances it; where that takes longer than
+/// the longest step, the process being suspended, say, time stands still for the rest.
 class Clock
 {
 public:
-    Clock();
+    explicit Clock(std::chrono::nanoseconds longestStep = std::chrono::seconds(1));
 
     std::chrono::nanoseconds now() const;
+
+    /// Returns how much time has passed since the last call, or the beginning.
+    std::chrono::nanoseconds advance();
 
     /// A time as ROS messages have it: {secs, nsecs}.
     static QCborMap stamp(std::chrono::nanoseconds time);
 
 private:
-    QElapsedTimer m_timer;
+    std::chrono::nanoseconds m_longestStep;
+    std::chrono::nanoseconds m_advancedTo{0};
+    QElapsedTimer m_sinceThen;
 };
 
 } // namespace robot

@@ -1,134 +1,31 @@
 #include "robot/Robot.h"
 
-#include "robot/link/Address.h"
-
-#include <QHostAddress>
-#include <QHostInfo>
-
-#include <algorithm>
-#include <chrono>
+#include "robot/nodes/ClockNode.h"
+#include "robot/simulation/Simulation.h"
 
 namespace robot {
-
-namespace {
-
-constexpr std::chrono::milliseconds clockPeriod(100);
-
-/// The host's address, preferably IPv4, as clients that are given a name try that as well; a
-/// null one if there is none.
-QHostAddress addressOf(const QString& host)
-{
-    const QHostAddress literal(host);
-    if (!literal.isNull())
-        return literal;
-    const QList<QHostAddress> addresses = QHostInfo::fromName(host).addresses();
-    const auto v4 = std::find_if(addresses.cbegin(), addresses.cend(), [](const auto& address) {
-        return address.protocol() == QAbstractSocket::IPv4Protocol;
-    });
-    return v4 != addresses.cend() ? *v4 : addresses.value(0);
-}
-
-ServiceReply trigger(const Control::Answer& answer)
-{
-    return {
-        {{QStringLiteral("success"), answer.success}, {QStringLiteral("message"), answer.message}},
-        QString()};
-}
-
-} // namespace
 
 Robot::Robot(quint32 seed, const Limits& limits, QObject* parent)
     : QObject(parent),
       m_seed(seed),
-      m_topics(m_control),
-      m_services(m_control),
-      m_rosApi(m_topics, m_services, {{QStringLiteral("/use_sim_time"), true}}),
-      m_endpoint(m_topics, m_services, limits),
-      m_log(m_endpoint, m_clock)
+      m_network(m_clock, limits),
+      m_simulation(std::make_unique<simulation::Simulation>(seed))
 {
-    m_topics.addPublished(QStringLiteral("/clock"), QStringLiteral("rosgraph_msgs/Clock"));
-    m_topics.addPublished(QLatin1String(Log::topic), QLatin1String(Log::type));
-    m_rosApi.addTo(m_services);
-    addControlServices();
-    keepLog();
+    m_nodes.push_back(std::make_unique<ClockNode>(m_network));
 
-    connect(&m_endpoint, &Endpoint::left, &m_control,
-            [this](const Peer& peer) { m_control.leave(peer); });
-    connect(&m_clockTimer, &QTimer::timeout, this, [this] {
-        publish(QStringLiteral("/clock"), {{QStringLiteral("clock"), Clock::stamp(m_clock.now())}});
-    });
-    m_clockTimer.setTimerType(Qt::PreciseTimer);
-    m_clockTimer.start(clockPeriod);
+    connect(&m_timer, &QTimer::timeout, this, &Robot::step);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    m_timer.start(
+        std::chrono::duration_cast<std::chrono::milliseconds>(simulation::World::timeStep));
 }
 
-void Robot::setAllowedOrigins(const QStringList& origins)
-{
-    m_endpoint.setAllowedOrigins(origins);
-}
+Robot::~Robot() = default;
 
-bool Robot::listen(const link::Address& address, QString* error)
+void Robot::step()
 {
-    const QHostAddress host = addressOf(address.host);
-    if (host.isNull()) {
-        *error = tr("cannot listen on %1: no such host; give an address of this computer")
-                     .arg(address.toString());
-        return false;
-    }
-    if (m_endpoint.listen(host, address.port))
-        return true;
-    *error = tr("cannot listen on %1: %2; choose another address or port, or end the program "
-                "that uses it")
-                 .arg(address.toString(), m_endpoint.errorString());
-    return false;
-}
-
-void Robot::close()
-{
-    m_endpoint.close();
-}
-
-void Robot::publish(const QString& topic, const QCborMap& msg)
-{
-    Q_ASSERT(m_topics.find(topic) && !m_topics.find(topic)->handler);
-    m_endpoint.publish(topic, msg);
-}
-
-void Robot::addControlServices()
-{
-    const QString type = QStringLiteral("std_srvs/Trigger");
-    m_services.add(QStringLiteral("/control/acquire"),
-                   {type, {}, Access::Anyone, [this](const Peer& caller, const QCborMap&) {
-                        return trigger(m_control.acquire(caller));
-                    }});
-    m_services.add(QStringLiteral("/control/release"),
-                   {type, {}, Access::Anyone, [this](const Peer& caller, const QCborMap&) {
-                        return trigger(m_control.release(caller));
-                    }});
-}
-
-void Robot::keepLog()
-{
-    const QString base = QStringLiteral("base");
-    connect(&m_endpoint, &Endpoint::joined, this, [this, base](const Peer& peer) {
-        m_log.write(Log::Level::Info, base, tr("%1 joined").arg(peer.name));
-    });
-    connect(&m_endpoint, &Endpoint::left, this, [this, base](const Peer& peer, const QString& why) {
-        m_log.write(Log::Level::Info, base, tr("%1 left: %2").arg(peer.name, why));
-    });
-    connect(&m_endpoint, &Endpoint::originRefused, this, [this, base](const QString& origin) {
-        m_log.write(Log::Level::Warning, base, tr("a page of %1 was refused").arg(origin));
-    });
-    connect(&m_control, &Control::acquired, this, [this, base](const Peer& peer) {
-        m_log.write(Log::Level::Info, base, tr("%1 took control").arg(peer.name));
-    });
-    connect(&m_control, &Control::released, this, [this, base](const Peer& peer) {
-        m_log.write(Log::Level::Info, base, tr("%1 released control").arg(peer.name));
-    });
-    connect(&m_control, &Control::refused, this,
-            [this, base](const Peer& peer, const QString& reason) {
-                m_log.write(Log::Level::Warning, base,
-                            tr("%1 was refused control: %2").arg(peer.name, reason));
-            });
+    m_simulation->step(m_clock.advance());
+    for (const std::unique_ptr<Node>& node : m_nodes)
+        node->step(m_simulation->world().time());
 }
 
 } // namespace robot

@@ -14,6 +14,8 @@ class ClockTest : public TestCase
 
 private Q_SLOTS:
     void time_begins_at_zero_and_goes_on();
+    void advancing_returns_the_time_that_passed();
+    void time_stands_still_beyond_the_longest_step();
     void a_stamp_has_seconds_and_nanoseconds();
 };
 
@@ -24,6 +26,28 @@ void ClockTest::time_begins_at_zero_and_goes_on()
     QVERIFY(first >= 0ns);
     QVERIFY(first < 1min);
     QTRY_VERIFY(clock.now() > first);
+}
+
+void ClockTest::advancing_returns_the_time_that_passed()
+{
+    Clock clock;
+    const auto first = clock.advance();
+    QTRY_VERIFY(clock.now() > first + 2ms);
+    const auto second = clock.advance();
+    QVERIFY(second > 2ms);
+    QVERIFY(clock.now() >= first + second);
+}
+
+void ClockTest::time_stands_still_beyond_the_longest_step()
+{
+    Clock clock(1ms);
+    QTRY_VERIFY(clock.now() == 1ms);
+    QElapsedTimer timer;
+    timer.start();
+    QTRY_VERIFY(timer.elapsed() > 5);
+    QVERIFY(clock.now() == 1ms);
+    QVERIFY(clock.advance() == 1ms);
+    QTRY_VERIFY(clock.now() == 2ms);
 }
 
 void ClockTest::a_stamp_has_seconds_and_nanoseconds()

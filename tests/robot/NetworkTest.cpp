@@ -1,14 +1,17 @@
 #include "TestCase.h"
 
-#include "robot/Robot.h"
+#include "robot/Clock.h"
+#include "robot/Network.h"
 #include "robot/link/Client.h"
 
 #include <QSignalSpy>
 #include <QtTest>
 
 using robot::Access;
+using robot::Clock;
+using robot::Limits;
+using robot::Network;
 using robot::Peer;
-using robot::Robot;
 using robot::ServiceReply;
 using robot::link::Client;
 
@@ -20,11 +23,11 @@ constexpr int patience = 30000; // many tests may share a slow machine
 class Watcher
 {
 public:
-    explicit Watcher(const Robot& robot)
+    explicit Watcher(const Network& network)
     {
         QObject::connect(&client, &Client::statusReceived,
                          [this](const QString&, const QString& text) { complaints.append(text); });
-        client.open({QStringLiteral("127.0.0.1"), robot.port()});
+        client.open({QStringLiteral("127.0.0.1"), network.port()});
     }
 
     bool isOpen() const { return client.state() == Client::State::Open; }
@@ -49,26 +52,27 @@ bool succeeded(const Client::Result& result)
 
 } // namespace
 
-/// Robot: the parts together, over real sockets.
-class RobotTest : public TestCase
+/// Network: what the robot's parts share, over real sockets.
+class NetworkTest : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void several_robots_in_one_process_do_not_know_each_other();
+    void several_networks_in_one_process_do_not_know_each_other();
     void commands_are_obeyed_only_from_the_client_in_control();
     void control_is_free_when_the_robot_was_closed_and_listens_again();
     void what_is_published_reaches_the_subscribers();
     void a_taken_port_is_an_error_that_names_it();
     void an_unknown_host_is_an_error_that_names_it();
+
+private:
+    const Clock m_clock;
 };
 
-void RobotTest::several_robots_in_one_process_do_not_know_each_other()
+void NetworkTest::several_networks_in_one_process_do_not_know_each_other()
 {
-    Robot first(1);
-    Robot second(2);
-    QCOMPARE(first.seed(), 1U);
-    QCOMPARE(second.seed(), 2U);
+    Network first(m_clock, Limits());
+    Network second(m_clock, Limits());
     QString error;
     QVERIFY2(first.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
     QVERIFY2(second.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
@@ -83,26 +87,26 @@ void RobotTest::several_robots_in_one_process_do_not_know_each_other()
     QVERIFY(succeeded(two.answers.first()));
 }
 
-void RobotTest::commands_are_obeyed_only_from_the_client_in_control()
+void NetworkTest::commands_are_obeyed_only_from_the_client_in_control()
 {
-    Robot robot(1);
+    Network network(m_clock, Limits());
     int obeyed = 0;
-    robot.topics().addCommand(QStringLiteral("/drive"), QStringLiteral("test/Drive"),
-                              Access::RequiresControl, [&obeyed](const Peer&, const QCborMap&) {
-                                  ++obeyed;
-                                  return QString();
-                              });
-    robot.services().add(QStringLiteral("/stop"), {QStringLiteral("test/Stop"),
-                                                   {},
-                                                   Access::RequiresControl,
-                                                   [&obeyed](const Peer&, const QCborMap&) {
-                                                       ++obeyed;
-                                                       return ServiceReply();
-                                                   }});
+    network.topics().addCommand(QStringLiteral("/drive"), QStringLiteral("test/Drive"),
+                                Access::RequiresControl, [&obeyed](const Peer&, const QCborMap&) {
+                                    ++obeyed;
+                                    return QString();
+                                });
+    network.services().add(QStringLiteral("/stop"), {QStringLiteral("test/Stop"),
+                                                     {},
+                                                     Access::RequiresControl,
+                                                     [&obeyed](const Peer&, const QCborMap&) {
+                                                         ++obeyed;
+                                                         return ServiceReply();
+                                                     }});
     QString error;
-    QVERIFY2(robot.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
-    Watcher controller(robot);
-    Watcher watcher(robot);
+    QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
+    Watcher controller(network);
+    Watcher watcher(network);
     QTRY_VERIFY_WITH_TIMEOUT(controller.isOpen() && watcher.isOpen(), patience);
     controller.call("/control/acquire");
     QTRY_COMPARE_WITH_TIMEOUT(controller.answers.size(), 1, patience);
@@ -125,38 +129,38 @@ void RobotTest::commands_are_obeyed_only_from_the_client_in_control()
     QVERIFY(controller.complaints.isEmpty());
 }
 
-void RobotTest::control_is_free_when_the_robot_was_closed_and_listens_again()
+void NetworkTest::control_is_free_when_the_robot_was_closed_and_listens_again()
 {
-    Robot robot(1);
+    Network network(m_clock, Limits());
     QString error;
-    QVERIFY2(robot.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
-    Watcher first(robot);
+    QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
+    Watcher first(network);
     QTRY_VERIFY_WITH_TIMEOUT(first.isOpen(), patience);
     first.call("/control/acquire");
     QTRY_COMPARE_WITH_TIMEOUT(first.answers.size(), 1, patience);
     QVERIFY(succeeded(first.answers.first()));
-    robot.close();
-    QCOMPARE(robot.port(), quint16(0));
+    network.close();
+    QCOMPARE(network.port(), quint16(0));
 
-    QVERIFY2(robot.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
-    Watcher second(robot);
+    QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
+    Watcher second(network);
     QTRY_VERIFY_WITH_TIMEOUT(second.isOpen(), patience);
     second.call("/control/acquire");
     QTRY_COMPARE_WITH_TIMEOUT(second.answers.size(), 1, patience);
     QVERIFY(succeeded(second.answers.first()));
 }
 
-void RobotTest::what_is_published_reaches_the_subscribers()
+void NetworkTest::what_is_published_reaches_the_subscribers()
 {
-    Robot robot(1);
+    Network network(m_clock, Limits());
     const QString topic = QStringLiteral("/state");
     const QCborMap msg{{QStringLiteral("data"), 7}};
-    robot.topics().addPublished(topic, QStringLiteral("test/State"));
-    robot.publish(topic, msg);
+    network.topics().addPublished(topic, QStringLiteral("test/State"));
+    network.publish(topic, msg);
     QString error;
-    QVERIFY2(robot.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
-    Watcher text(robot);
-    Watcher binary(robot);
+    QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
+    Watcher text(network);
+    Watcher binary(network);
     QTRY_VERIFY_WITH_TIMEOUT(text.isOpen() && binary.isOpen(), patience);
 
     QVector<QCborMap> received;
@@ -168,15 +172,15 @@ void RobotTest::what_is_published_reaches_the_subscribers()
     text.call("/rosapi/topics"); // answered after the subscription
     binary.call("/rosapi/topics");
     QTRY_VERIFY_WITH_TIMEOUT(text.answers.size() == 1 && binary.answers.size() == 1, patience);
-    robot.publish(topic, msg);
+    network.publish(topic, msg);
     QTRY_COMPARE_WITH_TIMEOUT(received.size(), 2, patience);
     QCOMPARE(received, (QVector<QCborMap>{msg, msg}));
 }
 
-void RobotTest::a_taken_port_is_an_error_that_names_it()
+void NetworkTest::a_taken_port_is_an_error_that_names_it()
 {
-    Robot first(1);
-    Robot second(2);
+    Network first(m_clock, Limits());
+    Network second(m_clock, Limits());
     QString error;
     QVERIFY2(first.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
     QVERIFY(!second.listen({QStringLiteral("127.0.0.1"), first.port()}, &error));
@@ -184,14 +188,14 @@ void RobotTest::a_taken_port_is_an_error_that_names_it()
     QCOMPARE(second.port(), quint16(0));
 }
 
-void RobotTest::an_unknown_host_is_an_error_that_names_it()
+void NetworkTest::an_unknown_host_is_an_error_that_names_it()
 {
-    Robot robot(1);
+    Network network(m_clock, Limits());
     QString error;
-    QVERIFY(!robot.listen({QStringLiteral("robot.invalid"), 0}, &error));
+    QVERIFY(!network.listen({QStringLiteral("robot.invalid"), 0}, &error));
     QVERIFY2(error.contains(QStringLiteral("robot.invalid")), qPrintable(error));
 }
 
-QTEST_GUILESS_MAIN(RobotTest)
+QTEST_GUILESS_MAIN(NetworkTest)
 
-#include "RobotTest.moc"
+#include "NetworkTest.moc"

@@ -1,0 +1,29 @@
+#include "robot/nodes/ClockNode.h"
+
+#include "robot/Clock.h"
+#include "robot/Network.h"
+
+namespace robot {
+
+namespace {
+
+const QString& topic()
+{
+    static const QString name = QStringLiteral("/clock");
+    return name;
+}
+
+} // namespace
+
+ClockNode::ClockNode(Network& network) : m_network(network)
+{
+    network.topics().addPublished(topic(), QStringLiteral("rosgraph_msgs/Clock"));
+}
+
+void ClockNode::step(simulation::Time now)
+{
+    if (m_beat.isDue(now))
+        m_network.publish(topic(), {{QStringLiteral("clock"), Clock::stamp(now)}});
+}
+
+} // namespace robot
