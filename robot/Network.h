@@ -57,6 +57,9 @@ public:
     /// Sends @p msg to all who subscribed to @p topic, a published topic's canonical name.
     void publish(const QString& topic, const QCborMap& msg);
 
+    /// Whether anybody would get a message of @p topic now; else it need not be made.
+    bool hasSubscribers(const QString& topic) const { return m_endpoint.hasSubscribers(topic); }
+
 private:
     void addControlServices();
     void keepLog();

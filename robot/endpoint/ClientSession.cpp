@@ -85,7 +85,7 @@ void ClientSession::receive(const std::optional<QCborMap>& message, const QStrin
         m_conversation.handle(*message);
     else
         m_conversation.tell(Conversation::Level::Error, error);
-    planSendDue();
+    sendDue();
 }
 
 bool ClientSession::isWithinRate()

@@ -39,6 +39,9 @@ public:
 
     void offer(const Publication& publication);
 
+    /// @p topic in its canonical form.
+    bool isSubscribed(const QString& topic) const { return m_conversation.isSubscribed(topic); }
+
     /// Tells the client why, as an error and in the close frame, and closes the connection.
     void end(QWebSocketProtocol::CloseCode code, const QString& reason);
 

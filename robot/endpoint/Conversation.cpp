@@ -9,6 +9,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <utility>
 
@@ -34,6 +35,12 @@ QString nameOf(Conversation::Level level)
     return std::find_if(levels().cbegin(), levels().cend(),
                         [level](const auto& entry) { return entry.second == level; })
         ->first;
+}
+
+/// With and without the slash.
+std::array<QString, 2> bothForms(const QString& canonicalName)
+{
+    return {canonicalName, canonicalName.mid(1)};
 }
 
 std::optional<Encoding> encodingFor(const QString& compression)
@@ -88,14 +95,21 @@ void Conversation::tell(Level level, const QString& text)
 
 void Conversation::offer(const Publication& publication, Time now)
 {
-    const QString& topic = publication.topic();
-    for (const QString& name : {topic, topic.mid(1)}) { // with and without the slash
+    for (const QString& name : bothForms(publication.topic())) {
         const auto subscription = m_subscriptions.find(name);
         if (subscription == m_subscriptions.end())
             continue;
         subscription->second.offer(publication, now);
         sendDue(subscription->second, now);
     }
+}
+
+bool Conversation::isSubscribed(const QString& topic) const
+{
+    const auto names = bothForms(topic);
+    return std::any_of(names.begin(), names.end(), [this](const QString& name) {
+        return m_subscriptions.find(name) != m_subscriptions.cend();
+    });
 }
 
 void Conversation::sendDue(Time now)
@@ -201,10 +215,13 @@ void Conversation::subscribe(Request& request)
     if (!request.error().isEmpty())
         return;
 
-    if (subscription == m_subscriptions.end())
+    const bool isFirst = subscription == m_subscriptions.end();
+    if (isFirst)
         subscription = m_subscriptions.emplace(name, Subscription(name, m_limits)).first;
     subscription->second.request(request.id(),
                                  {Time(throttle), static_cast<int>(queueLength), *encoding});
+    if (isFirst && topic->last)
+        subscription->second.offer(*topic->last, Time(0)); // any time will do for the first
     if (queueLength > m_limits.queueLength)
         status(request, Level::Warning,
                tr("queue_length is reduced to %1, the most there is").arg(m_limits.queueLength));

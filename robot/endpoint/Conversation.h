@@ -47,7 +47,8 @@ public:
     Conversation(const Peer& peer, const TopicRegistry& topics, const ServiceRegistry& services,
                  const Limits& limits, Send send);
 
-    /// Answers one message of the client.
+    /// Answers one message of the client. What a latched topic owes to a new subscription waits
+    /// for sendDue().
     void handle(const QCborMap& message);
 
     /// Tells the client something outside of any operation, if its level lets it through.
@@ -55,6 +56,9 @@ public:
 
     /// A topic has a new message; it is sent now, later or never, as the client asked for.
     void offer(const Publication& publication, Time now);
+
+    /// Whether the client subscribed to @p topic, in its canonical form, under either name.
+    bool isSubscribed(const QString& topic) const;
 
     /// Sends what waited for its time.
     void sendDue(Time now);

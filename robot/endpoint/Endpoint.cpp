@@ -2,6 +2,7 @@
 
 #include "robot/endpoint/ClientSession.h"
 #include "robot/endpoint/Publication.h"
+#include "robot/endpoint/TopicRegistry.h"
 #include "robot/link/Address.h"
 
 #include <QHostAddress>
@@ -9,12 +10,14 @@
 #include <QWebSocket>
 #include <QWebSocketCorsAuthenticator>
 
+#include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace robot {
 
-Endpoint::Endpoint(const TopicRegistry& topics, const ServiceRegistry& services,
-                   const Limits& limits, QObject* parent)
+Endpoint::Endpoint(TopicRegistry& topics, const ServiceRegistry& services, const Limits& limits,
+                   QObject* parent)
     : QObject(parent),
       m_topics(topics),
       m_services(services),
@@ -63,10 +66,18 @@ void Endpoint::close()
 
 void Endpoint::publish(const QString& topic, const QCborMap& msg)
 {
-    const Publication publication(topic, msg);
+    const auto publication = std::make_shared<const Publication>(topic, msg);
+    m_topics.keep(publication);
     const QList<ClientSession*> sessions = m_sessions; // a lost client takes itself off the list
     for (ClientSession* session : sessions)
-        session->offer(publication);
+        session->offer(*publication);
+}
+
+bool Endpoint::hasSubscribers(const QString& topic) const
+{
+    return std::any_of(
+        m_sessions.cbegin(), m_sessions.cend(),
+        [&topic](const ClientSession* session) { return session->isSubscribed(topic); });
 }
 
 void Endpoint::admit()

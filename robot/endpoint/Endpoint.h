@@ -29,7 +29,7 @@ class Endpoint : public QObject
 
 public:
     /// The registries must outlive the endpoint.
-    Endpoint(const TopicRegistry& topics, const ServiceRegistry& services, const Limits& limits,
+    Endpoint(TopicRegistry& topics, const ServiceRegistry& services, const Limits& limits,
              QObject* parent = nullptr);
     ~Endpoint() override;
 
@@ -50,6 +50,9 @@ public:
     /// Cheap where nobody subscribed. @p topic in its canonical form.
     void publish(const QString& topic, const QCborMap& msg);
 
+    /// Whether publish() would reach anybody now. @p topic in its canonical form.
+    bool hasSubscribers(const QString& topic) const;
+
 Q_SIGNALS:
     void joined(const robot::Peer& peer);
     void left(const robot::Peer& peer, const QString& why);
@@ -60,7 +63,7 @@ private:
     void checkOrigin(QWebSocketCorsAuthenticator* authenticator);
     void resumeLater();
 
-    const TopicRegistry& m_topics;
+    TopicRegistry& m_topics;
     const ServiceRegistry& m_services;
     Limits m_limits;
     QStringList m_allowedOrigins;

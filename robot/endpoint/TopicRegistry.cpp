@@ -1,6 +1,7 @@
 #include "robot/endpoint/TopicRegistry.h"
 
 #include "robot/endpoint/Control.h"
+#include "robot/endpoint/Publication.h"
 #include "robot/link/Names.h"
 
 #include <utility>
@@ -14,18 +15,31 @@ void TopicRegistry::addPublished(const QString& name, const QString& type)
     addCommand(name, type, Access::Anyone, nullptr);
 }
 
+void TopicRegistry::addLatched(const QString& name, const QString& type)
+{
+    addPublished(name, type);
+    m_topics[name].isLatched = true;
+}
+
 void TopicRegistry::addCommand(const QString& name, const QString& type, Access access,
                                Handler handler)
 {
     Q_ASSERT(name == link::canonicalName(name));
     Q_ASSERT(!m_topics.contains(name));
-    m_topics.insert(name, {type, std::move(handler), access});
+    m_topics.insert(name, {type, std::move(handler), access, false, nullptr});
 }
 
 const TopicRegistry::Topic* TopicRegistry::find(const QString& name) const
 {
     const auto topic = m_topics.constFind(link::canonicalName(name));
     return topic == m_topics.cend() ? nullptr : &*topic;
+}
+
+void TopicRegistry::keep(const std::shared_ptr<const Publication>& publication)
+{
+    const auto topic = m_topics.find(publication->topic());
+    if (topic != m_topics.end() && topic->isLatched)
+        topic->last = publication;
 }
 
 QString TopicRegistry::deliver(const Peer& from, const QString& name, const QCborMap& msg) const

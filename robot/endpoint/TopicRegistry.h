@@ -10,10 +10,12 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 
 namespace robot {
 
 class Control;
+class Publication;
 
 /// The robot's topics: those it publishes, and those on which it takes commands.
 /// Names are given and kept in the canonical form, "/clock".
@@ -30,17 +32,24 @@ public:
         QString type;
         Handler handler; ///< empty on a topic the robot publishes
         Access access = Access::Anyone;
+        bool isLatched = false;
+        std::shared_ptr<const Publication> last; ///< on a latched topic, once there is one
     };
 
     /// @p control must outlive the registry.
     explicit TopicRegistry(const Control& control);
 
-    /// Once per name, before clients come.
+    /// Once per name, before clients come. The last message of a latched topic is the robot's
+    /// state: who subscribes gets it at once.
     void addPublished(const QString& name, const QString& type);
+    void addLatched(const QString& name, const QString& type);
     void addCommand(const QString& name, const QString& type, Access access, Handler handler);
 
     /// @p name in either form; null if the robot has no such topic.
     const Topic* find(const QString& name) const;
+
+    /// The robot published a message; on a latched topic it is kept for who subscribes later.
+    void keep(const std::shared_ptr<const Publication>& publication);
 
     /// A client's message, under the name's either form. Returns why it was not obeyed: an
     /// unknown topic, one the robot publishes, control held by another, or the handler's reason.

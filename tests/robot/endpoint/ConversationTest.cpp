@@ -23,7 +23,7 @@ using robot::ServiceRegistry;
 using robot::ServiceReply;
 using robot::TopicRegistry;
 
-/// A robot without a socket: two topics, three commands and a service, and what it said.
+/// A robot without a socket: three topics, three commands and a service, and what it said.
 class Scene
 {
 public:
@@ -31,6 +31,7 @@ public:
     {
         topics.addPublished(QStringLiteral("/state"), QStringLiteral("test/State"));
         topics.addPublished(QStringLiteral("/picture"), QStringLiteral("test/Picture"));
+        topics.addLatched(QStringLiteral("/light"), QStringLiteral("test/Light"));
         for (const char* name : {"/drive", "/lift", "/turn"})
             topics.addCommand(QLatin1String(name), QStringLiteral("test/Command"),
                               Access::RequiresControl, [this](const Peer&, const QCborMap& msg) {
@@ -91,6 +92,9 @@ private Q_SLOTS:
     void messages_that_wait_are_sent_when_they_are_due();
     void the_earliest_subscription_is_due_first();
     void topics_and_answers_are_told_apart();
+    void a_latched_message_comes_once_with_the_first_subscription();
+    void a_latched_message_counts_for_the_throttle_rate();
+    void a_subscribed_topic_is_known_under_either_name();
     void nothing_is_told_below_the_level();
 
 private:
@@ -107,6 +111,12 @@ private:
     {
         return {
             {text("op"), text("advertise")}, {text("topic"), topic}, {text("type"), text(type)}};
+    }
+
+    static std::shared_ptr<const Publication> light(bool isOn)
+    {
+        return std::make_shared<const Publication>(QStringLiteral("/light"),
+                                                   Map{{text("data"), isOn}});
     }
 
     static Map subscribe(const char* topic, int throttle, int queueLength)
@@ -279,6 +289,65 @@ void ConversationTest::topics_and_answers_are_told_apart()
     first.offer(Publication(QStringLiteral("/state"), {}), 0ms);
     first.handle({{text("op"), text("fly")}});
     QVERIFY((scene.kinds == QVector<Outbox::Kind>{Outbox::Kind::Topic, Outbox::Kind::Answer}));
+}
+
+void ConversationTest::a_latched_message_comes_once_with_the_first_subscription()
+{
+    Scene scene;
+    Conversation first = scene.conversation(m_first);
+    first.handle(subscribe("/light", 0, 0));
+    first.sendDue(0ms);
+    QVERIFY(scene.sent.isEmpty()); // there was no message yet
+    scene.topics.keep(light(false));
+    scene.topics.keep(light(true));
+
+    Conversation second = scene.conversation(m_second);
+    second.handle(subscribe("light", 0, 0));
+    second.sendDue(0ms);
+    QCOMPARE(scene.sent.size(), 1);
+    QCOMPARE(scene.sent.first(), (Map{{text("op"), text("publish")},
+                                      {text("topic"), text("light")},
+                                      {text("msg"), Map{{text("data"), true}}}}
+                                      .toJsonObject()));
+    QCOMPARE(scene.kinds, QVector<Outbox::Kind>{Outbox::Kind::Topic});
+
+    Map further = subscribe("light", 0, 0);
+    further.insert(text("id"), text("further"));
+    second.handle(further);
+    second.handle(subscribe("/state", 0, 0));
+    second.sendDue(1ms);
+    QCOMPARE(scene.sent.size(), 1);
+
+    second.handle({{text("op"), text("unsubscribe")}, {text("topic"), text("light")}});
+    second.handle(subscribe("light", 0, 0));
+    second.sendDue(2ms);
+    QCOMPARE(scene.sent.size(), 2);
+}
+
+void ConversationTest::a_latched_message_counts_for_the_throttle_rate()
+{
+    Scene scene;
+    Conversation first = scene.conversation(m_first);
+    scene.topics.keep(light(false));
+    first.handle(subscribe("/light", 100, 1));
+    first.sendDue(5ms);
+    first.offer(*light(true), 50ms);
+    QCOMPARE(scene.sent.size(), 1);
+    QVERIFY(first.due() == 105ms);
+}
+
+void ConversationTest::a_subscribed_topic_is_known_under_either_name()
+{
+    Scene scene;
+    Conversation first = scene.conversation(m_first);
+    const QString state = QStringLiteral("/state");
+    for (const char* name : {"state", "/state"}) {
+        QVERIFY(!first.isSubscribed(state));
+        first.handle(subscribe(name, 0, 0));
+        QVERIFY(first.isSubscribed(state));
+        QVERIFY(!first.isSubscribed(QStringLiteral("/picture")));
+        first.handle({{text("op"), text("unsubscribe")}, {text("topic"), text(name)}});
+    }
 }
 
 void ConversationTest::nothing_is_told_below_the_level()

@@ -1,6 +1,7 @@
 #include "TestCase.h"
 
 #include "robot/endpoint/Control.h"
+#include "robot/endpoint/Publication.h"
 #include "robot/endpoint/TopicRegistry.h"
 
 #include <QtTest>
@@ -8,6 +9,7 @@
 using robot::Access;
 using robot::Control;
 using robot::Peer;
+using robot::Publication;
 using robot::TopicRegistry;
 
 /// TopicRegistry: which messages of clients are obeyed.
@@ -22,6 +24,7 @@ private Q_SLOTS:
     void the_handlers_reason_is_passed_on();
     void a_topic_the_robot_publishes_takes_no_message();
     void an_unknown_topic_is_named();
+    void a_latched_topic_keeps_its_last_message_and_no_other_topic_does();
 
 private:
     const Peer m_first{1, QStringLiteral("client 1")};
@@ -109,6 +112,25 @@ void TopicRegistryTest::an_unknown_topic_is_named()
     const TopicRegistry topics(control);
     QCOMPARE(topics.deliver(m_first, m_name, {}), TopicRegistry::unknown(m_name));
     QVERIFY(TopicRegistry::unknown(m_name).contains(m_name));
+}
+
+void TopicRegistryTest::a_latched_topic_keeps_its_last_message_and_no_other_topic_does()
+{
+    const Control control;
+    TopicRegistry topics(control);
+    const QString event = QStringLiteral("/event");
+    topics.addLatched(m_name, m_type);
+    topics.addPublished(event, m_type);
+    QVERIFY(!topics.find(m_name)->last);
+    const auto publication = [](const QString& topic) {
+        return std::make_shared<const Publication>(topic, QCborMap());
+    };
+    topics.keep(publication(m_name));
+    topics.keep(publication(event));
+    const auto newest = publication(m_name);
+    topics.keep(newest);
+    QVERIFY(topics.find(m_name)->last == newest);
+    QVERIFY(!topics.find(event)->last);
 }
 
 QTEST_GUILESS_MAIN(TopicRegistryTest)
