@@ -35,6 +35,10 @@ public:
 
     QStringList allowedOrigins() const { return m_allowedOrigins; }
 
+    QString laserLog() const { return m_laserLog; } ///< empty: the simulated laser measures
+
+    double rate() const { return m_rate; } ///< of the laser log's replay
+
 private:
     void read(const QStringList& arguments);
     void finish(Action action, const QString& text);
@@ -42,12 +46,15 @@ private:
     void readPort(const QString& text);
     void readSeed(const QString& text);
     void readOrigins(const QStringList& origins);
+    void readRate(const QString& text);
 
     Action m_action = Action::Run;
     QString m_text;
     link::Address m_address;
     quint32 m_seed;
     QStringList m_allowedOrigins;
+    QString m_laserLog;
+    double m_rate = 1.0;
 };
 
 } // namespace robot

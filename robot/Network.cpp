@@ -49,6 +49,11 @@ Network::Network(const Clock& clock, const Limits& limits)
             [this](const Peer& peer) { m_control.leave(peer); });
 }
 
+Network::~Network()
+{
+    close(); // while there is still a log to write that clients left
+}
+
 void Network::setAllowedOrigins(const QStringList& origins)
 {
     m_endpoint.setAllowedOrigins(origins);

@@ -30,6 +30,7 @@ class Network : public QObject
 public:
     /// @p clock gives the log its stamps and must outlive the network.
     Network(const Clock& clock, const Limits& limits);
+    ~Network() override;
 
     /// See Endpoint::setAllowedOrigins(); none at first.
     void setAllowedOrigins(const QStringList& origins);

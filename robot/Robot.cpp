@@ -1,17 +1,31 @@
 #include "robot/Robot.h"
 
+#include "robot/nodes/CameraNode.h"
 #include "robot/nodes/ClockNode.h"
+#include "robot/nodes/DriveNode.h"
+#include "robot/nodes/LaserNode.h"
+#include "robot/nodes/MapNode.h"
+#include "robot/nodes/TransformNode.h"
 #include "robot/simulation/Simulation.h"
 
 namespace robot {
 
+using simulation::Simulation;
+
 Robot::Robot(quint32 seed, const Limits& limits, QObject* parent)
     : QObject(parent),
       m_seed(seed),
-      m_network(m_clock, limits),
-      m_simulation(std::make_unique<simulation::Simulation>(seed))
+      m_simulation(std::make_unique<Simulation>(seed)),
+      m_network(m_clock, limits)
 {
+    auto laser = std::make_unique<LaserNode>(m_network, m_simulation->laser());
+    m_laser = laser.get();
     m_nodes.push_back(std::make_unique<ClockNode>(m_network));
+    m_nodes.push_back(std::make_unique<MapNode>(m_network));
+    m_nodes.push_back(std::make_unique<DriveNode>(m_network, m_simulation->driveBase()));
+    m_nodes.push_back(std::make_unique<TransformNode>(m_network, m_simulation->driveBase()));
+    m_nodes.push_back(std::move(laser));
+    m_nodes.push_back(std::make_unique<CameraNode>(m_network));
 
     connect(&m_timer, &QTimer::timeout, this, &Robot::step);
     m_timer.setTimerType(Qt::PreciseTimer);
@@ -21,9 +35,14 @@ Robot::Robot(quint32 seed, const Limits& limits, QObject* parent)
 
 Robot::~Robot() = default;
 
+bool Robot::setLaserLog(const QString& file, double rate, QStringList* problems, QString* error)
+{
+    return m_laser->setLog(file, rate, problems, error);
+}
+
 void Robot::step()
 {
-    m_simulation->step(m_clock.advance());
+    m_laser->publish(m_simulation->step(m_clock.advance()));
     for (const std::unique_ptr<Node>& node : m_nodes)
         node->step(m_simulation->world().time());
 }

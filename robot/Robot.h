@@ -14,6 +14,7 @@
 
 namespace robot {
 
+class LaserNode;
 class Node;
 
 namespace simulation {
@@ -34,6 +35,9 @@ public:
 
     quint32 seed() const { return m_seed; }
 
+    /// Lets a recording take the laser's place, see LaserNode::setLog().
+    bool setLaserLog(const QString& file, double rate, QStringList* problems, QString* error);
+
     /// See Network.
     void setAllowedOrigins(const QStringList& origins) { m_network.setAllowedOrigins(origins); }
     bool listen(const link::Address& address, QString* error)
@@ -48,9 +52,10 @@ private:
 
     quint32 m_seed;
     Clock m_clock;
-    Network m_network;
     std::unique_ptr<simulation::Simulation> m_simulation;
-    std::vector<std::unique_ptr<Node>> m_nodes;
+    std::vector<std::unique_ptr<Node>> m_nodes; // before the network: its last clients command them
+    LaserNode* m_laser = nullptr;               // one of the nodes
+    Network m_network;
     QTimer m_timer;
 };
 

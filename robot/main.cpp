@@ -42,8 +42,17 @@ int main(int argc, char** argv)
 
     robot::Robot robot(commandLine.seed());
     robot.setAllowedOrigins(commandLine.allowedOrigins());
-    robot::link::Address address = commandLine.address();
     QString error;
+    if (!commandLine.laserLog().isEmpty()) {
+        QStringList problems;
+        if (!robot.setLaserLog(commandLine.laserLog(), commandLine.rate(), &problems, &error)) {
+            print(stderr, QStringLiteral("quandrel-robot: %1").arg(error));
+            return EXIT_FAILURE;
+        }
+        for (const QString& problem : std::as_const(problems))
+            print(stderr, QStringLiteral("quandrel-robot: %1").arg(problem));
+    }
+    robot::link::Address address = commandLine.address();
     if (!robot.listen(address, &error)) {
         print(stderr, QStringLiteral("quandrel-robot: %1").arg(error));
         return EXIT_FAILURE;

@@ -1,7 +1,5 @@
 #include "robot/simulation/Camera.h"
 
-#include "robot/simulation/Geometry.h"
-
 #include <QStringList>
 
 #include <cmath>
@@ -17,11 +15,6 @@ constexpr std::array<Camera::Resolution, 3> resolutions{{
 }};
 
 constexpr double fieldOfView = 60.0 * degree; // horizontal
-
-QString nameOf(const Camera::Resolution& resolution)
-{
-    return QStringLiteral("%1x%2").arg(resolution.width).arg(resolution.height);
-}
 
 // A pinhole camera with square pixels and a lens that does not distort.
 CameraInfo infoOf(const Camera::Resolution& resolution)
@@ -43,19 +36,24 @@ CameraInfo infoOf(const Camera::Resolution& resolution)
 
 } // namespace
 
+QString Camera::Resolution::name() const
+{
+    return QStringLiteral("%1x%2").arg(width).arg(height);
+}
+
 Camera::Camera() : m_resolution(resolutions[1]) {}
 
 bool Camera::setResolution(const QString& name, Time now, QString* error)
 {
     QStringList known;
     for (const Resolution& resolution : resolutions) {
-        if (nameOf(resolution) == name) {
+        if (resolution.name() == name) {
             m_resolution = resolution;
             m_start = now;
             m_next = 0;
             return true;
         }
-        known.append(nameOf(resolution));
+        known.append(resolution.name());
     }
     if (error) {
         *error = tr("The camera has no resolution \"%1\"; it has %2.")

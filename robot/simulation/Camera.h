@@ -1,6 +1,7 @@
 #ifndef ROBOT_SIMULATION_CAMERA_H
 #define ROBOT_SIMULATION_CAMERA_H
 
+#include "robot/simulation/Geometry.h"
 #include "robot/simulation/Header.h"
 
 #include <QCoreApplication>
@@ -32,12 +33,16 @@ class Camera
 
 public:
     static constexpr const char* frameId = "camera_optical_frame";
+    static constexpr Pose2D mount{0.22, 0.0, 0.0}; ///< in base_link; it looks along x
+    static constexpr double mountHeight = 0.45;    ///< metres above base_link
 
     struct Resolution
     {
         quint32 width = 0; ///< pixels
         quint32 height = 0;
         int rate = 0; ///< frames a second
+
+        QString name() const; ///< "640x480"
     };
 
     Camera();

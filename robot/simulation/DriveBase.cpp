@@ -30,7 +30,7 @@ void DriveBase::setEnabled(bool isEnabled)
 {
     m_isEnabled = isEnabled;
     if (!isEnabled)
-        m_command.reset();
+        endCommand();
 }
 
 void DriveBase::control()

@@ -40,6 +40,9 @@ public:
     /// nothing and gives false and, in @p error (may be null), the reason.
     bool command(const Twist& twist, QString* error);
 
+    /// Takes the command back before its time is over.
+    void endCommand() { m_command.reset(); }
+
     /// Disabled, the robot stands still and forgets the command it had.
     void setEnabled(bool isEnabled);
     bool isEnabled() const { return m_isEnabled; }

@@ -32,6 +32,8 @@ std::optional<LaserScan> Laser::takeScan()
     if (m_world.time() < m_due)
         return std::nullopt;
     m_due += period;
+    if (!m_isOn)
+        return std::nullopt;
 
     LaserScan scan = emptyScan();
     scan.header.seq = m_seq++;

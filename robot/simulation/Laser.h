@@ -32,6 +32,9 @@ public:
     /// A scan of this laser without its ranges, seq and stamp.
     static LaserScan emptyScan();
 
+    /// Off, it measures nothing, and what would have been measured is lost. On to begin with.
+    void setOn(bool isOn) { m_isOn = isOn; }
+
     /// The scan that has become due, nothing until the next one is. Called after each
     /// World::step(). It has no intensities, as the device gives none.
     std::optional<LaserScan> takeScan();
@@ -42,6 +45,7 @@ private:
     std::normal_distribution<double> m_noise{0.0, noise};
     Time m_due = period;
     quint32 m_seq = 0;
+    bool m_isOn = true;
 };
 
 } // namespace robot::simulation

@@ -23,6 +23,7 @@ public:
 
     const World& world() const { return m_world; }
     DriveBase& driveBase() { return m_driveBase; }
+    Laser& laser() { return m_laser; }
 
 private:
     World m_world;

@@ -35,6 +35,8 @@ void CommandLineTest::without_arguments_the_defaults_count()
     QVERIFY(commandLine.action() == CommandLine::Action::Run);
     QVERIFY(commandLine.address() == (Address{QStringLiteral("127.0.0.1"), 9090}));
     QVERIFY(commandLine.allowedOrigins().isEmpty());
+    QCOMPARE(commandLine.laserLog(), QString());
+    QCOMPARE(commandLine.rate(), 1.0);
     QCOMPARE(commandLine.text(), QString());
 }
 
@@ -42,13 +44,15 @@ void CommandLineTest::every_option_is_read()
 {
     const CommandLine commandLine =
         parse(QStringLiteral("--address [::1]:91 --seed 7 --allow-origin http://localhost:8000 "
-                             "--allow-origin https://a.example"));
+                             "--allow-origin https://a.example --laser-log scans.log --rate 0.5"));
     QCOMPARE(commandLine.text(), QString());
     QVERIFY(commandLine.action() == CommandLine::Action::Run);
     QVERIFY(commandLine.address() == (Address{QStringLiteral("::1"), 91}));
     QCOMPARE(commandLine.seed(), 7U);
     QCOMPARE(commandLine.allowedOrigins(), (QStringList{QStringLiteral("http://localhost:8000"),
                                                         QStringLiteral("https://a.example")}));
+    QCOMPARE(commandLine.laserLog(), QStringLiteral("scans.log"));
+    QCOMPARE(commandLine.rate(), 0.5);
 }
 
 void CommandLineTest::the_port_counts_more_than_the_address()
@@ -92,6 +96,14 @@ void CommandLineTest::what_is_wrong_is_named_data()
     add("--allow-origin HTTP://localhost", "HTTP:");
     add("--allow-origin *", "*");
     add("--allow-origin null", "null");
+    add("--laser-log", "laser-log");
+    add("--laser-log=", "laser-log");
+    add("--rate 1", "--laser-log");
+    add("--laser-log a --rate 0.009", "0.009");
+    add("--laser-log a --rate 100.1", "100.1");
+    add("--laser-log a --rate nan", "nan");
+    add("--laser-log a --rate -1", "-1");
+    add("--laser-log a --rate fast", "fast");
     add("--fly", "fly");
     add("surplus", "surplus");
     add("--port", "port");

@@ -1,0 +1,108 @@
+#include "robot/nodes/CameraNode.h"
+
+#include "robot/Network.h"
+#include "robot/nodes/Messages.h"
+
+#include <QCborArray>
+#include <QStringList>
+
+namespace robot {
+
+namespace {
+
+const QString& topic()
+{
+    static const QString name = QStringLiteral("/camera/camera_info");
+    return name;
+}
+
+const QString& videoMode()
+{
+    static const QString name = QStringLiteral("video_mode");
+    return name;
+}
+
+/// The lists of a dynamic_reconfigure/Config.
+const QStringList& configLists()
+{
+    static const QStringList names{QStringLiteral("bools"), QStringLiteral("ints"),
+                                   QStringLiteral("strs"), QStringLiteral("doubles"),
+                                   QStringLiteral("groups")};
+    return names;
+}
+
+} // namespace
+
+CameraNode::CameraNode(Network& network) : m_network(network)
+{
+    network.topics().addPublished(topic(), QStringLiteral("sensor_msgs/CameraInfo"));
+    network.services().add(
+        QStringLiteral("/camera/set_parameters"),
+        {QStringLiteral("dynamic_reconfigure/Reconfigure"),
+         {QStringLiteral("config")},
+         Access::RequiresControl,
+         [this](const Peer&, const QCborMap& args) { return setParameters(args); }});
+}
+
+void CameraNode::step(simulation::Time now)
+{
+    m_now = now;
+    const std::optional<simulation::CameraInfo> frame = m_camera.takeFrame(now);
+    if (frame && m_network.hasSubscribers(topic()))
+        m_network.publish(topic(), toMessage(*frame));
+}
+
+ServiceReply CameraNode::setParameters(const QCborMap& args)
+{
+    const QCborValue config = args.value(QLatin1String("config"));
+    if (!config.isMap())
+        return ServiceReply::failure(tr("config must be an object with the list strs"));
+    QString error;
+    const QString mode = modeIn(config.toMap(), &error);
+    if (!error.isEmpty() || (!mode.isNull() && !m_camera.setResolution(mode, m_now, &error)))
+        return ServiceReply::failure(error);
+    return {{{QStringLiteral("config"), this->config()}}, QString()};
+}
+
+// Null if the mode is to stay as it is.
+QString CameraNode::modeIn(const QCborMap& config, QString* error) const
+{
+    QString mode;
+    for (auto list = config.cbegin(); list != config.cend() && error->isEmpty(); ++list) {
+        const QString name = list.key().toString();
+        if (!configLists().contains(name))
+            *error = tr("config has no field \"%1\"; it has %2")
+                         .arg(name, configLists().join(QStringLiteral(", ")));
+        else if (!list.value().isArray() && !list.value().isNull())
+            *error = tr("config.%1 must be a list").arg(name);
+        if (name == QLatin1String("groups"))
+            continue; // how a user interface arranges the parameters
+        const QCborArray parameters = list.value().toArray();
+        for (const QCborValue parameter : parameters) {
+            const QString parameterName = parameter[QLatin1String("name")].toString();
+            const QCborValue value = parameter[QLatin1String("value")];
+            if (name != QLatin1String("strs") || parameterName != videoMode())
+                *error = tr("the camera has no parameter \"%1\" in config.%2; it has \"%3\" in "
+                            "config.strs")
+                             .arg(parameterName, name, videoMode());
+            else if (!value.isString())
+                *error = tr("the value of \"%1\" must be text, for example \"%2\"")
+                             .arg(videoMode(), m_camera.resolution().name());
+            mode = value.toString();
+        }
+    }
+    return mode;
+}
+
+QCborMap CameraNode::config() const
+{
+    QCborMap config;
+    for (const QString& list : configLists())
+        config.insert(list, QCborArray());
+    config.insert(QStringLiteral("strs"),
+                  QCborArray{QCborMap{{QStringLiteral("name"), videoMode()},
+                                      {QStringLiteral("value"), m_camera.resolution().name()}}});
+    return config;
+}
+
+} // namespace robot

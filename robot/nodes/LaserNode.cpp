@@ -1,0 +1,87 @@
+#include "robot/nodes/LaserNode.h"
+
+#include "robot/Network.h"
+#include "robot/nodes/Messages.h"
+#include "robot/recording/Recording.h"
+#include "robot/simulation/Laser.h"
+
+namespace robot {
+
+using recording::Recording;
+using recording::Replay;
+using simulation::LaserScan;
+
+namespace {
+
+const QString& topic()
+{
+    static const QString name = QStringLiteral("/scan");
+    return name;
+}
+
+} // namespace
+
+LaserNode::LaserNode(Network& network, simulation::Laser& laser)
+    : m_network(network),
+      m_laser(laser)
+{
+    network.topics().addPublished(topic(), QStringLiteral("sensor_msgs/LaserScan"));
+    m_laser.setOn(false);
+}
+
+bool LaserNode::setLog(const QString& file, double rate, QStringList* problems, QString* error)
+{
+    std::optional<Recording> recording = Recording::read(file, error);
+    if (!recording)
+        return false;
+    const size_t count = recording->scans.size();
+    std::optional<Replay> replay = Replay::create(std::move(recording->scans), {rate, true}, error);
+    if (!replay)
+        return false;
+
+    *problems = recording->problems;
+    const int more = recording->badLines - static_cast<int>(recording->problems.size());
+    if (more > 0)
+        problems->append(tr("%1: %2 further lines cannot be read").arg(file).arg(more));
+    m_problems = *problems;
+    m_announcement = tr("replaying %1: %2 scans, at %3 times the speed they were recorded at")
+                         .arg(file)
+                         .arg(count)
+                         .arg(rate);
+    m_replay = std::move(replay);
+    m_laser.setOn(false);
+    return true;
+}
+
+void LaserNode::publish(const std::vector<LaserScan>& scans)
+{
+    for (const LaserScan& scan : scans)
+        m_network.publish(topic(), toMessage(scan));
+}
+
+void LaserNode::step(simulation::Time now)
+{
+    const bool wasWanted = m_isWanted;
+    m_isWanted = m_network.hasSubscribers(topic());
+    if (!m_replay) {
+        m_laser.setOn(m_isWanted);
+        return;
+    }
+    if (m_isWanted && !wasWanted)
+        announce();
+    while (const LaserScan* recorded = m_isWanted ? m_replay->next(now) : nullptr) {
+        LaserScan scan = *recorded;
+        scan.header = {m_seq++, now, QLatin1String(simulation::Laser::frameId)};
+        m_network.publish(topic(), toMessage(scan));
+    }
+}
+
+void LaserNode::announce()
+{
+    const QString laser = QStringLiteral("laser");
+    m_network.log().write(Log::Level::Info, laser, m_announcement);
+    for (const QString& problem : std::as_const(m_problems))
+        m_network.log().write(Log::Level::Warning, laser, problem);
+}
+
+} // namespace robot

@@ -1,0 +1,55 @@
+#ifndef ROBOT_NODES_LASERNODE_H
+#define ROBOT_NODES_LASERNODE_H
+
+#include "robot/nodes/Node.h"
+#include "robot/recording/Replay.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace robot {
+
+class Network;
+
+namespace simulation {
+class Laser;
+}
+
+/// The laser range finder as the topic /scan: what the simulated one measures or, in its place,
+/// what was recorded. It runs while somebody subscribes.
+class LaserNode : public Node
+{
+    Q_DECLARE_TR_FUNCTIONS(robot::LaserNode)
+
+public:
+    /// Both must stay as long as clients may come.
+    LaserNode(Network& network, simulation::Laser& laser);
+
+    /// From now on replays the scans of @p file, over and over, @p rate times as fast as they were
+    /// recorded. Returns false if that cannot be done, and @p error says why; @p problems are the
+    /// lines that could not be read, for the user.
+    bool setLog(const QString& file, double rate, QStringList* problems, QString* error);
+
+    /// What the simulated laser has measured since the last step, oldest first.
+    void publish(const std::vector<simulation::LaserScan>& scans);
+
+    void step(simulation::Time now) override;
+
+private:
+    void announce();
+
+    Network& m_network;
+    simulation::Laser& m_laser;
+    std::optional<recording::Replay> m_replay;
+    QString m_announcement; // of the replay, for the log
+    QStringList m_problems;
+    bool m_isWanted = false;
+    quint32 m_seq = 0;
+};
+
+} // namespace robot
+
+#endif

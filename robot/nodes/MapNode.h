@@ -1,0 +1,21 @@
+#ifndef ROBOT_NODES_MAPNODE_H
+#define ROBOT_NODES_MAPNODE_H
+
+#include "robot/nodes/Node.h"
+
+namespace robot {
+
+class Network;
+
+/// The floor plan as the topic /map: published once, and latched for who comes later.
+class MapNode : public Node
+{
+public:
+    explicit MapNode(Network& network);
+
+    void step(simulation::Time /*now*/) override {}
+};
+
+} // namespace robot
+
+#endif

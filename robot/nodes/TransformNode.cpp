@@ -1,0 +1,61 @@
+#include "robot/nodes/TransformNode.h"
+
+#include "robot/Network.h"
+#include "robot/nodes/Messages.h"
+#include "robot/simulation/Camera.h"
+#include "robot/simulation/DriveBase.h"
+#include "robot/simulation/FloorPlan.h"
+#include "robot/simulation/Laser.h"
+
+#include <QCborArray>
+
+namespace robot {
+
+using simulation::Camera;
+using simulation::DriveBase;
+using simulation::FloorPlan;
+using simulation::Laser;
+using simulation::Pose2D;
+
+namespace {
+
+const QString& topic()
+{
+    static const QString name = QStringLiteral("/tf");
+    return name;
+}
+
+/// A frame at @p height above one whose axes lie in the same plane.
+QCborMap frame(const char* parent, const char* child, const Pose2D& pose, double height,
+               simulation::Time stamp)
+{
+    return transformMessage({0, stamp, QLatin1String(parent)}, QLatin1String(child), pose.x, pose.y,
+                            height, turn(pose.theta));
+}
+
+} // namespace
+
+TransformNode::TransformNode(Network& network, const DriveBase& driveBase)
+    : m_network(network),
+      m_driveBase(driveBase)
+{
+    network.topics().addPublished(topic(), QStringLiteral("tf2_msgs/TFMessage"));
+}
+
+void TransformNode::step(simulation::Time now)
+{
+    if (!m_beat.isDue(now) || !m_network.hasSubscribers(topic()))
+        return;
+    const char* const base = DriveBase::baseFrameId;
+    // Looking forwards, a camera's optical frame has z ahead, x to the right and y down.
+    const Quaternion optical{-0.5, 0.5, -0.5, 0.5};
+    const QCborArray transforms{
+        frame(FloorPlan::frameId, DriveBase::odometryFrameId, FloorPlan::robotStart, 0.0, now),
+        frame(DriveBase::odometryFrameId, base, m_driveBase.odometry().pose, 0.0, now),
+        frame(base, Laser::frameId, Laser::mount, Laser::mountHeight, now),
+        transformMessage({0, now, QLatin1String(base)}, QLatin1String(Camera::frameId),
+                         Camera::mount.x, Camera::mount.y, Camera::mountHeight, optical)};
+    m_network.publish(topic(), {{QStringLiteral("transforms"), transforms}});
+}
+
+} // namespace robot
