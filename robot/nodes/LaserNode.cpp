@@ -67,9 +67,12 @@ void LaserNode::step(simulation::Time now)
         m_laser.setOn(m_isWanted);
         return;
     }
-    if (m_isWanted && !wasWanted)
+    if (wasWanted)
+        m_replayTime += now - m_lastStep;
+    else if (m_isWanted)
         announce();
-    while (const LaserScan* recorded = m_isWanted ? m_replay->next(now) : nullptr) {
+    m_lastStep = now;
+    while (const LaserScan* recorded = m_isWanted ? m_replay->next(m_replayTime) : nullptr) {
         LaserScan scan = *recorded;
         scan.header = {m_seq++, now, QLatin1String(simulation::Laser::frameId)};
         m_network.publish(topic(), toMessage(scan));

@@ -47,7 +47,9 @@ private:
     QString m_announcement; // of the replay, for the log
     QStringList m_problems;
     bool m_isWanted = false;
-    quint32 m_seq = 0;
+    simulation::Time m_lastStep{0};
+    simulation::Time m_replayTime{0}; // stands still while nobody subscribes
+    quint32 m_seq = 0;                // of the replay
 };
 
 } // namespace robot

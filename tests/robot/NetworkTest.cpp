@@ -1,8 +1,9 @@
 #include "TestCase.h"
+#include "Watcher.h"
 
 #include "robot/Clock.h"
 #include "robot/Network.h"
-#include "robot/link/Client.h"
+#include "robot/link/Address.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -16,34 +17,6 @@ using robot::ServiceReply;
 using robot::link::Client;
 
 namespace {
-
-constexpr int patience = 30000; // many tests may share a slow machine
-
-/// A client, and what the robot told it.
-class Watcher
-{
-public:
-    explicit Watcher(const Network& network)
-    {
-        QObject::connect(&client, &Client::statusReceived,
-                         [this](const QString&, const QString& text) { complaints.append(text); });
-        client.open({QStringLiteral("127.0.0.1"), network.port()});
-    }
-
-    bool isOpen() const { return client.state() == Client::State::Open; }
-
-    void call(const char* service)
-    {
-        client.callService(
-            QLatin1String(service), {},
-            [this](const Client::Result& result) { answers.append(result); },
-            std::chrono::milliseconds(patience));
-    }
-
-    Client client;
-    QStringList complaints;
-    QVector<Client::Result> answers;
-};
 
 bool succeeded(const Client::Result& result)
 {
@@ -77,8 +50,8 @@ void NetworkTest::several_networks_in_one_process_do_not_know_each_other()
     QVERIFY2(first.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
     QVERIFY2(second.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
     QVERIFY(first.port() != second.port());
-    Watcher one(first);
-    Watcher two(second);
+    Watcher one(first.port());
+    Watcher two(second.port());
     QTRY_VERIFY_WITH_TIMEOUT(one.isOpen() && two.isOpen(), patience);
     one.call("/control/acquire");
     two.call("/control/acquire");
@@ -105,8 +78,8 @@ void NetworkTest::commands_are_obeyed_only_from_the_client_in_control()
                                                      }});
     QString error;
     QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
-    Watcher controller(network);
-    Watcher watcher(network);
+    Watcher controller(network.port());
+    Watcher watcher(network.port());
     QTRY_VERIFY_WITH_TIMEOUT(controller.isOpen() && watcher.isOpen(), patience);
     controller.call("/control/acquire");
     QTRY_COMPARE_WITH_TIMEOUT(controller.answers.size(), 1, patience);
@@ -134,7 +107,7 @@ void NetworkTest::control_is_free_when_the_robot_was_closed_and_listens_again()
     Network network(m_clock, Limits());
     QString error;
     QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
-    Watcher first(network);
+    Watcher first(network.port());
     QTRY_VERIFY_WITH_TIMEOUT(first.isOpen(), patience);
     first.call("/control/acquire");
     QTRY_COMPARE_WITH_TIMEOUT(first.answers.size(), 1, patience);
@@ -143,7 +116,7 @@ void NetworkTest::control_is_free_when_the_robot_was_closed_and_listens_again()
     QCOMPARE(network.port(), quint16(0));
 
     QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
-    Watcher second(network);
+    Watcher second(network.port());
     QTRY_VERIFY_WITH_TIMEOUT(second.isOpen(), patience);
     second.call("/control/acquire");
     QTRY_COMPARE_WITH_TIMEOUT(second.answers.size(), 1, patience);
@@ -159,8 +132,8 @@ void NetworkTest::what_is_published_reaches_the_subscribers()
     network.publish(topic, msg);
     QString error;
     QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
-    Watcher text(network);
-    Watcher binary(network);
+    Watcher text(network.port());
+    Watcher binary(network.port());
     QTRY_VERIFY_WITH_TIMEOUT(text.isOpen() && binary.isOpen(), patience);
 
     QVector<QCborMap> received;

@@ -14,8 +14,10 @@ import resource
 import select
 import signal
 import socket
+import struct
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 
@@ -26,10 +28,22 @@ PROGRAM = ""
 DEADLINE = 30.0  # seconds; nothing here should take one of them on an idle machine
 
 TRIGGER = "std_srvs/Trigger"
-TOPICS = {"/clock": "rosgraph_msgs/Clock", "/rosout": "rosgraph_msgs/Log"}
+TOPICS = {
+    "/camera/camera_info": "sensor_msgs/CameraInfo",
+    "/clock": "rosgraph_msgs/Clock",
+    "/cmd_vel": "geometry_msgs/Twist",
+    "/drive/disabled": "std_msgs/Bool",
+    "/map": "nav_msgs/OccupancyGrid",
+    "/odom": "nav_msgs/Odometry",
+    "/rosout": "rosgraph_msgs/Log",
+    "/scan": "sensor_msgs/LaserScan",
+    "/tf": "tf2_msgs/TFMessage",
+}
 SERVICES = {
+    "/camera/set_parameters": "dynamic_reconfigure/Reconfigure",
     "/control/acquire": TRIGGER,
     "/control/release": TRIGGER,
+    "/drive/disable": "std_srvs/SetBool",
     "/rosapi/get_param": "rosapi/GetParam",
     "/rosapi/service_type": "rosapi/ServiceType",
     "/rosapi/services": "rosapi/Services",
@@ -326,6 +340,77 @@ class TopicTest(EndpointTest):
             await other.send(op="subscribe", topic="/clock")
             for _ in range(count):
                 await other.next(op="publish", topic="/clock")
+
+
+class WorldTest(EndpointTest):
+    async def test_scans_come_as_json_and_as_cbor(self):
+        client = await self.client()
+        await client.send(op="subscribe", topic="/scan", type="sensor_msgs/LaserScan")
+        scan = (await client.next(op="publish"))["msg"]
+        self.assertEqual(
+            scan.keys(),
+            {"header", "angle_min", "angle_max", "angle_increment", "time_increment",
+             "scan_time", "range_min", "range_max", "ranges", "intensities"},
+        )
+        self.assertEqual(scan["header"]["frame_id"], "laser")
+        self.assertEqual(len(scan["ranges"]), 683)
+        self.assertTrue(any(scan["range_min"] < length < 5.6 for length in scan["ranges"]))
+        self.assertEqual(scan["intensities"], [])
+
+        other = await self.client()
+        await other.send(op="subscribe", topic="scan", compression="cbor")
+        message, is_binary = await other.receive()
+        self.assertTrue(is_binary)
+        ranges = message["msg"]["ranges"]
+        self.assertEqual(ranges.tag, 85)  # RFC 8746: float32, little-endian
+        lengths = struct.unpack("<683f", ranges.value)
+        while (scan := (await client.next(op="publish"))["msg"])["header"] != (
+            message["msg"]["header"]
+        ):
+            pass
+        self.assertEqual(list(lengths), scan["ranges"])
+
+    async def test_stamps_are_those_of_the_clock(self):
+        client = await self.client()
+        for topic in ("/clock", "/odom", "/tf", "/scan", "/camera/camera_info"):
+            await client.send(op="subscribe", topic=topic)
+        now = stamp(await client.next(topic="/clock"))
+        for topic in ("/odom", "/tf", "/scan", "/camera/camera_info"):
+            msg = (await client.next(topic=topic))["msg"]
+            time_stamp = (msg["transforms"][0] if topic == "/tf" else msg)["header"]["stamp"]
+            delay = time_stamp["secs"] + time_stamp["nsecs"] * 1e-9 - now
+            self.assertGreater(delay, -0.1, topic)
+            self.assertLess(delay, 5.0, topic)
+
+    async def test_the_last_message_of_a_state_comes_at_once(self):
+        client = await self.client()
+        await client.send(op="subscribe", topic="/map")
+        await client.send(op="subscribe", topic="/drive/disabled")
+        messages = await client.everything_so_far()
+        self.assertEqual([message["topic"] for message in messages], ["/map", "/drive/disabled"])
+        grid = messages[0]["msg"]
+        self.assertEqual(len(grid["data"]), grid["info"]["width"] * grid["info"]["height"])
+        self.assertEqual(set(grid["data"]), {0, 100})
+        self.assertEqual(messages[1]["msg"], {"data": False})
+
+    async def test_a_velocity_command_is_obeyed_for_half_a_second(self):
+        client = await self.client()
+        await client.values("/control/acquire")
+        await client.send(op="subscribe", topic="/odom")
+        await client.send(op="publish", topic="/cmd_vel", msg={"angular": {"z": 1.5}})
+        stamps = []
+        velocity = 0.0
+        while not stamps or velocity > 1.3:  # by itself, the robot turns more slowly
+            msg = (await client.next(topic="/odom"))["msg"]
+            velocity = msg["twist"]["twist"]["angular"]["z"]
+            if velocity > 1.3:
+                self.assertAlmostEqual(velocity, 1.5, 3)
+                time_stamp = msg["header"]["stamp"]
+                stamps.append(time_stamp["secs"] + time_stamp["nsecs"] * 1e-9)
+        self.assertLessEqual(stamps[-1] - stamps[0], 0.5)
+        complaint = await client.complaint(op="publish", topic="/cmd_vel", msg={"linear": 1}, id=1)
+        self.assertIn("linear", complaint["msg"])
+        await client.values("/control/release")
 
 
 class ServiceTest(EndpointTest):
@@ -743,7 +828,7 @@ class ProgramTest(unittest.IsolatedAsyncioTestCase):
         for arguments in (
             ["--port", "65536"], ["--port", "-1"], ["--port", "nine"], ["--port", ""],
             ["--seed", "x"], ["--seed", "4294967296"], ["--address", "a:b:c"],
-            ["--address", "::1:9090"], ["--allow-origin", "localhost"],
+            ["--rate", "2"], ["--address", "::1:9090"], ["--allow-origin", "localhost"],
             ["--allow-origin", "http://localhost/page"], ["--fly", ""], ["surplus"],
         ):
             with self.subTest(arguments=arguments):
@@ -755,11 +840,36 @@ class ProgramTest(unittest.IsolatedAsyncioTestCase):
     def test_help_and_version_are_printed(self):
         result = self.run_robot("--help")
         self.assertEqual(result.returncode, 0)
-        for option in ("--address", "--port", "--seed", "--allow-origin", "--help", "--version"):
+        for option in ("--address", "--port", "--seed", "--allow-origin", "--laser-log", "--rate",
+                       "--help", "--version"):
             self.assertIn(option, result.stdout)
         result = self.run_robot("--version")
         self.assertEqual(result.returncode, 0)
         self.assertRegex(result.stdout, r"^quandrel-robot \d+\.\d+\.\d+\n$")
+
+    async def test_a_recording_takes_the_lasers_place(self):
+        with tempfile.NamedTemporaryFile("w", suffix=".log") as file:
+            for second in (1, 2):
+                file.write(f"FLASER 3 {second} 2 3 0 0 0 0 0 0 {second} host {second}\n")
+            file.write("FLASER 3 nonsense\n")
+            file.flush()
+            robot = Robot("--laser-log", file.name, "--rate", "20", stderr=subprocess.PIPE)
+            self.addCleanup(robot.process.stderr.close)
+            self.addCleanup(robot.stop)
+            self.assertIn(f"{file.name}:3", robot.process.stderr.readline())
+        async with Client(robot.url) as client:
+            await client.send(op="subscribe", topic="/scan")
+            scans = [(await client.next(op="publish"))["msg"] for _ in range(4)]
+        self.assertEqual([scan["ranges"] for scan in scans], 2 * [[1, 2, 3], [2, 2, 3]])
+        self.assertEqual([scan["header"]["seq"] for scan in scans], [0, 1, 2, 3])
+        self.assertEqual({scan["header"]["frame_id"] for scan in scans}, {"laser"})
+
+    def test_a_file_without_a_scan_is_an_error_that_names_it(self):
+        for name in ("/dev/null", "/nonexistent.log"):
+            result = self.run_robot("--laser-log", name)
+            self.assertEqual(result.returncode, 1)
+            self.assertIn(name, result.stderr)
+            self.assertEqual(result.stdout, "")
 
     async def test_it_recovers_when_there_were_too_many_connections(self):
         def limit_files():

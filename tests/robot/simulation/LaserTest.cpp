@@ -15,6 +15,7 @@ class LaserTest : public TestCase
 private Q_SLOTS:
     void a_scan_describes_itself();
     void scans_come_ten_times_a_second();
+    void off_it_measures_nothing_and_on_again_keeps_its_beat();
     void ranges_are_what_lies_around_the_mount_with_noise();
     void what_is_out_of_reach_is_zero();
     void the_same_seed_makes_the_same_noise();
@@ -68,6 +69,25 @@ void LaserTest::scans_come_ten_times_a_second()
         QCOMPARE(scan->header.stamp.count(), (count * Laser::period).count());
     }
     QCOMPARE(count, 100U);
+}
+
+void LaserTest::off_it_measures_nothing_and_on_again_keeps_its_beat()
+{
+    World world(1);
+    Laser laser(world, 1);
+    laser.setOn(false);
+    for (int i = 0; i < 25; ++i) {
+        world.step();
+        QVERIFY(!laser.takeScan());
+    }
+    laser.setOn(true);
+    std::optional<LaserScan> scan;
+    while (!scan) {
+        world.step();
+        scan = laser.takeScan();
+    }
+    QVERIFY(scan->header.stamp == std::chrono::milliseconds(300));
+    QCOMPARE(scan->header.seq, 0U);
 }
 
 void LaserTest::ranges_are_what_lies_around_the_mount_with_noise()
