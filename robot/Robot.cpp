@@ -20,7 +20,7 @@ Robot::Robot(quint32 seed, const Limits& limits, QObject* parent)
 {
     auto laser = std::make_unique<LaserNode>(m_network, m_simulation->laser());
     m_laser = laser.get();
-    m_nodes.push_back(std::make_unique<ClockNode>(m_network));
+    m_nodes.push_back(std::make_unique<ClockNode>(m_network, m_clock));
     m_nodes.push_back(std::make_unique<MapNode>(m_network));
     m_nodes.push_back(std::make_unique<DriveNode>(m_network, m_simulation->driveBase()));
     m_nodes.push_back(std::make_unique<TransformNode>(m_network, m_simulation->driveBase()));

@@ -15,7 +15,7 @@ const QString& topic()
 
 } // namespace
 
-ClockNode::ClockNode(Network& network) : m_network(network)
+ClockNode::ClockNode(Network& network, const Clock& clock) : m_network(network), m_clock(clock)
 {
     network.topics().addPublished(topic(), QStringLiteral("rosgraph_msgs/Clock"));
 }
@@ -23,7 +23,7 @@ ClockNode::ClockNode(Network& network) : m_network(network)
 void ClockNode::step(simulation::Time now)
 {
     if (m_beat.isDue(now))
-        m_network.publish(topic(), {{QStringLiteral("clock"), Clock::stamp(now)}});
+        m_network.publish(topic(), {{QStringLiteral("clock"), Clock::stamp(m_clock.now())}});
 }
 
 } // namespace robot

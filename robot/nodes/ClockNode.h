@@ -6,19 +6,22 @@
 
 namespace robot {
 
+class Clock;
 class Network;
 
-/// The simulation's time as the topic /clock, ten times a second.
+/// The simulation's time as the topic /clock, ten times a second and exact, where other parts give
+/// their messages the time of the world's last step.
 class ClockNode : public Node
 {
 public:
-    /// @p network must outlive the node.
-    explicit ClockNode(Network& network);
+    /// Both must stay as long as clients may come.
+    ClockNode(Network& network, const Clock& clock);
 
     void step(simulation::Time now) override;
 
 private:
     Network& m_network;
+    const Clock& m_clock;
     Beat m_beat{std::chrono::milliseconds(100)};
 };
 
