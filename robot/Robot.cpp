@@ -1,5 +1,6 @@
 #include "robot/Robot.h"
 
+#include "robot/nodes/ArmNode.h"
 #include "robot/nodes/CameraNode.h"
 #include "robot/nodes/ClockNode.h"
 #include "robot/nodes/DriveNode.h"
@@ -26,6 +27,7 @@ Robot::Robot(quint32 seed, const Limits& limits, QObject* parent)
     m_nodes.push_back(std::make_unique<TransformNode>(m_network, m_simulation->driveBase()));
     m_nodes.push_back(std::move(laser));
     m_nodes.push_back(std::make_unique<CameraNode>(m_network));
+    m_nodes.push_back(std::make_unique<ArmNode>(m_network));
 
     connect(&m_timer, &QTimer::timeout, this, &Robot::step);
     m_timer.setTimerType(Qt::PreciseTimer);

@@ -112,10 +112,14 @@ Arm::Answer Arm::setLineEnabled(int line, bool isEnabled)
     return {true, tr("line %1 on").arg(line)};
 }
 
-void Arm::stop()
+bool Arm::stop()
 {
-    for (Axis& axis : m_axes)
+    bool hadTarget = false;
+    for (Axis& axis : m_axes) {
+        hadTarget |= axis.target != axis.position;
         axis.stop();
+    }
+    return hadTarget;
 }
 
 void Arm::step(Time elapsed)

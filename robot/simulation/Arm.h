@@ -66,8 +66,8 @@ public:
     Answer setLineEnabled(int line, bool isEnabled);
     bool isLineEnabled(int line) const { return m_isLineEnabled.at(line); }
 
-    /// All axes stay where they are, and have no other target any more.
-    void stop();
+    /// All axes stay where they are, and have no other target any more. False if none had.
+    bool stop();
 
     /// Moves the axes for @p elapsed, which is not negative.
     void step(Time elapsed);

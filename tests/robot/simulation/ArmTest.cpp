@@ -192,7 +192,8 @@ void ArmTest::stopped_it_stays_where_it_is_and_can_move_again()
     Arm arm = poweredArm();
     arm.move({{Arm::name(0), 100.0, 10.0}, {Arm::name(8), 100.0, 20.0}});
     arm.step(seconds(1));
-    arm.stop();
+    QVERIFY(arm.stop());
+    QVERIFY(!arm.stop());
     for (const Arm::Axis& axis : arm.axes()) {
         QCOMPARE(axis.velocity, 0.0);
         QCOMPARE(axis.target, axis.position);

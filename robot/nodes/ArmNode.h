@@ -1,0 +1,50 @@
+#ifndef ROBOT_NODES_ARMNODE_H
+#define ROBOT_NODES_ARMNODE_H
+
+#include "robot/nodes/Beat.h"
+#include "robot/nodes/Node.h"
+#include "robot/simulation/Arm.h"
+
+#include <QCborMap>
+#include <QCoreApplication>
+#include <QObject>
+
+#include <functional>
+
+namespace robot {
+
+class Network;
+
+/// The arm as clients know it: where its axes are and where they go, thirty times a second, the
+/// command to move them, and a service and a latched topic for each of its switches. It stops when
+/// the client that moves it gives control back.
+class ArmNode : public Node
+{
+    Q_DECLARE_TR_FUNCTIONS(robot::ArmNode)
+
+public:
+    /// @p network must outlive the node.
+    explicit ArmNode(Network& network);
+
+    void step(simulation::Time now) override;
+
+private:
+    using Answer = simulation::Arm::Answer;
+
+    void addSwitch(const QString& name, bool isOn, const std::function<Answer(bool)>& set);
+    QString move(const QCborMap& trajectory);
+    void stop();
+    void report(const Answer& answer);
+    void publishState();
+
+    Network& m_network;
+    simulation::Arm m_arm;
+    simulation::Time m_now{0};
+    Beat m_beat{std::chrono::nanoseconds(std::chrono::seconds(1)) / 30};
+    quint32 m_seq = 0;
+    QObject m_context; // what is connected ends with the node
+};
+
+} // namespace robot
+
+#endif
