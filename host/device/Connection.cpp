@@ -17,7 +17,9 @@ QString text(const QCborMap& map, const char* key)
 
 } // namespace
 
-Connection::Connection(const Timing& timing) : m_timing(timing), m_status(tr("Not connected."))
+Connection::Connection(const Timing& timing)
+    : m_timing(timing),
+      m_status([] { return tr("Not connected."); })
 {
     m_frameTimer.setInterval(m_timing.frame);
     connect(&m_frameTimer, &QTimer::timeout, this, &Connection::onFrame);
@@ -59,7 +61,7 @@ bool Connection::open(const QString& addressText)
     m_isFirstRound = true;
     m_isAcquireAnswered = false;
     m_frameTimer.start();
-    enter(0, tr("Connecting to %1 …").arg(m_address));
+    enter(0, [address = m_address] { return tr("Connecting to %1 …").arg(address); });
     return true;
 }
 
@@ -69,7 +71,7 @@ bool Connection::close()
         return false;
     if (m_hasControl)
         sayGoodbye(std::move(m_client));
-    leave(tr("Not connected."));
+    leave([] { return tr("Not connected."); });
     return true;
 }
 
@@ -125,15 +127,17 @@ void Connection::settle()
 {
     m_frameTimer.stop();
     if (m_hasControl || !m_acquireResult.ok) { // a robot without control services is anyone's
-        enter(connected, tr("Connected to %1.").arg(m_address));
+        enter(connected, [address = m_address] { return tr("Connected to %1.").arg(address); });
         return;
     }
     const QString reason = text(m_acquireResult.values, "message");
-    const QString words = tr("Connected to %1, passive: another client is in control (%2). To "
-                             "take over, connect again when it has left.")
-                              .arg(m_address, reason.isEmpty() ? tr("it gave no name") : reason);
+    const Words words = [address = m_address, reason] {
+        return tr("Connected to %1, passive: another client is in control (%2). To take over, "
+                  "connect again when it has left.")
+            .arg(address, reason.isEmpty() ? tr("it gave no name") : reason);
+    };
     enter(passive, words);
-    Q_EMIT message(emphasisedBaseLogLine, words);
+    Q_EMIT message(emphasisedBaseLogLine, words());
 }
 
 void Connection::onLogMessage(const QCborMap& log)
@@ -152,18 +156,18 @@ void Connection::onLogMessage(const QCborMap& log)
         Q_EMIT message(baseLogLine, QStringLiteral("%1: %2").arg(name, line));
 }
 
-void Connection::enter(int state, const QString& status)
+void Connection::enter(int state, const Words& status)
 {
-    const bool isNewStatus = status != m_status;
+    const bool isNewStatus = status() != m_status();
     m_state = state;
     m_status = status;
     if (isNewStatus)
-        Q_EMIT statusChanged(status);
+        Q_EMIT statusChanged(m_status());
     Q_EMIT stateChanged(state);
 }
 
 /// Deletes the client, from inside its signals and callbacks too.
-void Connection::leave(const QString& status)
+void Connection::leave(const Words& status)
 {
     m_frameTimer.stop();
     m_acquireDeadline.stop();
@@ -178,7 +182,7 @@ void Connection::leave(const QString& status)
 
 void Connection::fail(const QString& words)
 {
-    leave(words);
+    leave([words] { return words; });
     Q_EMIT message(emphasisedBaseLogLine, words);
 }
 

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 namespace host::device {
@@ -34,8 +35,9 @@ public:
 
     int state() const { return m_state; }
 
-    /// One sentence for people.
-    QString status() const { return m_status; }
+    /// One sentence for people, in the language of the moment; what went wrong stays in the
+    /// language in which it did.
+    QString status() const { return m_status(); }
 
     /// Starts to connect. False, and nothing changes, unless the state is -1; false as well for
     /// an address that cannot be understood, which is a failure like the others.
@@ -55,6 +57,7 @@ Q_SIGNALS:
 
 private:
     using Client = robot::link::Client;
+    using Words = std::function<QString()>;
 
     void onOpened();
     void onSimTimeAnswered(const Client::Result& result);
@@ -62,15 +65,15 @@ private:
     void onFrame();
     void settle();
     void onLogMessage(const QCborMap& log);
-    void enter(int state, const QString& status);
-    void leave(const QString& status);
+    void enter(int state, const Words& status);
+    void leave(const Words& status);
     void fail(const QString& words);
     void sayGoodbye(std::unique_ptr<Client> client);
     void setSimulator(bool isSimulator);
 
     Timing m_timing;
     int m_state = notConnected;
-    QString m_status;
+    Words m_status;
     QString m_address;
     std::unique_ptr<Client> m_client; // as long as the state is not -1
     bool m_hasControl = false;
