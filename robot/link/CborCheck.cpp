@@ -4,7 +4,7 @@ namespace robot::link {
 
 namespace {
 
-enum MajorType : unsigned
+enum MajorType
 {
     PositiveInteger,
     NegativeInteger,
