@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace host::workbench {
 
 /// Why a plugin, or a part of it, is missing from the window, in a person's words: shown as a
@@ -17,6 +19,9 @@ struct Failure
     /// All four on one line each.
     QString text() const { return title + '\n' + reason + '\n' + advice + '\n' + file; }
 };
+
+/// Puts a failure into words, in the language of the moment.
+using FailureWords = std::function<Failure()>;
 
 } // namespace host::workbench
 

@@ -1,7 +1,6 @@
 #include "host/workbench/FailureCard.h"
 
-#include "host/workbench/Failure.h"
-
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -10,9 +9,9 @@ namespace host::workbench {
 
 namespace {
 
-QLabel* textLabel(const QString& text, const char* name)
+QLabel* textLabel(const char* name)
 {
-    auto* label = new QLabel(text);
+    auto* label = new QLabel;
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -22,38 +21,59 @@ QLabel* textLabel(const QString& text, const char* name)
 
 } // namespace
 
-FailureCard::FailureCard(const Failure& failure, QWidget* parent) : QFrame(parent)
+FailureCard::FailureCard(const FailureWords& failure, QWidget* parent)
+    : QFrame(parent),
+      m_failure(failure),
+      m_title(textLabel("title")),
+      m_reason(textLabel("reason")),
+      m_advice(textLabel("advice")),
+      // A line edit, since a path has no blanks to wrap at and must still be readable as a whole.
+      m_file(new QLineEdit)
 {
     setObjectName("FailureCard");
-    setAccessibleName(failure.title);
-    setAccessibleDescription(failure.text());
     // Text and background together, so that the card is legible whatever the desktop's colours.
     setStyleSheet("#FailureCard { background: #fcefed; border: 1px solid #e0a8a1;"
                   " border-left: 5px solid #b3261e; }"
                   "#FailureCard QLabel, #FailureCard QLineEdit { color: #33100d; }"
                   "#FailureCard QLineEdit { background: transparent; border: none; }");
 
-    QLabel* title = textLabel(failure.title, "title");
-    QFont font = title->font();
+    QFont font = m_title->font();
     font.setPointSizeF(font.pointSizeF() * 1.25);
     font.setBold(true);
-    title->setFont(font);
+    m_title->setFont(font);
 
-    // A line edit, since a path has no blanks to wrap at and must still be readable as a whole.
-    auto* file = new QLineEdit(failure.file);
-    file->setObjectName("file");
-    file->setReadOnly(true);
-    file->setToolTip(failure.file);
-    file->setCursorPosition(0);
-    file->setTextMargins(-2, 0, 0, 0); // in line with the labels
+    m_file->setObjectName("file");
+    m_file->setReadOnly(true);
+    m_file->setTextMargins(-2, 0, 0, 0); // in line with the labels
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(18, 14, 18, 14);
     layout->setSpacing(8);
-    layout->addWidget(title);
-    layout->addWidget(textLabel(failure.reason, "reason"));
-    layout->addWidget(textLabel(failure.advice, "advice"));
-    layout->addWidget(file);
+    layout->addWidget(m_title);
+    layout->addWidget(m_reason);
+    layout->addWidget(m_advice);
+    layout->addWidget(m_file);
+    translate();
+}
+
+void FailureCard::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        translate();
+    QFrame::changeEvent(event);
+}
+
+void FailureCard::translate()
+{
+    const Failure failure = m_failure();
+    m_title->setText(failure.title);
+    m_reason->setText(failure.reason);
+    m_advice->setText(failure.advice);
+    m_file->setText(failure.file);
+    m_file->setToolTip(failure.file);
+    m_file->setCursorPosition(0);
+    setAccessibleName(failure.title);
+    setAccessibleDescription(failure.text());
 }
 
 } // namespace host::workbench

@@ -1,11 +1,14 @@
 #ifndef HOST_WORKBENCH_FAILURECARD_H
 #define HOST_WORKBENCH_FAILURECARD_H
 
+#include "host/workbench/Failure.h"
+
 #include <QFrame>
 
-namespace host::workbench {
+class QLabel;
+class QLineEdit;
 
-struct Failure;
+namespace host::workbench {
 
 /// Stands in the window where a plugin, or one of its widgets, is missing: what happened, why,
 /// what to do, and the file. All of it can be selected and copied.
@@ -14,7 +17,19 @@ class FailureCard : public QFrame
     Q_OBJECT
 
 public:
-    explicit FailureCard(const Failure& failure, QWidget* parent = nullptr);
+    explicit FailureCard(const FailureWords& failure, QWidget* parent = nullptr);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void translate();
+
+    FailureWords m_failure;
+    QLabel* m_title;
+    QLabel* m_reason;
+    QLabel* m_advice;
+    QLineEdit* m_file;
 };
 
 } // namespace host::workbench

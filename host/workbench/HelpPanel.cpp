@@ -1,26 +1,87 @@
 #include "host/workbench/HelpPanel.h"
 
+#include "host/workbench/HelpPages.h"
+#include "host/workbench/Language.h"
+
+#include <QFile>
+#include <QLabel>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QUrl>
+#include <QVBoxLayout>
 
 namespace host::workbench {
 
-HelpPanel::HelpPanel(QWidget* parent) : QDockWidget(parent), m_browser(new QTextBrowser)
+HelpPanel::HelpPanel(const Language& language, QWidget* parent)
+    : QDockWidget(parent),
+      m_language(language),
+      m_browser(new QTextBrowser),
+      m_outside(new QLabel)
 {
     setObjectName("HelpPanel");
     setFeatures(QDockWidget::DockWidgetClosable);
     setAllowedAreas(Qt::RightDockWidgetArea);
+
     m_browser->setFrameShape(QFrame::NoFrame);
     m_browser->document()->setDocumentMargin(12);
-    setWidget(m_browser);
+    m_browser->setOpenLinks(false);
+    connect(m_browser, &QTextBrowser::anchorClicked, this, &HelpPanel::follow);
+    m_outside->setObjectName("outside");
+    m_outside->setTextFormat(Qt::PlainText);
+    m_outside->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_outside->setWordWrap(true);
+    m_outside->setContentsMargins(12, 6, 12, 6);
+    m_outside->hide();
+
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_browser, 1);
+    layout->addWidget(m_outside);
+    setWidget(content);
     hide();
+    connect(&language, &Language::changed, this, &HelpPanel::translate);
 }
 
-void HelpPanel::open(const QString& title, const QString& text)
+void HelpPanel::openPage(const QString& page)
+{
+    show(helpUrl(page, m_language.written()));
+    QDockWidget::show();
+}
+
+void HelpPanel::openText(const QString& title, const QString& text)
 {
     setWindowTitle(title);
+    m_page.clear();
+    m_outside->hide();
     m_browser->setHtml(text);
-    show();
+    QDockWidget::show();
+}
+
+void HelpPanel::follow(const QUrl& link)
+{
+    if (link.scheme() == QLatin1String("qrc")) {
+        show(link);
+        return;
+    }
+    m_outside->setText(
+        tr("This link leads out of the program: %1").arg(link.toString(QUrl::FullyEncoded)));
+    m_outside->show();
+}
+
+void HelpPanel::show(const QUrl& page)
+{
+    m_page = page.fileName().section('.', 0, 0);
+    m_outside->hide();
+    m_browser->setSource(page);
+    setWindowTitle(helpTitle(page));
+}
+
+void HelpPanel::translate()
+{
+    if (hasPage())
+        show(helpUrl(m_page, m_language.written()));
 }
 
 } // namespace host::workbench

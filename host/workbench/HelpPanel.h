@@ -3,23 +3,42 @@
 
 #include <QDockWidget>
 
+class QLabel;
 class QTextBrowser;
+class QUrl;
 
 namespace host::workbench {
 
-/// Help at the window's side, where it does not get in the way of what it is about.
+class Language;
+
+/// Help at the window's side, where it does not get in the way of what it is about. It follows
+/// the language, and opens nothing outside the program.
 class HelpPanel : public QDockWidget
 {
     Q_OBJECT
 
 public:
-    explicit HelpPanel(QWidget* parent);
+    /// @p language outlives the panel.
+    HelpPanel(const Language& language, QWidget* parent);
 
+    /// Shows the panel with a page of docs/help.
+    void openPage(const QString& page);
     /// Shows the panel with @p text, which is rich text.
-    void open(const QString& title, const QString& text);
+    void openText(const QString& title, const QString& text);
+
+    /// Whether it shows a page, in whatever language is the present one; a text is its owner's
+    /// to translate.
+    bool hasPage() const { return !m_page.isEmpty(); }
 
 private:
+    void follow(const QUrl& link);
+    void show(const QUrl& page);
+    void translate();
+
+    const Language& m_language;
+    QString m_page; // empty: a text, or nothing yet
     QTextBrowser* m_browser;
+    QLabel* m_outside; // the address of a link that leads out of the help
 };
 
 } // namespace host::workbench

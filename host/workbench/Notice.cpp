@@ -1,5 +1,6 @@
 #include "host/workbench/Notice.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStyle>
@@ -7,7 +8,7 @@
 
 namespace host::workbench {
 
-Notice::Notice() : m_words(new QLabel)
+Notice::Notice() : m_words(new QLabel), m_close(new QToolButton)
 {
     setObjectName("Notice");
     // Text and background together, so that it is legible whatever the desktop's colours.
@@ -17,17 +18,28 @@ Notice::Notice() : m_words(new QLabel)
     m_words->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_words->setWordWrap(true);
 
-    auto* close = new QToolButton;
-    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
-    close->setAutoRaise(true);
-    close->setToolTip(tr("Close"));
-    connect(close, &QToolButton::clicked, this, &QWidget::hide);
+    m_close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    m_close->setAutoRaise(true);
+    connect(m_close, &QToolButton::clicked, this, &QWidget::hide);
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(12, 8, 8, 8);
     layout->addWidget(m_words, 1);
-    layout->addWidget(close, 0, Qt::AlignTop);
+    layout->addWidget(m_close, 0, Qt::AlignTop);
+    translate();
     hide();
+}
+
+void Notice::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        translate();
+    QFrame::changeEvent(event);
+}
+
+void Notice::translate()
+{
+    m_close->setToolTip(tr("Close"));
 }
 
 void Notice::add(const QString& words)

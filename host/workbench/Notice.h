@@ -4,6 +4,7 @@
 #include <QFrame>
 
 class QLabel;
+class QToolButton;
 
 namespace host::workbench {
 
@@ -19,8 +20,14 @@ public:
     /// Below what it says already, if it was not closed since.
     void add(const QString& words);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void translate();
+
     QLabel* m_words;
+    QToolButton* m_close;
 };
 
 } // namespace host::workbench

@@ -1,5 +1,7 @@
 #include "host/workbench/Options.h"
 
+#include "host/workbench/Language.h"
+
 #include <QCommandLineParser>
 
 namespace host::workbench {
@@ -22,6 +24,11 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
            "simulated robot's)."),
         "ADDRESS");
     const QCommandLineOption noRobot("no-robot", tr("Do not start the simulated robot."));
+    const QCommandLineOption language(
+        "language",
+        tr("Language of the texts: %1 (default: the one chosen last, or the system's).")
+            .arg(Language::codes().join(", ")),
+        "CODE");
     const QCommandLineOption tour(
         "tour",
         tr("Show every state of the connection without a person, write a picture of each "
@@ -31,7 +38,7 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
     QCommandLineParser parser;
     parser.setApplicationDescription(
         tr("Shows a device plugin at work, with a simulated robot to connect to."));
-    parser.addOptions({help, version, plugin, device, address, noRobot, tour});
+    parser.addOptions({help, version, plugin, device, address, noRobot, language, tour});
 
     const auto refuse = [error](const QString& text) {
         *error = text + '\n' + tr("Use --help for the options.");
@@ -41,7 +48,7 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         return refuse(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
         return refuse(tr("Unexpected argument \"%1\".").arg(parser.positionalArguments().first()));
-    for (const QCommandLineOption& option : {plugin, device, address, tour}) {
+    for (const QCommandLineOption& option : {plugin, device, address, language, tour}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             return refuse(tr("--%1 needs a value that is not empty.").arg(option.names().first()));
     }
@@ -56,6 +63,12 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         options.pluginFile = parser.value(plugin);
         options.robot = !parser.isSet(noRobot);
         options.tourFolder = parser.value(tour);
+        options.language = parser.value(language);
+        if (parser.isSet(language) && !Language::codes().contains(options.language)) {
+            return refuse(tr("--language: \"%1\" is not a language of this program. Choose one of "
+                             "%2.")
+                              .arg(options.language, Language::codes().join(", ")));
+        }
         if (parser.isSet(device))
             options.deviceName = parser.value(device);
         if (parser.isSet(address)) {

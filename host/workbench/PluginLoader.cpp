@@ -48,24 +48,38 @@ QString PluginLoader::defaultFile()
     return QCoreApplication::applicationDirPath() + "/libdevice_quandrel_gui.so";
 }
 
+std::optional<Failure> PluginLoader::failure() const
+{
+    return m_failure ? std::make_optional(m_failure()) : std::nullopt;
+}
+
 void PluginLoader::load()
 {
-    const QString otherPath = tr("Check the path given with --plugin. Without that option the "
-                                 "workbench loads the one that came with it.");
+    const auto fail = [this](auto title, auto reason) {
+        m_failure = [file = m_file, title, reason] {
+            return Failure{title(), reason(),
+                           tr("Check the path given with --plugin. Without that option the "
+                              "workbench loads the one that came with it."),
+                           file};
+        };
+    };
     const QFileInfo info(m_file);
     if (!info.exists()) {
-        fail(tr("The plugin was not found"), tr("There is no such file."), otherPath);
+        fail([] { return tr("The plugin was not found"); },
+             [] { return tr("There is no such file."); });
         return;
     }
     if (!info.isFile() || !info.isReadable()) {
-        fail(tr("The plugin cannot be read"),
-             info.isFile() ? tr("You have no permission to read the file.")
-                           : tr("The path names a folder, not a file."),
-             otherPath);
+        fail([] { return tr("The plugin cannot be read"); },
+             [isFile = info.isFile()] {
+                 return isFile ? tr("You have no permission to read the file.")
+                               : tr("The path names a folder, not a file.");
+             });
         return;
     }
     if (!isElf(m_file)) {
-        fail(tr("This is not a plugin"), tr("The file is not a shared library."), otherPath);
+        fail([] { return tr("This is not a plugin"); },
+             [] { return tr("The file is not a shared library."); });
         return;
     }
 
@@ -74,15 +88,20 @@ void PluginLoader::load()
     if (!library) {
         QString error = QString::fromLocal8Bit(dlerror());
         error.remove(m_file + ": ");
-        fail(tr("The plugin could not be loaded"), tr("The system's loader says: %1.").arg(error),
-             tr("Build the plugin again for this version of the host and of Qt, and install the "
-                "libraries it needs; \"ldd -r\" on the file lists what is missing."));
+        m_failure = [file = m_file, error] {
+            return Failure{tr("The plugin could not be loaded"),
+                           tr("The system's loader says: %1.").arg(error),
+                           tr("Build the plugin again for this version of the host and of Qt, and "
+                              "install the libraries it needs; \"ldd -r\" on the file lists what "
+                              "is missing."),
+                           file};
+        };
         return;
     }
     void* factory = dlsym(library, factoryName);
     if (!factory) {
-        fail(tr("This is not a device plugin"),
-             tr("The library does not export the function %1.").arg(factoryName), otherPath);
+        fail([] { return tr("This is not a device plugin"); },
+             [] { return tr("The library does not export the function %1.").arg(factoryName); });
         return;
     }
     start(factory);
@@ -90,31 +109,32 @@ void PluginLoader::load()
 
 void PluginLoader::start(void* factory)
 {
-    const QString askMaker = tr("Ask the maker of the plugin for a repaired version, or choose "
-                                "another plugin with --plugin.");
-    const QString title = tr("The plugin failed to start");
+    const auto fail = [this](auto reason) {
+        m_failure = [file = m_file, reason] {
+            return Failure{tr("The plugin failed to start"), reason(),
+                           tr("Ask the maker of the plugin for a repaired version, or choose "
+                              "another plugin with --plugin."),
+                           file};
+        };
+    };
     const char* function = factoryName;
     try {
         plugin::gui::Interface* interface = nullptr;
         reinterpret_cast<Factory>(factory)(&interface);
         if (!interface) {
-            fail(title, tr("Its function %1 gave no interface object.").arg(factoryName), askMaker);
+            fail([] { return tr("Its function %1 gave no interface object.").arg(factoryName); });
             return;
         }
         function = "init";
         interface->init();
         m_interface = interface;
     } catch (const std::exception& e) {
-        fail(title, tr("Its function %1 threw: %2.").arg(function, QString::fromUtf8(e.what())),
-             askMaker);
+        fail([function, what = QString::fromUtf8(e.what())] {
+            return tr("Its function %1 threw: %2.").arg(function, what);
+        });
     } catch (...) {
-        fail(title, tr("Its function %1 threw something unknown.").arg(function), askMaker);
+        fail([function] { return tr("Its function %1 threw something unknown.").arg(function); });
     }
-}
-
-void PluginLoader::fail(const QString& title, const QString& reason, const QString& advice)
-{
-    m_failure = Failure{title, reason, advice, m_file};
 }
 
 } // namespace host::workbench

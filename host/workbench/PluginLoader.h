@@ -36,8 +36,8 @@ public:
     /// Owned by the plugin; null when loading failed.
     const plugin::gui::Interface* interface() const { return m_interface; }
 
-    /// Set when loading failed.
-    const std::optional<Failure>& failure() const { return m_failure; }
+    /// Set when loading failed; in the language of the moment.
+    std::optional<Failure> failure() const;
 
     /// Absolute.
     const QString& file() const { return m_file; }
@@ -45,11 +45,10 @@ public:
 private:
     void load();
     void start(void* factory);
-    void fail(const QString& title, const QString& reason, const QString& advice);
 
     QString m_file;
     const plugin::gui::Interface* m_interface = nullptr;
-    std::optional<Failure> m_failure;
+    FailureWords m_failure; // empty when all is well
 };
 
 } // namespace host::workbench

@@ -2,6 +2,7 @@
 #define HOST_WORKBENCH_SERVICES_H
 
 #include "host/device/Services.h"
+#include "host/workbench/Language.h"
 
 #include <QHash>
 #include <QObject>
@@ -15,6 +16,10 @@ class Services : public QObject, public device::Services
     Q_OBJECT
 
 public:
+    Services();
+
+    Language& language() { return m_language; }
+
     QString translate(const QString& text) const override;
     QString currentLanguage() const override;
     QAction* helpAction(const QString& context) override;
@@ -24,6 +29,9 @@ Q_SIGNALS:
     void helpRequested(const QString& context);
 
 private:
+    void translateHelpActions();
+
+    Language m_language;
     QHash<QString, QAction*> m_helpActions;
 };
 

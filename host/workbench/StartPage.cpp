@@ -43,6 +43,7 @@ StartPage::StartPage(const QString& deviceName, const QString& robot, QWidget* p
       m_lamp(new QLabel),
       m_status(paragraph(1.15)),
       m_steps(paragraph()),
+      m_note(paragraph()),
       m_robot(robot)
 {
     setObjectName("StartPage");
@@ -54,9 +55,6 @@ StartPage::StartPage(const QString& deviceName, const QString& robot, QWidget* p
     QLabel* title = paragraph(2.0);
     title->setTextFormat(Qt::PlainText);
     title->setText(deviceName);
-
-    QLabel* note = paragraph();
-    note->setText(tr("This plugin brings no dialog of its own: all it offers is in the tool bar."));
 
     auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);
@@ -83,7 +81,7 @@ StartPage::StartPage(const QString& deviceName, const QString& robot, QWidget* p
     rows->addLayout(connection);
     rows->addWidget(line);
     rows->addWidget(m_steps);
-    rows->addWidget(note);
+    rows->addWidget(m_note);
     rows->addStretch();
 
     auto* layout = new QVBoxLayout(this);
@@ -97,6 +95,8 @@ void StartPage::setConnection(int state, const QString& status)
 {
     m_lamp->setPixmap(lamp(state, devicePixelRatioF()));
     m_status->setText(status);
+    m_note->setText(
+        tr("This plugin brings no dialog of its own: all it offers is in the tool bar."));
     if (state < 0) {
         QString steps = tr("<p>How to begin:</p>"
                            "<ol><li>Write the robot's address into the field in the tool bar.</li>"

@@ -17,13 +17,14 @@ public:
     /// @p robot says where the simulated robot runs; empty where there is none.
     StartPage(const QString& deviceName, const QString& robot, QWidget* parent = nullptr);
 
-    /// @p state as in device::Device::connectionState().
+    /// @p state as in device::Device::connectionState(). Sets all texts: also for a new language.
     void setConnection(int state, const QString& status);
 
 private:
     QLabel* m_lamp;
     QLabel* m_status;
     QLabel* m_steps;
+    QLabel* m_note;
     QString m_robot;
 };
 

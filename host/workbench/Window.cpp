@@ -2,8 +2,9 @@
 
 #include "host/device/Device.h"
 #include "host/workbench/FailureCard.h"
+#include "host/workbench/HelpPages.h"
 #include "host/workbench/HelpPanel.h"
-#include "host/workbench/HelpTopics.h"
+#include "host/workbench/LanguageMenu.h"
 #include "host/workbench/Notice.h"
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/Services.h"
@@ -33,10 +34,9 @@ Window::Window(const PluginLoader& plugin, device::Device& device, Services& ser
       m_services(services),
       m_robot(robot),
       m_notice(new Notice),
-      m_help(new HelpPanel(this)),
+      m_help(new HelpPanel(services.language(), this)),
       m_status(new QLabel)
 {
-    setWindowTitle(tr("%1 - device workbench").arg(device.name()));
     setContextMenuPolicy(Qt::NoContextMenu); // its entries would hide the tool bar for good
     resize(800, 540);
     addDockWidget(Qt::RightDockWidgetArea, m_help);
@@ -55,6 +55,41 @@ Window::Window(const PluginLoader& plugin, device::Device& device, Services& ser
     connect(&device, &device::Device::statusChanged, this, &Window::showConnection);
     connect(&device, &device::Device::problem, this, &Window::notify);
     connect(&services, &Services::helpRequested, this, &Window::showHelp);
+    translate();
+}
+
+QList<Failure> Window::failures() const
+{
+    QList<Failure> failures;
+    for (const FailureWords& failure : m_failures)
+        failures << failure();
+    return failures;
+}
+
+void Window::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        translate();
+        m_device.translateWidgets();
+    }
+    QMainWindow::changeEvent(event);
+}
+
+void Window::translate()
+{
+    setWindowTitle(tr("%1 - device workbench").arg(m_device.name()));
+    m_fileMenu->setTitle(tr("&File"));
+    m_quit->setText(tr("&Quit"));
+    m_helpMenu->setTitle(tr("&Help"));
+    m_contextHelp->setText(tr("&Context help"));
+    m_contents->setText(tr("C&ontents"));
+    m_about->setText(tr("&About"));
+    if (m_toolBar)
+        m_toolBar->setWindowTitle(tr("Device"));
+    if (m_robotLabel)
+        m_robotLabel->setText(tr("Simulated robot: %1").arg(m_robot));
+    if (m_help->isVisible() && !m_help->hasPage())
+        showAbout();
     showConnection();
 }
 
@@ -65,16 +100,23 @@ void Window::notify(const QString& words)
 
 void Window::addMenus()
 {
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    QAction* quit = file->addAction(tr("&Quit"));
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    connect(quit, &QAction::triggered, this, &QWidget::close);
+    m_fileMenu = menuBar()->addMenu(QString());
+    m_quit = m_fileMenu->addAction(QString());
+    m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(m_quit, &QAction::triggered, this, &QWidget::close);
 
-    QMenu* help = menuBar()->addMenu(tr("&Help"));
-    QAction* contents = help->addAction(tr("&Context help"));
-    contents->setShortcut(QKeySequence(Qt::Key_F1));
-    connect(contents, &QAction::triggered, this, &Window::showHelpOfFocus);
-    connect(help->addAction(tr("&About")), &QAction::triggered, this, &Window::showAbout);
+    auto* languages = new LanguageMenu(m_services.language(), this);
+    menuBar()->addMenu(languages);
+    connect(languages, &LanguageMenu::problem, this, &Window::notify);
+
+    m_helpMenu = menuBar()->addMenu(QString());
+    m_contextHelp = m_helpMenu->addAction(QString());
+    m_contextHelp->setShortcut(QKeySequence(Qt::Key_F1));
+    connect(m_contextHelp, &QAction::triggered, this, &Window::showHelpOfFocus);
+    m_contents = m_helpMenu->addAction(QString());
+    connect(m_contents, &QAction::triggered, this, &Window::showMainHelp);
+    m_about = m_helpMenu->addAction(QString());
+    connect(m_about, &QAction::triggered, this, &Window::showAbout);
 }
 
 void Window::addStatusBar()
@@ -87,9 +129,9 @@ void Window::addStatusBar()
     statusBar()->setContentsMargins(6, 0, 0, 0);
     statusBar()->addWidget(m_status, 1);
     if (!m_robot.isEmpty()) {
-        auto* robot = new QLabel(tr("Simulated robot: %1").arg(m_robot));
-        robot->setObjectName("robot");
-        statusBar()->addPermanentWidget(robot);
+        m_robotLabel = new QLabel;
+        m_robotLabel->setObjectName("robot");
+        statusBar()->addPermanentWidget(m_robotLabel);
     }
 }
 
@@ -97,22 +139,24 @@ void Window::addPlugin()
 {
     if (m_plugin.failure()) {
         m_middle->addStretch(2);
-        addFailure(*m_plugin.failure());
+        addFailure([this] { return *m_plugin.failure(); });
         m_middle->addStretch(3);
         return;
     }
 
     DeviceWidget* toolBarWidget = loadWidget("toolbar");
     if (toolBarWidget) {
-        auto* toolBar = new QToolBar(tr("Device"));
-        toolBar->setMovable(false);
-        toolBar->addWidget(toolBarWidget);
-        addToolBar(toolBar);
+        m_toolBar = new QToolBar;
+        m_toolBar->setMovable(false);
+        m_toolBar->addWidget(toolBarWidget);
+        addToolBar(m_toolBar);
     } else if (m_failures.isEmpty()) {
-        addFailure({tr("The plugin has no tool bar"),
-                    tr("Asked for the widget \"toolbar\", it gave none. Without it there is no "
-                       "way to connect."),
-                    tr("Choose a plugin made for this device with --plugin."), m_plugin.file()});
+        addFailure([file = m_plugin.file()] {
+            return Failure{tr("The plugin has no tool bar"),
+                           tr("Asked for the widget \"toolbar\", it gave none. Without it there is "
+                              "no way to connect."),
+                           tr("Choose a plugin made for this device with --plugin."), file};
+        });
     }
 
     if (DeviceWidget* dialog = loadWidget("dialog")) {
@@ -127,23 +171,26 @@ void Window::addPlugin()
 
 DeviceWidget* Window::loadWidget(const char* name)
 {
-    QString reason;
+    QString what; // empty: unknown
     try {
         return m_device.loadWidget(*m_plugin.interface(), name);
     } catch (const std::exception& e) {
-        reason = QString::fromUtf8(e.what());
+        what = QString::fromUtf8(e.what());
     } catch (...) {
-        reason = tr("an exception of an unknown type");
     }
-    addFailure({tr("A widget of the plugin failed"),
-                tr("The widget \"%1\" ended while it was being built: %2.").arg(name, reason),
-                tr("The rest of the window goes on without it. Ask the maker of the plugin for a "
-                   "repaired version."),
-                m_plugin.file()});
+    addFailure([what, name, file = m_plugin.file()] {
+        const QString reason = what.isEmpty() ? tr("an exception of an unknown type") : what;
+        return Failure{
+            tr("A widget of the plugin failed"),
+            tr("The widget \"%1\" ended while it was being built: %2.").arg(name, reason),
+            tr("The rest of the window goes on without it. Ask the maker of the plugin "
+               "for a repaired version."),
+            file};
+    });
     return nullptr;
 }
 
-void Window::addFailure(const Failure& failure)
+void Window::addFailure(const FailureWords& failure)
 {
     m_failures.append(failure);
     auto* frame = new QVBoxLayout;
@@ -163,20 +210,23 @@ void Window::showConnection()
 
 void Window::showHelp(const QString& context)
 {
-    const HelpTopic topic = helpTopic(context);
-    m_help->open(topic.title, topic.text);
+    m_help->openPage(helpPage(context));
+}
+
+void Window::showMainHelp()
+{
+    m_help->openPage(mainHelpPage);
 }
 
 void Window::showHelpOfFocus()
 {
-    QString context;
     for (const QWidget* widget = focusWidget(); widget; widget = widget->parentWidget()) {
         if (const auto* pluginWidget = dynamic_cast<const plugin::gui::PluginWidget*>(widget)) {
-            context = pluginWidget->helpContext();
-            break;
+            showHelp(pluginWidget->helpContext());
+            return;
         }
     }
-    showHelp(context);
+    showMainHelp();
 }
 
 void Window::showAbout()
@@ -191,7 +241,7 @@ void Window::showAbout()
                          QString::fromLatin1(info.vendor().c_str()).toHtmlEscaped(),
                          m_plugin.file().toHtmlEscaped());
     }
-    m_help->open(tr("About"), text);
+    m_help->openText(tr("About"), text);
 }
 
 } // namespace host::workbench

@@ -6,7 +6,10 @@
 #include <QList>
 #include <QMainWindow>
 
+class QAction;
 class QLabel;
+class QMenu;
+class QToolBar;
 class QVBoxLayout;
 
 namespace host::device {
@@ -38,20 +41,25 @@ public:
     Window(const PluginLoader& plugin, device::Device& device, Services& services,
            const QString& robot);
 
-    /// What the plugin failed to bring, in the order of the cards.
-    const QList<Failure>& failures() const { return m_failures; }
+    /// What the plugin failed to bring, in the order of the cards and the language of the moment.
+    QList<Failure> failures() const;
 
     /// Tells what a person should know of, until it is put away.
     void notify(const QString& words);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void translate();
     void addMenus();
     void addStatusBar();
     void addPlugin();
     plugin::gui::DeviceWidget* loadWidget(const char* name);
-    void addFailure(const Failure& failure);
+    void addFailure(const FailureWords& failure);
     void showConnection();
     void showHelp(const QString& context);
+    void showMainHelp();
     void showHelpOfFocus();
     void showAbout();
 
@@ -59,7 +67,15 @@ private:
     device::Device& m_device;
     Services& m_services;
     QString m_robot;
-    QList<Failure> m_failures;
+    QList<FailureWords> m_failures;
+    QMenu* m_fileMenu;
+    QMenu* m_helpMenu;
+    QAction* m_quit;
+    QAction* m_contextHelp;
+    QAction* m_contents;
+    QAction* m_about;
+    QToolBar* m_toolBar = nullptr;  // the plugin's; null without one
+    QLabel* m_robotLabel = nullptr; // null without a robot
     QVBoxLayout* m_middle;
     Notice* m_notice;
     StartPage* m_startPage = nullptr;

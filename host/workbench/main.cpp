@@ -19,11 +19,6 @@ using namespace host::workbench;
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("host::workbench::main", text);
-}
-
 int refuse(const QString& text)
 {
     QTextStream(stderr) << text << '\n';
@@ -71,6 +66,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationName("device-workbench");
     QApplication::setApplicationVersion(WORKBENCH_VERSION);
 
+    Services services;
+    services.language().use(Language::system());
     QString error;
     const std::optional<Options> options = Options::parse(arguments, &error);
     if (!options)
@@ -81,8 +78,9 @@ int main(int argc, char** argv)
     }
     const bool isTour = !options->tourFolder.isEmpty();
     if (!hasDisplay && !isTour)
-        return refuse(tr("There is no display: set DISPLAY or WAYLAND_DISPLAY, or let --tour DIR "
-                         "write pictures of the window."));
+        return refuse(QCoreApplication::translate(
+            "main", "There is no display: set DISPLAY or WAYLAND_DISPLAY, or let --tour DIR "
+                    "write pictures of the window."));
 
     std::optional<EmbeddedRobot> robot;
     if (options->robot)
@@ -94,10 +92,12 @@ int main(int argc, char** argv)
     const QString settings =
         isTour ? tourSettings.path()
                : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    services.language().restore(settings);
+    if (!options->language.isEmpty())
+        services.language().use(options->language);
 
     const PluginLoader plugin(options->pluginFile.isEmpty() ? PluginLoader::defaultFile()
                                                             : options->pluginFile);
-    Services services;
     host::device::Device device(options->deviceName, settings, services);
     if (!robotAddress.isEmpty())
         device.setDefaultAddress(robotAddress);

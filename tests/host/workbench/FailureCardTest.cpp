@@ -23,7 +23,9 @@ private Q_SLOTS:
 
 void FailureCardTest::the_card_shows_what_happened_why_what_to_do_and_the_file()
 {
-    const FailureCard card({"It broke", "It was old.", "Buy a new one.", "/a/b/c.so"});
+    const FailureCard card([] {
+        return Failure{"It broke", "It was old.", "Buy a new one.", "/a/b/c.so"};
+    });
 
     QStringList shown;
     for (const QLabel* label : card.findChildren<QLabel*>()) {
@@ -38,14 +40,14 @@ void FailureCardTest::the_card_shows_what_happened_why_what_to_do_and_the_file()
 
 void FailureCardTest::text_that_looks_like_markup_is_shown_as_it_is()
 {
-    const FailureCard card({"t", "std::vector<int> & <b>", "a", "f"});
+    const FailureCard card([] { return Failure{"t", "std::vector<int> & <b>", "a", "f"}; });
     QCOMPARE(card.findChild<QLabel*>("reason")->textFormat(), Qt::PlainText);
 }
 
 void FailureCardTest::the_card_is_announced_to_those_who_cannot_see_it()
 {
     const Failure failure{"It broke", "It was old.", "Buy a new one.", "/a/b/c.so"};
-    const FailureCard card(failure);
+    const FailureCard card([failure] { return failure; });
     QCOMPARE(card.accessibleName(), failure.title);
     QCOMPARE(card.accessibleDescription(), failure.text());
 }

@@ -40,6 +40,7 @@ void OptionsTest::nothing_given_means_the_usual()
     QVERIFY(options->robot);
     QVERIFY(!options->address);
     QVERIFY(options->pluginFile.isEmpty() && options->tourFolder.isEmpty());
+    QVERIFY(options->language.isEmpty());
     QVERIFY(options->message.isEmpty());
 }
 
@@ -47,13 +48,14 @@ void OptionsTest::every_option_is_understood()
 {
     QString error;
     const auto options = parse({"--plugin", "p.so", "--device", "Two", "--address", "robot:80",
-                                "--no-robot", "--tour", "pictures"},
+                                "--no-robot", "--language", "de", "--tour", "pictures"},
                                &error);
     QVERIFY2(options, qPrintable(error));
     QCOMPARE(options->pluginFile, QString("p.so"));
     QCOMPARE(options->deviceName, QString("Two"));
     QCOMPARE(options->address->toString(), QString("robot:80"));
     QVERIFY(!options->robot);
+    QCOMPARE(options->language, QString("de"));
     QCOMPARE(options->tourFolder, QString("pictures"));
 }
 
@@ -85,8 +87,9 @@ void OptionsTest::help_names_every_option()
     QString error;
     const auto options = parse({"--help"}, &error);
     QVERIFY2(options, qPrintable(error));
-    for (const char* option : {"--plugin <FILE>", "--device <NAME>", "--address <ADDRESS>",
-                               "--no-robot", "--tour <DIR>", "--help", "--version"})
+    for (const char* option :
+         {"--plugin <FILE>", "--device <NAME>", "--address <ADDRESS>", "--no-robot",
+          "--language <CODE>", "--tour <DIR>", "--help", "--version"})
         QVERIFY2(options->message.contains(QLatin1String(option)), option);
 }
 
@@ -111,6 +114,9 @@ void OptionsTest::a_mistake_is_refused_by_its_name_data()
     QTest::newRow("value for none") << QStringList("--no-robot=yes") << "--no-robot";
     QTest::newRow("bad address") << QStringList({"--address", "a b"}) << "\"a b\"";
     QTest::newRow("bad port") << QStringList({"--address", "robot:99999"}) << "99999";
+    QTest::newRow("unknown language") << QStringList({"--language", "fr"}) << "\"fr\"";
+    QTest::newRow("languages to pick") << QStringList({"--language", "fr"}) << "en, de, pseudo";
+    QTest::newRow("empty language") << QStringList({"--language", ""}) << "--language";
     QTest::newRow("empty address") << QStringList({"--address", ""}) << "--address";
 }
 

@@ -87,7 +87,7 @@ void PluginLoaderTest::a_broken_plugin_is_a_failure_that_says_why_and_where()
     const PluginLoader loader(path);
     QVERIFY(!loader.interface());
     QVERIFY(loader.failure());
-    const Failure& failure = *loader.failure();
+    const Failure failure = *loader.failure();
     QCOMPARE(failure.title, title);
     QVERIFY2(failure.reason.contains(reason), qPrintable(failure.reason));
     QVERIFY2(!failure.reason.contains(path), "the path has a line of its own");

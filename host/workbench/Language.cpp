@@ -1,0 +1,107 @@
+#include "host/workbench/Language.h"
+
+#include "host/workbench/PseudoTranslator.h"
+
+#include <QDir>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QSettings>
+#include <QTranslator>
+
+namespace host::workbench {
+
+namespace {
+
+constexpr const char* english = "en";
+constexpr const char* german = "de";
+constexpr const char* pseudo = "pseudo";
+
+constexpr const char* settingsKey = "language";
+
+QString folderOfQtsOwn()
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+#else
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#endif
+}
+
+std::unique_ptr<QTranslator> load(const QString& file, const QString& folder)
+{
+    auto translator = std::make_unique<QTranslator>();
+    // Qt's own file is not on every machine: its few texts stay English then.
+    return translator->load(file, folder) ? std::move(translator) : nullptr;
+}
+
+} // namespace
+
+Language::Language() : m_code(QLatin1String(english)) {}
+
+Language::~Language() = default;
+
+QStringList Language::codes()
+{
+    return {QLatin1String(english), QLatin1String(german), QLatin1String(pseudo)};
+}
+
+QString Language::system()
+{
+    const QString code = QLocale::system().name().section('_', 0, 0);
+    return codes().contains(code) ? code : QLatin1String(english);
+}
+
+QString Language::name(const QString& code)
+{
+    if (code == QLatin1String(pseudo))
+        return tr("Pseudo (for developers)");
+    return code == QLatin1String(german) ? QStringLiteral("Deutsch") : QStringLiteral("English");
+}
+
+QString Language::written() const
+{
+    return m_code == QLatin1String(pseudo) ? QLatin1String(english) : m_code;
+}
+
+void Language::use(const QString& code)
+{
+    if (code == m_code)
+        return;
+    m_code = code;
+    m_translators.clear(); // which takes them out of the application
+    if (code == QLatin1String(pseudo)) {
+        m_translators.push_back(std::make_unique<PseudoTranslator>());
+    } else if (code != QLatin1String(english)) {
+        m_translators.push_back(load("qtbase_" + code, folderOfQtsOwn()));
+        for (const char* component : {"workbench_", "device_quandrel_gui_"})
+            m_translators.push_back(load(QLatin1String(component) + code, ":/translations"));
+    }
+    for (const auto& translator : m_translators)
+        QCoreApplication::installTranslator(translator.get());
+    Q_EMIT changed();
+}
+
+void Language::restore(const QString& folder)
+{
+    m_file = QDir(folder).filePath("workbench.ini");
+    const QString code = QSettings(m_file, QSettings::IniFormat).value(settingsKey).toString();
+    if (codes().contains(code))
+        use(code);
+}
+
+QString Language::choose(const QString& code)
+{
+    use(code);
+    if (m_file.isEmpty())
+        return {};
+    QSettings settings(m_file, QSettings::IniFormat);
+    settings.setValue(settingsKey, code);
+    settings.sync();
+    if (settings.status() == QSettings::NoError)
+        return {};
+    return tr("The language could not be stored in %1, so the next start will not know it: make "
+              "room or the folder writable, and choose it again.")
+        .arg(QDir::toNativeSeparators(m_file));
+}
+
+} // namespace host::workbench

@@ -1,0 +1,1122 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>host::device::ConfigStorage</name>
+    <message>
+        <source>The stored settings in %1 cannot be read (%2). The defaults are used, and changes are not stored: make the file readable and start again.</source>
+        <translation>Die gespeicherten Einstellungen in %1 können nicht gelesen werden (%2). Es gelten die Vorgaben, und Änderungen werden nicht gespeichert: Machen Sie die Datei lesbar und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>at byte %1: %2</source>
+        <translation>bei Byte %1: %2</translation>
+    </message>
+    <message>
+        <source>it is not a JSON object</source>
+        <translation>sie ist kein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not an object with a type and a value</source>
+        <translation>„%1“ ist kein Objekt mit Typ und Wert</translation>
+    </message>
+    <message>
+        <source>the value of &quot;%1&quot; is not of its type</source>
+        <translation>der Wert von „%1“ ist nicht von seinem Typ</translation>
+    </message>
+    <message>
+        <source>The stored settings in %1 are damaged (%2). They were moved to %3 and the defaults are used: set them again, or correct that file and move it back.</source>
+        <translation>Die gespeicherten Einstellungen in %1 sind beschädigt (%2). Sie wurden nach %3 verschoben, und es gelten die Vorgaben: Stellen Sie alles neu ein, oder berichtigen Sie diese Datei und verschieben Sie sie zurück.</translation>
+    </message>
+    <message>
+        <source>The stored settings in %1 are damaged (%2) and cannot be moved aside (%3). The defaults are used, and changes are not stored: correct or remove the file and start again.</source>
+        <translation>Die gespeicherten Einstellungen in %1 sind beschädigt (%2) und können nicht beiseitegelegt werden (%3). Es gelten die Vorgaben, und Änderungen werden nicht gespeichert: Berichtigen oder entfernen Sie die Datei und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be made</source>
+        <translation>der Ordner kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>The settings cannot be stored in %1 (%2). Changes are lost when the program ends: make room or the folder writable, and change a setting again.</source>
+        <translation>Die Einstellungen können nicht in %1 gespeichert werden (%2). Änderungen gehen am Programmende verloren: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar, und ändern Sie eine Einstellung erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::Connection</name>
+    <message>
+        <source>Not connected.</source>
+        <translation>Nicht verbunden.</translation>
+    </message>
+    <message>
+        <source>%1 has not answered the request for control for %2 s. Restart the robot&apos;s program and connect again.</source>
+        <translation>%1 hat die Bitte um die Steuerung seit %2 s nicht beantwortet. Starten Sie das Programm des Roboters neu und verbinden Sie erneut.</translation>
+    </message>
+    <message>
+        <source>Robot, %1: %2</source>
+        <translation>Roboter, %1: %2</translation>
+    </message>
+    <message>
+        <source>Connecting to %1 …</source>
+        <translation>Verbindung mit %1 wird aufgebaut …</translation>
+    </message>
+    <message>
+        <source>Connected to %1.</source>
+        <translation>Verbunden mit %1.</translation>
+    </message>
+    <message>
+        <source>Connected to %1, passive: another client is in control (%2). To take over, connect again when it has left.</source>
+        <translation>Verbunden mit %1, passiv: Ein anderer Client hat die Steuerung (%2). Um sie zu übernehmen, verbinden Sie erneut, sobald er gegangen ist.</translation>
+    </message>
+    <message>
+        <source>it gave no name</source>
+        <translation>er nannte keinen Namen</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::Device</name>
+    <message>
+        <source>The stored setting &quot;%1&quot; in %2 is of another type than this program expects. The default is used: set it again, or correct the file.</source>
+        <translation>Die gespeicherte Einstellung „%1“ in %2 ist von einem anderen Typ, als dieses Programm erwartet. Es gilt die Vorgabe: Stellen Sie sie neu ein, oder berichtigen Sie die Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::HelpPanel</name>
+    <message>
+        <source>This link leads out of the program: %1</source>
+        <translation>Dieser Verweis führt aus dem Programm hinaus: %1</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::Language</name>
+    <message>
+        <source>Pseudo (for developers)</source>
+        <translation>Pseudo (für Entwickler)</translation>
+    </message>
+    <message>
+        <source>The language could not be stored in %1, so the next start will not know it: make room or the folder writable, and choose it again.</source>
+        <translation>Die Sprache konnte nicht in %1 gespeichert werden, beim nächsten Start ist sie vergessen: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar, und wählen Sie sie erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::LanguageMenu</name>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::Notice</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::Options</name>
+    <message>
+        <source>Show this help and end.</source>
+        <translation>Zeigt diese Hilfe und endet.</translation>
+    </message>
+    <message>
+        <source>Show the version and end.</source>
+        <translation>Zeigt die Version und endet.</translation>
+    </message>
+    <message>
+        <source>Load the device plugin FILE instead of the one beside this program.</source>
+        <translation>Lädt das Geräte-Plugin FILE anstelle dessen, das neben diesem Programm liegt.</translation>
+    </message>
+    <message>
+        <source>Name of the device, under which its settings are kept (default: %1).</source>
+        <translation>Name des Geräts, unter dem seine Einstellungen abgelegt sind (Vorgabe: %1).</translation>
+    </message>
+    <message>
+        <source>Address of the robot: host, host:port or [IPv6]:port (default: the simulated robot&apos;s).</source>
+        <translation>Adresse des Roboters: Host, Host:Port oder [IPv6]:Port (Vorgabe: die des simulierten Roboters).</translation>
+    </message>
+    <message>
+        <source>Do not start the simulated robot.</source>
+        <translation>Startet den simulierten Roboter nicht.</translation>
+    </message>
+    <message>
+        <source>Language of the texts: %1 (default: the one chosen last, or the system&apos;s).</source>
+        <translation>Sprache der Texte: %1 (Vorgabe: die zuletzt gewählte oder die des Systems).</translation>
+    </message>
+    <message>
+        <source>Show every state of the connection without a person, write a picture of each to the folder DIR, and end. Stored settings are left alone.</source>
+        <translation>Zeigt ohne Bedienung jeden Zustand der Verbindung, schreibt je ein Bild davon in den Ordner DIR und endet. Gespeicherte Einstellungen bleiben unberührt.</translation>
+    </message>
+    <message>
+        <source>Shows a device plugin at work, with a simulated robot to connect to.</source>
+        <translation>Zeigt ein Geräte-Plugin bei der Arbeit, mit einem simulierten Roboter zum Verbinden.</translation>
+    </message>
+    <message>
+        <source>Use --help for the options.</source>
+        <translation>Die Optionen zeigt --help.</translation>
+    </message>
+    <message>
+        <source>Unexpected argument &quot;%1&quot;.</source>
+        <translation>Unerwartetes Argument „%1“.</translation>
+    </message>
+    <message>
+        <source>--%1 needs a value that is not empty.</source>
+        <translation>--%1 braucht einen Wert, der nicht leer ist.</translation>
+    </message>
+    <message>
+        <source>--language: &quot;%1&quot; is not a language of this program. Choose one of %2.</source>
+        <translation>--language: „%1“ ist keine Sprache dieses Programms. Wählen Sie eine von %2.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::PluginLoader</name>
+    <message>
+        <source>Check the path given with --plugin. Without that option the workbench loads the one that came with it.</source>
+        <translation>Prüfen Sie den Pfad hinter --plugin. Ohne diese Option lädt die Werkbank das mitgelieferte Plugin.</translation>
+    </message>
+    <message>
+        <source>The plugin was not found</source>
+        <translation>Das Plugin wurde nicht gefunden</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The plugin cannot be read</source>
+        <translation>Das Plugin kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>You have no permission to read the file.</source>
+        <translation>Sie haben kein Recht, die Datei zu lesen.</translation>
+    </message>
+    <message>
+        <source>The path names a folder, not a file.</source>
+        <translation>Der Pfad nennt einen Ordner, keine Datei.</translation>
+    </message>
+    <message>
+        <source>This is not a plugin</source>
+        <translation>Das ist kein Plugin</translation>
+    </message>
+    <message>
+        <source>The file is not a shared library.</source>
+        <translation>Die Datei ist keine gemeinsam genutzte Bibliothek.</translation>
+    </message>
+    <message>
+        <source>The plugin could not be loaded</source>
+        <translation>Das Plugin konnte nicht geladen werden</translation>
+    </message>
+    <message>
+        <source>The system&apos;s loader says: %1.</source>
+        <translation>Der Lader des Systems sagt: %1.</translation>
+    </message>
+    <message>
+        <source>Build the plugin again for this version of the host and of Qt, and install the libraries it needs; &quot;ldd -r&quot; on the file lists what is missing.</source>
+        <translation>Bauen Sie das Plugin für diese Version des Hosts und von Qt neu, und installieren Sie die Bibliotheken, die es braucht; „ldd -r“ mit der Datei listet auf, was fehlt.</translation>
+    </message>
+    <message>
+        <source>This is not a device plugin</source>
+        <translation>Das ist kein Geräte-Plugin</translation>
+    </message>
+    <message>
+        <source>The library does not export the function %1.</source>
+        <translation>Die Bibliothek exportiert die Funktion %1 nicht.</translation>
+    </message>
+    <message>
+        <source>The plugin failed to start</source>
+        <translation>Das Plugin ist beim Start gescheitert</translation>
+    </message>
+    <message>
+        <source>Ask the maker of the plugin for a repaired version, or choose another plugin with --plugin.</source>
+        <translation>Bitten Sie den Hersteller des Plugins um eine reparierte Version, oder wählen Sie mit --plugin ein anderes.</translation>
+    </message>
+    <message>
+        <source>Its function %1 gave no interface object.</source>
+        <translation>Seine Funktion %1 lieferte kein Schnittstellenobjekt.</translation>
+    </message>
+    <message>
+        <source>Its function %1 threw: %2.</source>
+        <translation>Seine Funktion %1 warf: %2.</translation>
+    </message>
+    <message>
+        <source>Its function %1 threw something unknown.</source>
+        <translation>Seine Funktion %1 warf etwas Unbekanntes.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::Services</name>
+    <message>
+        <source>Help: %1</source>
+        <translation>Hilfe: %1</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::StartPage</name>
+    <message>
+        <source>This plugin brings no dialog of its own: all it offers is in the tool bar.</source>
+        <translation>Dieses Plugin bringt keinen eigenen Dialog mit: Alles, was es bietet, steht in der Werkzeugleiste.</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;How to begin:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Write the robot&apos;s address into the field in the tool bar.&lt;/li&gt;&lt;li&gt;Press the connect button beside it.&lt;/li&gt;&lt;/ol&gt;</source>
+        <translation>&lt;p&gt;So fangen Sie an:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Schreiben Sie die Adresse des Roboters in das Feld in der Werkzeugleiste.&lt;/li&gt;&lt;li&gt;Drücken Sie den Verbindungsknopf daneben.&lt;/li&gt;&lt;/ol&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;No robot at hand? A simulated one runs at &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Kein Roboter zur Hand? Ein simulierter läuft unter &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;To give up, press the button again.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Um aufzugeben, drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;To end the connection, press the button again.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Um die Verbindung zu beenden, drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::Tour</name>
+    <message>
+        <source>making the folder</source>
+        <translation>Anlegen des Ordners</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder and cannot be made one</source>
+        <translation>%1 ist kein Ordner und kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>showing the window</source>
+        <translation>Zeigen des Fensters</translation>
+    </message>
+    <message>
+        <source>the plugin&apos;s tool bar has no connect button or no address field</source>
+        <translation>der Werkzeugleiste des Plugins fehlt der Verbindungsknopf oder das Adressfeld</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>being connected</source>
+        <translation>Aufbau der Verbindung</translation>
+    </message>
+    <message>
+        <source>it takes too long: %1</source>
+        <translation>es dauert zu lange: %1</translation>
+    </message>
+    <message>
+        <source>disconnecting</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>being refused</source>
+        <translation>Abgewiesenwerden</translation>
+    </message>
+    <message>
+        <source>the address field stays disabled</source>
+        <translation>das Adressfeld bleibt gesperrt</translation>
+    </message>
+    <message>
+        <source>the address field does not take the keys: it holds &quot;%1&quot;</source>
+        <translation>das Adressfeld nimmt die Tasten nicht an: darin steht „%1“</translation>
+    </message>
+    <message>
+        <source>showing a missing plugin</source>
+        <translation>Zeigen eines fehlenden Plugins</translation>
+    </message>
+    <message>
+        <source>the plugin was found</source>
+        <translation>das Plugin wurde gefunden</translation>
+    </message>
+    <message>
+        <source>the window does not appear on the screen</source>
+        <translation>das Fenster erscheint nicht auf dem Bildschirm</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>it was interrupted.</source>
+        <translation>sie wurde unterbrochen.</translation>
+    </message>
+    <message>
+        <source>The tour ended at &quot;%1&quot;: %2</source>
+        <translation>Die Tour endete bei „%1“: %2</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::Window</name>
+    <message>
+        <source>%1 - device workbench</source>
+        <translation>%1 – Geräte-Werkbank</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Context help</source>
+        <translation>&amp;Kontexthilfe</translation>
+    </message>
+    <message>
+        <source>C&amp;ontents</source>
+        <translation>&amp;Inhalt</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>Ü&amp;ber</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Simulated robot: %1</source>
+        <translation>Simulierter Roboter: %1</translation>
+    </message>
+    <message>
+        <source>The plugin has no tool bar</source>
+        <translation>Das Plugin hat keine Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>Asked for the widget &quot;toolbar&quot;, it gave none. Without it there is no way to connect.</source>
+        <translation>Nach dem Widget „toolbar“ gefragt, lieferte es keines. Ohne dieses gibt es keinen Weg zu einer Verbindung.</translation>
+    </message>
+    <message>
+        <source>Choose a plugin made for this device with --plugin.</source>
+        <translation>Wählen Sie mit --plugin ein Plugin, das für dieses Gerät gemacht ist.</translation>
+    </message>
+    <message>
+        <source>an exception of an unknown type</source>
+        <translation>eine Ausnahme unbekannten Typs</translation>
+    </message>
+    <message>
+        <source>A widget of the plugin failed</source>
+        <translation>Ein Widget des Plugins ist gescheitert</translation>
+    </message>
+    <message>
+        <source>The widget &quot;%1&quot; ended while it was being built: %2.</source>
+        <translation>Das Widget „%1“ brach während seines Aufbaus ab: %2.</translation>
+    </message>
+    <message>
+        <source>The rest of the window goes on without it. Ask the maker of the plugin for a repaired version.</source>
+        <translation>Der Rest des Fensters läuft ohne es weiter. Bitten Sie den Hersteller des Plugins um eine reparierte Version.</translation>
+    </message>
+    <message>
+        <source>No plugin is loaded.</source>
+        <translation>Es ist kein Plugin geladen.</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;%1 %2, with Qt %3.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;%1 %2, mit Qt %3.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;Plugin: %1 by %2.&lt;/p&gt;&lt;p&gt;%3&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Plugin: %1 von %2.&lt;/p&gt;&lt;p&gt;%3&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>There is no display: set DISPLAY or WAYLAND_DISPLAY, or let --tour DIR write pictures of the window.</source>
+        <translation>Es gibt keine Anzeige: Setzen Sie DISPLAY oder WAYLAND_DISPLAY, oder lassen Sie --tour DIR Bilder des Fensters schreiben.</translation>
+    </message>
+    <message>
+        <source>quandrel-robot: %1
+Call quandrel-robot --help for help.</source>
+        <translation>quandrel-robot: %1
+Hilfe gibt quandrel-robot --help.</translation>
+    </message>
+</context>
+<context>
+    <name>olm::qt::log::View</name>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Save as…</source>
+        <translation>Speichern unter …</translation>
+    </message>
+    <message>
+        <source>Save the log</source>
+        <translation>Protokoll speichern</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);;All files (*)</source>
+        <translation>Textdateien (*.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>The log could not be saved to %1: %2. Choose another folder, or free some space.</source>
+        <translation>Das Protokoll konnte nicht in %1 gespeichert werden: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie Platz.</translation>
+    </message>
+</context>
+<context>
+    <name>robot::ClientSession</name>
+    <message>
+        <source>more than %1 messages a second</source>
+        <translation>mehr als %1 Nachrichten je Sekunde</translation>
+    </message>
+    <message>
+        <source>it does not read its answers</source>
+        <translation>er liest seine Antworten nicht</translation>
+    </message>
+    <message>
+        <source>this client reads too slowly: messages of topics are dropped</source>
+        <translation>dieser Client liest zu langsam: Nachrichten von Topics werden verworfen</translation>
+    </message>
+    <message>
+        <source>it did not answer for %1 s</source>
+        <translation>er hat %1 s lang nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>it closed the connection</source>
+        <translation>er hat die Verbindung geschlossen</translation>
+    </message>
+</context>
+<context>
+    <name>robot::CommandLine</name>
+    <message>
+        <source>Listen on &lt;address&gt;: host, host:port or [IPv6]:port. Without it, only programs on this computer can connect.</source>
+        <translation>Lauscht auf &lt;Adresse&gt;: Host, Host:Port oder [IPv6]:Port. Ohne diese Angabe können sich nur Programme auf diesem Rechner verbinden.</translation>
+    </message>
+    <message>
+        <source>address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Listen on port &lt;number&gt;, whatever the address says; 0 takes any free one.</source>
+        <translation>Lauscht auf Port &lt;Zahl&gt;, was auch die Adresse sagt; 0 nimmt irgendeinen freien.</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>Zahl</translation>
+    </message>
+    <message>
+        <source>Build the world that belongs to &lt;number&gt;, from 0 to 4294967295. Without it, a number is drawn.</source>
+        <translation>Baut die Welt, die zu &lt;Zahl&gt; gehört, von 0 bis 4294967295. Ohne diese Angabe wird eine Zahl ausgelost.</translation>
+    </message>
+    <message>
+        <source>Let browser pages of &lt;origin&gt; connect, for example http://localhost:8000. May be given several times.</source>
+        <translation>Lässt Browserseiten von &lt;Ursprung&gt; zu, zum Beispiel http://localhost:8000. Kann mehrmals angegeben werden.</translation>
+    </message>
+    <message>
+        <source>origin</source>
+        <translation>Ursprung</translation>
+    </message>
+    <message>
+        <source>Show this help.</source>
+        <translation>Zeigt diese Hilfe.</translation>
+    </message>
+    <message>
+        <source>Show the version.</source>
+        <translation>Zeigt die Version.</translation>
+    </message>
+    <message>
+        <source>A simulated robot that speaks rosbridge v2.</source>
+        <translation>Ein simulierter Roboter, der rosbridge v2 spricht.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not an option</source>
+        <translation>„%1“ ist keine Option</translation>
+    </message>
+    <message>
+        <source>--address: %1</source>
+        <translation>--address: %1</translation>
+    </message>
+    <message>
+        <source>--port: &quot;%1&quot; is not a number from 0 to 65535</source>
+        <translation>--port: „%1“ ist keine Zahl von 0 bis 65535</translation>
+    </message>
+    <message>
+        <source>--seed: &quot;%1&quot; is not a number from 0 to 4294967295</source>
+        <translation>--seed: „%1“ ist keine Zahl von 0 bis 4294967295</translation>
+    </message>
+    <message>
+        <source>--allow-origin: &quot;%1&quot; is not an origin; write it as http://localhost:8000, without a path</source>
+        <translation>--allow-origin: „%1“ ist kein Ursprung; schreiben Sie ihn wie http://localhost:8000, ohne Pfad</translation>
+    </message>
+</context>
+<context>
+    <name>robot::Control</name>
+    <message>
+        <source>this client is already in control</source>
+        <translation>dieser Client hat die Steuerung schon</translation>
+    </message>
+    <message>
+        <source>this client is in control</source>
+        <translation>dieser Client hat die Steuerung</translation>
+    </message>
+    <message>
+        <source>this client is not in control</source>
+        <translation>dieser Client hat die Steuerung nicht</translation>
+    </message>
+    <message>
+        <source>control is released</source>
+        <translation>die Steuerung ist abgegeben</translation>
+    </message>
+    <message>
+        <source>no client is in control; call /control/acquire first</source>
+        <translation>kein Client hat die Steuerung; rufen Sie zuerst /control/acquire auf</translation>
+    </message>
+    <message>
+        <source>%1 is in control; it has to call /control/release first</source>
+        <translation>%1 hat die Steuerung und muss zuerst /control/release aufrufen</translation>
+    </message>
+</context>
+<context>
+    <name>robot::Conversation</name>
+    <message>
+        <source>this robot does not know the operation</source>
+        <translation>dieser Roboter kennt die Operation nicht</translation>
+    </message>
+    <message>
+        <source>level must be none, error, warning or info</source>
+        <translation>level muss none, error, warning oder info sein</translation>
+    </message>
+    <message>
+        <source>the level is &quot;%1&quot;</source>
+        <translation>die Stufe ist „%1“</translation>
+    </message>
+    <message>
+        <source>the type of &quot;%1&quot; is %2, not %3</source>
+        <translation>der Typ von „%1“ ist %2, nicht %3</translation>
+    </message>
+    <message>
+        <source>a client may advertise at most %1 topics</source>
+        <translation>ein Client darf höchstens %1 Topics anmelden</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is advertised</source>
+        <translation>„%1“ ist angemeldet</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no longer advertised</source>
+        <translation>„%1“ ist nicht mehr angemeldet</translation>
+    </message>
+    <message>
+        <source>this client did not advertise &quot;%1&quot;</source>
+        <translation>dieser Client hat „%1“ nicht angemeldet</translation>
+    </message>
+    <message>
+        <source>the robot takes commands on &quot;%1&quot; and publishes nothing there</source>
+        <translation>der Roboter nimmt auf „%1“ Befehle an und veröffentlicht dort nichts</translation>
+    </message>
+    <message>
+        <source>a client may have at most %1 subscriptions</source>
+        <translation>ein Client darf höchstens %1 Abonnements haben</translation>
+    </message>
+    <message>
+        <source>queue_length is reduced to %1, the most there is</source>
+        <translation>queue_length ist auf %1 verringert, mehr gibt es nicht</translation>
+    </message>
+    <message>
+        <source>fragment_size is ignored, messages come whole</source>
+        <translation>fragment_size wird nicht beachtet, Nachrichten kommen ganz</translation>
+    </message>
+    <message>
+        <source>subscribed to &quot;%1&quot;</source>
+        <translation>„%1“ ist abonniert</translation>
+    </message>
+    <message>
+        <source>there is no such subscription to &quot;%1&quot;</source>
+        <translation>es gibt kein solches Abonnement von „%1“</translation>
+    </message>
+    <message>
+        <source>unsubscribed from &quot;%1&quot;</source>
+        <translation>„%1“ ist abbestellt</translation>
+    </message>
+    <message>
+        <source>the robot called no service of this client</source>
+        <translation>der Roboter hat keinen Dienst dieses Clients aufgerufen</translation>
+    </message>
+    <message>
+        <source>the compression &quot;%1&quot; is unknown here; use none or cbor</source>
+        <translation>die Kompression „%1“ ist hier unbekannt; verwenden Sie none oder cbor</translation>
+    </message>
+</context>
+<context>
+    <name>robot::Endpoint</name>
+    <message>
+        <source>the robot shuts down</source>
+        <translation>der Roboter fährt herunter</translation>
+    </message>
+    <message>
+        <source>client %1 (%2)</source>
+        <translation>Client %1 (%2)</translation>
+    </message>
+    <message>
+        <source>the robot serves at most %1 clients</source>
+        <translation>der Roboter bedient höchstens %1 Clients</translation>
+    </message>
+</context>
+<context>
+    <name>robot::Request</name>
+    <message>
+        <source>%1 must be there, and not empty</source>
+        <translation>%1 muss da und darf nicht leer sein</translation>
+    </message>
+    <message>
+        <source>%1 must be a whole number from 0 to %2</source>
+        <translation>%1 muss eine ganze Zahl von 0 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>%1 must be an object</source>
+        <translation>%1 muss ein Objekt sein</translation>
+    </message>
+    <message>
+        <source>%1 must be text</source>
+        <translation>%1 muss Text sein</translation>
+    </message>
+    <message>
+        <source>%1 is longer than %2 characters</source>
+        <translation>%1 ist länger als %2 Zeichen</translation>
+    </message>
+    <message>
+        <source>id must be a number, or text of at most %1 characters</source>
+        <translation>id muss eine Zahl sein oder Text von höchstens %1 Zeichen</translation>
+    </message>
+</context>
+<context>
+    <name>robot::Robot</name>
+    <message>
+        <source>cannot listen on %1: no such host; give an address of this computer</source>
+        <translation>auf %1 kann nicht gelauscht werden: kein solcher Host; geben Sie eine Adresse dieses Rechners an</translation>
+    </message>
+    <message>
+        <source>cannot listen on %1: %2; choose another address or port, or end the program that uses it</source>
+        <translation>auf %1 kann nicht gelauscht werden: %2; wählen Sie eine andere Adresse oder einen anderen Port, oder beenden Sie das Programm, das ihn benutzt</translation>
+    </message>
+    <message>
+        <source>%1 joined</source>
+        <translation>%1 ist gekommen</translation>
+    </message>
+    <message>
+        <source>%1 left: %2</source>
+        <translation>%1 ist gegangen: %2</translation>
+    </message>
+    <message>
+        <source>a page of %1 was refused</source>
+        <translation>eine Seite von %1 wurde abgewiesen</translation>
+    </message>
+    <message>
+        <source>%1 took control</source>
+        <translation>%1 hat die Steuerung übernommen</translation>
+    </message>
+    <message>
+        <source>%1 released control</source>
+        <translation>%1 hat die Steuerung abgegeben</translation>
+    </message>
+    <message>
+        <source>%1 was refused control: %2</source>
+        <translation>%1 wurde die Steuerung verweigert: %2</translation>
+    </message>
+</context>
+<context>
+    <name>robot::RosApi</name>
+    <message>
+        <source>topic must be text</source>
+        <translation>topic muss Text sein</translation>
+    </message>
+    <message>
+        <source>service must be text</source>
+        <translation>service muss Text sein</translation>
+    </message>
+    <message>
+        <source>name must be text</source>
+        <translation>name muss Text sein</translation>
+    </message>
+</context>
+<context>
+    <name>robot::ServiceRegistry</name>
+    <message>
+        <source>this robot has no service &quot;%1&quot;; /rosapi/services lists them</source>
+        <translation>dieser Roboter hat keinen Dienst „%1“; /rosapi/services listet sie auf</translation>
+    </message>
+    <message>
+        <source>args of &quot;%1&quot; must be an object, or a list of at most %2 values</source>
+        <translation>args von „%1“ muss ein Objekt sein oder eine Liste von höchstens %2 Werten</translation>
+    </message>
+</context>
+<context>
+    <name>robot::TopicRegistry</name>
+    <message>
+        <source>this robot has no topic &quot;%1&quot;; /rosapi/topics lists them</source>
+        <translation>dieser Roboter hat kein Topic „%1“; /rosapi/topics listet sie auf</translation>
+    </message>
+    <message>
+        <source>the robot itself publishes &quot;%1&quot; and takes no message there</source>
+        <translation>der Roboter selbst veröffentlicht „%1“ und nimmt dort keine Nachricht an</translation>
+    </message>
+</context>
+<context>
+    <name>robot::link::Address</name>
+    <message>
+        <source>The robot&apos;s address is empty: write a host name or an IP address, for example %1:%2.</source>
+        <translation>Die Adresse des Roboters ist leer: Schreiben Sie einen Hostnamen oder eine IP-Adresse, zum Beispiel %1:%2.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; contains a blank: remove it.</source>
+        <translation>Die Adresse „%1“ enthält ein Leerzeichen: Entfernen Sie es.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; lacks the closing bracket: write [IPv6 address] or [IPv6 address]:port.</source>
+        <translation>Der Adresse „%1“ fehlt die schließende Klammer: Schreiben Sie [IPv6-Adresse] oder [IPv6-Adresse]:Port.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; is not understood: brackets hold an IPv6 address, and only &quot;:port&quot; may follow them.</source>
+        <translation>Die Adresse „%1“ ist nicht zu verstehen: Klammern enthalten eine IPv6-Adresse, und nur „:Port“ darf ihnen folgen.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; can be read in two ways: put the IPv6 address in brackets, [IPv6 address] or [IPv6 address]:port.</source>
+        <translation>Die Adresse „%1“ lässt sich auf zwei Arten lesen: Setzen Sie die IPv6-Adresse in Klammern, [IPv6-Adresse] oder [IPv6-Adresse]:Port.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; is not understood: write a host name or an IP address, followed by &quot;:port&quot; if the port is not %2.</source>
+        <translation>Die Adresse „%1“ ist nicht zu verstehen: Schreiben Sie einen Hostnamen oder eine IP-Adresse, gefolgt von „:Port“, wenn der Port nicht %2 ist.</translation>
+    </message>
+    <message>
+        <source>The port &quot;%1&quot; in the address &quot;%2&quot; is not valid: write a number from 1 to 65535.</source>
+        <translation>Der Port „%1“ in der Adresse „%2“ ist nicht gültig: Schreiben Sie eine Zahl von 1 bis 65535.</translation>
+    </message>
+</context>
+<context>
+    <name>robot::link::CborCheck</name>
+    <message>
+        <source>data follows the message&apos;s end</source>
+        <translation>auf das Ende der Nachricht folgen Daten</translation>
+    </message>
+    <message>
+        <source>a field&apos;s name is not text</source>
+        <translation>der Name eines Feldes ist kein Text</translation>
+    </message>
+    <message>
+        <source>only arrays and objects may be of open length</source>
+        <translation>nur Listen und Objekte dürfen von offener Länge sein</translation>
+    </message>
+    <message>
+        <source>the simple value %1 has no meaning here</source>
+        <translation>der einfache Wert %1 hat hier keine Bedeutung</translation>
+    </message>
+    <message>
+        <source>the field &quot;%1&quot; is given twice</source>
+        <translation>das Feld „%1“ ist zweimal angegeben</translation>
+    </message>
+    <message>
+        <source>the tag %1 is not that of a typed array</source>
+        <translation>das Tag %1 ist nicht das einer getypten Liste</translation>
+    </message>
+    <message>
+        <source>a typed array is not made of a byte string</source>
+        <translation>eine getypte Liste besteht nicht aus einer Bytefolge</translation>
+    </message>
+    <message>
+        <source>an end that nothing waits for</source>
+        <translation>ein Ende, auf das nichts wartet</translation>
+    </message>
+    <message>
+        <source>the data ends too early</source>
+        <translation>die Daten enden zu früh</translation>
+    </message>
+    <message>
+        <source>the message nests deeper than %1 levels</source>
+        <translation>die Nachricht ist tiefer als %1 Ebenen geschachtelt</translation>
+    </message>
+    <message>
+        <source>a byte that CBOR does not define</source>
+        <translation>ein Byte, das CBOR nicht kennt</translation>
+    </message>
+    <message>
+        <source>%1, at byte %2</source>
+        <translation>%1, bei Byte %2</translation>
+    </message>
+</context>
+<context>
+    <name>robot::link::Client</name>
+    <message>
+        <source>The link to %1 was closed on request.</source>
+        <translation>Die Verbindung mit %1 wurde auf Wunsch geschlossen.</translation>
+    </message>
+    <message>
+        <source>The service %1 was not called: there is no link.</source>
+        <translation>Der Dienst %1 wurde nicht aufgerufen: Es gibt keine Verbindung.</translation>
+    </message>
+    <message>
+        <source>The service %1 did not answer within %2 s.</source>
+        <translation>Der Dienst %1 hat nicht innerhalb von %2 s geantwortet.</translation>
+    </message>
+    <message>
+        <source>The link to %1 is lost: the robot has not answered for %2 s. Check the network and whether the robot is switched on.</source>
+        <translation>Die Verbindung mit %1 ist verloren: Der Roboter antwortet seit %2 s nicht. Prüfen Sie das Netz und ob der Roboter eingeschaltet ist.</translation>
+    </message>
+    <message>
+        <source>%1 accepts a connection but has not answered for %2 s. Check whether the port is the robot&apos;s, or restart the robot&apos;s program.</source>
+        <translation>%1 nimmt eine Verbindung an, antwortet aber seit %2 s nicht. Prüfen Sie, ob der Port der des Roboters ist, oder starten Sie das Programm des Roboters neu.</translation>
+    </message>
+    <message>
+        <source>%1 has not answered for %2 s. Check the address, the network and whether the robot is switched on.</source>
+        <translation>%1 antwortet seit %2 s nicht. Prüfen Sie die Adresse, das Netz und ob der Roboter eingeschaltet ist.</translation>
+    </message>
+    <message>
+        <source>%1 answers, but not as a robot: %2. Check whether the port is the robot&apos;s.</source>
+        <translation>%1 antwortet, aber nicht als Roboter: %2. Prüfen Sie, ob der Port der des Roboters ist.</translation>
+    </message>
+    <message>
+        <source>%1 refuses the connection. Check the port and whether the robot&apos;s program is running.</source>
+        <translation>%1 weist die Verbindung ab. Prüfen Sie den Port und ob das Programm des Roboters läuft.</translation>
+    </message>
+    <message>
+        <source>There is no host &quot;%1&quot;. Check the address and the network.</source>
+        <translation>Es gibt keinen Host „%1“. Prüfen Sie die Adresse und das Netz.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be reached: %2. Check the address and the network.</source>
+        <translation>%1 ist nicht zu erreichen: %2. Prüfen Sie die Adresse und das Netz.</translation>
+    </message>
+    <message>
+        <source>The link to %1 was closed, as one end did not understand the other: %2. Check whether both have the same version.</source>
+        <translation>Die Verbindung mit %1 wurde geschlossen, da ein Ende das andere nicht verstand: %2. Prüfen Sie, ob beide dieselbe Version haben.</translation>
+    </message>
+    <message>
+        <source>The link to %1 is lost: the robot closed it or cannot be reached any more. Check the network and whether the robot&apos;s program is running.</source>
+        <translation>Die Verbindung mit %1 ist verloren: Der Roboter hat sie geschlossen oder ist nicht mehr zu erreichen. Prüfen Sie das Netz und ob das Programm des Roboters läuft.</translation>
+    </message>
+    <message>
+        <source>The service %1 did not answer: %2</source>
+        <translation>Der Dienst %1 hat nicht geantwortet: %2</translation>
+    </message>
+    <message>
+        <source>the op &quot;%1&quot; is not one for a client</source>
+        <translation>die Operation „%1“ ist keine für einen Client</translation>
+    </message>
+    <message>
+        <source>&quot;publish&quot; needs a text &quot;topic&quot; and an object &quot;msg&quot;</source>
+        <translation>„publish“ braucht einen Text „topic“ und ein Objekt „msg“</translation>
+    </message>
+    <message>
+        <source>&quot;service_response&quot; needs a text &quot;id&quot; and a true or false &quot;result&quot;</source>
+        <translation>„service_response“ braucht einen Text „id“ und ein wahres oder falsches „result“</translation>
+    </message>
+    <message>
+        <source>The service %1 failed: %2</source>
+        <translation>Der Dienst %1 ist gescheitert: %2</translation>
+    </message>
+    <message>
+        <source>The service %1 failed and did not say why.</source>
+        <translation>Der Dienst %1 ist gescheitert und sagte nicht, warum.</translation>
+    </message>
+    <message>
+        <source>&quot;status&quot; needs a text &quot;level&quot; and a text &quot;msg&quot;</source>
+        <translation>„status“ braucht einen Text „level“ und einen Text „msg“</translation>
+    </message>
+</context>
+<context>
+    <name>robot::link::Message</name>
+    <message>
+        <source>the message has %1 bytes, the limit is %2</source>
+        <translation>die Nachricht hat %1 Bytes, die Grenze ist %2</translation>
+    </message>
+    <message>
+        <source>the message has no text field &quot;op&quot;</source>
+        <translation>die Nachricht hat kein Textfeld „op“</translation>
+    </message>
+    <message>
+        <source>a value with the tag %1 is no array of numbers that can be read here</source>
+        <translation>ein Wert mit dem Tag %1 ist keine Zahlenliste, die hier gelesen werden kann</translation>
+    </message>
+    <message>
+        <source>the typed array has %1 bytes, not a multiple of its element&apos;s %2</source>
+        <translation>die getypte Liste hat %1 Bytes, kein Vielfaches der %2 ihres Elements</translation>
+    </message>
+    <message>
+        <source>a truth value</source>
+        <translation>ein Wahrheitswert</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>eine Zahl</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>a byte string</source>
+        <translation>eine Bytefolge</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>eine Liste</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>ein Objekt</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>the message nests deeper than %1 levels</source>
+        <translation>die Nachricht ist tiefer als %1 Ebenen geschachtelt</translation>
+    </message>
+    <message>
+        <source>the text is not valid JSON: %1, at byte %2</source>
+        <translation>der Text ist kein gültiges JSON: %1, bei Byte %2</translation>
+    </message>
+    <message>
+        <source>the message is not a JSON object</source>
+        <translation>die Nachricht ist kein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>the message gives a field twice</source>
+        <translation>die Nachricht gibt ein Feld zweimal an</translation>
+    </message>
+    <message>
+        <source>the data is not valid CBOR: %1, at byte %2</source>
+        <translation>die Daten sind kein gültiges CBOR: %1, bei Byte %2</translation>
+    </message>
+    <message>
+        <source>the message is %1, not an object</source>
+        <translation>die Nachricht ist %1, kein Objekt</translation>
+    </message>
+    <message>
+        <source>found %1, not an array of numbers</source>
+        <translation>gefunden: %1, keine Zahlenliste</translation>
+    </message>
+    <message>
+        <source>element %1 is %2, not a number</source>
+        <translation>Element %1 ist %2, keine Zahl</translation>
+    </message>
+</context>
+<context>
+    <name>robot::recording::CarmenLog</name>
+    <message>
+        <source>start_angle</source>
+        <translation>start_angle</translation>
+    </message>
+    <message>
+        <source>angular_resolution</source>
+        <translation>angular_resolution</translation>
+    </message>
+    <message>
+        <source>maximum_range</source>
+        <translation>maximum_range</translation>
+    </message>
+    <message>
+        <source>num_readings</source>
+        <translation>num_readings</translation>
+    </message>
+    <message>
+        <source>num_remissions</source>
+        <translation>num_remissions</translation>
+    </message>
+    <message>
+        <source>%1 words follow the readings, not the poses, time stamps and host name</source>
+        <translation>auf die Messwerte folgen %1 Wörter, nicht Posen, Zeitstempel und Hostname</translation>
+    </message>
+    <message>
+        <source>it has no readings</source>
+        <translation>sie hat keine Messwerte</translation>
+    </message>
+    <message>
+        <source>ipc_timestamp</source>
+        <translation>ipc_timestamp</translation>
+    </message>
+</context>
+<context>
+    <name>robot::recording::LineReader</name>
+    <message>
+        <source>the line ends after %1 words, too early</source>
+        <translation>die Zeile endet nach %1 Wörtern zu früh</translation>
+    </message>
+    <message>
+        <source>%1, word %2, is %3 and not a number from %4 to %5</source>
+        <translation>%1, Wort %2, ist %3 und keine Zahl von %4 bis %5</translation>
+    </message>
+    <message>
+        <source>%1 is %2, not a whole number</source>
+        <translation>%1 ist %2, keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>a range</source>
+        <translation>eine Entfernung</translation>
+    </message>
+</context>
+<context>
+    <name>robot::recording::Recording</name>
+    <message>
+        <source>The recording %1 cannot be read: %2.</source>
+        <translation>Die Aufzeichnung %1 kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is larger than %2 bytes. Cut it into parts.</source>
+        <translation>Die Aufzeichnung %1 ist größer als %2 Bytes. Teilen Sie sie auf.</translation>
+    </message>
+    <message>
+        <source>the line is longer than %1 bytes</source>
+        <translation>die Zeile ist länger als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>the line begins with %1, which is neither a CARMEN message nor a time in microseconds</source>
+        <translation>die Zeile beginnt mit %1, was weder eine CARMEN-Nachricht noch eine Zeit in Mikrosekunden ist</translation>
+    </message>
+    <message>
+        <source>The scans of the recording %1 need more than %2 bytes of memory. Cut it into parts.</source>
+        <translation>Die Scans der Aufzeichnung %1 brauchen mehr als %2 Bytes Speicher. Teilen Sie sie auf.</translation>
+    </message>
+    <message>
+        <source>It must be a CARMEN log with FLASER or ROBOTLASER1 lines, or a table with 683 ranges a line.</source>
+        <translation>Sie muss ein CARMEN-Log mit FLASER- oder ROBOTLASER1-Zeilen sein oder eine Tabelle mit 683 Entfernungen je Zeile.</translation>
+    </message>
+    <message>
+        <source>The first of its bad lines: %1.</source>
+        <translation>Die erste ihrer schlechten Zeilen: %1.</translation>
+    </message>
+    <message>
+        <source>The recording %1 holds no laser scan. %2</source>
+        <translation>Die Aufzeichnung %1 enthält keinen Laserscan. %2</translation>
+    </message>
+</context>
+<context>
+    <name>robot::recording::Replay</name>
+    <message>
+        <source>There are no scans to replay.</source>
+        <translation>Es gibt keine Scans zum Abspielen.</translation>
+    </message>
+    <message>
+        <source>The replay rate %1 is not from %2 to %3.</source>
+        <translation>Die Abspielrate %1 liegt nicht zwischen %2 und %3.</translation>
+    </message>
+</context>
+<context>
+    <name>robot::recording::ScanTable</name>
+    <message>
+        <source>the time</source>
+        <translation>die Zeit</translation>
+    </message>
+</context>
+<context>
+    <name>robot::simulation::Camera</name>
+    <message>
+        <source>The camera has no resolution &quot;%1&quot;; it has %2.</source>
+        <translation>Die Kamera hat keine Auflösung „%1“; sie hat %2.</translation>
+    </message>
+</context>
+<context>
+    <name>robot::simulation::DriveBase</name>
+    <message>
+        <source>The velocity command linear.x = %1, angular.z = %2 is refused: both must be finite numbers.</source>
+        <translation>Der Geschwindigkeitsbefehl linear.x = %1, angular.z = %2 wird abgewiesen: Beide müssen endliche Zahlen sein.</translation>
+    </message>
+</context>
+</TS>
