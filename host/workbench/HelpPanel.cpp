@@ -24,6 +24,8 @@ HelpPanel::HelpPanel(const Language& language, QWidget* parent)
 
     m_browser->setFrameShape(QFrame::NoFrame);
     m_browser->document()->setDocumentMargin(12);
+    m_browser->document()->setIndentWidth(20);
+    m_browser->setMinimumWidth(48 * fontMetrics().averageCharWidth()); // or long words break
     m_browser->setOpenLinks(false);
     connect(m_browser, &QTextBrowser::anchorClicked, this, &HelpPanel::follow);
     m_outside->setObjectName("outside");

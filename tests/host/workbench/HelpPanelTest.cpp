@@ -151,6 +151,20 @@ void HelpPanelTest::a_page_is_shown_as_rich_text_under_its_title()
     const QTextBlock first = panel.browser()->document()->begin();
     QCOMPARE(first.text(), QString("Connecting"));
     QCOMPARE(first.blockFormat().headingLevel(), 1);
+
+    int pictures = 0;
+    for (QTextBlock block = first; block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextCharFormat format = part.fragment().charFormat();
+            if (!format.isImageFormat())
+                continue;
+            const QUrl file(format.toImageFormat().name());
+            const QVariant data = panel.browser()->loadResource(QTextDocument::ImageResource, file);
+            QVERIFY2(!QImage::fromData(data.toByteArray()).isNull(), qPrintable(file.toString()));
+            pictures += part.fragment().length();
+        }
+    }
+    QCOMPARE(pictures, 6);
 }
 
 void HelpPanelTest::a_link_opens_the_other_page()
