@@ -85,6 +85,7 @@ class ProgramTest : public TestCase
 private Q_SLOTS:
     void help_and_version_need_no_display();
     void a_mistake_on_the_command_line_is_named_with_status_1();
+    void the_language_is_the_one_asked_for_or_the_systems();
     void without_a_display_the_program_says_so();
     void the_tour_shows_every_state_and_names_its_pictures();
     void the_tour_leaves_stored_settings_alone();
@@ -114,13 +115,29 @@ void ProgramTest::help_and_version_need_no_display()
 
 void ProgramTest::a_mistake_on_the_command_line_is_named_with_status_1()
 {
-    for (const char* argument : {"--colour", "stray", "--address=robot:99999", "--tour="}) {
+    for (const char* argument :
+         {"--colour", "stray", "--address=robot:99999", "--tour=", "--language=fr"}) {
         const Result result = run({argument});
         QCOMPARE(result.status, 1);
         QCOMPARE(result.out, QString());
         const QString named = QString(argument).section('=', -1, -1, QString::SectionSkipEmpty);
         QVERIFY2(result.err.contains(QString(named).remove("--")), qPrintable(result.err));
     }
+}
+
+void ProgramTest::the_language_is_the_one_asked_for_or_the_systems()
+{
+    const QTemporaryDir home;
+    QProcessEnvironment german = environmentIn(home);
+    german.insert("LC_ALL", "de_DE.UTF-8");
+    const Result system = run({"--colour"}, german);
+    QVERIFY2(system.err.contains("Die Optionen zeigt --help."), qPrintable(system.err));
+
+    const QStringList arguments = {"--no-robot", "--plugin", "/no/such.so", "--tour", home.path()};
+    const Result askedFor = run(arguments + QStringList({"--language", "de"}));
+    QVERIFY2(askedFor.err.contains("Das Plugin wurde nicht gefunden"), qPrintable(askedFor.err));
+    const Result other = run(arguments + QStringList({"--language", "en"}), german);
+    QVERIFY2(other.err.contains("The plugin was not found"), qPrintable(other.err));
 }
 
 void ProgramTest::without_a_display_the_program_says_so()
