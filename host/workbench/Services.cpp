@@ -27,7 +27,7 @@ QString Services::translate(const QString& text) const
 {
     const QByteArray source = text.toUtf8();
     for (const char* context : pluginContexts) {
-        const QString translation = QCoreApplication::translate(context, source.constData());
+        QString translation = QCoreApplication::translate(context, source.constData());
         if (translation != text)
             return translation;
     }

@@ -68,12 +68,12 @@ private:
     Services& m_services;
     QString m_robot;
     QList<FailureWords> m_failures;
-    QMenu* m_fileMenu;
-    QMenu* m_helpMenu;
-    QAction* m_quit;
-    QAction* m_contextHelp;
-    QAction* m_contents;
-    QAction* m_about;
+    QMenu* m_fileMenu = nullptr;
+    QMenu* m_helpMenu = nullptr;
+    QAction* m_quit = nullptr;
+    QAction* m_contextHelp = nullptr;
+    QAction* m_contents = nullptr;
+    QAction* m_about = nullptr;
     QToolBar* m_toolBar = nullptr;  // the plugin's; null without one
     QLabel* m_robotLabel = nullptr; // null without a robot
     QVBoxLayout* m_middle;
