@@ -1,0 +1,39 @@
+#ifndef QUANDREL_QUIETHOST_H
+#define QUANDREL_QUIETHOST_H
+
+#include "FakeHost.h"
+#include "olm/core/Vector.h"
+
+#include <string>
+#include <unordered_map>
+
+/// The tests' host without its notes of every call: a read costs one look-up by hash.
+class QuietHost : public FakeHost
+{
+public:
+    /// Stored arm positions, named Pos1 and so on, with numbers of two and three digits.
+    void setPositions(int count, int maximum)
+    {
+        m_config["num_pos"] = count;
+        m_config["num_pos_max"] = maximum;
+        for (int i = 0; i < count; ++i) {
+            olm::core::Vector<float> values(18);
+            for (int element = 0; element < 18; ++element)
+                values[element] = static_cast<float>(10 + (i * 18 + element * 7) % 280);
+            const std::string name = "pos" + std::to_string(i);
+            m_config[name] = values;
+            m_config[name + "_name"] = "Pos" + std::to_string(i + 1);
+        }
+    }
+
+    Variant read(Kind, const char* name) const override
+    {
+        const auto found = m_config.find(name);
+        return found == m_config.end() ? Variant() : found->second;
+    }
+
+private:
+    std::unordered_map<std::string, Variant> m_config;
+};
+
+#endif
