@@ -68,10 +68,9 @@ ManipulatorDialog::ManipulatorDialog(plugin::gui::DeviceDelegate& delegate, QWid
     m_logView->setHelpAction(helpAction("manipulator"));
 
     delegate.registerConfigVariable("num_pos", true);
-    PositionVariables variables;
     for (int i = 0; i < readConfigVariable("num_pos_max").toInt(); ++i) {
-        delegate.registerConfigVariable(variables.values(i).c_str(), true);
-        delegate.registerConfigVariable(variables.name(i).c_str(), true);
+        delegate.registerConfigVariable(PositionVariables::values(i).c_str(), true);
+        delegate.registerConfigVariable(PositionVariables::name(i).c_str(), true);
     }
 
     connect(m_positionView, SIGNAL(removePos(int)), m_positionModel, SLOT(removePos(int)));

@@ -35,12 +35,11 @@ QVariant PositionModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole))
         return QVariant();
-    PositionVariables variables;
     if (index.column() == 0) {
-        const std::string name = read(variables.name(index.row())).toString();
+        const std::string name = read(PositionVariables::name(index.row())).toString();
         return QString::fromLatin1(name.data(), static_cast<int>(name.size()));
     }
-    const Values values = read(variables.values(index.row())).get<Values>();
+    const Values values = read(PositionVariables::values(index.row())).get<Values>();
     const int target = 2 * (index.column() - 1);
     const int speed = target + 1;
     if (values.size() <= static_cast<unsigned int>(speed))
@@ -54,15 +53,14 @@ bool PositionModel::setData(const QModelIndex& index, const QVariant& value, int
 {
     if (!m_owner || !index.isValid() || role != Qt::EditRole)
         return false;
-    PositionVariables variables;
     const QString text = value.toString();
     if (index.column() == 0) {
         const QByteArray name = text.toLatin1();
-        write(variables.name(index.row()),
+        write(PositionVariables::name(index.row()),
               std::string(name.constData(), static_cast<std::string::size_type>(name.size())));
         return true;
     }
-    const std::string variable = variables.values(index.row());
+    const std::string variable = PositionVariables::values(index.row());
     Values values = read(variable).get<Values>();
     values.resize(2 * axisCount);
     const int target = 2 * (index.column() - 1);
@@ -108,11 +106,10 @@ void PositionModel::update(const plugin::gui::DeviceHistoryBundle& bundle)
     }
     // Up to the maximum: for a row beyond the count the indexes are invalid, which a view takes
     // for the whole table.
-    PositionVariables variables;
     for (int row = 0; row < read("num_pos_max").toInt(); ++row) {
-        if (bundle.getConfigVariableHistory(variables.values(row).c_str()))
+        if (bundle.getConfigVariableHistory(PositionVariables::values(row).c_str()))
             Q_EMIT dataChanged(index(row, 1), index(row, columnCount() - 1));
-        if (bundle.getConfigVariableHistory(variables.name(row).c_str()))
+        if (bundle.getConfigVariableHistory(PositionVariables::name(row).c_str()))
             Q_EMIT dataChanged(index(row, 0), index(row, 0));
     }
 }
@@ -122,10 +119,10 @@ void PositionModel::addPos()
     const int count = read("num_pos").toInt();
     if (count >= read("num_pos_max").toInt())
         return;
-    PositionVariables variables;
     if (count >= 1) {
-        write(variables.values(count), read(variables.values(count - 1)).get<Values>());
-        write(variables.name(count), "Pos" + std::to_string(count + 1));
+        write(PositionVariables::values(count),
+              read(PositionVariables::values(count - 1)).get<Values>());
+        write(PositionVariables::name(count), "Pos" + std::to_string(count + 1));
     }
     write("num_pos", count + 1);
 }
@@ -135,10 +132,9 @@ void PositionModel::removePos(int row)
     const int count = read("num_pos").toInt();
     if (count == 0)
         return;
-    PositionVariables variables;
     for (int i = row; i < count - 1; ++i) {
-        write(variables.values(i), read(variables.values(i + 1)).get<Values>());
-        write(variables.name(i), read(variables.name(i + 1)).toString());
+        write(PositionVariables::values(i), read(PositionVariables::values(i + 1)).get<Values>());
+        write(PositionVariables::name(i), read(PositionVariables::name(i + 1)).toString());
     }
     write("num_pos", count - 1);
 }

@@ -1,23 +1,13 @@
 #include "PositionVariables.h"
 
-#include <locale>
-
-PositionVariables::PositionVariables()
-{
-    // The host may have set a locale that groups digits.
-    m_stream.imbue(std::locale::classic());
-}
+// std::to_string groups no digits, whatever locale the host has set.
 
 std::string PositionVariables::values(int position)
 {
-    m_stream.str(std::string());
-    m_stream << "pos" << position;
-    return m_stream.str();
+    return "pos" + std::to_string(position);
 }
 
 std::string PositionVariables::name(int position)
 {
-    m_stream.str(std::string());
-    m_stream << "pos" << position << "_name";
-    return m_stream.str();
+    return values(position) + "_name";
 }
