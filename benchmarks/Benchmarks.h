@@ -17,6 +17,14 @@ void addLaserRangeFinderDialog(Ratios& ratios);
 void addPositionModel(Ratios& ratios);
 void addPositionView(Ratios& ratios);
 
+/// @p value as something that the compiler cannot know.
+template <class T>
+T opaque(T value)
+{
+    T volatile unknown = value;
+    return unknown;
+}
+
 /// Calls @p step again and again; one call counts as @p steps iterations.
 template <class Step>
 void measure(benchmark::State& state, Step step, int steps = 1)

@@ -35,8 +35,7 @@ CdrScan cdrScan()
 void serialize(benchmark::State& state)
 {
     const CdrScan scan = cdrScan();
-    const CdrScan* seen = &scan;
-    benchmark::DoNotOptimize(seen);
+    const CdrScan* const seen = opaque(&scan);
     std::vector<char> buffer(4096); // its own streams check the room as they go
     measure(state, [&] {
         eprosima::fastcdr::FastBuffer fastBuffer(buffer.data(), buffer.size());

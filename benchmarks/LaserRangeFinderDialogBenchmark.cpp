@@ -158,8 +158,8 @@ void add(Ratios& ratios, const std::string& what, Change change, bool shown)
 void updateWithoutNews(benchmark::State& state)
 {
     Tab tab(false);
-    plugin::gui::DeviceInterface* widget = &tab.dialog;
-    benchmark::DoNotOptimize(widget);
+    plugin::gui::DeviceInterface* const widget =
+        opaque(static_cast<plugin::gui::DeviceInterface*>(&tab.dialog));
     const HistoryBundleContent content;
     const DeviceHistoryBundle bundle(content);
     measure(state, [&] { widget->update(bundle); });
@@ -168,8 +168,8 @@ void updateWithoutNews(benchmark::State& state)
 void emptyVirtualCall(benchmark::State& state)
 {
     Tab tab(false);
-    plugin::gui::DeviceInterface* widget = &tab.dialog;
-    benchmark::DoNotOptimize(widget);
+    plugin::gui::DeviceInterface* const widget =
+        opaque(static_cast<plugin::gui::DeviceInterface*>(&tab.dialog));
     measure(state, [&] { widget->connected(); });
 }
 

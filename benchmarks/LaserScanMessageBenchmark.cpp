@@ -13,8 +13,8 @@ namespace {
 void encode(benchmark::State& state)
 {
     const olm::core::LaserScanMessage scan = exampleScan();
-    const olm::core::LaserScanMessage* seen = &scan;
-    benchmark::DoNotOptimize(seen); // a caller does not know the final class
+    const olm::core::LaserScanMessage* const seen =
+        opaque(&scan); // a caller does not know the final class
     std::vector<char> buffer(seen->encodedDataSize());
     measure(state, [&] {
         if (seen->encodedDataSize() <= buffer.size())
@@ -45,8 +45,7 @@ void copyInTwoParts(benchmark::State& state)
     scan.encode(bytes.data());
     std::vector<char> buffer(bytes.size());
     const std::size_t rangesSize = scan.ranges.size() * sizeof(float);
-    std::size_t headerSize = bytes.size() - rangesSize;
-    benchmark::DoNotOptimize(headerSize);
+    const std::size_t headerSize = opaque(bytes.size() - rangesSize);
     measure(state, [&] {
         std::memcpy(buffer.data(), bytes.data(), headerSize);
         std::memcpy(buffer.data() + headerSize, scan.ranges.data(), rangesSize);

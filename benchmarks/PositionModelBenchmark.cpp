@@ -22,10 +22,8 @@ void cellData(benchmark::State& state)
 
 void formatCell(benchmark::State& state)
 {
-    float target = 153;
-    float speed = 160;
-    benchmark::DoNotOptimize(target);
-    benchmark::DoNotOptimize(speed);
+    const float target = opaque(153.0F);
+    const float speed = opaque(160.0F);
     measure(state, [&] {
         const QString text = QString("%1 [%2]")
                                  .arg(static_cast<double>(target), 0, 'f', 0, QLatin1Char(' '))
@@ -36,10 +34,8 @@ void formatCell(benchmark::State& state)
 
 void formatNumbers(benchmark::State& state)
 {
-    float target = 153;
-    float speed = 160;
-    benchmark::DoNotOptimize(target);
-    benchmark::DoNotOptimize(speed);
+    const float target = opaque(153.0F);
+    const float speed = opaque(160.0F);
     measure(state, [&] {
         const QString first = QString::number(static_cast<double>(target), 'f', 0);
         const QString second = QString::number(static_cast<double>(speed), 'f', 0);

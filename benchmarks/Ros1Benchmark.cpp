@@ -32,8 +32,7 @@ void serialize(benchmark::State& state)
     namespace serialization = ros::serialization;
     const sensor_msgs::LaserScan message = rosScan();
     std::vector<std::uint8_t> buffer(serialization::serializationLength(message));
-    const sensor_msgs::LaserScan* seen = &message;
-    benchmark::DoNotOptimize(seen);
+    const sensor_msgs::LaserScan* const seen = opaque(&message);
     measure(state, [&] {
         const std::uint32_t size = serialization::serializationLength(*seen);
         if (size <= buffer.size()) {
