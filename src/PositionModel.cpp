@@ -13,6 +13,12 @@ typedef olm::core::Vector<float> Values; // target and speed of each axis in tur
 
 const int axisCount = 9;
 
+// Without decimals, and the same in every locale.
+QString toText(float number)
+{
+    return QString::number(static_cast<double>(number), 'f', 0);
+}
+
 } // namespace
 
 PositionModel::PositionModel(plugin::gui::DeviceWidget* owner)
@@ -44,9 +50,8 @@ QVariant PositionModel::data(const QModelIndex& index, int role) const
     const int speed = target + 1;
     if (values.size() <= static_cast<unsigned int>(speed))
         return QString("0 [0]");
-    return QString("%1 [%2]")
-        .arg(static_cast<double>(values[target]), 0, 'f', 0, QLatin1Char(' '))
-        .arg(static_cast<double>(values[speed]), 0, 'f', 0, QLatin1Char(' '));
+    return QString(toText(values[target]) + QLatin1String(" [") + toText(values[speed]) +
+                   QLatin1Char(']'));
 }
 
 bool PositionModel::setData(const QModelIndex& index, const QVariant& value, int role)
