@@ -67,7 +67,7 @@ void Ratios::Finalize()
                              const std::string& withTime, const std::string& ratio,
                              const std::string& aim) {
         out << std::left << std::setw(38) << name << std::right << std::setw(11) << time
-            << std::setw(13) << allocations << "   " << std::left << std::setw(40) << with
+            << std::setw(13) << allocations << "   " << std::left << std::setw(44) << with
             << std::right << std::setw(11) << withTime << std::setw(8) << ratio << std::setw(7)
             << aim << '\n';
     };
