@@ -4,6 +4,7 @@
 #include "TestCase.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/HistoryBundleContent.h"
+#include "plugin/gui/HostCall.h"
 
 #include <QApplication>
 #include <QtTest>
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void values_pass_unchanged_in_both_directions();
     void transactions_and_the_connection_are_the_hosts();
     void a_command_and_its_answer_pass_unchanged();
+    void the_host_can_tell_which_widget_calls();
     void notifications_do_nothing_by_default();
     void a_widget_is_its_hosts_from_construction_to_destruction();
     void a_widget_leaves_its_host_before_its_parts_are_gone();
@@ -129,6 +131,28 @@ void DeviceWidgetTest::a_command_and_its_answer_pass_unchanged()
     QCOMPARE(host.calls, QStringList{"exec 1009"});
     QCOMPARE(host.sent.at(Line1Role).id(), value.id());
     QVERIFY(widget->simulationDirectExec(ToggleTorqueRole, Variant()).isEmpty());
+}
+
+void DeviceWidgetTest::the_host_can_tell_which_widget_calls()
+{
+    using plugin::gui::HostCall;
+    FakeHost host;
+    const auto outer = widgetOn(host);
+    const auto inner = widgetOn(host);
+    QList<const QWidget*> callers;
+    host.onConnect = [&] {
+        callers.append(HostCall::caller());
+        if (callers.size() > 1)
+            return;
+        inner->connectDevice(); // as in an event loop of the host's
+        callers.append(HostCall::caller());
+    };
+    outer->connectDevice();
+    QCOMPARE(callers, QList<const QWidget*>({outer.get(), inner.get(), outer.get()}));
+    QVERIFY(!HostCall::caller());
+    host.throwAt = "connect";
+    QVERIFY_EXCEPTION_THROWN(outer->connectDevice(), std::runtime_error);
+    QVERIFY(!HostCall::caller());
 }
 
 void DeviceWidgetTest::notifications_do_nothing_by_default()

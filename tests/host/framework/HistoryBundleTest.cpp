@@ -20,6 +20,7 @@ private Q_SLOTS:
     void each_kind_has_names_of_its_own();
     void the_newest_value_is_the_last();
     void an_empty_value_is_a_change_too();
+    void the_host_can_go_through_its_content();
 };
 
 void HistoryBundleTest::a_variable_that_did_not_change_has_no_history()
@@ -77,6 +78,20 @@ void HistoryBundleTest::an_empty_value_is_a_change_too()
     const DeviceHistoryBundle bundle(content);
     QVERIFY(bundle.getInputHistory("name"));
     QVERIFY(bundle.getInputHistory("name")->last().isEmpty());
+}
+
+void HistoryBundleTest::the_host_can_go_through_its_content()
+{
+    HistoryBundleContent content;
+    content.insert(VariableKind::Config, "b", 1);
+    content.insert(VariableKind::Input, "z", 2);
+    content.insert(VariableKind::Config, "a", 3);
+    QStringList visited;
+    content.forEach([&](VariableKind kind, const std::string& name, const auto& value) {
+        visited << QString::number(static_cast<int>(kind)) + QString::fromStdString(name) +
+                       QString::number(value.toInt());
+    });
+    QCOMPARE(visited, QStringList({"0z2", "3a3", "3b1"}));
 }
 
 QTEST_GUILESS_MAIN(HistoryBundleTest)

@@ -1,6 +1,6 @@
 #include "plugin/gui/DeviceWidget.h"
 
-#include "plugin/gui/DeviceHost.h"
+#include "plugin/gui/HostCall.h"
 
 #include <stdexcept>
 
@@ -50,7 +50,7 @@ olm::core::variant::Variant
 DeviceWidget::simulationDirectExec(const olm::core::variant::Variant& role,
                                    const olm::core::variant::Variant& value)
 {
-    return m_host.simulationDirectExec(role, value);
+    return HostCall(m_host, this)->simulationDirectExec(role, value);
 }
 
 } // namespace gui

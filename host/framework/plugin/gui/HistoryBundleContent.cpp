@@ -26,5 +26,15 @@ bool HistoryBundleContent::isEmpty() const
                        [](const Histories& histories) { return histories.empty(); });
 }
 
+void HistoryBundleContent::forEach(
+    const std::function<void(VariableKind kind, const std::string& name,
+                             const olm::core::variant::Variant& value)>& visit) const
+{
+    for (std::size_t kind = 0; kind < m_histories.size(); ++kind) {
+        for (const auto& [name, history] : m_histories[kind])
+            visit(static_cast<VariableKind>(kind), name, history.last());
+    }
+}
+
 } // namespace gui
 } // namespace plugin

@@ -6,6 +6,7 @@
 #include "plugin/gui/VariableHistoryBuffer.h"
 
 #include <array>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ public:
     /// Null where the variable did not change.
     const VariableHistoryBuffer* find(VariableKind kind, std::string_view name) const;
     bool isEmpty() const;
+    /// Calls @p visit with each variable, by kind and name.
+    void forEach(const std::function<void(VariableKind kind, const std::string& name,
+                                          const olm::core::variant::Variant& value)>& visit) const;
 
 private:
     using Histories = std::map<std::string, VariableHistoryBuffer, std::less<>>;

@@ -1,6 +1,6 @@
 #include "plugin/gui/PluginWidget.h"
 
-#include "plugin/gui/DeviceHost.h"
+#include "plugin/gui/HostCall.h"
 
 namespace plugin {
 namespace gui {
@@ -11,12 +11,12 @@ void PluginWidget::translate() {}
 
 QString PluginWidget::trans(const QString& text) const
 {
-    return m_host.translate(text);
+    return HostCall(m_host, this)->translate(text);
 }
 
 QAction* PluginWidget::helpAction(const QString& context) const
 {
-    return m_host.helpAction(context);
+    return HostCall(m_host, this)->helpAction(context);
 }
 
 QString PluginWidget::helpContext() const
@@ -31,7 +31,7 @@ void PluginWidget::update()
 
 QString PluginWidget::currentLanguage() const
 {
-    return m_host.currentLanguage();
+    return HostCall(m_host, this)->currentLanguage();
 }
 
 QList<QAction*> PluginWidget::libraryActions(const QString&, const QString&, bool)
