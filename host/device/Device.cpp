@@ -1,11 +1,14 @@
 #include "host/device/Device.h"
 
+#include "host/device/ClassName.h"
 #include "host/device/MessageRole.h"
 #include "host/device/Services.h"
 #include "host/device/SimulationDirectExecRole.h"
+#include "host/device/TracedCall.h"
 #include "olm/core/StringList.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/DeviceWidget.h"
+#include "plugin/gui/HostCall.h"
 #include "plugin/gui/Interface.h"
 
 #include <QDebug>
@@ -105,15 +108,26 @@ DeviceWidget* Device::loadWidget(const plugin::gui::Interface& factory, const ch
 {
     ++m_loads;
     const auto finish = qScopeGuard([this] { --m_loads; });
-    DeviceWidget* const widget = factory.loadDeviceWidget(factoryName, widgetName, *this);
+    DeviceWidget* const widget = build(factory, widgetName);
     if (m_loads == 1)
         m_widgets.translateNew();
     return widget;
 }
 
+DeviceWidget* Device::build(const plugin::gui::Interface& factory, const char* widgetName)
+{
+    const Arguments arguments{{"device", std::string(factoryName)},
+                              {"widget", std::string(widgetName)}};
+    TracedCall call(m_traffic, {Call::Direction::ToPlugin, "loadDeviceWidget", nullptr,
+                                std::make_shared<const Arguments>(arguments)});
+    DeviceWidget* const widget = factory.loadDeviceWidget(factoryName, widgetName, m_tracedHost);
+    call.answer(widget ? Variant(className(typeid(*widget))) : Variant());
+    return widget;
+}
+
 void Device::translateWidgets()
 {
-    m_widgets.deliver("translate", [](DeviceWidget& widget) { widget.translate(); });
+    m_widgets.deliver("translate", {}, [](DeviceWidget& widget) { widget.translate(); });
 }
 
 void Device::setDefaultAddress(const QString& address)
@@ -164,7 +178,8 @@ Device::Variant Device::read(VariableKind kind, const char* name) const
 
 void Device::write(VariableKind kind, const char* name, const Variant& value)
 {
-    m_variables.set(kind, name, value);
+    const QWidget* const widget = plugin::gui::HostCall::caller();
+    m_variables.set(kind, name, value, widget ? className(typeid(*widget)) : QString());
     if (kind != VariableKind::Config)
         return;
     m_storage.set(name, value);
@@ -270,7 +285,12 @@ void Device::say(const QString& problem)
 void Device::deliver(const plugin::gui::HistoryBundleContent& content)
 {
     const plugin::gui::DeviceHistoryBundle bundle(content);
-    m_widgets.deliver("update", [&](DeviceWidget& widget) { widget.update(bundle); });
+    Arguments arguments;
+    content.forEach([&](VariableKind, const std::string& name, const Variant& value) {
+        arguments.push_back({name, value});
+    });
+    m_widgets.deliver("update", std::move(arguments),
+                      [&](DeviceWidget& widget) { widget.update(bundle); });
 }
 
 void Device::onStateChanged(int state)
@@ -282,22 +302,24 @@ void Device::onStateChanged(int state)
         return;
     m_isConnected = isConnected;
     if (isConnected)
-        notify("connected", [](DeviceWidget& widget) { widget.connected(); });
+        notify("connected", {}, [](DeviceWidget& widget) { widget.connected(); });
     else
-        notify("disconnected", [](DeviceWidget& widget) { widget.disconnected(); });
+        notify("disconnected", {}, [](DeviceWidget& widget) { widget.disconnected(); });
 }
 
 void Device::sendMessage(DataRole role, const Variant& value)
 {
-    notify("on_messageReceived",
+    notify("on_messageReceived", {{"role", static_cast<int>(role)}, {"value", value}},
            [role, value](DeviceWidget& widget) { widget.on_messageReceived(role, value); });
 }
 
 /// In the order of the calls, out of the event loop.
-void Device::notify(const char* what, const std::function<void(DeviceWidget&)>& call)
+void Device::notify(const char* what, const Arguments& arguments,
+                    const std::function<void(DeviceWidget&)>& call)
 {
     QMetaObject::invokeMethod(
-        this, [this, what, call] { m_widgets.deliver(what, call); }, Qt::QueuedConnection);
+        this, [this, what, arguments, call] { m_widgets.deliver(what, arguments, call); },
+        Qt::QueuedConnection);
 }
 
 } // namespace host::device

@@ -4,6 +4,8 @@
 #include "host/device/ConfigStorage.h"
 #include "host/device/Connection.h"
 #include "host/device/Timing.h"
+#include "host/device/TracedHost.h"
+#include "host/device/Traffic.h"
 #include "host/device/Variables.h"
 #include "host/device/WidgetList.h"
 #include "plugin/gui/DeviceHost.h"
@@ -60,6 +62,12 @@ public:
     /// One sentence for the status bar.
     QString status() const { return m_connection.status(); }
 
+    /// For developers' tools: what they set here counts as set by the device, and is not stored.
+    Variables& variables() { return m_variables; }
+
+    /// All calls between this device and its widgets.
+    Traffic& traffic() { return m_traffic; }
+
     // What the widgets ask of their device.
     void registerInput(const char* name, bool on) override;
     void registerOutput(const char* name, bool on) override;
@@ -91,13 +99,15 @@ Q_SIGNALS:
 
 private:
     void setRegistered(plugin::gui::VariableKind kind, const char* name, bool on);
+    plugin::gui::DeviceWidget* build(const plugin::gui::Interface& factory, const char* widgetName);
     void welcomeWidgets();
     void loadConfig();
     void say(const QString& problem);
     void deliver(const plugin::gui::HistoryBundleContent& content);
     void onStateChanged(int state);
     void sendMessage(plugin::plugin::DataRole role, const Variant& value);
-    void notify(const char* what, const std::function<void(plugin::gui::DeviceWidget&)>& call);
+    void notify(const char* what, const Arguments& arguments,
+                const std::function<void(plugin::gui::DeviceWidget&)>& call);
 
     QString m_name;
     Services& m_services;
@@ -105,7 +115,9 @@ private:
     ConfigStorage m_storage;
     Connection m_connection;
     bool m_isConnected = false; // as the widgets were told
-    WidgetList m_widgets;
+    Traffic m_traffic;
+    TracedHost m_tracedHost{*this, m_traffic}; // what the widgets are built on
+    WidgetList m_widgets{m_traffic};
     int m_loads = 0; // loadWidget() calls under way
 };
 

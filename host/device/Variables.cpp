@@ -19,15 +19,32 @@ Variables::Variables()
 
 Variables::Variant Variables::value(Kind kind, const char* name) const
 {
-    const auto found = m_values.find({kind, name});
-    return found == m_values.end() ? Variant() : found->second;
+    const Entry* const entry = find({kind, name});
+    return entry ? entry->value : Variant();
 }
 
-void Variables::set(Kind kind, const char* name, const Variant& value)
+const Variables::Entry* Variables::find(const Key& key) const
+{
+    const auto found = m_values.find(key);
+    return found == m_values.end() ? nullptr : &found->second;
+}
+
+std::set<Variables::Key> Variables::keys() const
+{
+    std::set<Key> keys;
+    for (const auto& [key, entry] : m_values)
+        keys.insert(key);
+    for (const auto& [key, followers] : m_followers)
+        keys.insert(key);
+    return keys;
+}
+
+void Variables::set(Kind kind, const char* name, const Variant& value, const QString& writer)
 {
     const Key key(kind, name);
-    m_values.insert_or_assign(key, value);
-    if (m_followers.count(key) == 0)
+    m_values.insert_or_assign(key, Entry{value, writer, std::chrono::system_clock::now()});
+    Q_EMIT touched(key);
+    if (!isFollowed(key))
         return;
     m_news.insert(key);
     if (!m_timer.isActive())
@@ -47,16 +64,20 @@ void Variables::setProperty(Kind kind, const char* name, const char* property, c
 
 void Variables::follow(Kind kind, const char* name)
 {
-    ++m_followers[{kind, name}];
+    const Key key(kind, name);
+    ++m_followers[key];
+    Q_EMIT touched(key);
 }
 
 void Variables::unfollow(Kind kind, const char* name)
 {
-    const auto found = m_followers.find({kind, name});
+    const Key key(kind, name);
+    const auto found = m_followers.find(key);
     if (found == m_followers.end() || --found->second > 0)
         return;
-    m_news.erase(found->first);
+    m_news.erase(key);
     m_followers.erase(found);
+    Q_EMIT touched(key);
 }
 
 void Variables::beginTransaction(const QString& name)
@@ -92,7 +113,7 @@ void Variables::report()
     const std::set<Key> news = std::exchange(m_news, {});
     plugin::gui::HistoryBundleContent content;
     for (const Key& key : news)
-        content.insert(key.first, key.second, m_values[key]);
+        content.insert(key.first, key.second, m_values[key].value);
     Q_EMIT changed(content);
 }
 

@@ -1,37 +1,15 @@
 #include "host/device/WidgetList.h"
 
+#include "host/device/ClassName.h"
+#include "host/device/TracedCall.h"
 #include "plugin/gui/DeviceWidget.h"
 
 #include <QDebug>
 
-#include <boost/core/demangle.hpp>
-
 #include <algorithm>
 #include <exception>
-#include <typeinfo>
 
 namespace host::device {
-
-namespace {
-
-void call(const char* what, WidgetList::Widget& widget,
-          const std::function<void(WidgetList::Widget&)>& notify)
-{
-    const std::type_info& type = typeid(widget); // the handler may delete the widget
-    const auto warn = [&](const char* reason) {
-        qWarning("%s::%s threw an exception: %s", boost::core::demangle(type.name()).c_str(), what,
-                 reason);
-    };
-    try {
-        notify(widget);
-    } catch (const std::exception& exception) {
-        warn(exception.what());
-    } catch (...) {
-        warn("not a std::exception");
-    }
-}
-
-} // namespace
 
 void WidgetList::add(Widget& widget)
 {
@@ -50,16 +28,19 @@ void WidgetList::remove(Widget& widget)
 
 void WidgetList::translateNew()
 {
-    forEach(true, "translate", [](Widget& widget) { widget.translate(); });
+    forEach(true, "translate", {}, [](Widget& widget) { widget.translate(); });
 }
 
-void WidgetList::deliver(const char* what, const std::function<void(Widget&)>& notify)
+void WidgetList::deliver(const char* what, Arguments arguments,
+                         const std::function<void(Widget&)>& notify)
 {
-    forEach(false, what, notify);
+    forEach(false, what, std::move(arguments), notify);
 }
 
-void WidgetList::forEach(bool isNew, const char* what, const std::function<void(Widget&)>& notify)
+void WidgetList::forEach(bool isNew, const char* what, Arguments arguments,
+                         const std::function<void(Widget&)>& notify)
 {
+    const auto shared = std::make_shared<const Arguments>(std::move(arguments));
     ++m_deliveries;
     // By index, and not beyond the present end: a handler may append.
     const std::size_t end = m_entries.size();
@@ -68,13 +49,30 @@ void WidgetList::forEach(bool isNew, const char* what, const std::function<void(
         if (!widget || m_entries[i].isNew != isNew)
             continue;
         m_entries[i].isNew = false;
-        call(what, *widget, notify);
+        call({Call::Direction::ToPlugin, what, widget, shared}, *widget, notify);
     }
     if (--m_deliveries > 0)
         return;
     m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(),
                                    [](const Entry& entry) { return !entry.widget; }),
                     m_entries.end());
+}
+
+void WidgetList::call(const Call& call, Widget& widget, const std::function<void(Widget&)>& notify)
+{
+    // The handler may delete the widget.
+    const auto warn = [&call](const char* reason) {
+        qWarning("%s::%s threw an exception: %s", qPrintable(className(*call.widgetClass)),
+                 call.name, reason);
+    };
+    try {
+        const TracedCall traced(m_traffic, call);
+        notify(widget);
+    } catch (const std::exception& exception) {
+        warn(exception.what());
+    } catch (...) {
+        warn("not a std::exception");
+    }
 }
 
 } // namespace host::device

@@ -1,7 +1,10 @@
 #ifndef HOST_DEVICE_WIDGETLIST_H
 #define HOST_DEVICE_WIDGETLIST_H
 
+#include "host/device/Call.h"
+
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace plugin::gui {
@@ -9,6 +12,8 @@ class DeviceWidget;
 }
 
 namespace host::device {
+
+class Traffic;
 
 /// The widgets of one device, whatever their place in the widget tree, and how one is called.
 /// A handler may delete widgets, its own too, and build new ones; an exception that leaves it
@@ -18,6 +23,9 @@ class WidgetList
 public:
     using Widget = plugin::gui::DeviceWidget;
 
+    /// The calls of widgets are noted in @p traffic, which outlives the list.
+    explicit WidgetList(Traffic& traffic) : m_traffic(traffic) {}
+
     /// @p widget is still under construction and gets nothing before translateNew().
     void add(Widget& widget);
     void remove(Widget& widget);
@@ -25,8 +33,9 @@ public:
     /// Welcomes the widgets that were added since the last time: the constructors of all of
     /// them have ended. They are translated, and get every notification from now on.
     void translateNew();
-    /// Calls @p notify with each welcomed widget; @p what names the notification in a warning.
-    void deliver(const char* what, const std::function<void(Widget&)>& notify);
+    /// Calls @p notify with each welcomed widget; @p what names the notification, and
+    /// @p arguments are what it gives each of them.
+    void deliver(const char* what, Arguments arguments, const std::function<void(Widget&)>& notify);
 
 private:
     struct Entry
@@ -35,8 +44,11 @@ private:
         bool isNew;
     };
 
-    void forEach(bool isNew, const char* what, const std::function<void(Widget&)>& notify);
+    void forEach(bool isNew, const char* what, Arguments arguments,
+                 const std::function<void(Widget&)>& notify);
+    void call(const Call& call, Widget& widget, const std::function<void(Widget&)>& notify);
 
+    Traffic& m_traffic;
     std::vector<Entry> m_entries; // a removed one is null until no delivery is under way
     int m_deliveries = 0;         // under way, within each other
 };

@@ -45,6 +45,9 @@ class VariablesTest : public TestCase
 private Q_SLOTS:
     void what_was_never_set_is_empty();
     void a_value_is_read_at_once_and_belongs_to_its_kind_and_name();
+    void a_value_keeps_who_wrote_it_last_and_when();
+    void all_variables_that_were_set_or_are_followed_are_known();
+    void every_set_and_every_change_of_followers_is_told_at_once();
     void a_note_belongs_to_one_variable_and_is_not_reported();
     void only_followed_variables_are_reported();
     void a_report_carries_the_newest_values_of_what_changed_only();
@@ -80,6 +83,51 @@ void VariablesTest::a_value_is_read_at_once_and_belongs_to_its_kind_and_name()
     QCOMPARE(variables.value(Kind::State, "a").get<int>(), 3);
     QCOMPARE(variables.value(Kind::Config, "a").get<int>(), 4);
     QCOMPARE(variables.value(Kind::Input, "b").get<int>(), 5);
+}
+
+void VariablesTest::a_value_keeps_who_wrote_it_last_and_when()
+{
+    Variables variables;
+    QVERIFY(!variables.find({Kind::Input, "a"}));
+    const auto before = std::chrono::system_clock::now();
+    variables.set(Kind::Input, "a", 1, "Widget");
+    const auto* entry = variables.find({Kind::Input, "a"});
+    QCOMPARE(entry->value.get<int>(), 1);
+    QCOMPARE(entry->writer, QString("Widget"));
+    QVERIFY(entry->written >= before);
+    QVERIFY(entry->written <= std::chrono::system_clock::now());
+    variables.set(Kind::Input, "a", 2);
+    QCOMPARE(variables.find({Kind::Input, "a"})->writer, QString());
+}
+
+void VariablesTest::all_variables_that_were_set_or_are_followed_are_known()
+{
+    Variables variables;
+    variables.set(Kind::Output, "set", 1);
+    variables.follow(Kind::Input, "followed");
+    variables.follow(Kind::Output, "set");
+    variables.follow(Kind::Input, "ended");
+    variables.unfollow(Kind::Input, "ended");
+    const std::set<Variables::Key> expected{{Kind::Input, "followed"}, {Kind::Output, "set"}};
+    QVERIFY(variables.keys() == expected);
+    QVERIFY(variables.isFollowed({Kind::Output, "set"}));
+    QVERIFY(!variables.isFollowed({Kind::Input, "ended"}));
+}
+
+void VariablesTest::every_set_and_every_change_of_followers_is_told_at_once()
+{
+    Variables variables;
+    QStringList told;
+    connect(&variables, &Variables::touched, this, [&](const Variables::Key& key) {
+        told += QString::fromStdString(key.second) +
+                QString::number(variables.value(key.first, key.second.c_str()).get<int>()) +
+                (variables.isFollowed(key) ? "followed" : "");
+    });
+    variables.set(Kind::Input, "a", 1);
+    variables.follow(Kind::Input, "a");
+    variables.set(Kind::Input, "a", 1);
+    variables.unfollow(Kind::Input, "a");
+    QCOMPARE(told, QStringList({"a1", "a1followed", "a1followed", "a1"}));
 }
 
 void VariablesTest::a_note_belongs_to_one_variable_and_is_not_reported()

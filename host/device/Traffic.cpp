@@ -1,0 +1,29 @@
+#include "host/device/Traffic.h"
+
+namespace host::device {
+
+std::shared_ptr<const Call> Traffic::call(Number number) const
+{
+    return m_calls[number - m_first];
+}
+
+void Traffic::clear()
+{
+    m_first = end();
+    m_calls.clear();
+}
+
+std::shared_ptr<Call> Traffic::add(Call call)
+{
+    if (m_calls.size() == capacity) {
+        m_calls.pop_front();
+        ++m_first;
+    }
+    call.depth = m_depth++;
+    auto added = std::make_shared<Call>(std::move(call));
+    m_calls.push_back(added);
+    Q_EMIT this->added();
+    return added;
+}
+
+} // namespace host::device
