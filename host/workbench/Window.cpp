@@ -9,6 +9,7 @@
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/Services.h"
 #include "host/workbench/StartPage.h"
+#include "host/workbench/variables/VariablesDock.h"
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/Interface.h"
 
@@ -48,6 +49,7 @@ Window::Window(const PluginLoader& plugin, device::Device& device, Services& ser
     setCentralWidget(middle);
 
     addMenus();
+    addDocks();
     addStatusBar();
     addPlugin();
 
@@ -79,6 +81,7 @@ void Window::translate()
 {
     setWindowTitle(tr("%1 - device workbench").arg(m_device.name()));
     m_fileMenu->setTitle(tr("&File"));
+    m_view->setTitle(tr("&View"));
     m_quit->setText(tr("&Quit"));
     m_helpMenu->setTitle(tr("&Help"));
     m_contextHelp->setText(tr("&Context help"));
@@ -105,6 +108,8 @@ void Window::addMenus()
     m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
 
+    m_view = menuBar()->addMenu(QString());
+
     auto* languages = new LanguageMenu(m_services.language(), this);
     menuBar()->addMenu(languages);
     connect(languages, &LanguageMenu::problem, this, &Window::notify);
@@ -117,6 +122,13 @@ void Window::addMenus()
     connect(m_contents, &QAction::triggered, this, &Window::showMainHelp);
     m_about = m_helpMenu->addAction(QString());
     connect(m_about, &QAction::triggered, this, &Window::showAbout);
+}
+
+void Window::addDocks()
+{
+    QDockWidget* const variables = new VariablesDock(m_device.variables(), this);
+    addDockWidget(Qt::BottomDockWidgetArea, variables);
+    m_view->addAction(variables->toggleViewAction());
 }
 
 void Window::addStatusBar()

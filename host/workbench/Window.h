@@ -53,6 +53,7 @@ protected:
 private:
     void translate();
     void addMenus();
+    void addDocks();
     void addStatusBar();
     void addPlugin();
     plugin::gui::DeviceWidget* loadWidget(const char* name);
@@ -69,6 +70,7 @@ private:
     QString m_robot;
     QList<FailureWords> m_failures;
     QMenu* m_fileMenu = nullptr;
+    QMenu* m_view = nullptr;
     QMenu* m_helpMenu = nullptr;
     QAction* m_quit = nullptr;
     QAction* m_contextHelp = nullptr;

@@ -1,0 +1,76 @@
+#ifndef HOST_WORKBENCH_VARIABLES_VARIABLEMODEL_H
+#define HOST_WORKBENCH_VARIABLES_VARIABLEMODEL_H
+
+#include "host/device/Variables.h"
+
+#include <QAbstractTableModel>
+#include <QTimer>
+
+#include <chrono>
+#include <map>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace host::workbench {
+
+/// The variables of one device as a table, one a row, for as long as somebody looks. News comes
+/// in at most ten times a second; the background of a row that changed fades within a second.
+class VariableModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum Column
+    {
+        KindColumn,
+        NameColumn,
+        TypeColumn,
+        ValueColumn,
+        RegisteredColumn,
+        WriterColumn,
+        WrittenColumn,
+        ColumnCount
+    };
+
+    /// @p variables outlives the model. Not active, and without rows, at first.
+    explicit VariableModel(device::Variables& variables);
+
+    /// While it is not active nothing is done. What happened meanwhile is shown on return.
+    void setActive(bool active);
+
+    olm::core::variant::Variant value(int row) const;
+    /// Sets the variable as its device would. Whatever the type: widgets must stand that.
+    void setValue(int row, const olm::core::variant::Variant& value);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    using Key = device::Variables::Key;
+    using Clock = std::chrono::steady_clock;
+
+    struct Row
+    {
+        Key key;
+        std::optional<Clock::time_point> changed; // while it flashes
+    };
+
+    void touch(const Key& key);
+    void refresh();
+    void addRows(const std::set<Key>& keys);
+    QString text(const Key& key, int column) const;
+
+    device::Variables& m_variables;
+    bool m_isActive = false;
+    std::vector<Row> m_rows;
+    std::map<Key, int> m_rowOf;
+    std::set<Key> m_touched;
+    QTimer m_timer{this}; // runs only while something changed or fades
+};
+
+} // namespace host::workbench
+
+#endif
