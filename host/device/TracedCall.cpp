@@ -6,16 +6,15 @@ namespace host::device {
 
 TracedCall::TracedCall(Traffic& traffic, Call call)
     : m_traffic(traffic),
-      m_call(traffic.add(std::move(call))),
+      m_call(traffic.callBegan(std::move(call))),
       m_exceptions(std::uncaught_exceptions())
 {
 }
 
 TracedCall::~TracedCall()
 {
-    m_call->duration = std::chrono::steady_clock::now() - m_began;
-    m_call->hasThrown = std::uncaught_exceptions() > m_exceptions;
-    m_traffic.ended();
+    m_traffic.callEnded(*m_call, std::chrono::steady_clock::now() - m_began,
+                        std::uncaught_exceptions() > m_exceptions);
 }
 
 } // namespace host::device

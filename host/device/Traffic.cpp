@@ -13,7 +13,7 @@ void Traffic::clear()
     m_calls.clear();
 }
 
-std::shared_ptr<Call> Traffic::add(Call call)
+std::shared_ptr<Call> Traffic::callBegan(Call call)
 {
     if (m_calls.size() == capacity) {
         m_calls.pop_front();
@@ -22,8 +22,16 @@ std::shared_ptr<Call> Traffic::add(Call call)
     call.depth = m_depth++;
     auto added = std::make_shared<Call>(std::move(call));
     m_calls.push_back(added);
-    Q_EMIT this->added();
+    Q_EMIT changed();
     return added;
+}
+
+void Traffic::callEnded(Call& call, std::chrono::nanoseconds duration, bool hasThrown)
+{
+    call.duration = duration;
+    call.hasThrown = hasThrown;
+    --m_depth;
+    Q_EMIT changed();
 }
 
 } // namespace host::device

@@ -31,13 +31,13 @@ public:
     /// Numbers are not used again.
     void clear();
 
-    /// For TracedCall alone, which completes the call that it adds.
-    std::shared_ptr<Call> add(Call call);
-    void ended() { --m_depth; }
+    /// For TracedCall alone.
+    std::shared_ptr<Call> callBegan(Call call);
+    void callEnded(Call& call, std::chrono::nanoseconds duration, bool hasThrown);
 
 Q_SIGNALS:
-    /// Within the call itself: whoever listens does next to nothing.
-    void added();
+    /// A call began or ended. Within the call itself: whoever listens does next to nothing.
+    void changed();
 
 private:
     std::deque<std::shared_ptr<Call>> m_calls;

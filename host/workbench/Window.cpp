@@ -9,6 +9,7 @@
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/Services.h"
 #include "host/workbench/StartPage.h"
+#include "host/workbench/traffic/TrafficDock.h"
 #include "host/workbench/variables/VariablesDock.h"
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/Interface.h"
@@ -126,9 +127,15 @@ void Window::addMenus()
 
 void Window::addDocks()
 {
-    QDockWidget* const variables = new VariablesDock(m_device.variables(), this);
-    addDockWidget(Qt::BottomDockWidgetArea, variables);
-    m_view->addAction(variables->toggleViewAction());
+    auto* variables = new VariablesDock(m_device.variables(), this);
+    auto* traffic = new TrafficDock(m_device.traffic(), this);
+    for (QDockWidget* dock :
+         {static_cast<QDockWidget*>(variables), static_cast<QDockWidget*>(traffic)}) {
+        addDockWidget(Qt::BottomDockWidgetArea, dock);
+        m_view->addAction(dock->toggleViewAction());
+    }
+    tabifyDockWidget(variables, traffic);
+    connect(traffic, &TrafficDock::problem, this, &Window::notify);
 }
 
 void Window::addStatusBar()

@@ -7,6 +7,7 @@
 #include "olm/core/Vector.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -239,15 +240,14 @@ QString inWords(const Vector<T>& vector)
 {
     if (vector.size() <= longestVector)
         return '[' + print(vector) + ']';
-    return Text::tr("[%1, … %n number(s) in all]", "", static_cast<int>(vector.size()))
-        .arg(print(vector, longestVector));
+    return Text::tr("[%1, … %2 in all]").arg(print(vector, longestVector)).arg(vector.size());
 }
 
 QString inWords(const LaserScanMessage& scan)
 {
-    return Text::tr("scan %1 of %2 with %n range(s)", "", static_cast<int>(scan.ranges.size()))
-        .arg(scan.sequenceNumber)
-        .arg(quoted(fromLatin1(scan.frameId)));
+    return Text::tr("scan %1 of %2, ranges: %3")
+        .arg(QString::number(scan.sequenceNumber), quoted(fromLatin1(scan.frameId)),
+             QString::number(scan.ranges.size()));
 }
 
 template <class T, class Words>
@@ -288,7 +288,15 @@ QString inWords(const Variant& value)
         tryWords<SimulationDirectExecRole>(
             value, [](auto v) { return print(static_cast<unsigned int>(v)); }, &text))
         return text;
-    return enterableType(value) < 0 ? typeName(value) : cut(toText(value));
+    return enterableType(value) <= 0 ? typeName(value) : cut(toText(value));
+}
+
+QString inWords(std::chrono::system_clock::time_point time)
+{
+    const auto sinceEpoch =
+        std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
+    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count())
+        .toString(QStringLiteral("HH:mm:ss.zzz"));
 }
 
 QStringList enterableTypes()

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <optional>
 
 /// Values as developers read and enter them. Numbers are written as in C, in every language.
@@ -16,6 +17,9 @@ QString typeName(const olm::core::variant::Variant& value);
 
 /// On one line, and cut where it is long.
 QString inWords(const olm::core::variant::Variant& value);
+
+/// The time of day, to the millisecond.
+QString inWords(std::chrono::system_clock::time_point time);
 
 /// The types that a value can be entered in; "empty" is the first.
 QStringList enterableTypes();

@@ -3,7 +3,6 @@
 #include "host/workbench/variables/ValueText.h"
 
 #include <QBrush>
-#include <QDateTime>
 
 #include <algorithm>
 #include <utility>
@@ -36,14 +35,6 @@ QString kindName(VariableKind kind)
         return VariableModel::tr("config");
     }
     return {};
-}
-
-QString timeText(std::chrono::system_clock::time_point time)
-{
-    const auto sinceEpoch =
-        std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
-    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count())
-        .toString(QStringLiteral("HH:mm:ss.zzz"));
 }
 
 } // namespace
@@ -156,7 +147,7 @@ QString VariableModel::text(const Key& key, int column) const
             return tr("this dock");
         return entry->writer.isEmpty() ? tr("the device") : entry->writer;
     case WrittenColumn:
-        return entry ? timeText(entry->written) : QString();
+        return entry ? inWords(entry->written) : QString();
     default:
         return {};
     }

@@ -4,16 +4,23 @@
 
 #include <QComboBox>
 #include <QEvent>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeView>
+#include <QVBoxLayout>
 
 namespace host::workbench {
 
 using olm::core::variant::Variant;
+
+namespace {
+
+constexpr int fewestRows = 8;
+
+} // namespace
 
 VariablesDock::VariablesDock(device::Variables& variables, QWidget* parent)
     : QDockWidget(parent),
@@ -48,8 +55,9 @@ VariablesDock::VariablesDock(device::Variables& variables, QWidget* parent)
     m_view->setUniformRowHeights(true);
     m_view->setSortingEnabled(true);
     m_view->sortByColumn(VariableModel::NameColumn, Qt::AscendingOrder);
+    m_view->setMinimumHeight(fewestRows * m_view->fontMetrics().lineSpacing());
     const int character = m_view->fontMetrics().averageCharWidth();
-    const int widths[] = {9, 24, 20, 36, 13, 22, 14};
+    const int widths[] = {9, 24, 26, 36, 13, 22, 16};
     for (int column = 0; column < VariableModel::ColumnCount; ++column)
         m_view->header()->resizeSection(column, widths[column] * character);
 
@@ -67,19 +75,23 @@ VariablesDock::VariablesDock(device::Variables& variables, QWidget* parent)
     m_problem->hide();
 
     auto* content = new QWidget;
-    auto* layout = new QGridLayout(content);
+    auto* filterRow = new QHBoxLayout;
+    filterRow->addWidget(m_filterLabel);
+    filterRow->addWidget(m_filter);
+    auto* form = new QHBoxLayout;
+    form->addWidget(m_chosen);
+    form->addSpacing(12);
+    form->addWidget(m_typeLabel);
+    form->addWidget(m_type);
+    form->addWidget(m_valueLabel);
+    form->addWidget(m_value, 1);
+    form->addWidget(m_set);
+    auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(6, 6, 6, 6);
-    layout->addWidget(m_filterLabel, 0, 0);
-    layout->addWidget(m_filter, 0, 1, 1, 5);
-    layout->addWidget(m_view, 1, 0, 1, 6);
-    layout->addWidget(m_chosen, 2, 0);
-    layout->addWidget(m_typeLabel, 2, 1);
-    layout->addWidget(m_type, 2, 2);
-    layout->addWidget(m_valueLabel, 2, 3);
-    layout->addWidget(m_value, 2, 4);
-    layout->addWidget(m_set, 2, 5);
-    layout->addWidget(m_problem, 3, 0, 1, 6);
-    layout->setColumnStretch(4, 1);
+    layout->addLayout(filterRow);
+    layout->addWidget(m_view, 1);
+    layout->addLayout(form);
+    layout->addWidget(m_problem);
     setWidget(content);
 
     connect(this, &QDockWidget::visibilityChanged, &m_model, &VariableModel::setActive);

@@ -231,8 +231,8 @@ void TrafficTest::a_call_above_50_milliseconds_is_too_long()
 void TrafficTest::the_newest_calls_are_kept()
 {
     Traffic traffic;
-    int added = 0;
-    connect(&traffic, &Traffic::added, this, [&added] { ++added; });
+    int changes = 0;
+    connect(&traffic, &Traffic::changed, this, [&changes] { ++changes; });
     for (std::size_t i = 0; i < Traffic::capacity; ++i)
         const TracedCall call(traffic, callNamed("old"));
     QCOMPARE(traffic.begin(), Traffic::Number(0));
@@ -240,7 +240,7 @@ void TrafficTest::the_newest_calls_are_kept()
         const TracedCall call(traffic, callNamed("outer"));
         const TracedCall inner(traffic, callNamed("inner"));
     }
-    QCOMPARE(added, int(Traffic::capacity) + 2);
+    QCOMPARE(changes, 2 * (int(Traffic::capacity) + 2)); // each began and ended
     QCOMPARE(traffic.begin(), Traffic::Number(2));
     QCOMPARE(traffic.end(), Traffic::Number(Traffic::capacity + 2));
     QCOMPARE(words(*traffic.call(2)), QString(" > old()"));

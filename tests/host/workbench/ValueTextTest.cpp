@@ -70,6 +70,7 @@ private Q_SLOTS:
     void what_is_no_value_is_an_error_that_says_what_is_right();
     void long_values_are_cut_in_words_only();
     void other_types_are_shown_and_not_entered();
+    void a_time_is_that_of_the_day();
 };
 
 void ValueTextTest::every_type_has_its_name_and_its_text_data()
@@ -77,8 +78,7 @@ void ValueTextTest::every_type_has_its_name_and_its_text_data()
     QTest::addColumn<Variant>("value");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("words");
-    QTest::newRow("empty") << Variant() << ""
-                           << "";
+    QTest::newRow("empty") << Variant() << "" << "empty";
     QTest::newRow("bool") << Variant(true) << "true"
                           << "true";
     QTest::newRow("int") << Variant(-5) << "-5"
@@ -188,7 +188,7 @@ void ValueTextTest::long_values_are_cut_in_words_only()
 {
     const Variant vector(Vector<unsigned int>(1000));
     QCOMPARE(inWords(vector), QString(u8"[0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, "
-                                      u8"\u2026 1000 number(s) in all]"));
+                                      u8"\u2026 1000 in all]"));
     QCOMPARE(int(toText(vector).count('0')), 1000);
     const Variant text(QString(1000, 'a'));
     QVERIFY(inWords(text).size() < 250);
@@ -202,12 +202,20 @@ void ValueTextTest::other_types_are_shown_and_not_entered()
     scan.frameId = "laser";
     scan.ranges = Vector<float>(682);
     QCOMPARE(typeName(scan), QString("LaserScanMessage"));
-    QCOMPARE(inWords(scan), QString("scan 7 of \"laser\" with 682 range(s)"));
+    QCOMPARE(inWords(scan), QString("scan 7 of \"laser\", ranges: 682"));
     QCOMPARE(enterableType(scan), -1);
     QCOMPARE(toText(scan), QString());
     QCOMPARE(inWords(SimulationDirectExecRole(1005)), QString("1005"));
     QVERIFY(typeName(Unknown()).endsWith("Unknown"));
     QCOMPARE(inWords(Unknown()), typeName(Unknown()));
+}
+
+void ValueTextTest::a_time_is_that_of_the_day()
+{
+    const QDateTime time(QDate(2024, 2, 29), QTime(23, 5, 9, 7));
+    QCOMPARE(inWords(std::chrono::system_clock::time_point(
+                 std::chrono::milliseconds(time.toMSecsSinceEpoch()))),
+             QString("23:05:09.007"));
 }
 
 QTEST_GUILESS_MAIN(ValueTextTest)

@@ -1,0 +1,50 @@
+#ifndef HOST_WORKBENCH_TRAFFIC_TRAFFICDOCK_H
+#define HOST_WORKBENCH_TRAFFIC_TRAFFICDOCK_H
+
+#include "host/workbench/traffic/TrafficModel.h"
+
+#include <QDockWidget>
+#include <QSortFilterProxyModel>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTreeView;
+
+namespace host::workbench {
+
+/// For developers of plugins: every call between the host and the plugin, in order, with what it
+/// was given and how long it took. Hidden at first; then the calls are only kept.
+class TrafficDock : public QDockWidget
+{
+    Q_OBJECT
+
+public:
+    /// @p traffic outlives the dock.
+    TrafficDock(device::Traffic& traffic, QWidget* parent);
+
+Q_SIGNALS:
+    /// The calls could not be saved; with what to do.
+    void problem(const QString& words);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void translate();
+    void askForFile();
+
+    TrafficModel m_model;
+    QSortFilterProxyModel m_filtered;
+    QLabel* m_filterLabel;
+    QLineEdit* m_filter;
+    QPushButton* m_pause;
+    QPushButton* m_clear;
+    QPushButton* m_save;
+    QTreeView* m_view;
+    bool m_isAtEnd = true; // the newest call is in sight
+};
+
+} // namespace host::workbench
+
+#endif
