@@ -51,7 +51,7 @@ TrafficDock::TrafficDock(device::Traffic& traffic, QWidget* parent)
     m_view->setUniformRowHeights(true);
     m_view->setMinimumHeight(fewestRows * m_view->fontMetrics().lineSpacing());
     const int character = m_view->fontMetrics().averageCharWidth();
-    const int widths[] = {16, 16, 32, 30, 48, 20, 14};
+    const int widths[] = {16, 20, 17, 32, 30, 60, 30};
     for (int column = 0; column < TrafficModel::ColumnCount; ++column)
         m_view->header()->resizeSection(column, widths[column] * character);
 

@@ -189,7 +189,7 @@ void TrafficModel::refresh()
         if (number < m_first)
             continue;
         const int row = static_cast<int>(number - m_first);
-        Q_EMIT dataChanged(index(row, ResultColumn), index(row, DurationColumn));
+        Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
         if (!m_calls[static_cast<std::size_t>(row)]->duration)
             m_underWay.push_back(number);
     }

@@ -22,12 +22,12 @@ public:
     enum Column
     {
         TimeColumn,
+        DurationColumn,
         DirectionColumn,
         CallColumn,
         WidgetColumn,
         ArgumentsColumn,
         ResultColumn,
-        DurationColumn,
         ColumnCount
     };
 

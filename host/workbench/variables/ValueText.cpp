@@ -12,6 +12,7 @@
 #include <QJsonDocument>
 
 #include <charconv>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <type_traits>
@@ -32,6 +33,15 @@ struct Text
 
 constexpr unsigned int longestVector = 12;
 constexpr int longestText = 200;
+
+// By name like Variant::get, which is slow where the type is another one.
+template <class T>
+const T* held(const Variant& value)
+{
+    const boost::any& any = value.any();
+    return std::strcmp(any.type().name(), typeid(T).name()) == 0 ? boost::unsafe_any_cast<T>(&any)
+                                                                 : nullptr;
+}
 
 // With its size, as Qt 5 takes the first zero byte for the end otherwise.
 QString fromLatin1(const std::string& bytes)
@@ -187,13 +197,8 @@ struct Type
 template <class T>
 Type typeNamed(const char* name)
 {
-    return {name,
-            [](const Variant& value) {
-                bool ok = false;
-                value.get<T>(&ok);
-                return ok;
-            },
-            [](const Variant& value) { return print(value.get<T>()); },
+    return {name, [](const Variant& value) { return held<T>(value) != nullptr; },
+            [](const Variant& value) { return print(*held<T>(value)); },
             [](const QString& text, QString* error) -> std::optional<Variant> {
                 T value{};
                 return read(text, value, error) ? std::optional<Variant>(value) : std::nullopt;
@@ -250,16 +255,6 @@ QString inWords(const LaserScanMessage& scan)
              QString::number(scan.ranges.size()));
 }
 
-template <class T, class Words>
-bool tryWords(const Variant& value, Words words, QString* text)
-{
-    bool ok = false;
-    const T held = value.get<T>(&ok);
-    if (ok)
-        *text = words(held);
-    return ok;
-}
-
 } // namespace
 
 QString typeName(const Variant& value)
@@ -274,20 +269,18 @@ QString typeName(const Variant& value)
 
 QString inWords(const Variant& value)
 {
-    QString text;
-    if (tryWords<std::string>(
-            value, [](const auto& v) { return quoted(fromLatin1(v)); }, &text) ||
-        tryWords<QString>(
-            value, [](const auto& v) { return quoted(v); }, &text) ||
-        tryWords<Vector<float>>(
-            value, [](const auto& v) { return inWords(v); }, &text) ||
-        tryWords<Vector<unsigned int>>(
-            value, [](const auto& v) { return inWords(v); }, &text) ||
-        tryWords<LaserScanMessage>(
-            value, [](const auto& v) { return inWords(v); }, &text) ||
-        tryWords<SimulationDirectExecRole>(
-            value, [](auto v) { return print(static_cast<unsigned int>(v)); }, &text))
-        return text;
+    if (const auto* bytes = held<std::string>(value))
+        return quoted(fromLatin1(*bytes));
+    if (const auto* text = held<QString>(value))
+        return quoted(*text);
+    if (const auto* vector = held<Vector<float>>(value))
+        return inWords(*vector);
+    if (const auto* vector = held<Vector<unsigned int>>(value))
+        return inWords(*vector);
+    if (const auto* scan = held<LaserScanMessage>(value))
+        return inWords(*scan);
+    if (const auto* role = held<SimulationDirectExecRole>(value))
+        return print(static_cast<unsigned int>(*role));
     return enterableType(value) <= 0 ? typeName(value) : cut(toText(value));
 }
 
