@@ -144,7 +144,7 @@ QString TrafficModel::text(const Call& call, int column)
         return call.direction == Call::Direction::ToPlugin ? tr("host → plugin")
                                                            : tr("plugin → host");
     case CallColumn:
-        return QString(3 * call.depth, QLatin1Char(' ')) + QLatin1String(call.name);
+        return QStringLiteral("   ").repeated(call.depth) + QLatin1String(call.name);
     case WidgetColumn:
         return widgetText(call);
     case ArgumentsColumn:

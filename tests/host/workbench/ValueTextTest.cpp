@@ -78,7 +78,8 @@ void ValueTextTest::every_type_has_its_name_and_its_text_data()
     QTest::addColumn<Variant>("value");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("words");
-    QTest::newRow("empty") << Variant() << "" << "empty";
+    QTest::newRow("empty") << Variant() << ""
+                           << "empty";
     QTest::newRow("bool") << Variant(true) << "true"
                           << "true";
     QTest::newRow("int") << Variant(-5) << "-5"
