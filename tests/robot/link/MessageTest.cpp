@@ -182,6 +182,14 @@ void MessageTest::floats_are_read_from_every_numeric_array_data()
     row("float16 little", "d854 42 003e", {1.5});
     row("float32 little", "d855 48 0000c03f 000020c0", {1.5, -2.5});
     row("float64 little", "d856 48 000000000000f83f", {1.5});
+
+    // The largest float, the last double that is rounded to it, and the next one.
+    constexpr float largest = std::numeric_limits<float>::max();
+    constexpr auto infinite = static_cast<float>(infinity);
+    row("out of range",
+        "84 fb47efffffe0000000 fb47efffffefffffff fb47effffff0000000 fbc7effffff0000000",
+        {largest, largest, infinite, -infinite});
+    row("out of range typed", "d852 50 47effffff0000000 fff0000000000000", {infinite, -infinite});
 }
 
 void MessageTest::floats_are_read_from_every_numeric_array()
