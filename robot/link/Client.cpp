@@ -28,12 +28,14 @@ Client::Client(const Timeouts& timeouts, QObject* parent) : QObject(parent), m_t
     m_deadline.setSingleShot(true);
     connect(&m_pingTimer, &QTimer::timeout, this, &Client::ping);
     connect(&m_deadline, &QTimer::timeout, this, &Client::onDeadline);
+    connect(&m_inbox, &Inbox::statusReceived, this, &Client::statusReceived);
+    connect(&m_inbox, &Inbox::malformedReceived, this, &Client::malformedReceived);
 }
 
 Client::~Client()
 {
     const QSignalBlocker silence(this);
-    m_calls.clear();
+    m_inbox.clear();
     close();
 }
 
@@ -101,10 +103,10 @@ void Client::callService(const QString& service, const QCborMap& args, const Cal
             this, [callback, result] { callback(result); }, Qt::QueuedConnection);
         return;
     }
-    m_calls.insert(id, {service, callback});
+    m_inbox.addCall(id, {service, callback});
     QTimer::singleShot(timeout, this, [this, id, service, timeout] {
         const QString error = tr("The service %1 did not answer within %2 s.");
-        answer(id, {false, {}, error.arg(service, seconds(timeout))});
+        m_inbox.answer(id, {false, {}, error.arg(service, seconds(timeout))});
     });
 }
 
@@ -144,17 +146,15 @@ QString Client::subscribe(const QString& topic, const QString& type,
                isBinary ? QStringLiteral("cbor") : QStringLiteral("none")}});
     if (!isSent)
         return QString();
-    m_subscriptions.insert(id, {canonicalName(topic), handler});
+    m_inbox.addSubscription(id, canonicalName(topic), handler);
     return id;
 }
 
 void Client::unsubscribe(const QString& id)
 {
-    const auto subscription = m_subscriptions.constFind(id);
-    if (subscription == m_subscriptions.cend())
+    const QString topic = m_inbox.removeSubscription(id);
+    if (topic.isEmpty())
         return;
-    const QString topic = subscription->topic;
-    m_subscriptions.erase(subscription);
     send({{QStringLiteral("op"), QStringLiteral("unsubscribe")},
           {QStringLiteral("id"), id},
           {QStringLiteral("topic"), topic}});
@@ -246,13 +246,12 @@ void Client::end(Cause cause, const QString& text)
     m_pingTimer.stop();
     m_deadline.stop();
     releaseSocket();
-    m_subscriptions.clear();
-    const QHash<QString, Call> calls = std::exchange(m_calls, {});
+    const QHash<QString, Inbox::Call> calls = m_inbox.clear();
     m_state = State::Closed;
 
     const QPointer<Client> alive(this);
     Q_EMIT closed(cause, text);
-    for (const Call& call : calls) {
+    for (const Inbox::Call& call : calls) {
         if (!alive)
             return;
         const QString error = tr("The service %1 did not answer: %2").arg(call.service, text);
@@ -289,80 +288,10 @@ bool Client::send(const QCborMap& message)
 
 void Client::receive(const std::optional<QCborMap>& message, const QString& error)
 {
-    if (!message) {
+    if (message)
+        m_inbox.receive(*message);
+    else
         Q_EMIT malformedReceived(error);
-        return;
-    }
-    const QString op = message->value(QLatin1String("op")).toString();
-    if (op == QLatin1String("publish"))
-        receivePublish(*message);
-    else if (op == QLatin1String("service_response"))
-        receiveServiceResponse(*message);
-    else if (op == QLatin1String("status"))
-        receiveStatus(*message);
-    else
-        Q_EMIT malformedReceived(tr("the op \"%1\" is not one for a client").arg(op));
-}
-
-void Client::receivePublish(const QCborMap& message)
-{
-    const QCborValue topic = message.value(QLatin1String("topic"));
-    const QCborValue msg = message.value(QLatin1String("msg"));
-    if (!topic.isString() || !msg.isMap()) {
-        Q_EMIT malformedReceived(tr("\"publish\" needs a text \"topic\" and an object \"msg\""));
-        return;
-    }
-    const QString name = canonicalName(topic.toString());
-    const QCborMap content = msg.toMap();
-    const QPointer<Client> alive(this);
-    const QStringList ids = m_subscriptions.keys(); // handlers may subscribe and unsubscribe
-    for (const QString& id : ids) {
-        const Subscription subscription = m_subscriptions.value(id);
-        if (subscription.topic == name)
-            subscription.handler(content);
-        if (!alive)
-            return;
-    }
-}
-
-void Client::receiveServiceResponse(const QCborMap& message)
-{
-    const QCborValue id = message.value(QLatin1String("id"));
-    const QCborValue ok = message.value(QLatin1String("result"));
-    const QCborValue values = message.value(QLatin1String("values"));
-    if (!id.isString() || !ok.isBool()) {
-        Q_EMIT malformedReceived(
-            tr("\"service_response\" needs a text \"id\" and a true or false \"result\""));
-        return;
-    }
-    const QString service = m_calls.value(id.toString()).service;
-    Result result{ok.toBool(), values.toMap(), QString()};
-    if (!result.ok)
-        result.error = values.isString()
-                           ? tr("The service %1 failed: %2").arg(service, values.toString())
-                           : tr("The service %1 failed and did not say why.").arg(service);
-    answer(id.toString(), result);
-}
-
-void Client::receiveStatus(const QCborMap& message)
-{
-    const QCborValue level = message.value(QLatin1String("level"));
-    const QCborValue text = message.value(QLatin1String("msg"));
-    if (level.isString() && text.isString())
-        Q_EMIT statusReceived(level.toString(), text.toString());
-    else
-        Q_EMIT malformedReceived(tr("\"status\" needs a text \"level\" and a text \"msg\""));
-}
-
-/// Does nothing if the call was answered already: by its timeout, or before it.
-void Client::answer(const QString& id, const Result& result)
-{
-    const auto call = m_calls.constFind(id);
-    if (call == m_calls.cend())
-        return;
-    const Callback callback = call->callback;
-    m_calls.erase(call);
-    callback(result);
 }
 
 } // namespace robot::link

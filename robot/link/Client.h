@@ -2,15 +2,14 @@
 #define ROBOT_LINK_CLIENT_H
 
 #include "robot/link/Address.h"
+#include "robot/link/Inbox.h"
 
 #include <QAbstractSocket>
 #include <QCborMap>
-#include <QHash>
 #include <QObject>
 #include <QTimer>
 
 #include <chrono>
-#include <functional>
 #include <optional>
 
 QT_BEGIN_NAMESPACE
@@ -58,16 +57,9 @@ public:
         std::chrono::milliseconds pongDeadline{5000}; ///< from a ping to the first answer
     };
 
-    /// The answer to a service call.
-    struct Result
-    {
-        bool ok = false;
-        QCborMap values; ///< as the service gave them, also with a failure if it gave any
-        QString error;   ///< for a person to read; empty if ok
-    };
-
-    using Callback = std::function<void(const Result&)>;
-    using Handler = std::function<void(const QCborMap& msg)>;
+    using Result = Inbox::Result;
+    using Callback = Inbox::Callback;
+    using Handler = Inbox::Handler;
 
     enum class Compression
     {
@@ -129,18 +121,6 @@ Q_SIGNALS:
     void malformedReceived(const QString& text);
 
 private:
-    struct Call
-    {
-        QString service;
-        Callback callback;
-    };
-
-    struct Subscription
-    {
-        QString topic;
-        Handler handler;
-    };
-
     void onConnected();
     void onError(QAbstractSocket::SocketError error);
     void onDeadline();
@@ -153,10 +133,6 @@ private:
     QString nextId(const QString& op);
     bool send(const QCborMap& message);
     void receive(const std::optional<QCborMap>& message, const QString& error);
-    void receivePublish(const QCborMap& message);
-    void receiveServiceResponse(const QCborMap& message);
-    void receiveStatus(const QCborMap& message);
-    void answer(const QString& id, const Result& result);
 
     Timeouts m_timeouts;
     State m_state = State::Closed;
@@ -165,8 +141,7 @@ private:
     QTimer m_pingTimer;
     QTimer m_deadline; // connecting: for the handshake; open: for the next pong
     quint64 m_lastId = 0;
-    QHash<QString, Call> m_calls;
-    QHash<QString, Subscription> m_subscriptions;
+    Inbox m_inbox;
 };
 
 } // namespace robot::link
