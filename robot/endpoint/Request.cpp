@@ -75,10 +75,12 @@ void Request::readId()
     const QCborValue id = value("id");
     if (id.isUndefined() || id.isNull())
         return;
-    if (id.isInteger() || id.isDouble() || (id.isString() && id.toString().size() <= m_textLength))
+    // JSON could not repeat a number that is not finite.
+    if (id.isInteger() || (id.isDouble() && std::isfinite(id.toDouble())) ||
+        (id.isString() && id.toString().size() <= m_textLength))
         m_id = id;
     else
-        fail(tr("id must be a number, or text of at most %1 characters").arg(m_textLength));
+        fail(tr("id must be a finite number, or text of at most %1 characters").arg(m_textLength));
 }
 
 void Request::fail(const QString& error)

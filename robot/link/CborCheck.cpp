@@ -108,6 +108,7 @@ void CborCheck::readTag(quint64 tag)
         fail(tr("the tag %1 is not that of a typed array").arg(tag));
         return;
     }
+    checkDepth(); // in JSON it is an array like any other
     const unsigned head = readByte();
     if (!m_fault && head >> 5 != ByteString)
         fail(tr("a typed array is not made of a byte string"));
@@ -139,10 +140,9 @@ void CborCheck::enter(bool isMap, std::optional<quint64> length)
         fail(tr("the data ends too early"));
         return;
     }
-    if (m_open.size() >= static_cast<size_t>(m_maximumDepth)) {
-        fail(tr("the message nests deeper than %1 levels").arg(m_maximumDepth));
+    checkDepth();
+    if (m_fault)
         return;
-    }
     if (length == quint64(0)) {
         completeItem();
         return;
@@ -153,6 +153,13 @@ void CborCheck::enter(bool isMap, std::optional<quint64> length)
     container.isOpenEnded = !length;
     container.itemsLeft = length.value_or(0) * (isMap ? 2 : 1);
     m_open.push_back(std::move(container));
+}
+
+/// For one more level.
+void CborCheck::checkDepth()
+{
+    if (m_open.size() >= static_cast<size_t>(m_maximumDepth))
+        fail(tr("the message nests deeper than %1 levels").arg(m_maximumDepth));
 }
 
 /// The last item of a container completes the container too, and so on outwards.

@@ -43,6 +43,7 @@ private:
     void readTag(quint64 tag);
     void readBreak();
     void enter(bool isMap, std::optional<quint64> length);
+    void checkDepth();
     void completeItem();
     std::optional<quint64> readArgument(unsigned info);
     std::string_view readBytes(quint64 length);

@@ -84,6 +84,8 @@ void RequestTest::an_unfit_field_is_named_data()
     QTest::newRow("object is a list") << "object" << QCborValue(QCborArray());
     QTest::newRow("id is an object") << "id" << QCborValue(QCborMap());
     QTest::newRow("id is true") << "id" << QCborValue(true);
+    QTest::newRow("id no number") << "id" << QCborValue(qQNaN());
+    QTest::newRow("id infinite") << "id" << QCborValue(qInf());
     QTest::newRow("id too long") << "id" << QCborValue(QStringLiteral("12345678901"));
     QTest::newRow("op too long") << "op" << QCborValue(QStringLiteral("12345678901"));
     QTest::newRow("op empty") << "op" << QCborValue(QString());

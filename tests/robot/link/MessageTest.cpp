@@ -392,11 +392,17 @@ void MessageTest::nesting_is_allowed_up_to_the_limit_and_no_deeper()
     const auto binary = [](int arrays) {
         return cborWith(QByteArray(arrays - 1, '\x81') + '\x80');
     };
+    const auto typed = [](int arrays) { // the innermost is a typed one
+        return cborWith(QByteArray(arrays - 1, '\x81') + QByteArray::fromHex("d85540"));
+    };
     const QString tooDeep = "the message nests deeper than 32 levels";
 
     QString error;
     QVERIFY2(decodeText(text(maximumMessageDepth - 1), &error), qPrintable(error));
     QVERIFY2(decodeBinary(binary(maximumMessageDepth - 1), &error), qPrintable(error));
+    QVERIFY2(decodeBinary(typed(maximumMessageDepth - 1), &error), qPrintable(error));
+    QVERIFY(!decodeBinary(typed(maximumMessageDepth), &error));
+    QVERIFY2(error.startsWith(tooDeep), qPrintable(error));
     for (const int arrays : {maximumMessageDepth, 1000, 1000000}) {
         QVERIFY(!decodeText(text(arrays), &error));
         QCOMPARE(error, tooDeep);
