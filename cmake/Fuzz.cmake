@@ -1,6 +1,5 @@
 # libFuzzer targets, with clang:
-#   CXX=clang++ cmake -S . -B build/fuzz -G Ninja -D QUANDREL_FUZZ=ON -D CMAKE_BUILD_TYPE=RelWithDebInfo
-#   cmake --build build/fuzz --target fuzz && ctest --test-dir build/fuzz -L fuzz
+#   cmake --preset fuzz && cmake --build --preset fuzz && ctest --preset fuzz
 include_guard()
 
 option(QUANDREL_FUZZ "Build the fuzz targets (clang only)" OFF)
@@ -8,7 +7,7 @@ if(NOT QUANDREL_FUZZ)
   return()
 endif()
 if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-  message(FATAL_ERROR "QUANDREL_FUZZ needs clang: configure a new folder with CXX=clang++.")
+  message(FATAL_ERROR "QUANDREL_FUZZ needs clang: use the preset fuzz.")
 endif()
 
 # The code under test must be built so too, or the fuzzer does not see which way it goes.
@@ -16,11 +15,12 @@ add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-re
 add_link_options(-fsanitize=address,undefined)
 add_custom_target(fuzz)
 
-# quandrel_fuzz(NAME <name> SOURCES <files>... LIBRARIES <targets>... CORPUS <folder>)
+# quandrel_fuzz(NAME <name> SOURCES <files>... LIBRARIES <targets>... CORPUS <folder>
+#               [DICTIONARY <file>])
 # A fuzz target, part of the target fuzz. As a test it runs the committed seeds and some seconds
 # of what grows from them; started by hand it runs until it finds something.
 function(quandrel_fuzz)
-  cmake_parse_arguments(arg "" "NAME;CORPUS" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "" "NAME;CORPUS;DICTIONARY" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${arg_NAME} ${arg_SOURCES})
   target_link_libraries(${arg_NAME} PRIVATE ${arg_LIBRARIES})
   target_link_options(${arg_NAME} PRIVATE -fsanitize=fuzzer)
@@ -28,7 +28,12 @@ function(quandrel_fuzz)
   # What libFuzzer finds of interest it adds to the first folder.
   set(found "${CMAKE_CURRENT_BINARY_DIR}/${arg_NAME}.corpus")
   file(MAKE_DIRECTORY "${found}")
-  add_test(NAME ${arg_NAME} COMMAND ${arg_NAME} -seed=1 -runs=20000 -max_total_time=60 -timeout=10
-    -rss_limit_mb=2048 "${found}" "${CMAKE_CURRENT_SOURCE_DIR}/${arg_CORPUS}")
-  set_tests_properties(${arg_NAME} PROPERTIES LABELS fuzz TIMEOUT 300)
+  set(options -seed=1 -max_total_time=20 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1)
+  if(arg_DICTIONARY)
+    list(APPEND options "-dict=${CMAKE_CURRENT_SOURCE_DIR}/${arg_DICTIONARY}")
+  endif()
+  add_test(NAME ${arg_NAME}
+    COMMAND ${arg_NAME} ${options} "${found}" "${CMAKE_CURRENT_SOURCE_DIR}/${arg_CORPUS}")
+  set_tests_properties(${arg_NAME} PROPERTIES LABELS fuzz TIMEOUT 300
+    ENVIRONMENT "ASAN_OPTIONS=malloc_context_size=1:quarantine_size_mb=16") # for speed and memory
 endfunction()

@@ -1,22 +1,12 @@
 // Any bytes are a recording or an error, and any recording can be replayed.
+#include "Require.h"
+
 #include "robot/recording/Recording.h"
 #include "robot/recording/Replay.h"
 
 #include <QBuffer>
 
-#include <cstdlib>
-
 using namespace robot::recording;
-
-namespace {
-
-void require(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

@@ -1,0 +1,125 @@
+// Whatever a server sends, the link's client end gives it to whom it is for, or says what is wrong.
+#include "LinkInput.h"
+#include "Require.h"
+
+#include "robot/link/Inbox.h"
+#include "robot/link/Message.h"
+
+#include <cstring>
+#include <map>
+#include <memory>
+
+using namespace robot::link;
+
+namespace {
+
+/// What was let in comes through both wire forms unchanged. Compares what was encoded, as in
+/// memory not a number is unlike itself.
+void requireRoundTrips(const QCborMap& message)
+{
+    const QByteArray binary = encodeBinary(message);
+    const std::optional<QCborMap> fromBinary = decodeBinary(binary, nullptr);
+    require(fromBinary && encodeBinary(*fromBinary) == binary);
+
+    const QByteArray text = encodeText(message);
+    const std::optional<QCborMap> fromText = decodeText(text, nullptr);
+    require(fromText && encodeText(*fromText) == text);
+}
+
+void readFloats(const QCborMap& msg)
+{
+    for (auto field = msg.cbegin(); field != msg.cend(); ++field) {
+        QString error;
+        const std::optional<QVector<float>> floats = toFloats(field.value(), &error);
+        require(floats.has_value() == error.isEmpty());
+        if (!floats)
+            continue;
+        const std::optional<QVector<float>> again = toFloats(typedArray(*floats), nullptr);
+        require(again && again->size() == floats->size());
+        require(floats->isEmpty() || std::memcmp(again->constData(), floats->constData(),
+                                                 sizeof(float) * floats->size()) == 0);
+    }
+}
+
+/// An inbox with every kind of owner: one that reads, one that ends its subscription, one that
+/// asks for more, and one that deletes the inbox in between.
+class Owner
+{
+public:
+    Owner()
+    {
+        for (const char* id : {"call_service:1", "call_service:2"})
+            call(QLatin1String(id));
+        subscribe("subscribe:3", "/scan", readFloats);
+        subscribe("subscribe:4", "/scan", [this](const QCborMap&) {
+            require(m_inbox->removeSubscription(QStringLiteral("subscribe:4")) ==
+                    QLatin1String("/scan"));
+        });
+        subscribe("subscribe:5", "/rosout", [this](const QCborMap&) {
+            call(QStringLiteral("call_service:6"));
+            subscribe("subscribe:7", "/clock", readFloats);
+        });
+        subscribe("subscribe:8", "/end", [this](const QCborMap&) { m_inbox.reset(); });
+
+        QObject::connect(m_inbox.get(), &Inbox::statusReceived, m_inbox.get(),
+                         [this] { ++m_heard; });
+        QObject::connect(m_inbox.get(), &Inbox::malformedReceived, m_inbox.get(),
+                         [this](const QString& text) {
+                             require(!text.isEmpty());
+                             ++m_heard;
+                         });
+    }
+
+    bool isThere() const { return m_inbox != nullptr; }
+
+    void receive(const QCborMap& message)
+    {
+        m_heard = 0;
+        m_inbox->receive(message);
+        require(m_heard <= 1);
+        const QString op = message.value(QLatin1String("op")).toString();
+        require(m_heard == 1 || op == QLatin1String("publish") ||
+                op == QLatin1String("service_response"));
+    }
+
+private:
+    void call(const QString& id)
+    {
+        if (m_answers.count(id) > 0)
+            return;
+        m_answers[id] = 0;
+        m_inbox->addCall(id, {QStringLiteral("/service"), [this, id](const Inbox::Result& result) {
+                                  require(++m_answers[id] == 1);
+                                  require(result.ok == result.error.isEmpty());
+                                  readFloats(result.values);
+                              }});
+    }
+
+    void subscribe(const char* id, const char* topic, const Inbox::Handler& handler)
+    {
+        m_inbox->addSubscription(QLatin1String(id), QLatin1String(topic), handler);
+    }
+
+    std::unique_ptr<Inbox> m_inbox = std::make_unique<Inbox>();
+    std::map<QString, int> m_answers;
+    int m_heard = 0;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    Owner owner;
+    for (const InputFrame& frame :
+         framesOf({reinterpret_cast<const char*>(data), static_cast<int>(size)})) {
+        QString error;
+        const std::optional<QCborMap> message = decode(frame, &error);
+        if (!message)
+            continue;
+        requireRoundTrips(*message);
+        owner.receive(*message);
+        if (!owner.isThere())
+            break;
+    }
+    return 0;
+}
