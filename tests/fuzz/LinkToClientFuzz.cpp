@@ -5,6 +5,10 @@
 #include "robot/link/Inbox.h"
 #include "robot/link/Message.h"
 
+#include <QCborArray>
+
+#include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <map>
 #include <memory>
@@ -13,17 +17,46 @@ using namespace robot::link;
 
 namespace {
 
-/// What was let in comes through both wire forms unchanged. Compares what was encoded, as in
-/// memory not a number is unlike itself.
+/// Whether JSON says all of a value that it can: it has one kind of number, and none that is not
+/// finite, and neither byte strings nor typed arrays.
+bool isSaid(const QCborValue& value, const QCborValue& json)
+{
+    if (value.isDouble() && !std::isfinite(value.toDouble()))
+        return json.isNull();
+    if (value.isDouble() || value.isInteger())
+        return (json.isDouble() || json.isInteger()) && json.toDouble() == value.toDouble();
+    if (value.isByteArray())
+        return json.toString() == QString::fromLatin1(value.toByteArray().toBase64());
+    if (value.isTag())
+        return json.isArray() == toFloats(value, nullptr).has_value();
+    if (value.isUndefined())
+        return json.isNull();
+    if (value.isArray()) {
+        const QCborArray array = value.toArray();
+        const QCborArray jsonArray = json.toArray();
+        return array.size() == jsonArray.size() &&
+               std::equal(array.cbegin(), array.cend(), jsonArray.cbegin(), isSaid);
+    }
+    if (value.isMap()) {
+        const QCborMap map = value.toMap();
+        const QCborMap jsonMap = json.toMap();
+        return map.size() == jsonMap.size() &&
+               std::all_of(map.cbegin(), map.cend(), [&jsonMap](const auto& field) {
+                   return isSaid(field.second, jsonMap.value(field.first.toString()));
+               });
+    }
+    return value == json;
+}
+
+/// What was let in comes through both wire forms.
 void requireRoundTrips(const QCborMap& message)
 {
     const QByteArray binary = encodeBinary(message);
     const std::optional<QCborMap> fromBinary = decodeBinary(binary, nullptr);
-    require(fromBinary && encodeBinary(*fromBinary) == binary);
+    require(fromBinary && encodeBinary(*fromBinary) == binary); // not a number is unlike itself
 
-    const QByteArray text = encodeText(message);
-    const std::optional<QCborMap> fromText = decodeText(text, nullptr);
-    require(fromText && encodeText(*fromText) == text);
+    const std::optional<QCborMap> fromText = decodeText(encodeText(message), nullptr);
+    require(fromText && isSaid(message, *fromText));
 }
 
 void readFloats(const QCborMap& msg)
