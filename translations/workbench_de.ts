@@ -79,6 +79,13 @@
     </message>
 </context>
 <context>
+    <name>host::device::ScanReader</name>
+    <message>
+        <source>A message of the topic %1 is ignored: %2.</source>
+        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::HelpPanel</name>
     <message>
         <source>This link leads out of the program: %1</source>
@@ -271,6 +278,13 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::TableFile</name>
+    <message>
+        <source>%1 was not written: %2. Choose another folder, or make room in this one.</source>
+        <translation>%1 wurde nicht geschrieben: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie in diesem Platz.</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::Tour</name>
     <message>
         <source>making the folder</source>
@@ -339,6 +353,277 @@
     <message>
         <source>The tour ended at &quot;%1&quot;: %2</source>
         <translation>Die Tour endete bei „%1“: %2</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::TrafficDock</name>
+    <message>
+        <source>Traffic</source>
+        <translation>Aufrufe</translation>
+    </message>
+    <message>
+        <source>Filte&amp;r:</source>
+        <translation>Filte&amp;r:</translation>
+    </message>
+    <message>
+        <source>Part of a call, a widget, an argument, …</source>
+        <translation>Teil eines Aufrufs, eines Widgets, eines Arguments …</translation>
+    </message>
+    <message>
+        <source>Filter of the calls</source>
+        <translation>Filter der Aufrufe</translation>
+    </message>
+    <message>
+        <source>Calls between host and plugin</source>
+        <translation>Aufrufe zwischen Host und Plugin</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>Leave the list as it is; calls are kept meanwhile.</source>
+        <translation>Die Liste bleibt, wie sie ist; Aufrufe werden unterdessen weiter festgehalten.</translation>
+    </message>
+    <message>
+        <source>&amp;Clear</source>
+        <translation>Leer&amp;en</translation>
+    </message>
+    <message>
+        <source>Forget all calls.</source>
+        <translation>Vergisst alle Aufrufe.</translation>
+    </message>
+    <message>
+        <source>Sav&amp;e …</source>
+        <translation>Speicher&amp;n …</translation>
+    </message>
+    <message>
+        <source>Save the calls that are shown as comma-separated values.</source>
+        <translation>Speichert die angezeigten Aufrufe als durch Komma getrennte Werte.</translation>
+    </message>
+    <message>
+        <source>Save the calls</source>
+        <translation>Aufrufe speichern</translation>
+    </message>
+    <message>
+        <source>Comma-separated values (*.csv)</source>
+        <translation>Durch Komma getrennte Werte (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::TrafficModel</name>
+    <message>
+        <source>threw an exception</source>
+        <translation>warf eine Ausnahme</translation>
+    </message>
+    <message>
+        <source>under way</source>
+        <translation>läuft noch</translation>
+    </message>
+    <message>
+        <source>%1 ms: too long</source>
+        <translation>%1 ms: zu lang</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>The window did not react for %1 ms: a call should end within %2 ms.</source>
+        <translation>Das Fenster reagierte %1 ms lang nicht: Ein Aufruf sollte innerhalb von %2 ms enden.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Call</source>
+        <translation>Aufruf</translation>
+    </message>
+    <message>
+        <source>Widget</source>
+        <translation>Widget</translation>
+    </message>
+    <message>
+        <source>Arguments</source>
+        <translation>Argumente</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Took</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>host → plugin</source>
+        <translation>Host → Plugin</translation>
+    </message>
+    <message>
+        <source>plugin → host</source>
+        <translation>Plugin → Host</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::ValueText</name>
+    <message>
+        <source>&quot;%1&quot; is no number that fits: write one as in -0.5, 1e-3, inf or nan.</source>
+        <translation>„%1“ ist keine passende Zahl: Schreiben Sie eine wie -0.5, 1e-3, inf oder nan.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no whole number from %2 to %3.</source>
+        <translation>„%1“ ist keine ganze Zahl von %2 bis %3.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no truth value: write true or false.</source>
+        <translation>„%1“ ist kein Wahrheitswert: Schreiben Sie true oder false.</translation>
+    </message>
+    <message>
+        <source>A std::string holds Latin-1, which has no &quot;%1&quot;: leave it out, or choose QString.</source>
+        <translation>Ein std::string enthält Latin-1, und darin gibt es kein „%1“: Lassen Sie es weg, oder wählen Sie QString.</translation>
+    </message>
+    <message>
+        <source>Number %1: %2 Numbers are separated by commas.</source>
+        <translation>Zahl Nr. %1: %2 Zahlen werden durch Kommas getrennt.</translation>
+    </message>
+    <message>
+        <source>A list of texts is written as in [&quot;first&quot;, &quot;second&quot;].</source>
+        <translation>Eine Liste von Texten schreibt man wie [&quot;erster&quot;, &quot;zweiter&quot;].</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>An empty value has no text: remove it, or choose another type.</source>
+        <translation>Ein leerer Wert hat keinen Text: Entfernen Sie den Text, oder wählen Sie einen anderen Typ.</translation>
+    </message>
+    <message>
+        <source>[%1, … %2 in all]</source>
+        <translation>[%1, … insgesamt %2]</translation>
+    </message>
+    <message>
+        <source>scan %1 of %2, ranges: %3</source>
+        <translation>Scan %1 von %2, Entfernungen: %3</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::VariableModel</name>
+    <message>
+        <source>input</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>output</source>
+        <translation>Ausgang</translation>
+    </message>
+    <message>
+        <source>state</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>config</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Registered</source>
+        <translation>Registriert</translation>
+    </message>
+    <message>
+        <source>Written by</source>
+        <translation>Geschrieben von</translation>
+    </message>
+    <message>
+        <source>Written at</source>
+        <translation>Geschrieben um</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>this dock</source>
+        <translation>diesem Fenster</translation>
+    </message>
+    <message>
+        <source>the device</source>
+        <translation>dem Gerät</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::VariablesDock</name>
+    <message>
+        <source>Variables</source>
+        <translation>Variablen</translation>
+    </message>
+    <message>
+        <source>Fi&amp;lter:</source>
+        <translation>Fi&amp;lter:</translation>
+    </message>
+    <message>
+        <source>Part of a name, a value, …</source>
+        <translation>Teil eines Namens, eines Werts …</translation>
+    </message>
+    <message>
+        <source>Filter of the variables</source>
+        <translation>Filter der Variablen</translation>
+    </message>
+    <message>
+        <source>Variables of the device</source>
+        <translation>Variablen des Geräts</translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>&amp;Typ:</translation>
+    </message>
+    <message>
+        <source>Type of the new value</source>
+        <translation>Typ des neuen Werts</translation>
+    </message>
+    <message>
+        <source>V&amp;alue:</source>
+        <translation>&amp;Wert:</translation>
+    </message>
+    <message>
+        <source>New value</source>
+        <translation>Neuer Wert</translation>
+    </message>
+    <message>
+        <source>&amp;Set</source>
+        <translation>Set&amp;zen</translation>
+    </message>
+    <message>
+        <source>Set the variable as the device would: the plugin is told, nothing is stored, and no robot hears of it.</source>
+        <translation>Setzt die Variable, wie das Gerät es täte: Das Plugin erfährt davon, nichts wird gespeichert, und kein Roboter erfährt davon.</translation>
+    </message>
+    <message>
+        <source>No variable chosen</source>
+        <translation>Keine Variable gewählt</translation>
     </message>
 </context>
 <context>
@@ -423,6 +708,10 @@
         <source>About</source>
         <translation>Über</translation>
     </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
 </context>
 <context>
     <name>main</name>
@@ -458,6 +747,59 @@ Hilfe gibt quandrel-robot --help.</translation>
     <message>
         <source>The log could not be saved to %1: %2. Choose another folder, or free some space.</source>
         <translation>Das Protokoll konnte nicht in %1 gespeichert werden: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie Platz.</translation>
+    </message>
+</context>
+<context>
+    <name>robot::ArmMessages</name>
+    <message>
+        <source>points[0].%1: %2</source>
+        <translation>points[0].%1: %2</translation>
+    </message>
+    <message>
+        <source>points[0].%1 must have a number for each of the %2 joint_names, not %3</source>
+        <translation>points[0].%1 muss für jeden der %2 joint_names eine Zahl enthalten, nicht %3</translation>
+    </message>
+    <message>
+        <source>joint_names must be a list of text</source>
+        <translation>joint_names muss eine Liste von Texten sein</translation>
+    </message>
+    <message>
+        <source>points must be a list of one point; send the next one when it is due</source>
+        <translation>points muss eine Liste mit einem Punkt sein; senden Sie den nächsten, wenn er an der Reihe ist</translation>
+    </message>
+</context>
+<context>
+    <name>robot::ArmNode</name>
+    <message>
+        <source>data must be true or false</source>
+        <translation>data muss true oder false sein</translation>
+    </message>
+    <message>
+        <source>control was given back: the arm stops</source>
+        <translation>die Steuerung wurde abgegeben: Der Arm hält an</translation>
+    </message>
+</context>
+<context>
+    <name>robot::CameraNode</name>
+    <message>
+        <source>config must be an object with the list strs</source>
+        <translation>config muss ein Objekt mit der Liste strs sein</translation>
+    </message>
+    <message>
+        <source>config has no field &quot;%1&quot;; it has %2</source>
+        <translation>config hat kein Feld „%1“; es hat %2</translation>
+    </message>
+    <message>
+        <source>config.%1 must be a list</source>
+        <translation>config.%1 muss eine Liste sein</translation>
+    </message>
+    <message>
+        <source>the camera has no parameter &quot;%1&quot; in config.%2; it has &quot;%3&quot; in config.strs</source>
+        <translation>die Kamera hat keinen Parameter „%1“ in config.%2; sie hat „%3“ in config.strs</translation>
+    </message>
+    <message>
+        <source>the value of &quot;%1&quot; must be text, for example &quot;%2&quot;</source>
+        <translation>der Wert von „%1“ muss Text sein, zum Beispiel „%2“</translation>
     </message>
 </context>
 <context>
@@ -544,6 +886,34 @@ Hilfe gibt quandrel-robot --help.</translation>
     <message>
         <source>--allow-origin: &quot;%1&quot; is not an origin; write it as http://localhost:8000, without a path</source>
         <translation>--allow-origin: „%1“ ist kein Ursprung; schreiben Sie ihn wie http://localhost:8000, ohne Pfad</translation>
+    </message>
+    <message>
+        <source>Replay the laser scans recorded in &lt;file&gt;, over and over, in place of the simulated laser.</source>
+        <translation>Spielt statt des simulierten Lasers die in &lt;Datei&gt; aufgezeichneten Laserscans ab, immer wieder von vorn.</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Replay the laser log &lt;factor&gt; times as fast as it was recorded, from 0.01 to 100; 1 without it.</source>
+        <translation>Spielt die Aufzeichnung &lt;Faktor&gt;-mal so schnell ab, wie sie aufgenommen wurde, von 0.01 bis 100; ohne diese Angabe 1.</translation>
+    </message>
+    <message>
+        <source>factor</source>
+        <translation>Faktor</translation>
+    </message>
+    <message>
+        <source>--laser-log: give the name of a file</source>
+        <translation>--laser-log: Geben Sie den Namen einer Datei an</translation>
+    </message>
+    <message>
+        <source>--rate: there is nothing to replay; give a --laser-log too</source>
+        <translation>--rate: Es gibt nichts abzuspielen; geben Sie auch --laser-log an</translation>
+    </message>
+    <message>
+        <source>--rate: &quot;%1&quot; is not a number from %2 to %3</source>
+        <translation>--rate: „%1“ ist keine Zahl von %2 bis %3</translation>
     </message>
 </context>
 <context>
@@ -645,6 +1015,21 @@ Hilfe gibt quandrel-robot --help.</translation>
     </message>
 </context>
 <context>
+    <name>robot::DriveNode</name>
+    <message>
+        <source>data must be true, to stand still, or false, to move again</source>
+        <translation>data muss true sein, um stillzustehen, oder false, um wieder zu fahren</translation>
+    </message>
+    <message>
+        <source>the drive is disabled, the robot stands still</source>
+        <translation>der Antrieb ist ausgeschaltet, der Roboter steht still</translation>
+    </message>
+    <message>
+        <source>the drive is enabled</source>
+        <translation>der Antrieb ist eingeschaltet</translation>
+    </message>
+</context>
+<context>
     <name>robot::Endpoint</name>
     <message>
         <source>the robot shuts down</source>
@@ -660,34 +1045,33 @@ Hilfe gibt quandrel-robot --help.</translation>
     </message>
 </context>
 <context>
-    <name>robot::Request</name>
+    <name>robot::LaserNode</name>
     <message>
-        <source>%1 must be there, and not empty</source>
-        <translation>%1 muss da und darf nicht leer sein</translation>
+        <source>%1: %2 further lines cannot be read</source>
+        <translation>%1: %2 weitere Zeilen können nicht gelesen werden</translation>
     </message>
     <message>
-        <source>%1 must be a whole number from 0 to %2</source>
-        <translation>%1 muss eine ganze Zahl von 0 bis %2 sein</translation>
-    </message>
-    <message>
-        <source>%1 must be an object</source>
-        <translation>%1 muss ein Objekt sein</translation>
-    </message>
-    <message>
-        <source>%1 must be text</source>
-        <translation>%1 muss Text sein</translation>
-    </message>
-    <message>
-        <source>%1 is longer than %2 characters</source>
-        <translation>%1 ist länger als %2 Zeichen</translation>
-    </message>
-    <message>
-        <source>id must be a number, or text of at most %1 characters</source>
-        <translation>id muss eine Zahl sein oder Text von höchstens %1 Zeichen</translation>
+        <source>replaying %1: %2 scans, at %3 times the speed they were recorded at</source>
+        <translation>%1 wird abgespielt: %2 Scans, mit dem %3-Fachen der Geschwindigkeit, mit der sie aufgenommen wurden</translation>
     </message>
 </context>
 <context>
-    <name>robot::Robot</name>
+    <name>robot::Messages</name>
+    <message>
+        <source>a geometry_msgs/Twist has no field &quot;%1&quot;; there it has %2</source>
+        <translation>geometry_msgs/Twist hat kein Feld „%1“; dort hat es %2</translation>
+    </message>
+    <message>
+        <source>%1 must be an object with the numbers x, y and z</source>
+        <translation>%1 muss ein Objekt mit den Zahlen x, y und z sein</translation>
+    </message>
+    <message>
+        <source>%1.%2 must be a number</source>
+        <translation>%1.%2 muss eine Zahl sein</translation>
+    </message>
+</context>
+<context>
+    <name>robot::Network</name>
     <message>
         <source>cannot listen on %1: no such host; give an address of this computer</source>
         <translation>auf %1 kann nicht gelauscht werden: kein solcher Host; geben Sie eine Adresse dieses Rechners an</translation>
@@ -719,6 +1103,33 @@ Hilfe gibt quandrel-robot --help.</translation>
     <message>
         <source>%1 was refused control: %2</source>
         <translation>%1 wurde die Steuerung verweigert: %2</translation>
+    </message>
+</context>
+<context>
+    <name>robot::Request</name>
+    <message>
+        <source>%1 must be there, and not empty</source>
+        <translation>%1 muss da und darf nicht leer sein</translation>
+    </message>
+    <message>
+        <source>%1 must be a whole number from 0 to %2</source>
+        <translation>%1 muss eine ganze Zahl von 0 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>%1 must be an object</source>
+        <translation>%1 muss ein Objekt sein</translation>
+    </message>
+    <message>
+        <source>%1 must be text</source>
+        <translation>%1 muss Text sein</translation>
+    </message>
+    <message>
+        <source>%1 is longer than %2 characters</source>
+        <translation>%1 ist länger als %2 Zeichen</translation>
+    </message>
+    <message>
+        <source>id must be a finite number, or text of at most %1 characters</source>
+        <translation>id muss eine endliche Zahl sein oder Text von höchstens %1 Zeichen</translation>
     </message>
 </context>
 <context>
@@ -894,6 +1305,52 @@ Hilfe gibt quandrel-robot --help.</translation>
         <source>The service %1 did not answer: %2</source>
         <translation>Der Dienst %1 hat nicht geantwortet: %2</translation>
     </message>
+</context>
+<context>
+    <name>robot::link::Fields</name>
+    <message>
+        <source>is %1, not a number</source>
+        <translation>ist %1, keine Zahl</translation>
+    </message>
+    <message>
+        <source>is %1, not a whole number from %2 to %3</source>
+        <translation>ist %1, keine ganze Zahl von %2 bis %3</translation>
+    </message>
+    <message>
+        <source>is %1, not true or false</source>
+        <translation>ist %1, nicht true oder false</translation>
+    </message>
+    <message>
+        <source>is %1, not text</source>
+        <translation>ist %1, kein Text</translation>
+    </message>
+    <message>
+        <source>is %1, not an array of texts</source>
+        <translation>ist %1, keine Liste von Texten</translation>
+    </message>
+    <message>
+        <source>has %1 as element %2, not text</source>
+        <translation>hat als Element %2 %1, keinen Text</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>is %1, not an object</source>
+        <translation>ist %1, kein Objekt</translation>
+    </message>
+    <message>
+        <source>the field &quot;%1&quot; %2</source>
+        <translation>das Feld „%1“ %2</translation>
+    </message>
+    <message>
+        <source>is missing</source>
+        <translation>fehlt</translation>
+    </message>
+</context>
+<context>
+    <name>robot::link::Inbox</name>
     <message>
         <source>the op &quot;%1&quot; is not one for a client</source>
         <translation>die Operation „%1“ ist keine für einen Client</translation>
@@ -1103,6 +1560,73 @@ Hilfe gibt quandrel-robot --help.</translation>
     <message>
         <source>the time</source>
         <translation>die Zeit</translation>
+    </message>
+</context>
+<context>
+    <name>robot::simulation::Arm</name>
+    <message>
+        <source>the command names no axis; name one of %1 to %2 at least</source>
+        <translation>der Befehl nennt keine Achse; nennen Sie mindestens eine von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>%1 is named twice; name each axis once</source>
+        <translation>%1 ist zweimal genannt; nennen Sie jede Achse nur einmal</translation>
+    </message>
+    <message>
+        <source>the torque is off: the arm does not move; switch it on first</source>
+        <translation>das Drehmoment ist aus: Der Arm bewegt sich nicht; schalten Sie es zuerst ein</translation>
+    </message>
+    <message>
+        <source>moving: %1</source>
+        <translation>in Bewegung: %1</translation>
+    </message>
+    <message>
+        <source>not moving: %1</source>
+        <translation>nicht in Bewegung: %1</translation>
+    </message>
+    <message>
+        <source>torque off: the arm does not move</source>
+        <translation>Drehmoment aus: Der Arm bewegt sich nicht</translation>
+    </message>
+    <message>
+        <source>torque on</source>
+        <translation>Drehmoment ein</translation>
+    </message>
+    <message>
+        <source>line %1 on; the torque is off: the arm does not move</source>
+        <translation>Leitung %1 ein; das Drehmoment ist aus: Der Arm bewegt sich nicht</translation>
+    </message>
+    <message>
+        <source>line %1 on</source>
+        <translation>Leitung %1 ein</translation>
+    </message>
+    <message>
+        <source>the arm has no axis &quot;%1&quot;; it has %2 to %3</source>
+        <translation>der Arm hat keine Achse „%1“; er hat %2 bis %3</translation>
+    </message>
+    <message>
+        <source>the target %1 of %2 is refused; give one from 0 to %3</source>
+        <translation>das Ziel %1 für %2 wird abgewiesen; geben Sie eines von 0 bis %3 an</translation>
+    </message>
+    <message>
+        <source>the speed %1 of %2 is refused; give one from 0 to %3</source>
+        <translation>die Geschwindigkeit %1 für %2 wird abgewiesen; geben Sie eine von 0 bis %3 an</translation>
+    </message>
+    <message>
+        <source>line %1 is off</source>
+        <translation>Leitung %1 ist aus</translation>
+    </message>
+    <message>
+        <source>it is there already</source>
+        <translation>sie ist schon dort</translation>
+    </message>
+    <message>
+        <source>its speed is 0</source>
+        <translation>ihre Geschwindigkeit ist 0</translation>
+    </message>
+    <message>
+        <source>line %1 off: axes %2 to %3 do not move</source>
+        <translation>Leitung %1 aus: Die Achsen %2 bis %3 bewegen sich nicht</translation>
     </message>
 </context>
 <context>
