@@ -2,6 +2,7 @@
 #include "LinkInput.h"
 #include "Require.h"
 
+#include "host/device/ScanReader.h"
 #include "robot/link/Inbox.h"
 #include "robot/link/Message.h"
 
@@ -84,6 +85,7 @@ public:
         for (const char* id : {"call_service:1", "call_service:2"})
             call(QLatin1String(id));
         subscribe("subscribe:3", "/scan", readFloats);
+        subscribe("subscribe:9", "/scan", [this](const QCborMap& msg) { readScan(msg); });
         subscribe("subscribe:4", "/scan", [this](const QCborMap&) {
             require(m_inbox->removeSubscription(QStringLiteral("subscribe:4")) ==
                     QLatin1String("/scan"));
@@ -128,12 +130,24 @@ private:
                               }});
     }
 
+    void readScan(const QCborMap& msg)
+    {
+        QString error;
+        const std::optional<olm::core::LaserScanMessage> scan = m_scanReader.read(msg, &error);
+        require(scan.has_value() == error.isEmpty());
+        if (!scan)
+            return;
+        const auto ranges = toFloats(msg.value(QLatin1String("ranges")), nullptr);
+        require(ranges && static_cast<unsigned int>(ranges->size()) == scan->ranges.size());
+    }
+
     void subscribe(const char* id, const char* topic, const Inbox::Handler& handler)
     {
         m_inbox->addSubscription(QLatin1String(id), QLatin1String(topic), handler);
     }
 
     std::unique_ptr<Inbox> m_inbox = std::make_unique<Inbox>();
+    host::device::ScanReader m_scanReader{QStringLiteral("/scan")};
     std::map<QString, int> m_answers;
     int m_heard = 0;
 };
