@@ -2,6 +2,60 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>host::device::ArmPose</name>
+    <message>
+        <source>has %1 numbers for %2 names</source>
+        <translation>hat %1 Zahlen für %2 Namen</translation>
+    </message>
+    <message>
+        <source>A message of the topic /joint_states is ignored: %1.</source>
+        <translation>Eine Nachricht des Topics /joint_states wird nicht beachtet: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::Commands</name>
+    <message>
+        <source>Disable the drive system</source>
+        <translation>Antrieb abschalten</translation>
+    </message>
+    <message>
+        <source>Enable the drive system</source>
+        <translation>Antrieb einschalten</translation>
+    </message>
+    <message>
+        <source>Camera resolution %1</source>
+        <translation>Kameraauflösung %1</translation>
+    </message>
+    <message>
+        <source>Enable line %1</source>
+        <translation>Leitung %1 einschalten</translation>
+    </message>
+    <message>
+        <source>Disable line %1</source>
+        <translation>Leitung %1 ausschalten</translation>
+    </message>
+    <message>
+        <source>Switch torque off</source>
+        <translation>Drehmoment ausschalten</translation>
+    </message>
+    <message>
+        <source>Switch torque on</source>
+        <translation>Drehmoment einschalten</translation>
+    </message>
+    <message>
+        <source>%1: not done. %2</source>
+        <translation>%1: nicht ausgeführt. %2</translation>
+    </message>
+    <message>
+        <source>Another client is in control of the robot.</source>
+        <translation>Ein anderer Client steuert den Roboter.</translation>
+    </message>
+    <message>
+        <source>The device is not connected.</source>
+        <translation>Das Gerät ist nicht verbunden.</translation>
+    </message>
+</context>
+<context>
     <name>host::device::ConfigStorage</name>
     <message>
         <source>The stored settings in %1 cannot be read (%2). The defaults are used, and changes are not stored: make the file readable and start again.</source>
@@ -76,6 +130,29 @@
     <message>
         <source>The stored setting &quot;%1&quot; in %2 is of another type than this program expects. The default is used: set it again, or correct the file.</source>
         <translation>Die gespeicherte Einstellung „%1“ in %2 ist von einem anderen Typ, als dieses Programm erwartet. Es gilt die Vorgabe: Stellen Sie sie neu ein, oder berichtigen Sie die Datei.</translation>
+    </message>
+    <message>
+        <source>Scans are shown as they arrive while the device is connected.</source>
+        <translation>Solange das Gerät verbunden ist, werden die Scans angezeigt, wie sie eintreffen.</translation>
+    </message>
+    <message>
+        <source>The arm&apos;s position was not stored: the robot has not told where all axes are. Connect to a robot with an arm and try again.</source>
+        <translation>Die Armposition wurde nicht gespeichert: Der Roboter hat nicht mitgeteilt, wo alle Achsen stehen. Verbinden Sie sich mit einem Roboter mit Arm und versuchen Sie es erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::PositionStore</name>
+    <message>
+        <source>The arm&apos;s position was not stored: all %1 positions are in use. Remove one and try again.</source>
+        <translation>Die Armposition wurde nicht gespeichert: Alle %1 Positionen sind belegt. Entfernen Sie eine und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Store the arm&apos;s position</source>
+        <translation>Armposition speichern</translation>
+    </message>
+    <message>
+        <source>The arm&apos;s position was stored as %1.</source>
+        <translation>Die Armposition wurde als %1 gespeichert.</translation>
     </message>
 </context>
 <context>

@@ -75,25 +75,55 @@ bool Connection::close()
     return true;
 }
 
+/// A client that is left may still answer: it speaks of a connection that is over.
+template <class Handle>
+auto Connection::whileCurrent(const Handle& handle)
+{
+    return [this, client = m_client.get(), handle](const auto& answer) {
+        if (client == m_client.get())
+            handle(answer);
+    };
+}
+
+void Connection::follow(const QString& topic, const QString& type, const Client::Handler& handler)
+{
+    m_followed.push_back({topic, type, handler});
+    if (m_client)
+        subscribe(m_followed.back());
+}
+
+void Connection::call(const QString& service, const QCborMap& args,
+                      const Client::Callback& callback)
+{
+    Q_ASSERT(m_client);
+    m_client->callService(service, args, whileCurrent(callback), m_timing.answer);
+}
+
+void Connection::subscribe(const Followed& followed)
+{
+    Client::SubscribeOptions options;
+    options.compression = Client::Compression::Cbor;
+    m_client->subscribe(followed.topic, followed.type, options, whileCurrent(followed.handler));
+}
+
 void Connection::onOpened()
 {
-    // A client that is left may still answer: it speaks of a connection that is over.
-    const auto whileCurrent = [this, client = m_client.get()](auto&& handle) {
-        return [this, client, handle](const auto& answer) {
-            if (client == m_client.get())
-                (this->*handle)(answer);
-        };
-    };
     m_client->subscribe(QStringLiteral("/rosout"), QStringLiteral("rosgraph_msgs/Log"), {},
-                        whileCurrent(&Connection::onLogMessage));
-    m_client->callService(QStringLiteral("/rosapi/get_param"),
-                          {{QStringLiteral("name"), QStringLiteral("/use_sim_time")},
-                           {QStringLiteral("default"), QStringLiteral("false")}},
-                          whileCurrent(&Connection::onSimTimeAnswered), m_timing.answer);
+                        whileCurrent([this](const QCborMap& log) { onLogMessage(log); }));
+    m_client->callService(
+        QStringLiteral("/rosapi/get_param"),
+        {{QStringLiteral("name"), QStringLiteral("/use_sim_time")},
+         {QStringLiteral("default"), QStringLiteral("false")}},
+        whileCurrent([this](const Client::Result& result) { onSimTimeAnswered(result); }),
+        m_timing.answer);
     // Our own deadline comes first, so that a failure is always what the robot answered.
     m_acquireDeadline.start();
-    m_client->callService(QStringLiteral("/control/acquire"), {},
-                          whileCurrent(&Connection::onAcquireAnswered), 2 * m_timing.answer);
+    m_client->callService(
+        QStringLiteral("/control/acquire"), {},
+        whileCurrent([this](const Client::Result& result) { onAcquireAnswered(result); }),
+        2 * m_timing.answer);
+    for (const Followed& followed : m_followed)
+        subscribe(followed);
 }
 
 void Connection::onSimTimeAnswered(const Client::Result& result)

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace host::device {
 
@@ -46,6 +47,14 @@ public:
     /// message is sent. False where there is nothing to close.
     bool close();
 
+    /// From now on gives each message of @p topic to @p handler, on this link and on all to come.
+    void follow(const QString& topic, const QString& type,
+                const robot::link::Client::Handler& handler);
+    /// Calls a service of the robot; not while the state is -1. What comes of it is told unless
+    /// the link ends before.
+    void call(const QString& service, const QCborMap& args,
+              const robot::link::Client::Callback& callback);
+
 Q_SIGNALS:
     /// Also -1 after -1, where open() could not understand the address.
     void stateChanged(int state);
@@ -59,7 +68,17 @@ private:
     using Client = robot::link::Client;
     using Words = std::function<QString()>;
 
+    struct Followed
+    {
+        QString topic;
+        QString type;
+        Client::Handler handler;
+    };
+
     void onOpened();
+    template <class Handle>
+    auto whileCurrent(const Handle& handle);
+    void subscribe(const Followed& followed);
     void onSimTimeAnswered(const Client::Result& result);
     void onAcquireAnswered(const Client::Result& result);
     void onFrame();
@@ -75,6 +94,7 @@ private:
     int m_state = notConnected;
     Words m_status;
     QString m_address;
+    std::vector<Followed> m_followed;
     std::unique_ptr<Client> m_client; // as long as the state is not -1
     bool m_hasControl = false;
     bool m_isSimulator = false;

@@ -1,11 +1,12 @@
 #include "host/device/Device.h"
 
 #include "host/device/ClassName.h"
+#include "host/device/ConfigDefaults.h"
 #include "host/device/MessageRole.h"
+#include "host/device/PositionStore.h"
 #include "host/device/Services.h"
 #include "host/device/SimulationDirectExecRole.h"
 #include "host/device/TracedCall.h"
-#include "olm/core/StringList.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/HostCall.h"
@@ -41,21 +42,6 @@ QString toText(const std::string& bytes)
     return QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size()));
 }
 
-/// A configuration variable that the device always has, with its value where none is stored.
-struct ConfigVariable
-{
-    const char* name;
-    Device::Variant defaultValue;
-};
-
-std::vector<ConfigVariable> configVariables()
-{
-    return {
-        {addressName, toBytes(robot::link::Address().toString())},
-        {"ipAddressHistory", olm::core::StringList()},
-    };
-}
-
 bool haveSameType(const Device::Variant& a, const Device::Variant& b)
 {
     // By name, as Variant::get() compares.
@@ -70,7 +56,9 @@ Device::Device(const QString& name, const QString& storageFolder, Services& serv
       m_name(name),
       m_services(services),
       m_storage(storageFolder, name),
-      m_connection(timing)
+      m_connection(timing),
+      m_cameraRate(m_connection),
+      m_commands(m_connection)
 {
     loadConfig();
     m_variables.set(VariableKind::State, "connectedToSimulator", false);
@@ -83,6 +71,15 @@ Device::Device(const QString& name, const QString& storageFolder, Services& serv
     connect(&m_connection, &Connection::simulatorChanged, this, [this](bool isSimulator) {
         m_variables.set(VariableKind::State, "connectedToSimulator", isSimulator);
     });
+    connect(&m_cameraRate, &CameraRate::changed, this, [this](unsigned int rate) {
+        m_variables.set(VariableKind::Input, "cameraFrequency", rate);
+    });
+    connect(&m_commands, &Commands::message, this,
+            [this](DataRole role, const QString& text) { sendMessage(role, text); });
+    m_connection.follow(QStringLiteral("/scan"), QStringLiteral("sensor_msgs/LaserScan"),
+                        [this](const QCborMap& message) { onScan(message); });
+    m_connection.follow(QStringLiteral("/joint_states"), QStringLiteral("sensor_msgs/JointState"),
+                        [this](const QCborMap& message) { onJointState(message); });
 }
 
 Device::~Device() = default;
@@ -92,15 +89,16 @@ void Device::loadConfig()
     say(m_storage.load());
     for (const auto& [name, value] : m_storage.values())
         m_variables.set(VariableKind::Config, name.c_str(), value);
-    for (const ConfigVariable& variable : configVariables()) {
-        const Variant stored = m_variables.value(VariableKind::Config, variable.name);
-        if (haveSameType(stored, variable.defaultValue))
+    for (const ConfigDefault& variable : configDefaults()) {
+        const char* const name = variable.name.c_str();
+        const Variant stored = m_variables.value(VariableKind::Config, name);
+        if (haveSameType(stored, variable.value))
             continue;
-        m_variables.set(VariableKind::Config, variable.name, variable.defaultValue);
+        m_variables.set(VariableKind::Config, name, variable.value);
         if (!stored.isEmpty())
             say(tr("The stored setting \"%1\" in %2 is of another type than this program expects. "
                    "The default is used: set it again, or correct the file.")
-                    .arg(QLatin1String(variable.name), m_storage.fileName()));
+                    .arg(QLatin1String(name), m_storage.fileName()));
     }
 }
 
@@ -185,6 +183,8 @@ void Device::write(VariableKind kind, const char* name, const Variant& value)
     m_storage.set(name, value);
     if (!m_variables.isInTransaction())
         say(m_storage.save());
+    if (m_connection.state() >= Connection::connected)
+        applySetting(name, value);
 }
 
 Device::Variant Device::property(VariableKind kind, const char* name, const char* property) const
@@ -220,7 +220,7 @@ bool Device::disconnectDevice()
     return m_connection.close();
 }
 
-Device::Variant Device::simulationDirectExec(const Variant& role, const Variant&)
+Device::Variant Device::simulationDirectExec(const Variant& role, const Variant& value)
 {
     bool isRole = false;
     const auto number = role.get<SimulationDirectExecRole>(&isRole);
@@ -230,9 +230,20 @@ Device::Variant Device::simulationDirectExec(const Variant& role, const Variant&
     }
     switch (number) {
     case laserStartText:
-        return {}; // nothing to start with
+        return tr("Scans are shown as they arrive while the device is connected.");
     case currentConnectionState:
         return connectionState();
+    case toggleTorque:
+        m_commands.toggleTorque();
+        return {};
+    case storePosition:
+        storePose();
+        return {};
+    case enableFirstLine:
+    case enableFirstLine + 1:
+    case enableFirstLine + 2:
+        m_commands.enableLine(static_cast<int>(number - enableFirstLine), value.toBool());
+        return {};
     default:
         qWarning("The device does not know the command with the role %u.",
                  static_cast<unsigned int>(number));
@@ -293,8 +304,64 @@ void Device::deliver(const plugin::gui::HistoryBundleContent& content)
                       [&](DeviceWidget& widget) { widget.update(bundle); });
 }
 
+/// The lines of the arm are no settings here: their widgets send a command as well.
+void Device::applySetting(const char* name, const Variant& value)
+{
+    if (std::strcmp(name, "disableDriveSystem") == 0)
+        m_commands.disableDriveSystem(value.toBool());
+    else if (std::strcmp(name, "camera_resolution") == 0)
+        m_commands.setCameraResolution(value);
+}
+
+/// The robot may have been told otherwise by another client.
+void Device::applyAllSettings()
+{
+    for (const char* name : {"disableDriveSystem", "camera_resolution"})
+        applySetting(name, read(VariableKind::Config, name));
+    for (int line = 0; line < Commands::lineCount; ++line) {
+        const QByteArray name = QByteArray("line") + QByteArray::number(line) + "_enabled";
+        m_commands.enableLine(line, read(VariableKind::Config, name.constData()).toBool());
+    }
+}
+
+void Device::onScan(const QCborMap& message)
+{
+    QString error;
+    if (const auto scan = m_scanReader.read(message, &error))
+        m_variables.set(VariableKind::Input, "scan", *scan);
+    report(laserLogLine, error, m_scanError);
+}
+
+void Device::onJointState(const QCborMap& message)
+{
+    report(manipulatorLogLine, m_armPose.read(message), m_armPoseError);
+}
+
+/// Says what is wrong with a stream of messages when that changes, not with each of them.
+void Device::report(DataRole log, const QString& error, QString& lastError)
+{
+    if (error == lastError)
+        return;
+    lastError = error;
+    if (!error.isEmpty())
+        sendMessage(log, error);
+}
+
+void Device::storePose()
+{
+    const std::optional<ArmPose::Axes> pose = m_armPose.axes();
+    sendMessage(manipulatorLogLine,
+                pose ? PositionStore(*this).add(*pose)
+                     : tr("The arm's position was not stored: the robot has not told where all "
+                          "axes are. Connect to a robot with an arm and try again."));
+}
+
 void Device::onStateChanged(int state)
 {
+    if (state == Connection::notConnected)
+        m_armPose.forget();
+    if (state == Connection::connected)
+        applyAllSettings();
     Q_EMIT connectionStateChanged(state);
     sendMessage(connectionStateMessage, state);
     const bool isConnected = state >= Connection::connected;

@@ -1,8 +1,12 @@
 #ifndef HOST_DEVICE_DEVICE_H
 #define HOST_DEVICE_DEVICE_H
 
+#include "host/device/ArmPose.h"
+#include "host/device/CameraRate.h"
+#include "host/device/Commands.h"
 #include "host/device/ConfigStorage.h"
 #include "host/device/Connection.h"
+#include "host/device/ScanReader.h"
 #include "host/device/Timing.h"
 #include "host/device/TracedHost.h"
 #include "host/device/Traffic.h"
@@ -104,6 +108,12 @@ private:
     void loadConfig();
     void say(const QString& problem);
     void deliver(const plugin::gui::HistoryBundleContent& content);
+    void applySetting(const char* name, const Variant& value);
+    void applyAllSettings();
+    void onScan(const QCborMap& message);
+    void onJointState(const QCborMap& message);
+    void report(plugin::plugin::DataRole log, const QString& error, QString& lastError);
+    void storePose();
     void onStateChanged(int state);
     void sendMessage(plugin::plugin::DataRole role, const Variant& value);
     void notify(const char* what, const Arguments& arguments,
@@ -114,6 +124,12 @@ private:
     Variables m_variables;
     ConfigStorage m_storage;
     Connection m_connection;
+    CameraRate m_cameraRate;
+    Commands m_commands;
+    ScanReader m_scanReader{QStringLiteral("/scan")};
+    QString m_scanError; // the last one said, empty since a good scan
+    ArmPose m_armPose;
+    QString m_armPoseError;     // likewise
     bool m_isConnected = false; // as the widgets were told
     Traffic m_traffic;
     TracedHost m_tracedHost{*this, m_traffic}; // what the widgets are built on

@@ -13,6 +13,12 @@ namespace host::device {
 constexpr SimulationDirectExecRole laserStartText{1003};
 /// No value; answers the connection state, an int.
 constexpr SimulationDirectExecRole currentConnectionState{1005};
+/// No value; switches the torque of the arm on or off, whichever it is not.
+constexpr SimulationDirectExecRole toggleTorque{1006};
+/// No value; the arm's present pose becomes a new stored position.
+constexpr SimulationDirectExecRole storePosition{1007};
+/// A bool; switches the first of the arm's three supply lines. The others follow in order.
+constexpr SimulationDirectExecRole enableFirstLine{1008};
 
 } // namespace host::device
 

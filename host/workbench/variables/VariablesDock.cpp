@@ -137,6 +137,16 @@ void VariablesDock::translate()
                          "stored, and no robot hears of it."));
     m_view->header()->viewport()->update();
     m_view->viewport()->update();
+    nameChosen();
+}
+
+void VariablesDock::nameChosen()
+{
+    const int row = chosenRow();
+    const auto text = [&](int column) { return m_model.index(row, column).data().toString(); };
+    m_chosen->setText(row < 0 ? tr("No variable chosen")
+                              : text(VariableModel::KindColumn) + ' ' +
+                                    text(VariableModel::NameColumn));
 }
 
 /// The form begins with the present value, and stays as it is while a person is at it.
@@ -147,12 +157,9 @@ void VariablesDock::showChosen()
                             static_cast<QWidget*>(m_set)})
         widget->setEnabled(row >= 0);
     m_problem->hide();
-    if (row < 0) {
-        m_chosen->setText(tr("No variable chosen"));
+    nameChosen();
+    if (row < 0)
         return;
-    }
-    const auto text = [&](int column) { return m_model.index(row, column).data().toString(); };
-    m_chosen->setText(text(VariableModel::KindColumn) + ' ' + text(VariableModel::NameColumn));
     const Variant value = m_model.value(row);
     const int type = enterableType(value);
     if (type >= 0)

@@ -29,6 +29,7 @@ protected:
 
 private:
     void translate();
+    void nameChosen();
     void showChosen();
     void setChosen();
     int chosenRow() const;

@@ -277,8 +277,7 @@ void DeviceTest::a_widget_hears_every_state_and_the_connection()
     const QTemporaryDir folder;
     TestServices services;
     FakeRobot robot;
-    robot.answerTrigger("/control/acquire", true);
-    robot.answerTrigger("/control/release", true);
+    robot.obey();
     Device device("robot", folder.path(), services, noHurry());
     const auto probe = loadProbe(device);
     QSignalSpy states(&device, &Device::connectionStateChanged);
@@ -467,7 +466,8 @@ void DeviceTest::a_command_asks_for_the_start_text()
     TestServices services;
     Device device("robot", folder.path(), services);
     const auto probe = loadProbe(device);
-    QVERIFY(probe->simulationDirectExec(SimulationDirectExecRole(1003), {}).isEmpty());
+    QCOMPARE(probe->simulationDirectExec(SimulationDirectExecRole(1003), {}).get<QString>(),
+             QString("Scans are shown as they arrive while the device is connected."));
 }
 
 void DeviceTest::a_command_that_is_not_known_is_warned_of()

@@ -45,6 +45,14 @@ void FakeRobot::answerTrigger(const QString& service, bool success, const QStrin
     answer(service, {{QStringLiteral("success"), success}, {QStringLiteral("message"), message}});
 }
 
+void FakeRobot::obey()
+{
+    for (const char* service : {"/control/acquire", "/control/release", "/drive/disable",
+                                "/arm/torque", "/arm/line0", "/arm/line1", "/arm/line2"})
+        answerTrigger(QLatin1String(service), true);
+    answer(QStringLiteral("/camera/set_parameters"), {});
+}
+
 void FakeRobot::ignore(const QString& service)
 {
     m_ignored.insert(service);
@@ -62,9 +70,14 @@ void FakeRobot::log(const QString& name, const QString& text)
     const QCborMap log{{QStringLiteral("level"), 2},
                        {QStringLiteral("name"), name},
                        {QStringLiteral("msg"), text}};
+    publish(QStringLiteral("/rosout"), log);
+}
+
+void FakeRobot::publish(const QString& topic, const QCborMap& msg)
+{
     send({{QStringLiteral("op"), QStringLiteral("publish")},
-          {QStringLiteral("topic"), QStringLiteral("/rosout")},
-          {QStringLiteral("msg"), log}});
+          {QStringLiteral("topic"), topic},
+          {QStringLiteral("msg"), msg}});
 }
 
 int FakeRobot::subscriberCount(const QString& topic, const QString& type) const

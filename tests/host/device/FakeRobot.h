@@ -26,6 +26,8 @@ public:
     void answer(const QString& service, const QCborMap& values);
     /// The same for a std_srvs/Trigger.
     void answerTrigger(const QString& service, bool success, const QString& message = {});
+    /// All that the device asks of its robot is done: it is controlled, set and switched.
+    void obey();
     /// A call of @p service is never answered.
     void ignore(const QString& service);
 
@@ -36,6 +38,7 @@ public:
 
     /// To every client, subscribed or not.
     void send(const QCborMap& message);
+    void publish(const QString& topic, const QCborMap& msg);
     void log(const QString& name, const QString& text);
     /// To every client that subscribed to @p topic with @p type: how many there are.
     int subscriberCount(const QString& topic, const QString& type) const;

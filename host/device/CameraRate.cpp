@@ -1,0 +1,35 @@
+#include "host/device/CameraRate.h"
+
+#include "host/device/Connection.h"
+
+namespace host::device {
+
+CameraRate::CameraRate(Connection& connection)
+{
+    m_timer.setInterval(std::chrono::milliseconds(250));
+    connect(&m_timer, &QTimer::timeout, this, &CameraRate::measure);
+    connection.follow(QStringLiteral("/camera/camera_info"),
+                      QStringLiteral("sensor_msgs/CameraInfo"),
+                      [this](const QCborMap&) { onFrame(); });
+}
+
+void CameraRate::onFrame()
+{
+    m_meter.arrived(std::chrono::steady_clock::now());
+    if (!m_timer.isActive())
+        m_timer.start();
+}
+
+void CameraRate::measure()
+{
+    const auto now = std::chrono::steady_clock::now();
+    const unsigned int rate = m_meter.rate(now);
+    if (m_meter.isSilent(now))
+        m_timer.stop();
+    if (rate == m_rate)
+        return;
+    m_rate = rate;
+    Q_EMIT changed(rate);
+}
+
+} // namespace host::device

@@ -1,0 +1,38 @@
+#ifndef HOST_DEVICE_CAMERARATE_H
+#define HOST_DEVICE_CAMERARATE_H
+
+#include "host/device/RateMeter.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace host::device {
+
+class Connection;
+
+/// The rate at which the camera's frames arrive, measured here: what the robot says of its camera
+/// does not tell what the link lets through.
+class CameraRate : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Follows the camera on every link of @p connection, which outlives it.
+    explicit CameraRate(Connection& connection);
+
+Q_SIGNALS:
+    /// Frames a second; 0 when they stopped.
+    void changed(unsigned int rate);
+
+private:
+    void onFrame();
+    void measure();
+
+    RateMeter m_meter;
+    QTimer m_timer; // runs only while frames arrive
+    unsigned int m_rate = 0;
+};
+
+} // namespace host::device
+
+#endif

@@ -1,0 +1,36 @@
+#include "host/device/RateMeter.h"
+
+#include <cmath>
+
+namespace host::device {
+
+namespace {
+
+constexpr std::chrono::seconds window(1);
+
+} // namespace
+
+void RateMeter::arrived(TimePoint now)
+{
+    m_arrivals.push_back(now);
+    while (now - m_arrivals.front() > window)
+        m_arrivals.pop_front();
+}
+
+unsigned int RateMeter::rate(TimePoint now) const
+{
+    if (m_arrivals.size() < 2 || isSilent(now))
+        return 0;
+    const auto span = std::chrono::duration<double>(m_arrivals.back() - m_arrivals.front()).count();
+    if (span <= 0.0)
+        return 0; // all at once: that is no rate
+    return static_cast<unsigned int>(
+        std::lround(static_cast<double>(m_arrivals.size() - 1) / span));
+}
+
+bool RateMeter::isSilent(TimePoint now) const
+{
+    return m_arrivals.empty() || now - m_arrivals.back() > window;
+}
+
+} // namespace host::device
