@@ -9,6 +9,8 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# What a source forgets to include shows only without them.
+set(CMAKE_DISABLE_PRECOMPILE_HEADERS ${QUANDREL_LINT})
 add_compile_options(-Wall -Wextra -Wpedantic)
 add_compile_definitions(QT_NO_KEYWORDS)
 
@@ -16,12 +18,17 @@ add_compile_definitions(QT_NO_KEYWORDS)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 
+# A test's own code runs once and is not what is tested: no time for making it fast.
+set(QUANDREL_TEST_OPTIONS $<$<CONFIG:Release>:-O0>)
+
 # quandrel_test(NAME <name> SOURCES <files>... LIBRARIES <targets>...)
 # A QtTest executable, run by CTest on Qt's offscreen platform. <name> mirrors the tested class.
 function(quandrel_test)
   cmake_parse_arguments(arg "" "NAME" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${arg_NAME} ${arg_SOURCES})
   target_link_libraries(${arg_NAME} PRIVATE test-support ${arg_LIBRARIES})
+  target_precompile_headers(${arg_NAME} REUSE_FROM test-headers)
+  target_compile_options(${arg_NAME} PRIVATE ${QUANDREL_TEST_OPTIONS})
   set_target_properties(${arg_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}")
   add_test(NAME ${arg_NAME} COMMAND ${arg_NAME})
   quandrel_test_environment(${arg_NAME})

@@ -1,0 +1,1 @@
+// Nothing of its own: its target compiles the headers that all tests share.
