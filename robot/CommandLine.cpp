@@ -1,7 +1,5 @@
 #include "robot/CommandLine.h"
 
-#include "robot/recording/Replay.h"
-
 #include <QCommandLineParser>
 #include <QRandomGenerator>
 #include <QUrl>
@@ -37,17 +35,6 @@ void CommandLine::read(const QStringList& arguments)
         tr("Let browser pages of <origin> connect, for example http://localhost:8000. May be "
            "given several times."),
         tr("origin"));
-    const QCommandLineOption laserLog(
-        QStringLiteral("laser-log"),
-        tr("Replay the laser scans recorded in <file>, over and over, in place of the simulated "
-           "laser."),
-        tr("file"));
-    const QCommandLineOption rate(
-        QStringLiteral("rate"),
-        tr("Replay the laser log <factor> times as fast as it was recorded, from 0.01 to 100; 1 "
-           "without it."),
-        tr("factor"));
-
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   tr("Show this help."));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
@@ -55,7 +42,9 @@ void CommandLine::read(const QStringList& arguments)
 
     QCommandLineParser parser;
     parser.setApplicationDescription(tr("A simulated robot that speaks rosbridge v2."));
-    parser.addOptions({address, port, seed, allowOrigin, laserLog, rate, help, version});
+    parser.addOptions({address, port, seed, allowOrigin});
+    m_laserLog.addTo(parser);
+    parser.addOptions({help, version});
 
     if (!parser.parse(arguments))
         return finish(Action::Fail, parser.errorText());
@@ -75,13 +64,9 @@ void CommandLine::read(const QStringList& arguments)
     if (parser.isSet(seed))
         readSeed(parser.value(seed));
     readOrigins(parser.values(allowOrigin));
-    if (parser.isSet(laserLog) && parser.value(laserLog).isEmpty())
-        finish(Action::Fail, tr("--laser-log: give the name of a file"));
-    m_laserLog = parser.value(laserLog);
-    if (parser.isSet(rate) && !parser.isSet(laserLog))
-        finish(Action::Fail, tr("--rate: there is nothing to replay; give a --laser-log too"));
-    else if (parser.isSet(rate))
-        readRate(parser.value(rate));
+    QString error;
+    if (!m_laserLog.read(parser, &error))
+        finish(Action::Fail, error);
 }
 
 void CommandLine::finish(Action action, const QString& text)
@@ -131,18 +116,6 @@ void CommandLine::readOrigins(const QStringList& origins)
                                      .arg(origin));
     }
     m_allowedOrigins = origins;
-}
-
-void CommandLine::readRate(const QString& text)
-{
-    using recording::Replay;
-    bool isNumber = false;
-    m_rate = text.toDouble(&isNumber);
-    if (!isNumber || !(m_rate >= Replay::minimumRate && m_rate <= Replay::maximumRate)) // NaN too
-        finish(Action::Fail, tr("--rate: \"%1\" is not a number from %2 to %3")
-                                 .arg(text)
-                                 .arg(Replay::minimumRate)
-                                 .arg(Replay::maximumRate));
 }
 
 } // namespace robot

@@ -1,6 +1,7 @@
 #ifndef ROBOT_COMMANDLINE_H
 #define ROBOT_COMMANDLINE_H
 
+#include "robot/LaserLogOptions.h"
 #include "robot/link/Address.h"
 
 #include <QCoreApplication>
@@ -35,9 +36,7 @@ public:
 
     QStringList allowedOrigins() const { return m_allowedOrigins; }
 
-    QString laserLog() const { return m_laserLog; } ///< empty: the simulated laser measures
-
-    double rate() const { return m_rate; } ///< of the laser log's replay
+    const LaserLogOptions& laserLog() const { return m_laserLog; }
 
 private:
     void read(const QStringList& arguments);
@@ -46,15 +45,13 @@ private:
     void readPort(const QString& text);
     void readSeed(const QString& text);
     void readOrigins(const QStringList& origins);
-    void readRate(const QString& text);
 
     Action m_action = Action::Run;
     QString m_text;
     link::Address m_address;
     quint32 m_seed;
     QStringList m_allowedOrigins;
-    QString m_laserLog;
-    double m_rate = 1.0;
+    LaserLogOptions m_laserLog;
 };
 
 } // namespace robot

@@ -43,9 +43,10 @@ int main(int argc, char** argv)
     robot::Robot robot(commandLine.seed());
     robot.setAllowedOrigins(commandLine.allowedOrigins());
     QString error;
-    if (!commandLine.laserLog().isEmpty()) {
+    const robot::LaserLogOptions& laserLog = commandLine.laserLog();
+    if (!laserLog.file().isEmpty()) {
         QStringList problems;
-        if (!robot.setLaserLog(commandLine.laserLog(), commandLine.rate(), &problems, &error)) {
+        if (!robot.setLaserLog(laserLog.file(), laserLog.rate(), &problems, &error)) {
             print(stderr, QStringLiteral("quandrel-robot: %1").arg(error));
             return EXIT_FAILURE;
         }

@@ -248,6 +248,10 @@
         <source>--language: &quot;%1&quot; is not a language of this program. Choose one of %2.</source>
         <translation>--language: „%1“ ist keine Sprache dieses Programms. Wählen Sie eine von %2.</translation>
     </message>
+    <message>
+        <source>--laser-log needs the simulated robot, which --no-robot leaves out: give one of them.</source>
+        <translation>--laser-log braucht den simulierten Roboter, den --no-robot weglässt: Geben Sie nur eines von beiden an.</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::PluginLoader</name>
@@ -802,6 +806,10 @@ Call quandrel-robot --help for help.</source>
         <translation>quandrel-robot: %1
 Hilfe gibt quandrel-robot --help.</translation>
     </message>
+    <message>
+        <source>The standard error names further lines that cannot be read.</source>
+        <translation>Die Standardfehlerausgabe nennt weitere Zeilen, die nicht gelesen werden können.</translation>
+    </message>
 </context>
 <context>
     <name>olm::qt::log::View</name>
@@ -964,34 +972,6 @@ Hilfe gibt quandrel-robot --help.</translation>
         <source>--allow-origin: &quot;%1&quot; is not an origin; write it as http://localhost:8000, without a path</source>
         <translation>--allow-origin: „%1“ ist kein Ursprung; schreiben Sie ihn wie http://localhost:8000, ohne Pfad</translation>
     </message>
-    <message>
-        <source>Replay the laser scans recorded in &lt;file&gt;, over and over, in place of the simulated laser.</source>
-        <translation>Spielt statt des simulierten Lasers die in &lt;Datei&gt; aufgezeichneten Laserscans ab, immer wieder von vorn.</translation>
-    </message>
-    <message>
-        <source>file</source>
-        <translation>Datei</translation>
-    </message>
-    <message>
-        <source>Replay the laser log &lt;factor&gt; times as fast as it was recorded, from 0.01 to 100; 1 without it.</source>
-        <translation>Spielt die Aufzeichnung &lt;Faktor&gt;-mal so schnell ab, wie sie aufgenommen wurde, von 0.01 bis 100; ohne diese Angabe 1.</translation>
-    </message>
-    <message>
-        <source>factor</source>
-        <translation>Faktor</translation>
-    </message>
-    <message>
-        <source>--laser-log: give the name of a file</source>
-        <translation>--laser-log: Geben Sie den Namen einer Datei an</translation>
-    </message>
-    <message>
-        <source>--rate: there is nothing to replay; give a --laser-log too</source>
-        <translation>--rate: Es gibt nichts abzuspielen; geben Sie auch --laser-log an</translation>
-    </message>
-    <message>
-        <source>--rate: &quot;%1&quot; is not a number from %2 to %3</source>
-        <translation>--rate: „%1“ ist keine Zahl von %2 bis %3</translation>
-    </message>
 </context>
 <context>
     <name>robot::Control</name>
@@ -1119,6 +1099,37 @@ Hilfe gibt quandrel-robot --help.</translation>
     <message>
         <source>the robot serves at most %1 clients</source>
         <translation>der Roboter bedient höchstens %1 Clients</translation>
+    </message>
+</context>
+<context>
+    <name>robot::LaserLogOptions</name>
+    <message>
+        <source>Replay the laser scans recorded in &lt;file&gt;, over and over, in place of the simulated laser.</source>
+        <translation>Spielt statt des simulierten Lasers die in &lt;Datei&gt; aufgezeichneten Laserscans ab, immer wieder von vorn.</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Replay the laser log &lt;factor&gt; times as fast as it was recorded, from 0.01 to 100; 1 without it.</source>
+        <translation>Spielt die Aufzeichnung &lt;Faktor&gt;-mal so schnell ab, wie sie aufgenommen wurde, von 0.01 bis 100; ohne diese Angabe 1.</translation>
+    </message>
+    <message>
+        <source>factor</source>
+        <translation>Faktor</translation>
+    </message>
+    <message>
+        <source>--laser-log: give the name of a file</source>
+        <translation>--laser-log: Geben Sie den Namen einer Datei an</translation>
+    </message>
+    <message>
+        <source>--rate: there is nothing to replay; give a --laser-log too</source>
+        <translation>--rate: Es gibt nichts abzuspielen; geben Sie auch --laser-log an</translation>
+    </message>
+    <message>
+        <source>--rate: &quot;%1&quot; is not a number from %2 to %3</source>
+        <translation>--rate: „%1“ ist keine Zahl von %2 bis %3</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,12 @@ public:
     /// Where it listens; empty if it could not start.
     QString address() const;
 
+    /// Lets a recording take the laser's place, see robot::LaserNode::setLog().
+    bool setLaserLog(const QString& file, double rate, QStringList* problems, QString* error)
+    {
+        return m_robot.setLaserLog(file, rate, problems, error);
+    }
+
     /// Why it could not start, and what to do about it.
     const QString& error() const { return m_error; }
 

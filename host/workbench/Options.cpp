@@ -35,10 +35,13 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
            "to the folder DIR, and end. Stored settings are left alone."),
         "DIR");
 
+    Options options;
     QCommandLineParser parser;
     parser.setApplicationDescription(
         tr("Shows a device plugin at work, with a simulated robot to connect to."));
-    parser.addOptions({help, version, plugin, device, address, noRobot, language, tour});
+    parser.addOptions({help, version, plugin, device, address, noRobot});
+    options.laserLog.addTo(parser);
+    parser.addOptions({language, tour});
 
     const auto refuse = [error](const QString& text) {
         *error = text + '\n' + tr("Use --help for the options.");
@@ -53,7 +56,6 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
             return refuse(tr("--%1 needs a value that is not empty.").arg(option.names().first()));
     }
 
-    Options options;
     if (parser.isSet(help)) {
         options.message = parser.helpText();
     } else if (parser.isSet(version)) {
@@ -69,10 +71,16 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
                              "%2.")
                               .arg(options.language, Language::codes().join(", ")));
         }
+        QString reason;
+        if (!options.laserLog.read(parser, &reason))
+            return refuse(reason);
+        if (!options.robot && !options.laserLog.file().isEmpty()) {
+            return refuse(tr("--laser-log needs the simulated robot, which --no-robot leaves out: "
+                             "give one of them."));
+        }
         if (parser.isSet(device))
             options.deviceName = parser.value(device);
         if (parser.isSet(address)) {
-            QString reason;
             options.address = robot::link::Address::parse(parser.value(address), &reason);
             if (!options.address)
                 return refuse("--address: " + reason);

@@ -1,6 +1,7 @@
 #ifndef HOST_WORKBENCH_OPTIONS_H
 #define HOST_WORKBENCH_OPTIONS_H
 
+#include "robot/LaserLogOptions.h"
 #include "robot/link/Address.h"
 
 #include <QCoreApplication>
@@ -21,6 +22,7 @@ public:
     QString deviceName = QStringLiteral("Quandrel");
     std::optional<robot::link::Address> address; ///< none: the embedded robot's, or the stored one
     bool robot = true;                           ///< start the embedded robot
+    robot::LaserLogOptions laserLog;             ///< of the embedded robot
     QString language;                            ///< empty: the one chosen last, or the system's
     QString tourFolder;                          ///< empty: no tour
     QString message; ///< help or version text: print it and end, all else is unset

@@ -83,8 +83,16 @@ int main(int argc, char** argv)
                     "write pictures of the window."));
 
     std::optional<EmbeddedRobot> robot;
-    if (options->robot)
+    QStringList badLines; // of the recording
+    if (options->robot) {
         robot.emplace();
+        const robot::LaserLogOptions& laserLog = options->laserLog;
+        if (!laserLog.file().isEmpty() &&
+            !robot->setLaserLog(laserLog.file(), laserLog.rate(), &badLines, &error))
+            return refuse(error);
+    }
+    for (const QString& line : std::as_const(badLines))
+        QTextStream(stderr) << line << '\n';
     const QString robotAddress = robot ? robot->address() : QString();
 
     // A tour starts from fresh settings and leaves a person's alone.
@@ -107,6 +115,12 @@ int main(int argc, char** argv)
     Window window(plugin, device, services, robotAddress);
     if (robot && !robot->error().isEmpty())
         window.notify(robot->error());
+    if (!badLines.isEmpty())
+        window.notify(badLines.first());
+    if (badLines.size() > 1) {
+        window.notify(QCoreApplication::translate(
+            "main", "The standard error names further lines that cannot be read."));
+    }
     return isTour ? tour(options->tourFolder, window, device, services, robotAddress)
                   : show(window);
 }

@@ -35,8 +35,8 @@ void CommandLineTest::without_arguments_the_defaults_count()
     QVERIFY(commandLine.action() == CommandLine::Action::Run);
     QVERIFY(commandLine.address() == (Address{QStringLiteral("127.0.0.1"), 9090}));
     QVERIFY(commandLine.allowedOrigins().isEmpty());
-    QCOMPARE(commandLine.laserLog(), QString());
-    QCOMPARE(commandLine.rate(), 1.0);
+    QCOMPARE(commandLine.laserLog().file(), QString());
+    QCOMPARE(commandLine.laserLog().rate(), 1.0);
     QCOMPARE(commandLine.text(), QString());
 }
 
@@ -51,8 +51,8 @@ void CommandLineTest::every_option_is_read()
     QCOMPARE(commandLine.seed(), 7U);
     QCOMPARE(commandLine.allowedOrigins(), (QStringList{QStringLiteral("http://localhost:8000"),
                                                         QStringLiteral("https://a.example")}));
-    QCOMPARE(commandLine.laserLog(), QStringLiteral("scans.log"));
-    QCOMPARE(commandLine.rate(), 0.5);
+    QCOMPARE(commandLine.laserLog().file(), QStringLiteral("scans.log"));
+    QCOMPARE(commandLine.laserLog().rate(), 0.5);
 }
 
 void CommandLineTest::the_port_counts_more_than_the_address()

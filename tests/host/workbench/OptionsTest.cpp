@@ -14,6 +14,7 @@ class OptionsTest : public TestCase
 private Q_SLOTS:
     void nothing_given_means_the_usual();
     void every_option_is_understood();
+    void a_recording_goes_to_the_embedded_robot();
     void an_address_is_understood_in_every_form_data();
     void an_address_is_understood_in_every_form();
     void help_names_every_option();
@@ -39,6 +40,8 @@ void OptionsTest::nothing_given_means_the_usual()
     QCOMPARE(options->deviceName, QString("Quandrel"));
     QVERIFY(options->robot);
     QVERIFY(!options->address);
+    QCOMPARE(options->laserLog.file(), QString());
+    QCOMPARE(options->laserLog.rate(), 1.0);
     QVERIFY(options->pluginFile.isEmpty() && options->tourFolder.isEmpty());
     QVERIFY(options->language.isEmpty());
     QVERIFY(options->message.isEmpty());
@@ -55,8 +58,19 @@ void OptionsTest::every_option_is_understood()
     QCOMPARE(options->deviceName, QString("Two"));
     QCOMPARE(options->address->toString(), QString("robot:80"));
     QVERIFY(!options->robot);
+    QCOMPARE(options->laserLog.file(), QString());
     QCOMPARE(options->language, QString("de"));
     QCOMPARE(options->tourFolder, QString("pictures"));
+}
+
+void OptionsTest::a_recording_goes_to_the_embedded_robot()
+{
+    QString error;
+    const auto options = parse({"--laser-log", "scans.log", "--rate", "2.5"}, &error);
+    QVERIFY2(options, qPrintable(error));
+    QVERIFY(options->robot);
+    QCOMPARE(options->laserLog.file(), QString("scans.log"));
+    QCOMPARE(options->laserLog.rate(), 2.5);
 }
 
 void OptionsTest::an_address_is_understood_in_every_form_data()
@@ -87,9 +101,9 @@ void OptionsTest::help_names_every_option()
     QString error;
     const auto options = parse({"--help"}, &error);
     QVERIFY2(options, qPrintable(error));
-    for (const char* option :
-         {"--plugin <FILE>", "--device <NAME>", "--address <ADDRESS>", "--no-robot",
-          "--language <CODE>", "--tour <DIR>", "--help", "--version"})
+    for (const char* option : {"--plugin <FILE>", "--device <NAME>", "--address <ADDRESS>",
+                               "--no-robot", "--laser-log <file>", "--rate <factor>",
+                               "--language <CODE>", "--tour <DIR>", "--help", "--version"})
         QVERIFY2(options->message.contains(QLatin1String(option)), option);
 }
 
@@ -114,6 +128,11 @@ void OptionsTest::a_mistake_is_refused_by_its_name_data()
     QTest::newRow("value for none") << QStringList("--no-robot=yes") << "--no-robot";
     QTest::newRow("bad address") << QStringList({"--address", "a b"}) << "\"a b\"";
     QTest::newRow("bad port") << QStringList({"--address", "robot:99999"}) << "99999";
+    QTest::newRow("recording without a robot")
+        << QStringList({"--no-robot", "--laser-log", "a"}) << "--no-robot";
+    QTest::newRow("recording without a name") << QStringList("--laser-log=") << "--laser-log";
+    QTest::newRow("rate of nothing") << QStringList({"--rate", "2"}) << "--laser-log";
+    QTest::newRow("bad rate") << QStringList({"--laser-log", "a", "--rate", "nan"}) << "\"nan\"";
     QTest::newRow("unknown language") << QStringList({"--language", "fr"}) << "\"fr\"";
     QTest::newRow("languages to pick") << QStringList({"--language", "fr"}) << "en, de, pseudo";
     QTest::newRow("empty language") << QStringList({"--language", ""}) << "--language";

@@ -85,6 +85,8 @@ class ProgramTest : public TestCase
 private Q_SLOTS:
     void help_and_version_need_no_display();
     void a_mistake_on_the_command_line_is_named_with_status_1();
+    void a_recording_that_cannot_be_replayed_is_named_with_status_1();
+    void lines_of_a_recording_that_cannot_be_read_are_named();
     void the_language_is_the_one_asked_for_or_the_systems();
     void without_a_display_the_program_says_so();
     void the_tour_shows_every_state_and_names_its_pictures();
@@ -123,6 +125,35 @@ void ProgramTest::a_mistake_on_the_command_line_is_named_with_status_1()
         const QString named = QString(argument).section('=', -1, -1, QString::SectionSkipEmpty);
         QVERIFY2(result.err.contains(QString(named).remove("--")), qPrintable(result.err));
     }
+}
+
+void ProgramTest::a_recording_that_cannot_be_replayed_is_named_with_status_1()
+{
+    QTemporaryFile noScans;
+    QVERIFY(noScans.open());
+    noScans.write("no scan at all\n");
+    noScans.close();
+    for (const QString& file : {noScans.fileName(), QString("/no/such.log")}) {
+        const Result result = run({"--laser-log", file});
+        QCOMPARE(result.status, 1);
+        QVERIFY2(result.err.contains(file), qPrintable(result.err));
+    }
+}
+
+void ProgramTest::lines_of_a_recording_that_cannot_be_read_are_named()
+{
+    QTemporaryFile recording;
+    QVERIFY(recording.open());
+    recording.write("1 2 3\n" + QByteArray("1000 ").repeated(707) + "\nnothing\n");
+    recording.close();
+    const QTemporaryDir folder;
+    // It ends at the missing plugin: the recording was good enough.
+    const Result result = run(
+        {"--laser-log", recording.fileName(), "--plugin", "/no/such.so", "--tour", folder.path()});
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.err.contains("/no/such.so"), qPrintable(result.err));
+    for (const char* line : {":1: ", ":3: "})
+        QVERIFY2(result.err.contains(recording.fileName() + line), qPrintable(result.err));
 }
 
 void ProgramTest::the_language_is_the_one_asked_for_or_the_systems()
