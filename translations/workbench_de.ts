@@ -225,10 +225,6 @@
         <translation>Sprache der Texte: %1 (Vorgabe: die zuletzt gewählte oder die des Systems).</translation>
     </message>
     <message>
-        <source>Show every state of the connection without a person, write a picture of each to the folder DIR, and end. Stored settings are left alone.</source>
-        <translation>Zeigt ohne Bedienung jeden Zustand der Verbindung, schreibt je ein Bild davon in den Ordner DIR und endet. Gespeicherte Einstellungen bleiben unberührt.</translation>
-    </message>
-    <message>
         <source>Shows a device plugin at work, with a simulated robot to connect to.</source>
         <translation>Zeigt ein Geräte-Plugin bei der Arbeit, mit einem simulierten Roboter zum Verbinden.</translation>
     </message>
@@ -251,6 +247,10 @@
     <message>
         <source>--laser-log needs the simulated robot, which --no-robot leaves out: give one of them.</source>
         <translation>--laser-log braucht den simulierten Roboter, den --no-robot weglässt: Geben Sie nur eines von beiden an.</translation>
+    </message>
+    <message>
+        <source>Operate the window without a person, write pictures of it to the folder DIR, and end. Stored settings are left alone.</source>
+        <translation>Bedient das Fenster ohne eine Person, schreibt Bilder davon in den Ordner DIR und endet. Gespeicherte Einstellungen bleiben unberührt.</translation>
     </message>
 </context>
 <context>
@@ -434,6 +434,94 @@
     <message>
         <source>The tour ended at &quot;%1&quot;: %2</source>
         <translation>Die Tour endete bei „%1“: %2</translation>
+    </message>
+    <message>
+        <source>showing the base tab</source>
+        <translation>Zeigen des Reiters „Basis“</translation>
+    </message>
+    <message>
+        <source>the tab has no check box for the drive system</source>
+        <translation>der Reiter hat kein Ankreuzfeld für den Antrieb</translation>
+    </message>
+    <message>
+        <source>no frames arrive</source>
+        <translation>es kommen keine Bilder an</translation>
+    </message>
+    <message>
+        <source>the robot says nothing about its drive system</source>
+        <translation>der Roboter sagt nichts über seinen Antrieb</translation>
+    </message>
+    <message>
+        <source>showing the laser tab</source>
+        <translation>Zeigen des Reiters „Laserscanner“</translation>
+    </message>
+    <message>
+        <source>the tab does not show the values of a scan</source>
+        <translation>der Reiter zeigt die Werte eines Scans nicht</translation>
+    </message>
+    <message>
+        <source>no scans arrive</source>
+        <translation>es kommen keine Scans an</translation>
+    </message>
+    <message>
+        <source>replaying a recording</source>
+        <translation>Abspielen einer Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>showing the manipulator tab</source>
+        <translation>Zeigen des Reiters „Manipulator“</translation>
+    </message>
+    <message>
+        <source>the tab has no table of positions</source>
+        <translation>der Reiter hat keine Tabelle der Positionen</translation>
+    </message>
+    <message>
+        <source>the table has no two positions</source>
+        <translation>die Tabelle hat keine zwei Positionen</translation>
+    </message>
+    <message>
+        <source>editing a position</source>
+        <translation>Bearbeiten einer Position</translation>
+    </message>
+    <message>
+        <source>the cell cannot be edited</source>
+        <translation>die Zelle lässt sich nicht bearbeiten</translation>
+    </message>
+    <message>
+        <source>the cell stays in edit</source>
+        <translation>die Zelle bleibt in Bearbeitung</translation>
+    </message>
+    <message>
+        <source>changing a speed</source>
+        <translation>Ändern einer Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>filling the table of positions</source>
+        <translation>Füllen der Tabelle der Positionen</translation>
+    </message>
+    <message>
+        <source>no position is added to the %1 there are</source>
+        <translation>zu den %1 Positionen kommt keine hinzu</translation>
+    </message>
+    <message>
+        <source>the tab has no address field</source>
+        <translation>der Reiter hat kein Adressfeld</translation>
+    </message>
+    <message>
+        <source>the tab&apos;s address field stays at &quot;%1&quot;</source>
+        <translation>das Adressfeld des Reiters bleibt bei „%1“</translation>
+    </message>
+    <message>
+        <source>the plugin&apos;s dialog has no such tab</source>
+        <translation>der Dialog des Plugins hat keinen solchen Reiter</translation>
+    </message>
+    <message>
+        <source>the tab does not open</source>
+        <translation>der Reiter geht nicht auf</translation>
+    </message>
+    <message>
+        <source>no menu and no dialog appears</source>
+        <translation>es erscheint weder ein Menü noch ein Dialog</translation>
     </message>
 </context>
 <context>

@@ -31,8 +31,8 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         "CODE");
     const QCommandLineOption tour(
         "tour",
-        tr("Show every state of the connection without a person, write a picture of each "
-           "to the folder DIR, and end. Stored settings are left alone."),
+        tr("Operate the window without a person, write pictures of it to the folder DIR, and "
+           "end. Stored settings are left alone."),
         "DIR");
 
     Options options;

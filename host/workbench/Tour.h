@@ -1,11 +1,14 @@
 #ifndef HOST_WORKBENCH_TOUR_H
 #define HOST_WORKBENCH_TOUR_H
 
+#include "host/workbench/EmbeddedRobot.h"
+
 #include <QCoreApplication>
 #include <QString>
 
 #include <functional>
 
+class QTableView;
 class QWidget;
 
 namespace host::device {
@@ -17,8 +20,8 @@ namespace host::workbench {
 class Window;
 
 /// Operates the window as a person would, with mouse and keys, through every state of the
-/// connection, and writes a picture of each. Each step waits for what it is to show, so that the
-/// pictures are the same however busy the machine is.
+/// connection and every tab of the dialog, and writes a picture of each. Each step waits for what
+/// it is to show, so that the pictures show it however busy the machine is.
 class Tour
 {
     Q_DECLARE_TR_FUNCTIONS(host::workbench::Tour)
@@ -38,14 +41,23 @@ public:
 private:
     bool start();
     bool connectRobot();
+    bool showBase();
+    bool showLaser();
+    bool showRecording();
+    bool showManipulator();
+    bool editPosition(QTableView& table);
+    bool fillPositions(QTableView& table);
     bool disconnectRobot();
     bool connectNowhere();
     bool showFailure();
 
+    bool openTab(int index);
+    bool enterAddress(const QString& address);
+    bool waitForConnection();
+    bool waitForDisconnection();
     bool waitUntil(const std::function<bool()>& condition);
+    bool within(const std::function<void()>& open, const std::function<bool(QWidget&)>& act);
     bool show(QWidget& window);
-    void click(QWidget& target);
-    void press(int key, Qt::KeyboardModifiers modifiers, const QString& text);
     bool takePicture(QWidget& window, const QString& name);
     bool fail(const QString& why);
 
@@ -53,7 +65,8 @@ private:
     Window& m_window;
     Window& m_failureWindow;
     device::Device& m_device;
-    QString m_step; // what is being tried, for people
+    EmbeddedRobot m_replayRobot{0}; // on any port: replays a recording
+    QString m_step;                 // what is being tried, for people
     int m_pictures = 0;
     bool m_isStopped = false;
 };

@@ -1,0 +1,26 @@
+#ifndef HOST_WORKBENCH_HAND_H
+#define HOST_WORKBENCH_HAND_H
+
+#include <QPoint>
+#include <QString>
+#include <Qt>
+
+class QWidget;
+
+/// A person's hand on the mouse and the keys. What it does reaches the window as from the screen,
+/// so that popups, focus and disabled widgets count. It is held up by what it opens.
+namespace host::workbench::hand {
+
+/// @p place is in @p target, which is in a window that is shown.
+void click(QWidget& target, QPoint place, Qt::MouseButton button = Qt::LeftButton);
+/// In the middle.
+void click(QWidget& target);
+
+/// A key to whatever has the focus in @p window.
+void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// As press(), key by key.
+void type(QWidget& window, const QString& text);
+
+} // namespace host::workbench::hand
+
+#endif
