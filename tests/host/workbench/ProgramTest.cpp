@@ -71,6 +71,17 @@ auto colorsIn(const QImage& image)
     return colors.size();
 }
 
+/// How many pixels of two images of the same size differ.
+int differences(const QImage& a, const QImage& b)
+{
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x)
+            count += a.pixel(x, y) != b.pixel(x, y) ? 1 : 0;
+    }
+    return count;
+}
+
 const QStringList pictures = {"01-not-connected.png",
                               "02-connecting-1.png",
                               "03-connecting-2.png",
@@ -216,6 +227,10 @@ void ProgramTest::the_tour_shows_every_state_and_names_its_pictures()
             QVERIFY2(image != other, qPrintable(line));
         images << image;
     }
+    // The dialog is above the window, where the menu was before: more than the cell changes.
+    const auto menu = pictures.indexOf("11-manipulator-menu.png");
+    const auto dialog = pictures.indexOf("12-manipulator-speed.png");
+    QVERIFY(differences(images.at(menu), images.at(dialog)) > 10000);
 }
 
 void ProgramTest::the_tour_needs_no_display_and_leaves_stored_settings_alone()
