@@ -86,7 +86,7 @@ QString logText(const QWidget& page)
 QString valueText(const QWidget& page, int row)
 {
     const auto* form = page.findChild<QFormLayout*>();
-    const auto* item = form ? form->itemAt(row, QFormLayout::FieldRole) : nullptr;
+    auto* item = form ? form->itemAt(row, QFormLayout::FieldRole) : nullptr;
     const auto* label = item ? qobject_cast<QLabel*>(item->widget()) : nullptr;
     return label ? label->text() : QString();
 }
@@ -153,7 +153,7 @@ void paintOver(QPixmap& picture, const QWidget& window, QWidget& widget)
     QPainter painter(&picture);
     const QRect place(window.mapFromGlobal(widget.mapToGlobal(QPoint())), widget.size());
     if (!qobject_cast<QMenu*>(&widget)) {
-        const QPalette palette = widget.palette();
+        const QPalette& palette = widget.palette();
         const int height = widget.fontMetrics().height() + 8;
         painter.setPen(palette.color(QPalette::Shadow));
         painter.setBrush(palette.dark());
