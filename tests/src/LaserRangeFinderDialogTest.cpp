@@ -323,6 +323,7 @@ void LaserRangeFinderDialogTest::an_angle_is_shown_in_degrees_data()
     row(-pi / 2, "-90");
     row(pi / 180, "1");
     row(1, "57.2958");
+    row(1.00000823F, "57.2962"); // a more exact pi would round it to the next digit
     // Single precision would make an infinity of the product.
     row(std::numeric_limits<float>::max(), "1.94967e+40");
     row(std::numeric_limits<float>::infinity(), "inf");

@@ -1,4 +1,5 @@
 #include "BaseDialog.h"
+#include "ContextMenu.h"
 #include "Delivery.h"
 #include "FakeHost.h"
 #include "LaserRangeFinderDialog.h"
@@ -6,12 +7,11 @@
 #include "Throws.h"
 #include "olm/core/Vector.h"
 
-#include <QMenu>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <QtTest>
 
-#include <functional>
+#include <memory>
 
 using olm::qt::log::View;
 
@@ -87,7 +87,6 @@ void LogLifetimeTest::no_order_of_destruction_touches_a_dead_log()
 
     if (moment >= 1) {
         window->show();
-        window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
     if (moment >= 2) {
@@ -105,17 +104,7 @@ void LogLifetimeTest::no_order_of_destruction_touches_a_dead_log()
             window.reset();
     };
     if (moment == 3) {
-        bool died = false;
-        QTimer::singleShot(0, qApp, [&] {
-            died = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            die();
-            if (QWidget* const menu = QApplication::activePopupWidget())
-                menu->close();
-        });
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5),
-                                view->mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(view->viewport(), &event);
-        QVERIFY(died);
+        QVERIFY(withContextMenu(*view->viewport(), [&die](const QMenu&) { die(); }));
     } else {
         die();
     }
@@ -161,19 +150,22 @@ void LogLifetimeTest::an_exception_of_the_host_leaves_nothing_behind_data()
 void LogLifetimeTest::an_exception_of_the_host_leaves_nothing_behind()
 {
     QFETCH(int, tab);
-    FakeHost host;
-    host.set(Kind::Config, "camera_resolution", olm::core::Vector<unsigned int>(2));
-    host.answers[LaserStartTextRole] = QString("Ready.");
+    const auto prepare = [](FakeHost& host) {
+        host.set(Kind::Config, "camera_resolution", olm::core::Vector<unsigned int>(2));
+        host.answers[LaserStartTextRole] = QString("Ready.");
+    };
     QWidget window;
     window.show();
-    delete tabs[tab].create(host, &window);
-    QStringList calls = host.calls;
-    calls.removeDuplicates();
-    QVERIFY(calls.size() >= 3);
-    for (const QString& call : calls) {
-        host.throwAt = call;
+    FakeHost model;
+    prepare(model);
+    delete tabs[tab].create(model, &window);
+    QVERIFY(model.calls.size() >= 3);
+    for (int index = 0; index < model.calls.size(); ++index) {
+        FakeHost host;
+        prepare(host);
+        host.throwAtCall = index;
         QVERIFY2(throws<std::runtime_error>([&] { tabs[tab].create(host, &window); }),
-                 qPrintable(call));
+                 qPrintable(model.calls.at(index)));
         QVERIFY(host.widgets.isEmpty());
         QVERIFY(window.findChildren<QWidget*>().isEmpty());
         QCoreApplication::processEvents();
