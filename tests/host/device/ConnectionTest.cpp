@@ -133,6 +133,9 @@ private Q_SLOTS:
     void log_lines_are_heard_by_a_passive_client_too();
     void control_that_was_lost_with_the_link_is_not_given_back();
     void a_robot_that_does_not_take_control_back_is_left_and_not_heard();
+    void a_connection_that_is_over_is_not_heard();
+    void a_topic_that_is_followed_late_is_heard_on_the_open_link();
+    void a_call_that_is_not_answered_fails_in_time();
     void what_the_robot_says_about_the_link_is_in_the_base_log();
     void a_message_that_is_not_understood_is_warned_of_and_ignored();
     void it_is_deleted_in_any_state();
@@ -470,7 +473,7 @@ void ConnectionTest::control_that_was_lost_with_the_link_is_not_given_back()
 void ConnectionTest::connecting_is_given_up_quietly_data()
 {
     QTest::addColumn<QString>("phase");
-    for (const char* phase : {"at once", "handshake", "asked for control"})
+    for (const char* phase : {"at once", "handshake", "asked for control", "asked for long"})
         QTest::newRow(phase) << QString(phase);
 }
 
@@ -490,6 +493,10 @@ void ConnectionTest::connecting_is_given_up_quietly()
     }
     if (phase == "asked for control")
         QTRY_VERIFY_WITH_TIMEOUT(robot.calls().contains("/control/acquire {}"), patience);
+    if (phase == "asked for long") { // only the answer is missing
+        QTRY_VERIFY_WITH_TIMEOUT(robot.calls().contains("/control/acquire {}"), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(journal.states().size() > 3, patience);
+    }
     QVERIFY(connection.close());
     QCOMPARE(connection.state(), -1);
     QCOMPARE(connection.status(), QString("Not connected."));
@@ -622,7 +629,7 @@ void ConnectionTest::log_lines_go_to_the_log_of_their_part()
     const Journal journal(connection);
     QVERIFY(connection.open(robot.address()));
     QTRY_COMPARE_WITH_TIMEOUT(connection.state(), 3, patience);
-    QCOMPARE(robot.subscriberCount("/rosout", "rosgraph_msgs/Log"), 1);
+    QCOMPARE(robot.subscriberCount("/rosout", "rosgraph_msgs/Log", "none"), 1);
     robot.log(name, "Ready");
     QTRY_VERIFY_WITH_TIMEOUT(!journal.messages().isEmpty(), patience);
     QCOMPARE(journal.messages(), QStringList(expected));
@@ -661,6 +668,67 @@ void ConnectionTest::a_robot_that_does_not_take_control_back_is_left_and_not_hea
     QVERIFY(robot.calls().contains("/control/release {}"));
     QCOMPARE(journal.messages(), QStringList());
     QCOMPARE(journal.lines(), QStringList({"status Not connected.", "state -1"}));
+}
+
+void ConnectionTest::a_connection_that_is_over_is_not_heard()
+{
+    FakeRobot robot;
+    robot.answerTrigger("/control/acquire", true);
+    for (const char* service : {"/control/release", "/rosapi/get_param", "/slow"})
+        robot.ignore(service);
+    Connection connection(noHurry());
+    QStringList heard;
+    connection.follow("/topic", "std_msgs/Empty", [&](const QCborMap&) { heard << "topic"; });
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(connection.state(), 3, patience);
+    connection.call("/slow", {}, [&](const robot::link::Client::Result&) { heard << "slow"; });
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/topic", "std_msgs/Empty", "cbor"), 1,
+                              patience);
+    QTRY_VERIFY_WITH_TIMEOUT(robot.calls().contains("/slow {}"), patience);
+    QVERIFY(connection.close());
+    QTRY_VERIFY_WITH_TIMEOUT(robot.calls().contains("/control/release {}"), patience);
+    const Journal journal(connection);
+    robot.publish("/topic", {});
+    robot.answerLate("/slow", {});
+    robot.answerLate("/rosapi/get_param", {{"value", "true"}});
+    robot.answerLate("/control/release", {{"success", true}}); // ends the link
+    QTRY_COMPARE_WITH_TIMEOUT(robot.clientCount(), 0, patience);
+    QCOMPARE(heard, QStringList());
+    QCOMPARE(journal.lines(), QStringList());
+}
+
+void ConnectionTest::a_topic_that_is_followed_late_is_heard_on_the_open_link()
+{
+    FakeRobot robot;
+    robot.answerTrigger("/control/acquire", true);
+    Connection connection(noHurry());
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(connection.state(), 3, patience);
+    int messages = 0;
+    connection.follow("/topic", "std_msgs/Empty", [&](const QCborMap&) { ++messages; });
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/topic", "std_msgs/Empty", "cbor"), 1,
+                              patience);
+    robot.publish("/topic", {});
+    QTRY_COMPARE_WITH_TIMEOUT(messages, 1, patience);
+}
+
+void ConnectionTest::a_call_that_is_not_answered_fails_in_time()
+{
+    FakeRobot robot;
+    robot.answerTrigger("/control/acquire", true);
+    robot.ignore("/slow");
+    Timing timing = noHurry();
+    timing.answer = std::chrono::seconds(1);
+    Connection connection(timing);
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(connection.state(), 3, patience);
+    QStringList errors;
+    connection.call("/slow", {}, [&](const robot::link::Client::Result& result) {
+        errors << (result.ok ? QString() : result.error);
+    });
+    QTRY_COMPARE_WITH_TIMEOUT(errors.size(), 1, patience);
+    QVERIFY2(errors[0].contains("within 1 s"), qPrintable(errors[0]));
+    QCOMPARE(connection.state(), 3);
 }
 
 void ConnectionTest::what_the_robot_says_about_the_link_is_in_the_base_log()

@@ -132,24 +132,32 @@ class DeviceRobotTest : public TestCase
 
 private Q_SLOTS:
     void two_positions_are_there_to_begin_with();
+    void what_the_robot_tells_is_subscribed_with_its_type();
     void scans_become_the_input_scan();
     void a_bad_scan_is_said_once_and_the_good_one_stays();
     void the_cameras_rate_is_measured_and_ends_with_the_frames();
     void settings_reach_the_robot_when_they_are_written();
     void settings_reach_the_robot_at_every_connection();
     void a_resolution_without_width_and_height_is_not_sent();
+    void variables_of_other_kinds_are_no_settings();
     void settings_wait_for_a_connection_without_a_word();
     void a_passive_device_sends_nothing_and_says_why();
+    void each_command_is_named_in_the_log_of_its_part();
+    void what_the_robot_does_not_have_is_said();
     void what_the_robot_refuses_is_said_with_its_reason();
     void a_line_is_switched_by_its_command();
     void torque_is_switched_to_what_it_is_not();
     void what_cannot_be_switched_unconnected_is_said();
     void the_present_pose_becomes_a_position_and_is_kept();
+    void a_position_is_stored_in_one_transaction_and_counted_last();
     void the_first_position_gets_the_usual_speeds();
+    void speeds_that_are_missing_are_the_usual_ones();
     void no_position_is_stored_beyond_the_last();
     void no_position_is_stored_before_all_axes_are_known();
     void a_pose_is_of_the_present_connection();
     void a_bad_joint_state_is_said_once_and_the_pose_stays();
+    void bad_scans_and_joint_states_are_said_once_each();
+    void a_joint_that_is_none_of_the_arms_is_ignored();
 };
 
 void DeviceRobotTest::two_positions_are_there_to_begin_with()
@@ -170,6 +178,21 @@ void DeviceRobotTest::two_positions_are_there_to_begin_with()
     QCOMPARE(resolution[1], 480U);
 }
 
+void DeviceRobotTest::what_the_robot_tells_is_subscribed_with_its_type()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    const std::pair<const char*, const char*> topics[] = {
+        {"/scan", "sensor_msgs/LaserScan"},
+        {"/joint_states", "sensor_msgs/JointState"},
+        {"/camera/camera_info", "sensor_msgs/CameraInfo"},
+        {"/arm/torque_enabled", "std_msgs/Bool"},
+    };
+    for (const auto& [topic, type] : topics)
+        QTRY_COMPARE_WITH_TIMEOUT(f.robot.subscriberCount(topic, type, "cbor"), 1, patience);
+}
+
 void DeviceRobotTest::scans_become_the_input_scan()
 {
     Fixture f;
@@ -181,7 +204,6 @@ void DeviceRobotTest::scans_become_the_input_scan()
     };
     f.device.registerInput("scan", true);
     QVERIFY(f.connect());
-    QCOMPARE(f.robot.subscriberCount("/scan", "sensor_msgs/LaserScan"), 1);
     f.robot.publish("/scan", scanMessage(7));
     QVERIFY(f.hears("scan 7"));
     QCOMPARE(f.scan().frameId, std::string("laser"));
@@ -207,6 +229,7 @@ void DeviceRobotTest::a_bad_scan_is_said_once_and_the_good_one_stays()
     f.robot.publish("/scan", bad);
     QVERIFY(f.settle());
     QCOMPARE(f.count(words), 2);
+    QCOMPARE(f.probe->calls.filter("1002 ").size(), 2);
     QCOMPARE(f.scan().sequenceNumber, 9U);
 }
 
@@ -274,7 +297,23 @@ void DeviceRobotTest::a_resolution_without_width_and_height_is_not_sent()
     QVERIFY(f.isCalled(R"(/arm/line2 {"data":true})"));
     const auto calls = f.robot.calls().size();
     f.probe->writeConfigVariable("camera_resolution", SizeVector(1));
+    f.probe->writeConfigVariable("camera_resolution", SizeVector(3));
     f.probe->writeConfigVariable("camera_resolution", 640);
+    f.probe->writeConfigVariable("disableDriveSystem", false); // its call comes after theirs
+    QTRY_VERIFY_WITH_TIMEOUT(f.robot.calls().size() > calls, patience);
+    QCOMPARE(f.robot.calls().mid(calls), QStringList(R"(/drive/disable {"data":false})"));
+}
+
+void DeviceRobotTest::variables_of_other_kinds_are_no_settings()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    QVERIFY(f.isCalled(R"(/arm/line2 {"data":true})"));
+    const auto calls = f.robot.calls().size();
+    f.probe->writeInput("disableDriveSystem", true);
+    f.probe->writeOutput("disableDriveSystem", true);
+    f.probe->writeStateVariable("disableDriveSystem", true);
     f.probe->writeConfigVariable("disableDriveSystem", false); // its call comes after theirs
     QTRY_VERIFY_WITH_TIMEOUT(f.robot.calls().size() > calls, patience);
     QCOMPARE(f.robot.calls().mid(calls), QStringList(R"(/drive/disable {"data":false})"));
@@ -289,7 +328,10 @@ void DeviceRobotTest::settings_wait_for_a_connection_without_a_word()
     f.probe->writeConfigVariable("disableDriveSystem", false);
     QVERIFY(QTest::qWaitFor([&] { return f.device.connectionState() == 3; }, patience));
     QVERIFY(f.settle());
-    QCOMPARE(f.probe->calls.filter("1000 "), QStringList("1000 settled"));
+    QVERIFY(f.isCalled(R"(/arm/line2 {"data":true})"));
+    QVERIFY(f.settle()); // after the answers to the settings
+    QCOMPARE(f.probe->calls.filter("1000 "), QStringList({"1000 settled", "1000 settled"}));
+    QCOMPARE(f.probe->calls.filter("1001 "), QStringList());
     QCOMPARE(f.robot.calls().filter("/drive/disable"),
              QStringList(R"(/drive/disable {"data":false})"));
 }
@@ -306,8 +348,42 @@ void DeviceRobotTest::a_passive_device_sends_nothing_and_says_why()
                     "the robot."));
     QVERIFY(f.hears("1001 Switch torque on: not done. Another client is in control of the robot."));
     QVERIFY(f.settle());
+    QCOMPARE(f.probe->calls.filter("not done").size(), 2); // the connection itself sets nothing
     QVERIFY(f.robot.calls().filter("/drive/").isEmpty());
     QVERIFY(f.robot.calls().filter("/arm/").isEmpty());
+}
+
+void DeviceRobotTest::each_command_is_named_in_the_log_of_its_part()
+{
+    Fixture f;
+    f.robot.answerTrigger("/control/acquire", false, "somebody");
+    QVERIFY(f.connect(4));
+    f.robot.publish("/arm/torque_enabled", {{QStringLiteral("data"), true}});
+    QVERIFY(f.settle());
+    f.probe->writeConfigVariable("disableDriveSystem", false);
+    SizeVector size(2);
+    size[0] = 320;
+    size[1] = 240;
+    f.probe->writeConfigVariable("camera_resolution", size);
+    f.exec(1006);
+    f.exec(1008, true);
+    f.exec(1010, false);
+    QVERIFY(f.settle());
+    const QString why = ": not done. Another client is in control of the robot.";
+    QCOMPARE(f.probe->calls.filter(why),
+             QStringList({"1000 Enable the drive system" + why,
+                          "1000 Camera resolution 320x240" + why, "1001 Switch torque off" + why,
+                          "1001 Enable line 1" + why, "1001 Disable line 3" + why}));
+}
+
+void DeviceRobotTest::what_the_robot_does_not_have_is_said()
+{
+    Fixture f;
+    f.robot.answerTrigger("/control/acquire", true);
+    QVERIFY(f.connect());
+    const QString words = "%1: not done. The service %2 failed: Service %2 does not exist";
+    QVERIFY(f.hears(qPrintable(words.arg("1000 Enable the drive system", "/drive/disable"))));
+    QVERIFY(f.hears(qPrintable(words.arg("1001 Enable line 3", "/arm/line2"))));
 }
 
 void DeviceRobotTest::what_the_robot_refuses_is_said_with_its_reason()
@@ -392,6 +468,25 @@ void DeviceRobotTest::the_present_pose_becomes_a_position_and_is_kept()
     }
 }
 
+void DeviceRobotTest::a_position_is_stored_in_one_transaction_and_counted_last()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    f.robot.publish("/joint_states", jointState());
+    QVERIFY(f.settle());
+    QStringList writes;
+    host::device::Variables& variables = f.device.variables();
+    connect(&variables, &host::device::Variables::touched, &variables,
+            [&](const host::device::Variables::Key& key) {
+                QVERIFY(variables.isInTransaction());
+                writes << QString::fromStdString(key.second);
+            });
+    f.exec(1007);
+    QVERIFY(!variables.isInTransaction());
+    QCOMPARE(writes, QStringList({"pos2", "pos2_name", "num_pos"}));
+}
+
 void DeviceRobotTest::the_first_position_gets_the_usual_speeds()
 {
     Fixture f;
@@ -405,6 +500,24 @@ void DeviceRobotTest::the_first_position_gets_the_usual_speeds()
     QCOMPARE(f.config<FloatVector>("pos0")[0], 10.0F);
     QCOMPARE(f.config<FloatVector>("pos0")[1], 30.0F);
     QCOMPARE(f.config<FloatVector>("pos0")[17], 30.0F);
+}
+
+void DeviceRobotTest::speeds_that_are_missing_are_the_usual_ones()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    FloatVector previous(3); // axis0 with its speed, and half of axis1
+    previous[1] = 5.0F;
+    f.probe->writeConfigVariable("pos1", previous);
+    f.robot.publish("/joint_states", jointState());
+    QVERIFY(f.settle());
+    f.exec(1007);
+    const auto stored = f.config<FloatVector>("pos2");
+    QCOMPARE(stored.size(), 18U);
+    QCOMPARE(stored[1], 5.0F);
+    for (int speed = 3; speed < 18; speed += 2)
+        QCOMPARE(stored[speed], 30.0F);
 }
 
 void DeviceRobotTest::no_position_is_stored_beyond_the_last()
@@ -445,6 +558,11 @@ void DeviceRobotTest::a_pose_is_of_the_present_connection()
     QVERIFY(f.probe->disconnectDevice());
     f.exec(1007);
     QCOMPARE(f.config<int>("num_pos"), 2);
+    QVERIFY(f.connect());
+    f.robot.publish("/joint_states", jointState(1));
+    QVERIFY(f.settle());
+    f.exec(1007);
+    QCOMPARE(f.config<int>("num_pos"), 2);
 }
 
 void DeviceRobotTest::a_bad_joint_state_is_said_once_and_the_pose_stays()
@@ -463,6 +581,36 @@ void DeviceRobotTest::a_bad_joint_state_is_said_once_and_the_pose_stays()
              1);
     f.exec(1007);
     QCOMPARE(f.config<int>("num_pos"), 3);
+}
+
+void DeviceRobotTest::bad_scans_and_joint_states_are_said_once_each()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    for (int time = 0; time < 2; ++time) {
+        f.robot.publish("/scan", {});
+        f.robot.publish("/joint_states", {});
+    }
+    QVERIFY(f.settle());
+    QCOMPARE(f.probe->calls.filter("is ignored").size(), 2);
+    QVERIFY(f.probe->calls.filter("is ignored")[0].startsWith("1002 "));
+    QVERIFY(f.probe->calls.filter("is ignored")[1].startsWith("1001 "));
+}
+
+void DeviceRobotTest::a_joint_that_is_none_of_the_arms_is_ignored()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    QCborMap wheels = jointState(1);
+    wheels.insert(QLatin1String("name"), QCborArray{QStringLiteral("wheel")});
+    f.robot.publish("/joint_states", jointState());
+    f.robot.publish("/joint_states", wheels);
+    QVERIFY(f.settle());
+    QCOMPARE(f.probe->calls.filter("1001 "), QStringList());
+    f.exec(1007);
+    QCOMPARE(f.config<FloatVector>("pos2")[0], 10.0F);
 }
 
 QTEST_MAIN(DeviceRobotTest)

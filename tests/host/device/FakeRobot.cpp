@@ -58,6 +58,15 @@ void FakeRobot::ignore(const QString& service)
     m_ignored.insert(service);
 }
 
+void FakeRobot::answerLate(const QString& service, const QCborMap& values)
+{
+    send({{QStringLiteral("op"), QStringLiteral("service_response")},
+          {QStringLiteral("id"), m_ignoredIds.value(service)},
+          {QStringLiteral("service"), service},
+          {QStringLiteral("result"), true},
+          {QStringLiteral("values"), values}});
+}
+
 void FakeRobot::send(const QCborMap& message)
 {
     const QString text = QString::fromUtf8(robot::link::encodeText(message));
@@ -80,9 +89,11 @@ void FakeRobot::publish(const QString& topic, const QCborMap& msg)
           {QStringLiteral("msg"), msg}});
 }
 
-int FakeRobot::subscriberCount(const QString& topic, const QString& type) const
+int FakeRobot::subscriberCount(const QString& topic, const QString& type,
+                               const QString& compression) const
 {
-    return int(m_subscriptions.count(topic + QLatin1Char(' ') + type));
+    return int(
+        m_subscriptions.count(QStringList({topic, type, compression}).join(QLatin1Char(' '))));
 }
 
 void FakeRobot::drop()
@@ -102,7 +113,8 @@ void FakeRobot::receive(QWebSocket* client, const QString& text)
         return message->value(QLatin1String(name)).toString();
     };
     if (field("op") == QLatin1String("subscribe"))
-        m_subscriptions.append(field("topic") + QLatin1Char(' ') + field("type"));
+        m_subscriptions.append(QStringList({field("topic"), field("type"), field("compression")})
+                                   .join(QLatin1Char(' ')));
     if (field("op") != QLatin1String("call_service"))
         return;
     const QString service = field("service");
@@ -110,8 +122,10 @@ void FakeRobot::receive(QWebSocket* client, const QString& text)
     m_calls.append(
         service + QLatin1Char(' ') +
         QString::fromUtf8(QJsonDocument(args.toJsonObject()).toJson(QJsonDocument::Compact)));
-    if (m_ignored.contains(service))
+    if (m_ignored.contains(service)) {
+        m_ignoredIds.insert(service, message->value(QLatin1String("id")));
         return;
+    }
     const bool isKnown = m_answers.contains(service);
     const QCborMap response{
         {QStringLiteral("op"), QStringLiteral("service_response")},

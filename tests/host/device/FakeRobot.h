@@ -28,8 +28,10 @@ public:
     void answerTrigger(const QString& service, bool success, const QString& message = {});
     /// All that the device asks of its robot is done: it is controlled, set and switched.
     void obey();
-    /// A call of @p service is never answered.
+    /// A call of @p service is not answered.
     void ignore(const QString& service);
+    /// Answers the last call of @p service that was ignored, after all.
+    void answerLate(const QString& service, const QCborMap& values);
 
     /// "/service {arguments as JSON}", in order.
     QStringList calls() const { return m_calls; }
@@ -40,8 +42,9 @@ public:
     void send(const QCborMap& message);
     void publish(const QString& topic, const QCborMap& msg);
     void log(const QString& name, const QString& text);
-    /// To every client that subscribed to @p topic with @p type: how many there are.
-    int subscriberCount(const QString& topic, const QString& type) const;
+    /// How many clients subscribed to @p topic with @p type and @p compression.
+    int subscriberCount(const QString& topic, const QString& type,
+                        const QString& compression) const;
     /// Breaks all links, without a good-bye.
     void drop();
 
@@ -52,6 +55,7 @@ private:
     QList<QWebSocket*> m_clients;
     QHash<QString, QCborMap> m_answers;
     QSet<QString> m_ignored;
+    QHash<QString, QCborValue> m_ignoredIds; // of the last call of each service
     QStringList m_calls;
     QStringList m_subscriptions;
 };

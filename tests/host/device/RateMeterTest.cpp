@@ -15,6 +15,7 @@ class RateMeterTest : public TestCase
 private Q_SLOTS:
     void a_steady_rate_is_told_data();
     void a_steady_rate_is_told();
+    void a_rate_is_rounded();
     void one_arrival_is_no_rate();
     void many_at_once_are_no_rate();
     void a_new_rate_is_told_after_a_second();
@@ -24,7 +25,7 @@ private Q_SLOTS:
 void RateMeterTest::a_steady_rate_is_told_data()
 {
     QTest::addColumn<int>("rate");
-    for (const int rate : {2, 10, 20, 30, 100})
+    for (const int rate : {1, 2, 10, 20, 30, 100})
         QTest::addRow("%d Hz", rate) << rate;
 }
 
@@ -38,6 +39,15 @@ void RateMeterTest::a_steady_rate_is_told()
         meter.arrived(now);
     }
     QCOMPARE(meter.rate(now), unsigned(rate));
+}
+
+void RateMeterTest::a_rate_is_rounded()
+{
+    RateMeter meter;
+    RateMeter::TimePoint now;
+    for (int i = 0; i < 5; ++i)
+        meter.arrived(now += milliseconds(180)); // 5.56 Hz
+    QCOMPARE(meter.rate(now), 6U);
 }
 
 void RateMeterTest::one_arrival_is_no_rate()

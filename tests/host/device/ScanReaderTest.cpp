@@ -122,6 +122,8 @@ void ScanReaderTest::a_header_without_number_is_counted()
     QCOMPARE(reader.read(unnumbered, &error)->sequenceNumber, 1U);
     QVERIFY(!reader.read(with("ranges", QCborValue(1)), &error));
     QCOMPARE(reader.read(unnumbered, &error)->sequenceNumber, 2U);
+    QCOMPARE(reader.read(good(), &error)->sequenceNumber, 7U);
+    QCOMPARE(reader.read(unnumbered, &error)->sequenceNumber, 8U);
 }
 
 void ScanReaderTest::intensities_may_be_missing()
