@@ -57,3 +57,10 @@ void ConnectButton::on_clicked()
     if (m_owner)
         m_owner->toggleConnectionState();
 }
+
+// The click may delete the button, and QToolButton goes on with itself after it. What it does there
+// is for buttons with a menu.
+void ConnectButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    QAbstractButton::mouseReleaseEvent(event);
+}

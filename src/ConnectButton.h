@@ -29,6 +29,9 @@ public:
 public Q_SLOTS:
     void on_clicked();
 
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
 private:
     QPointer<Quandrel> m_owner;
     QMap<int, QPixmap> m_icons;
