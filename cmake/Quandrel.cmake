@@ -10,7 +10,9 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 # What a source forgets to include shows only without them.
-set(CMAKE_DISABLE_PRECOMPILE_HEADERS ${QUANDREL_LINT})
+if(QUANDREL_LINT)
+  set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+endif()
 add_compile_options(-Wall -Wextra -Wpedantic)
 add_compile_definitions(QT_NO_KEYWORDS)
 
