@@ -62,5 +62,5 @@ void ConnectButton::on_clicked()
 // is for buttons with a menu.
 void ConnectButton::mouseReleaseEvent(QMouseEvent* event)
 {
-    QAbstractButton::mouseReleaseEvent(event);
+    QAbstractButton::mouseReleaseEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }

@@ -13,6 +13,13 @@ CameraRate::CameraRate(Connection& connection)
                       [this](const QCborMap&) { onFrame(); });
 }
 
+void CameraRate::reset()
+{
+    m_timer.stop();
+    m_meter = {};
+    setRate(0);
+}
+
 void CameraRate::onFrame()
 {
     m_meter.arrived(std::chrono::steady_clock::now());
@@ -23,9 +30,13 @@ void CameraRate::onFrame()
 void CameraRate::measure()
 {
     const auto now = std::chrono::steady_clock::now();
-    const unsigned int rate = m_meter.rate(now);
     if (m_meter.isSilent(now))
         m_timer.stop();
+    setRate(m_meter.rate(now));
+}
+
+void CameraRate::setRate(unsigned int rate)
+{
     if (rate == m_rate)
         return;
     m_rate = rate;

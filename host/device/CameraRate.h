@@ -20,6 +20,9 @@ public:
     /// Follows the camera on every link of @p connection, which outlives it.
     explicit CameraRate(Connection& connection);
 
+    /// The link is over: the rate is 0 at once, not when the frames are missed.
+    void reset();
+
 Q_SIGNALS:
     /// Frames a second; 0 when they stopped.
     void changed(unsigned int rate);
@@ -27,6 +30,7 @@ Q_SIGNALS:
 private:
     void onFrame();
     void measure();
+    void setRate(unsigned int rate);
 
     RateMeter m_meter;
     QTimer m_timer; // runs only while frames arrive

@@ -358,8 +358,10 @@ void Device::storePose()
 
 void Device::onStateChanged(int state)
 {
-    if (state == Connection::notConnected)
+    if (state == Connection::notConnected) {
         m_armPose.forget();
+        m_cameraRate.reset();
+    }
     if (state == Connection::connected)
         applyAllSettings();
     Q_EMIT connectionStateChanged(state);

@@ -112,6 +112,19 @@ struct Fixture
         return device.read(Kind::Input, "scan").get<LaserScanMessage>();
     }
 
+    unsigned int cameraRate() const
+    {
+        return device.read(Kind::Input, "cameraFrequency").get<unsigned int>();
+    }
+
+    /// The robot's camera sends fifty frames a second while @p timer runs.
+    void film(QTimer& timer)
+    {
+        QObject::connect(&timer, &QTimer::timeout,
+                         [this] { robot.publish(QStringLiteral("/camera/camera_info"), {}); });
+        timer.start(20);
+    }
+
     const QTemporaryDir folder;
     TestServices services;
     FakeRobot robot;
@@ -136,6 +149,7 @@ private Q_SLOTS:
     void scans_become_the_input_scan();
     void a_bad_scan_is_said_once_and_the_good_one_stays();
     void the_cameras_rate_is_measured_and_ends_with_the_frames();
+    void the_cameras_rate_ends_with_the_connection();
     void settings_reach_the_robot_when_they_are_written();
     void settings_reach_the_robot_at_every_connection();
     void a_resolution_without_width_and_height_is_not_sent();
@@ -238,18 +252,25 @@ void DeviceRobotTest::the_cameras_rate_is_measured_and_ends_with_the_frames()
     Fixture f;
     f.robot.obey();
     QVERIFY(f.connect());
-    const auto rate = [&] {
-        return f.device.read(Kind::Input, "cameraFrequency").get<unsigned int>();
-    };
-    QCOMPARE(rate(), 0U);
+    QCOMPARE(f.cameraRate(), 0U);
     QTimer camera;
-    QObject::connect(&camera, &QTimer::timeout,
-                     [&] { f.robot.publish("/camera/camera_info", {}); });
-    camera.start(20);
+    f.film(camera);
     // How many come in time is the machine's affair, RateMeterTest has the numbers.
-    QTRY_VERIFY_WITH_TIMEOUT(rate() > 0 && rate() <= 60, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(f.cameraRate() > 0 && f.cameraRate() <= 60, patience);
     camera.stop();
-    QTRY_COMPARE_WITH_TIMEOUT(rate(), 0U, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(f.cameraRate(), 0U, patience);
+}
+
+void DeviceRobotTest::the_cameras_rate_ends_with_the_connection()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    QTimer camera;
+    f.film(camera);
+    QTRY_VERIFY_WITH_TIMEOUT(f.cameraRate() > 0, patience);
+    QVERIFY(f.probe->disconnectDevice());
+    QCOMPARE(f.cameraRate(), 0U);
 }
 
 void DeviceRobotTest::settings_reach_the_robot_when_they_are_written()
