@@ -111,7 +111,7 @@ void Fields::fail(const char* name, const QString& why)
 
 QCborValue Fields::value(const char* name)
 {
-    const QCborValue found = m_message.value(QLatin1String(name));
+    QCborValue found = m_message.value(QLatin1String(name));
     if (found.isUndefined())
         fail(name, tr("is missing"));
     return found;
