@@ -20,11 +20,11 @@ constexpr const char* settingsKey = "language";
 
 QString folderOfQtsOwn()
 {
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    // Qt 6 has a new name for it beside this one, which Qt 5 knows too.
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
     return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
-#else
-    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-#endif
+    QT_WARNING_POP
 }
 
 std::unique_ptr<QTranslator> load(const QString& file, const QString& folder)
