@@ -163,6 +163,45 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::DeviceView</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>The plugin has no tool bar</source>
+        <translation>Das Plugin hat keine Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>Asked for the widget &quot;toolbar&quot;, it gave none. Without it there is no way to connect.</source>
+        <translation>Nach dem Widget „toolbar“ gefragt, lieferte es keines. Ohne dieses gibt es keinen Weg zu einer Verbindung.</translation>
+    </message>
+    <message>
+        <source>Choose a plugin made for this device with --plugin.</source>
+        <translation>Wählen Sie mit --plugin ein Plugin, das für dieses Gerät gemacht ist.</translation>
+    </message>
+    <message>
+        <source>an exception of an unknown type</source>
+        <translation>eine Ausnahme unbekannten Typs</translation>
+    </message>
+    <message>
+        <source>A widget of the plugin failed</source>
+        <translation>Ein Widget des Plugins ist gescheitert</translation>
+    </message>
+    <message>
+        <source>The widget &quot;%1&quot; ended while it was being built: %2.</source>
+        <translation>Das Widget „%1“ brach während seines Aufbaus ab: %2.</translation>
+    </message>
+    <message>
+        <source>The rest of the window goes on without it. Ask the maker of the plugin for a repaired version.</source>
+        <translation>Der Rest des Fensters läuft ohne es weiter. Bitten Sie den Hersteller des Plugins um eine reparierte Version.</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::HelpPanel</name>
     <message>
         <source>This link leads out of the program: %1</source>
@@ -209,14 +248,6 @@
         <translation>Lädt das Geräte-Plugin FILE anstelle dessen, das neben diesem Programm liegt.</translation>
     </message>
     <message>
-        <source>Name of the device, under which its settings are kept (default: %1).</source>
-        <translation>Name des Geräts, unter dem seine Einstellungen abgelegt sind (Vorgabe: %1).</translation>
-    </message>
-    <message>
-        <source>Address of the robot: host, host:port or [IPv6]:port (default: the simulated robot&apos;s).</source>
-        <translation>Adresse des Roboters: Host, Host:Port oder [IPv6]:Port (Vorgabe: die des simulierten Roboters).</translation>
-    </message>
-    <message>
         <source>Do not start the simulated robot.</source>
         <translation>Startet den simulierten Roboter nicht.</translation>
     </message>
@@ -251,6 +282,22 @@
     <message>
         <source>Operate the window without a person, write pictures of it to the folder DIR, and end. Stored settings are left alone.</source>
         <translation>Bedient das Fenster ohne eine Person, schreibt Bilder davon in den Ordner DIR und endet. Gespeicherte Einstellungen bleiben unberührt.</translation>
+    </message>
+    <message>
+        <source>Name of the device, under which its settings are kept (default: %1). Given several times, it shows as many devices side by side.</source>
+        <translation>Name des Geräts, unter dem seine Einstellungen aufbewahrt werden (Vorgabe: %1). Mehrmals angegeben, zeigt es ebenso viele Geräte nebeneinander.</translation>
+    </message>
+    <message>
+        <source>Address of the robot: host, host:port or [IPv6]:port (default: the simulated robot&apos;s). The second is that of the second device, and so on.</source>
+        <translation>Adresse des Roboters: Rechner, Rechner:Port oder [IPv6]:Port (Vorgabe: die des simulierten Roboters). Die zweite ist die des zweiten Geräts und so weiter.</translation>
+    </message>
+    <message>
+        <source>--device: there are two of the name &quot;%1&quot;. Give each device a name of its own.</source>
+        <translation>--device: Es gibt zwei mit dem Namen „%1“. Geben Sie jedem Gerät einen eigenen Namen.</translation>
+    </message>
+    <message>
+        <source>--address: there are more addresses than devices. Name a further device with --device for each.</source>
+        <translation>--address: Es gibt mehr Adressen als Geräte. Nennen Sie für jede mit --device ein weiteres Gerät.</translation>
     </message>
 </context>
 <context>
@@ -356,6 +403,37 @@
     <message>
         <source>&lt;p&gt;To end the connection, press the button again.&lt;/p&gt;</source>
         <translation>&lt;p&gt;Um die Verbindung zu beenden, drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::StatusLine</name>
+    <message>
+        <source>How long ago the robot sent anything that it sends all the time.</source>
+        <translation>Wie lange es her ist, dass der Roboter etwas von dem gesendet hat, was er ständig sendet.</translation>
+    </message>
+    <message>
+        <source>Simulated robot: %1</source>
+        <translation>Simulierter Roboter: %1</translation>
+    </message>
+    <message>
+        <source>Last error, %1: %2</source>
+        <translation>Letzter Fehler, %1: %2</translation>
+    </message>
+    <message>
+        <source>Connected for %1:%2:%3</source>
+        <translation>Verbunden seit %1:%2:%3</translation>
+    </message>
+    <message>
+        <source>No data yet</source>
+        <translation>Noch keine Daten</translation>
+    </message>
+    <message>
+        <source>Data is up to date</source>
+        <translation>Daten sind aktuell</translation>
+    </message>
+    <message>
+        <source>Newest data: %1 s old</source>
+        <translation>Neueste Daten: %1 s alt</translation>
     </message>
 </context>
 <context>
@@ -826,46 +904,6 @@
         <translation>Ü&amp;ber</translation>
     </message>
     <message>
-        <source>Device</source>
-        <translation>Gerät</translation>
-    </message>
-    <message>
-        <source>Simulated robot: %1</source>
-        <translation>Simulierter Roboter: %1</translation>
-    </message>
-    <message>
-        <source>The plugin has no tool bar</source>
-        <translation>Das Plugin hat keine Werkzeugleiste</translation>
-    </message>
-    <message>
-        <source>Asked for the widget &quot;toolbar&quot;, it gave none. Without it there is no way to connect.</source>
-        <translation>Nach dem Widget „toolbar“ gefragt, lieferte es keines. Ohne dieses gibt es keinen Weg zu einer Verbindung.</translation>
-    </message>
-    <message>
-        <source>Choose a plugin made for this device with --plugin.</source>
-        <translation>Wählen Sie mit --plugin ein Plugin, das für dieses Gerät gemacht ist.</translation>
-    </message>
-    <message>
-        <source>an exception of an unknown type</source>
-        <translation>eine Ausnahme unbekannten Typs</translation>
-    </message>
-    <message>
-        <source>A widget of the plugin failed</source>
-        <translation>Ein Widget des Plugins ist gescheitert</translation>
-    </message>
-    <message>
-        <source>The widget &quot;%1&quot; ended while it was being built: %2.</source>
-        <translation>Das Widget „%1“ brach während seines Aufbaus ab: %2.</translation>
-    </message>
-    <message>
-        <source>The rest of the window goes on without it. Ask the maker of the plugin for a repaired version.</source>
-        <translation>Der Rest des Fensters läuft ohne es weiter. Bitten Sie den Hersteller des Plugins um eine reparierte Version.</translation>
-    </message>
-    <message>
-        <source>No plugin is loaded.</source>
-        <translation>Es ist kein Plugin geladen.</translation>
-    </message>
-    <message>
         <source>&lt;p&gt;%1 %2, with Qt %3.&lt;/p&gt;</source>
         <translation>&lt;p&gt;%1 %2, mit Qt %3.&lt;/p&gt;</translation>
     </message>
@@ -878,8 +916,8 @@
         <translation>Über</translation>
     </message>
     <message>
-        <source>&amp;View</source>
-        <translation>&amp;Ansicht</translation>
+        <source>Device workbench</source>
+        <translation>Geräte-Werkbank</translation>
     </message>
 </context>
 <context>

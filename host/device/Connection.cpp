@@ -10,6 +10,13 @@ namespace host::device {
 
 namespace {
 
+std::optional<std::chrono::milliseconds> since(const QElapsedTimer& timer)
+{
+    if (!timer.isValid())
+        return std::nullopt;
+    return std::chrono::milliseconds(timer.elapsed());
+}
+
 QString text(const QCborMap& map, const char* key)
 {
     return map.value(QLatin1String(key)).toString();
@@ -34,6 +41,16 @@ Connection::Connection(const Timing& timing)
 }
 
 Connection::~Connection() = default;
+
+std::optional<std::chrono::milliseconds> Connection::connectedFor() const
+{
+    return since(m_connected);
+}
+
+std::optional<std::chrono::milliseconds> Connection::dataAge() const
+{
+    return since(m_newestData);
+}
 
 bool Connection::open(const QString& addressText)
 {
@@ -103,7 +120,11 @@ void Connection::subscribe(const Followed& followed)
 {
     Client::SubscribeOptions options;
     options.compression = Client::Compression::Cbor;
-    m_client->subscribe(followed.topic, followed.type, options, whileCurrent(followed.handler));
+    m_client->subscribe(followed.topic, followed.type, options,
+                        whileCurrent([this, handler = followed.handler](const QCborMap& message) {
+                            m_newestData.start();
+                            handler(message);
+                        }));
 }
 
 void Connection::onOpened()
@@ -191,6 +212,8 @@ void Connection::enter(int state, const Words& status)
     const bool isNewStatus = status() != m_status();
     m_state = state;
     m_status = status;
+    if (state >= connected && !m_connected.isValid())
+        m_connected.start();
     if (isNewStatus)
         Q_EMIT statusChanged(m_status());
     Q_EMIT stateChanged(state);
@@ -206,12 +229,15 @@ void Connection::leave(const Words& status)
         client->disconnect(this);
         client->close();
     }
+    m_connected.invalidate();
+    m_newestData.invalidate();
     setSimulator(false);
     enter(notConnected, status);
 }
 
 void Connection::fail(const QString& words)
 {
+    m_lastFailure = {words, QDateTime::currentDateTime()};
     leave([words] { return words; });
     Q_EMIT message(emphasisedBaseLogLine, words);
 }

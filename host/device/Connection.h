@@ -5,12 +5,16 @@
 #include "plugin/plugin/DataRole.h"
 #include "robot/link/Client.h"
 
+#include <QDateTime>
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace host::device {
@@ -39,6 +43,20 @@ public:
     /// One sentence for people, in the language of the moment; what went wrong stays in the
     /// language in which it did.
     QString status() const { return m_status(); }
+
+    /// How long it has been connected, passively or not; none unless it is.
+    std::optional<std::chrono::milliseconds> connectedFor() const;
+
+    /// The age of the newest message of any topic that is followed; none on a link without any.
+    std::optional<std::chrono::milliseconds> dataAge() const;
+
+    /// What went wrong last, and what to try: kept when the next connection succeeds.
+    struct Failure
+    {
+        QString words; ///< empty: nothing has
+        QDateTime time;
+    };
+    const Failure& lastFailure() const { return m_lastFailure; }
 
     /// Starts to connect. False, and nothing changes, unless the state is -1; false as well for
     /// an address that cannot be understood, which is a failure like the others.
@@ -93,6 +111,9 @@ private:
     Timing m_timing;
     int m_state = notConnected;
     Words m_status;
+    QElapsedTimer m_connected;  // invalid unless the state is connected or passive
+    QElapsedTimer m_newestData; // invalid on a link without any
+    Failure m_lastFailure;
     QString m_address;
     std::vector<Followed> m_followed;
     std::unique_ptr<Client> m_client; // as long as the state is not -1

@@ -60,6 +60,8 @@ public:
     /// Goes before the stored address, which stays as it is until a widget writes another.
     void overrideAddress(const QString& address);
 
+    Connection& connection() { return m_connection; }
+
     /// -1 not connected; 0, 1, 2 connecting; 3 connected; 4 connected, passive.
     int connectionState() const { return m_connection.state(); }
 

@@ -6,7 +6,6 @@ using robot::link::Address;
 
 namespace {
 
-constexpr quint32 seed = 1; // the same world at every start
 constexpr quint16 anyPort = 0;
 
 Address loopback(quint16 port)
@@ -16,7 +15,7 @@ Address loopback(quint16 port)
 
 } // namespace
 
-EmbeddedRobot::EmbeddedRobot(quint16 port) : m_robot(seed)
+EmbeddedRobot::EmbeddedRobot(quint16 port, quint32 seed) : m_robot(seed)
 {
     if (!m_robot.listen(loopback(port), &m_error) && m_robot.listen(loopback(anyPort), &m_error))
         m_error.clear();

@@ -13,8 +13,9 @@ namespace host::workbench {
 class EmbeddedRobot
 {
 public:
-    /// Starts at once, on any free port where @p port is taken.
-    explicit EmbeddedRobot(quint16 port = robot::link::Address::defaultPort);
+    /// Starts at once, on any free port where @p port is taken. The same @p seed makes the same
+    /// world at every start.
+    explicit EmbeddedRobot(quint16 port = robot::link::Address::defaultPort, quint32 seed = 1);
 
     /// Where it listens; empty if it could not start.
     QString address() const;

@@ -15,13 +15,14 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         "FILE");
     const QCommandLineOption device(
         "device",
-        tr("Name of the device, under which its settings are kept (default: %1).")
-            .arg(Options().deviceName),
+        tr("Name of the device, under which its settings are kept (default: %1). Given several "
+           "times, it shows as many devices side by side.")
+            .arg(Options().devices.first()),
         "NAME");
     const QCommandLineOption address(
         "address",
         tr("Address of the robot: host, host:port or [IPv6]:port (default: the "
-           "simulated robot's)."),
+           "simulated robot's). The second is that of the second device, and so on."),
         "ADDRESS");
     const QCommandLineOption noRobot("no-robot", tr("Do not start the simulated robot."));
     const QCommandLineOption language(
@@ -52,7 +53,7 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
     if (!parser.positionalArguments().isEmpty())
         return refuse(tr("Unexpected argument \"%1\".").arg(parser.positionalArguments().first()));
     for (const QCommandLineOption& option : {plugin, device, address, language, tour}) {
-        if (parser.isSet(option) && parser.value(option).isEmpty())
+        if (parser.values(option).contains(QString()))
             return refuse(tr("--%1 needs a value that is not empty.").arg(option.names().first()));
     }
 
@@ -79,11 +80,23 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
                              "give one of them."));
         }
         if (parser.isSet(device))
-            options.deviceName = parser.value(device);
-        if (parser.isSet(address)) {
-            options.address = robot::link::Address::parse(parser.value(address), &reason);
-            if (!options.address)
+            options.devices = parser.values(device);
+        for (const QString& name : std::as_const(options.devices)) {
+            if (options.devices.count(name) > 1) {
+                return refuse(tr("--device: there are two of the name \"%1\". Give each device a "
+                                 "name of its own.")
+                                  .arg(name));
+            }
+        }
+        for (const QString& text : parser.values(address)) {
+            const auto parsed = robot::link::Address::parse(text, &reason);
+            if (!parsed)
                 return refuse("--address: " + reason);
+            options.addresses.append(*parsed);
+        }
+        if (options.addresses.size() > options.devices.size()) {
+            return refuse(tr("--address: there are more addresses than devices. Name a further "
+                             "device with --device for each."));
         }
     }
     return options;

@@ -5,6 +5,7 @@
 #include "robot/link/Address.h"
 
 #include <QCoreApplication>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -18,14 +19,15 @@ struct Options
     Q_DECLARE_TR_FUNCTIONS(host::workbench::Options)
 
 public:
-    QString pluginFile; ///< empty: the plugin beside the program
-    QString deviceName = QStringLiteral("Quandrel");
-    std::optional<robot::link::Address> address; ///< none: the embedded robot's, or the stored one
-    bool robot = true;                           ///< start the embedded robot
-    robot::LaserLogOptions laserLog;             ///< of the embedded robot
-    QString language;                            ///< empty: the one chosen last, or the system's
-    QString tourFolder;                          ///< empty: no tour
-    QString message; ///< help or version text: print it and end, all else is unset
+    QString pluginFile;                              ///< empty: the plugin beside the program
+    QStringList devices{QStringLiteral("Quandrel")}; ///< their names, none of them twice
+    /// For the first devices; the others have their embedded robot's, or the stored one.
+    QList<robot::link::Address> addresses;
+    bool robot = true;               ///< start an embedded robot for each device
+    robot::LaserLogOptions laserLog; ///< of the embedded robots
+    QString language;                ///< empty: the one chosen last, or the system's
+    QString tourFolder;              ///< empty: no tour
+    QString message;                 ///< help or version text: print it and end, all else is unset
 
     /// @p arguments with the program's name first. On failure @p error names the argument and
     /// says what to write instead.

@@ -1,30 +1,15 @@
 #include "host/workbench/StartPage.h"
 
+#include "host/workbench/Lamp.h"
+
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QVBoxLayout>
 
 namespace host::workbench {
 
 namespace {
-
-/// Grey, amber and green differ in brightness too.
-QPixmap lamp(int state, qreal ratio)
-{
-    constexpr int size = 14;
-    const QColor color(state < 0 ? "#8a8f94" : state < 3 ? "#e69f00" : "#1e8e3e");
-    QPixmap pixmap(qRound(size * ratio), qRound(size * ratio));
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(color);
-    painter.drawEllipse(QRectF(1, 1, size - 2, size - 2));
-    return pixmap;
-}
 
 QLabel* paragraph(qreal size = 1.0)
 {
@@ -40,7 +25,7 @@ QLabel* paragraph(qreal size = 1.0)
 
 StartPage::StartPage(const QString& deviceName, const QString& robot, QWidget* parent)
     : QWidget(parent),
-      m_lamp(new QLabel),
+      m_lamp(new Lamp),
       m_status(paragraph(1.15)),
       m_steps(paragraph()),
       m_note(paragraph()),
@@ -93,7 +78,7 @@ StartPage::StartPage(const QString& deviceName, const QString& robot, QWidget* p
 
 void StartPage::setConnection(int state, const QString& status)
 {
-    m_lamp->setPixmap(lamp(state, devicePixelRatioF()));
+    m_lamp->setState(state);
     m_status->setText(status);
     m_note->setText(
         tr("This plugin brings no dialog of its own: all it offers is in the tool bar."));

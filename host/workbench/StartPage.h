@@ -7,6 +7,8 @@ class QLabel;
 
 namespace host::workbench {
 
+class Lamp;
+
 /// The middle of the window where a plugin brings no dialog: how the connection stands and how
 /// to go on from there.
 class StartPage : public QWidget
@@ -21,7 +23,7 @@ public:
     void setConnection(int state, const QString& status);
 
 private:
-    QLabel* m_lamp;
+    Lamp* m_lamp;
     QLabel* m_status;
     QLabel* m_steps;
     QLabel* m_note;

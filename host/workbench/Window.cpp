@@ -1,105 +1,154 @@
 #include "host/workbench/Window.h"
 
 #include "host/device/Device.h"
-#include "host/workbench/FailureCard.h"
+#include "host/workbench/DeviceView.h"
 #include "host/workbench/HelpPages.h"
 #include "host/workbench/HelpPanel.h"
 #include "host/workbench/LanguageMenu.h"
-#include "host/workbench/Notice.h"
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/Services.h"
-#include "host/workbench/StartPage.h"
-#include "host/workbench/traffic/TrafficDock.h"
-#include "host/workbench/variables/VariablesDock.h"
-#include "plugin/gui/DeviceWidget.h"
+#include "olm/qt/log/View.h"
 #include "plugin/gui/Interface.h"
+#include "plugin/gui/PluginWidget.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QLabel>
+#include <QDir>
 #include <QMenu>
 #include <QMenuBar>
-#include <QStatusBar>
-#include <QToolBar>
-#include <QVBoxLayout>
-
-#include <exception>
+#include <QScrollArea>
+#include <QSettings>
+#include <QSplitter>
+#include <QUrl>
 
 namespace host::workbench {
 
-using plugin::gui::DeviceWidget;
+namespace {
 
-Window::Window(const PluginLoader& plugin, device::Device& device, Services& services,
-               const QString& robot)
-    : m_plugin(plugin),
-      m_device(device),
-      m_services(services),
-      m_robot(robot),
-      m_notice(new Notice),
-      m_help(new HelpPanel(services.language(), this)),
-      m_status(new QLabel)
+constexpr QSize firstSize(800, 560);
+
+QString layoutKey(const DeviceView& view)
 {
-    setContextMenuPolicy(Qt::NoContextMenu); // its entries would hide the tool bar for good
-    resize(800, 540);
+    return "docks/" + QString::fromLatin1(QUrl::toPercentEncoding(view.device().name()));
+}
+
+/// What the plugin offers as help about the part of it that holds @p widget: a context word of
+/// its own, or the help action of the log that is shown there. Null where there is none.
+QAction* helpOf(const QWidget& widget, Services& services)
+{
+    const auto* plugin = dynamic_cast<const plugin::gui::PluginWidget*>(&widget);
+    if (!plugin)
+        return nullptr;
+    if (!plugin->helpContext().isEmpty())
+        return services.helpAction(plugin->helpContext());
+    for (const auto* log : widget.findChildren<const olm::qt::log::View*>()) {
+        if (log->isVisible() && !log->actions().isEmpty())
+            return log->actions().first();
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Window::Window(const PluginLoader& plugin, Services& services)
+    : m_plugin(plugin),
+      m_services(services),
+      m_splitter(new QSplitter),
+      m_help(new HelpPanel(services.language(), this))
+{
+    setContextMenuPolicy(Qt::NoContextMenu);
+    resize(firstSize);
     addDockWidget(Qt::RightDockWidgetArea, m_help);
 
-    auto* middle = new QWidget;
-    m_middle = new QVBoxLayout(middle);
-    m_middle->setContentsMargins(0, 0, 0, 0);
-    m_middle->addWidget(m_notice);
-    setCentralWidget(middle);
+    m_splitter->setChildrenCollapsible(false);
+    auto* area = new QScrollArea; // more devices than have room side by side can be scrolled to
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(m_splitter);
+    setCentralWidget(area);
 
     addMenus();
-    addDocks();
-    addStatusBar();
-    addPlugin();
-
-    connect(&device, &device::Device::connectionStateChanged, this, &Window::showConnection);
-    connect(&device, &device::Device::statusChanged, this, &Window::showConnection);
-    connect(&device, &device::Device::problem, this, &Window::notify);
     connect(&services, &Services::helpRequested, this, &Window::showHelp);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget*, const QWidget* focus) { onFocusChanged(focus); });
     translate();
+}
+
+DeviceView& Window::add(device::Device& device, const QString& robot)
+{
+    auto* view = new DeviceView(m_plugin, device, robot);
+    m_views.append(view);
+    m_splitter->addWidget(view);
+    for (QMenu* menu : view->menus())
+        menuBar()->insertMenu(m_languageMenu->menuAction(), menu);
+    for (DeviceView* each : std::as_const(m_views))
+        each->setNameShown(m_views.size() > 1);
+    setCurrent(m_current ? *m_current : *view);
+    translate();
+    return *view;
+}
+
+void Window::restoreLayout(const QString& folder)
+{
+    m_layoutFile = QDir(folder).filePath("window.ini");
+    const QSettings layout(m_layoutFile, QSettings::IniFormat);
+    restoreGeometry(layout.value("geometry").toByteArray());
+    m_splitter->restoreState(layout.value("devices").toByteArray());
+    for (DeviceView* view : std::as_const(m_views))
+        view->restoreState(layout.value(layoutKey(*view)).toByteArray());
+}
+
+void Window::saveLayout()
+{
+    if (m_layoutFile.isEmpty())
+        return;
+    QSettings layout(m_layoutFile, QSettings::IniFormat);
+    layout.setValue("geometry", saveGeometry());
+    layout.setValue("devices", m_splitter->saveState());
+    for (const DeviceView* view : std::as_const(m_views))
+        layout.setValue(layoutKey(*view), view->saveState());
 }
 
 QList<Failure> Window::failures() const
 {
-    QList<Failure> failures;
-    for (const FailureWords& failure : m_failures)
-        failures << failure();
-    return failures;
+    return m_views.isEmpty() ? QList<Failure>() : m_views.first()->failures();
+}
+
+void Window::notify(const QString& words)
+{
+    if (m_current)
+        m_current->notify(words);
 }
 
 void Window::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange) {
+    if (event->type() == QEvent::LanguageChange)
         translate();
-        m_device.translateWidgets();
-    }
     QMainWindow::changeEvent(event);
+}
+
+void Window::closeEvent(QCloseEvent* event)
+{
+    saveLayout();
+    QMainWindow::closeEvent(event);
 }
 
 void Window::translate()
 {
-    setWindowTitle(tr("%1 - device workbench").arg(m_device.name()));
+    QStringList names;
+    for (const DeviceView* view : std::as_const(m_views))
+        names << view->device().name();
+    setWindowTitle(names.isEmpty() ? tr("Device workbench")
+                                   : tr("%1 - device workbench").arg(names.join(", ")));
     m_fileMenu->setTitle(tr("&File"));
-    m_view->setTitle(tr("&View"));
     m_quit->setText(tr("&Quit"));
     m_helpMenu->setTitle(tr("&Help"));
     m_contextHelp->setText(tr("&Context help"));
     m_contents->setText(tr("C&ontents"));
     m_about->setText(tr("&About"));
-    if (m_toolBar)
-        m_toolBar->setWindowTitle(tr("Device"));
-    if (m_robotLabel)
-        m_robotLabel->setText(tr("Simulated robot: %1").arg(m_robot));
     if (m_help->isVisible() && !m_help->hasPage())
         showAbout();
-    showConnection();
-}
-
-void Window::notify(const QString& words)
-{
-    m_notice->add(words);
 }
 
 void Window::addMenus()
@@ -109,9 +158,8 @@ void Window::addMenus()
     m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
 
-    m_view = menuBar()->addMenu(QString());
-
     auto* languages = new LanguageMenu(m_services.language(), this);
+    m_languageMenu = languages;
     menuBar()->addMenu(languages);
     connect(languages, &LanguageMenu::problem, this, &Window::notify);
 
@@ -125,106 +173,22 @@ void Window::addMenus()
     connect(m_about, &QAction::triggered, this, &Window::showAbout);
 }
 
-void Window::addDocks()
+void Window::setCurrent(DeviceView& view)
 {
-    auto* variables = new VariablesDock(m_device.variables(), this);
-    auto* traffic = new TrafficDock(m_device.traffic(), this);
-    for (QDockWidget* dock :
-         {static_cast<QDockWidget*>(variables), static_cast<QDockWidget*>(traffic)}) {
-        addDockWidget(Qt::BottomDockWidgetArea, dock);
-        m_view->addAction(dock->toggleViewAction());
-    }
-    tabifyDockWidget(variables, traffic);
-    connect(traffic, &TrafficDock::problem, this, &Window::notify);
-}
-
-void Window::addStatusBar()
-{
-    m_status->setObjectName("status");
-    m_status->setTextFormat(Qt::PlainText);
-    // Two lines, whatever is said: a cause and its remedy need them.
-    m_status->setWordWrap(true);
-    m_status->setFixedHeight(2 * m_status->fontMetrics().lineSpacing());
-    statusBar()->setContentsMargins(6, 0, 0, 0);
-    statusBar()->addWidget(m_status, 1);
-    if (!m_robot.isEmpty()) {
-        m_robotLabel = new QLabel;
-        m_robotLabel->setObjectName("robot");
-        statusBar()->addPermanentWidget(m_robotLabel);
+    m_current = &view;
+    for (DeviceView* each : std::as_const(m_views)) {
+        each->setCurrent(each == m_current);
+        for (QMenu* menu : each->menus())
+            menu->menuAction()->setVisible(each == m_current); // no shortcuts of hidden menus
     }
 }
 
-void Window::addPlugin()
+void Window::onFocusChanged(const QWidget* focus)
 {
-    if (m_plugin.failure()) {
-        m_middle->addStretch(2);
-        addFailure([this] { return *m_plugin.failure(); });
-        m_middle->addStretch(3);
-        return;
+    for (DeviceView* view : std::as_const(m_views)) {
+        if (focus && view->isAncestorOf(focus) && view != m_current)
+            setCurrent(*view);
     }
-
-    DeviceWidget* toolBarWidget = loadWidget("toolbar");
-    if (toolBarWidget) {
-        m_toolBar = new QToolBar;
-        m_toolBar->setMovable(false);
-        m_toolBar->addWidget(toolBarWidget);
-        addToolBar(m_toolBar);
-    } else if (m_failures.isEmpty()) {
-        addFailure([file = m_plugin.file()] {
-            return Failure{tr("The plugin has no tool bar"),
-                           tr("Asked for the widget \"toolbar\", it gave none. Without it there is "
-                              "no way to connect."),
-                           tr("Choose a plugin made for this device with --plugin."), file};
-        });
-    }
-
-    if (DeviceWidget* dialog = loadWidget("dialog")) {
-        m_middle->addWidget(dialog, 1);
-    } else if (m_failures.isEmpty()) {
-        m_startPage = new StartPage(m_device.name(), m_robot);
-        m_middle->addWidget(m_startPage, 1);
-    } else {
-        m_middle->addStretch();
-    }
-}
-
-DeviceWidget* Window::loadWidget(const char* name)
-{
-    QString what; // empty: unknown
-    try {
-        return m_device.loadWidget(*m_plugin.interface(), name);
-    } catch (const std::exception& e) {
-        what = QString::fromUtf8(e.what());
-    } catch (...) {
-    }
-    addFailure([what, name, file = m_plugin.file()] {
-        const QString reason = what.isEmpty() ? tr("an exception of an unknown type") : what;
-        return Failure{
-            tr("A widget of the plugin failed"),
-            tr("The widget \"%1\" ended while it was being built: %2.").arg(name, reason),
-            tr("The rest of the window goes on without it. Ask the maker of the plugin "
-               "for a repaired version."),
-            file};
-    });
-    return nullptr;
-}
-
-void Window::addFailure(const FailureWords& failure)
-{
-    m_failures.append(failure);
-    auto* frame = new QVBoxLayout;
-    frame->setContentsMargins(24, 12, 24, 12);
-    frame->addWidget(new FailureCard(failure));
-    m_middle->addLayout(frame);
-}
-
-void Window::showConnection()
-{
-    const QString status = m_plugin.failure() ? tr("No plugin is loaded.") : m_device.status();
-    m_status->setText(status);
-    m_status->setToolTip(status);
-    if (m_startPage)
-        m_startPage->setConnection(m_device.connectionState(), status);
 }
 
 void Window::showHelp(const QString& context)
@@ -240,8 +204,8 @@ void Window::showMainHelp()
 void Window::showHelpOfFocus()
 {
     for (const QWidget* widget = focusWidget(); widget; widget = widget->parentWidget()) {
-        if (const auto* pluginWidget = dynamic_cast<const plugin::gui::PluginWidget*>(widget)) {
-            showHelp(pluginWidget->helpContext());
+        if (QAction* help = helpOf(*widget, m_services)) {
+            help->trigger();
             return;
         }
     }

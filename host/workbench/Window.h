@@ -7,41 +7,41 @@
 #include <QMainWindow>
 
 class QAction;
-class QLabel;
 class QMenu;
-class QToolBar;
-class QVBoxLayout;
+class QSplitter;
 
 namespace host::device {
 class Device;
 }
 
-namespace plugin::gui {
-class DeviceWidget;
-}
-
 namespace host::workbench {
 
+class DeviceView;
 class HelpPanel;
-class Notice;
 class PluginLoader;
 class Services;
-class StartPage;
 
-/// One device in one window: the plugin's tool bar, its dialog or the page that stands in for
-/// it, and the device's status in words. What the plugin fails to bring is replaced by a card
-/// that says why. It never opens a modal box.
+/// All devices of the workbench side by side, with the menus and the help. The menus about a
+/// device are those of the one which has the focus, or had it last.
 class Window : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// @p robot says where the simulated robot runs, empty for none. The others outlive the
-    /// window.
-    Window(const PluginLoader& plugin, device::Device& device, Services& services,
-           const QString& robot);
+    /// Both outlive the window.
+    Window(const PluginLoader& plugin, Services& services);
 
-    /// What the plugin failed to bring, in the order of the cards and the language of the moment.
+    /// Shows one more device, which outlives the window. @p robot says where its simulated robot
+    /// runs, empty for none.
+    DeviceView& add(device::Device& device, const QString& robot);
+
+    const QList<DeviceView*>& views() const { return m_views; }
+
+    /// Puts window and docks back to where they were when the window was closed last, and keeps
+    /// their places in @p folder when it is closed again.
+    void restoreLayout(const QString& folder);
+
+    /// What the plugin failed to bring, for the first device.
     QList<Failure> failures() const;
 
     /// Tells what a person should know of, until it is put away.
@@ -49,40 +49,33 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void translate();
     void addMenus();
-    void addDocks();
-    void addStatusBar();
-    void addPlugin();
-    plugin::gui::DeviceWidget* loadWidget(const char* name);
-    void addFailure(const FailureWords& failure);
-    void showConnection();
+    void setCurrent(DeviceView& view);
+    void onFocusChanged(const QWidget* focus);
+    void saveLayout();
     void showHelp(const QString& context);
     void showMainHelp();
     void showHelpOfFocus();
     void showAbout();
 
     const PluginLoader& m_plugin;
-    device::Device& m_device;
     Services& m_services;
-    QString m_robot;
-    QList<FailureWords> m_failures;
+    QSplitter* m_splitter;
+    QList<DeviceView*> m_views;
+    DeviceView* m_current = nullptr; // null as long as there is no device
+    QString m_layoutFile;            // empty: nothing is kept
     QMenu* m_fileMenu = nullptr;
-    QMenu* m_view = nullptr;
+    QMenu* m_languageMenu = nullptr;
     QMenu* m_helpMenu = nullptr;
     QAction* m_quit = nullptr;
     QAction* m_contextHelp = nullptr;
     QAction* m_contents = nullptr;
     QAction* m_about = nullptr;
-    QToolBar* m_toolBar = nullptr;  // the plugin's; null without one
-    QLabel* m_robotLabel = nullptr; // null without a robot
-    QVBoxLayout* m_middle;
-    Notice* m_notice;
-    StartPage* m_startPage = nullptr;
     HelpPanel* m_help;
-    QLabel* m_status;
 };
 
 } // namespace host::workbench

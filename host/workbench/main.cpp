@@ -1,4 +1,5 @@
 #include "host/device/Device.h"
+#include "host/workbench/DeviceView.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/Options.h"
 #include "host/workbench/PluginLoader.h"
@@ -8,12 +9,14 @@
 #include "robot/TerminationSignals.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
 
 #include <optional>
+#include <vector>
 
 using namespace host::workbench;
 
@@ -25,25 +28,43 @@ int refuse(const QString& text)
     return 1;
 }
 
+/// One device of the workbench, and its simulated robot unless it does without.
+struct Station
+{
+    std::optional<EmbeddedRobot> robot;
+    std::optional<host::device::Device> device;
+};
+
 int show(Window& window)
 {
     const robot::TerminationSignals termination;
-    QObject::connect(&termination, &robot::TerminationSignals::received,
-                     [] { QCoreApplication::exit(0); });
+    QObject::connect(&termination, &robot::TerminationSignals::received, &window, [&window] {
+        window.close(); // which keeps the places of its docks
+        QCoreApplication::exit(0);
+    });
     window.show();
     return QApplication::exec();
 }
 
-int tour(const QString& folder, Window& window, host::device::Device& device, Services& services,
-         const QString& robotAddress)
+int tour(const QString& folder, Window& window, Services& services)
 {
     const PluginLoader missing(QCoreApplication::applicationDirPath() + "/libno_such_plugin.so");
-    Window failureWindow(missing, device, services, robotAddress);
+    host::device::Device& device = window.views().first()->device();
+    Window failureWindow(missing, services);
+    failureWindow.add(device, QString());
     Tour tour(folder, window, failureWindow, device);
     const robot::TerminationSignals termination;
     QObject::connect(&termination, &robot::TerminationSignals::received, [&tour] { tour.stop(); });
     QTimer::singleShot(0, [&tour] { QCoreApplication::exit(tour.run() ? 0 : 1); });
     return QApplication::exec();
+}
+
+/// Where the system keeps what a program would like to find again, but can do without.
+QString stateFolder()
+{
+    const QString set = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString folder = QDir::isAbsolutePath(set) ? set : QDir::homePath() + "/.local/state";
+    return folder + '/' + QCoreApplication::applicationName();
 }
 
 } // namespace
@@ -82,18 +103,19 @@ int main(int argc, char** argv)
             "main", "There is no display: set DISPLAY or WAYLAND_DISPLAY, or let --tour DIR "
                     "write pictures of the window."));
 
-    std::optional<EmbeddedRobot> robot;
-    QStringList badLines; // of the recording
-    if (options->robot) {
-        robot.emplace();
+    std::vector<Station> stations(options->devices.size());
+    QStringList badLines; // of the recording, the same for each robot
+    const std::size_t robots = options->robot ? stations.size() : 0;
+    for (std::size_t i = 0; i < robots; ++i) {
+        const auto port = static_cast<quint16>(robot::link::Address::defaultPort + i);
+        EmbeddedRobot& robot = stations[i].robot.emplace(port, static_cast<quint32>(i + 1));
         const robot::LaserLogOptions& laserLog = options->laserLog;
         if (!laserLog.file().isEmpty() &&
-            !robot->setLaserLog(laserLog.file(), laserLog.rate(), &badLines, &error))
+            !robot.setLaserLog(laserLog.file(), laserLog.rate(), &badLines, &error))
             return refuse(error);
     }
     for (const QString& line : std::as_const(badLines))
         QTextStream(stderr) << line << '\n';
-    const QString robotAddress = robot ? robot->address() : QString();
 
     // A tour starts from fresh settings and leaves a person's alone.
     const QTemporaryDir tourSettings;
@@ -106,21 +128,28 @@ int main(int argc, char** argv)
 
     const PluginLoader plugin(options->pluginFile.isEmpty() ? PluginLoader::defaultFile()
                                                             : options->pluginFile);
-    host::device::Device device(options->deviceName, settings, services);
-    if (!robotAddress.isEmpty())
-        device.setDefaultAddress(robotAddress);
-    if (options->address)
-        device.overrideAddress(options->address->toString());
-
-    Window window(plugin, device, services, robotAddress);
-    if (robot && !robot->error().isEmpty())
-        window.notify(robot->error());
+    Window window(plugin, services);
+    for (std::size_t i = 0; i < stations.size(); ++i) {
+        auto& [robot, device] = stations[i];
+        const auto index = static_cast<int>(i);
+        device.emplace(options->devices.at(index), settings, services);
+        const QString robotAddress = robot ? robot->address() : QString();
+        if (!robotAddress.isEmpty())
+            device->setDefaultAddress(robotAddress);
+        if (index < options->addresses.size())
+            device->overrideAddress(options->addresses.at(index).toString());
+        DeviceView& view = window.add(*device, robotAddress);
+        if (robot && !robot->error().isEmpty())
+            view.notify(robot->error());
+    }
     if (!badLines.isEmpty())
         window.notify(badLines.first());
     if (badLines.size() > 1) {
         window.notify(QCoreApplication::translate(
             "main", "The standard error names further lines that cannot be read."));
     }
-    return isTour ? tour(options->tourFolder, window, device, services, robotAddress)
-                  : show(window);
+    if (isTour)
+        return tour(options->tourFolder, window, services);
+    window.restoreLayout(stateFolder());
+    return show(window);
 }

@@ -14,6 +14,7 @@ class OptionsTest : public TestCase
 private Q_SLOTS:
     void nothing_given_means_the_usual();
     void every_option_is_understood();
+    void devices_are_taken_in_order_each_with_its_address();
     void a_recording_goes_to_the_embedded_robot();
     void an_address_is_understood_in_every_form_data();
     void an_address_is_understood_in_every_form();
@@ -37,9 +38,9 @@ void OptionsTest::nothing_given_means_the_usual()
     QString error;
     const auto options = parse({}, &error);
     QVERIFY2(options, qPrintable(error));
-    QCOMPARE(options->deviceName, QString("Quandrel"));
+    QCOMPARE(options->devices, QStringList("Quandrel"));
     QVERIFY(options->robot);
-    QVERIFY(!options->address);
+    QVERIFY(options->addresses.isEmpty());
     QCOMPARE(options->laserLog.file(), QString());
     QCOMPARE(options->laserLog.rate(), 1.0);
     QVERIFY(options->pluginFile.isEmpty() && options->tourFolder.isEmpty());
@@ -55,12 +56,26 @@ void OptionsTest::every_option_is_understood()
                                &error);
     QVERIFY2(options, qPrintable(error));
     QCOMPARE(options->pluginFile, QString("p.so"));
-    QCOMPARE(options->deviceName, QString("Two"));
-    QCOMPARE(options->address->toString(), QString("robot:80"));
+    QCOMPARE(options->devices, QStringList("Two"));
+    QCOMPARE(options->addresses.size(), 1);
+    QCOMPARE(options->addresses.first().toString(), QString("robot:80"));
     QVERIFY(!options->robot);
     QCOMPARE(options->laserLog.file(), QString());
     QCOMPARE(options->language, QString("de"));
     QCOMPARE(options->tourFolder, QString("pictures"));
+}
+
+void OptionsTest::devices_are_taken_in_order_each_with_its_address()
+{
+    QString error;
+    const auto options = parse({"--device", "Left", "--address", "a", "--device", "Right",
+                                "--address", "b:80", "--device", "Third"},
+                               &error);
+    QVERIFY2(options, qPrintable(error));
+    QCOMPARE(options->devices, QStringList({"Left", "Right", "Third"}));
+    QCOMPARE(options->addresses.size(), 2);
+    QCOMPARE(options->addresses.at(0).host, QString("a"));
+    QCOMPARE(options->addresses.at(1).host, QString("b"));
 }
 
 void OptionsTest::a_recording_goes_to_the_embedded_robot()
@@ -92,8 +107,8 @@ void OptionsTest::an_address_is_understood_in_every_form()
     QString error;
     const auto options = parse({"--address", text}, &error);
     QVERIFY2(options, qPrintable(error));
-    QTEST(options->address->host, "host");
-    QTEST(int(options->address->port), "port");
+    QTEST(options->addresses.first().host, "host");
+    QTEST(int(options->addresses.first().port), "port");
 }
 
 void OptionsTest::help_names_every_option()
@@ -136,6 +151,13 @@ void OptionsTest::a_mistake_is_refused_by_its_name_data()
     QTest::newRow("unknown language") << QStringList({"--language", "fr"}) << "\"fr\"";
     QTest::newRow("languages to pick") << QStringList({"--language", "fr"}) << "en, de, pseudo";
     QTest::newRow("empty language") << QStringList({"--language", ""}) << "--language";
+    QTest::newRow("two devices of a name")
+        << QStringList({"--device", "Twin", "--device", "Twin"}) << "\"Twin\"";
+    QTest::newRow("more addresses than devices")
+        << QStringList({"--address", "a", "--address", "b"}) << "--address";
+    QTest::newRow("second address bad")
+        << QStringList({"--device", "a", "--device", "b", "--address", "a", "--address", "b c"})
+        << "\"b c\"";
     QTest::newRow("empty address") << QStringList({"--address", ""}) << "--address";
 }
 

@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -40,15 +41,11 @@ struct Workbench
                        const QString& address = QString())
         : plugin(pluginFile),
           device("Quandrel", settings.path(), services, timing()),
-          window(plugin, at(address, device), services, robot)
-    {
-    }
-
-    static Device& at(const QString& address, Device& device)
+          window(plugin, services)
     {
         if (!address.isEmpty())
             device.overrideAddress(address);
-        return device;
+        window.add(device, robot);
     }
 
     static host::device::Timing timing()
@@ -122,6 +119,8 @@ private Q_SLOTS:
     void a_refusal_stands_in_the_status_bar_with_what_to_try();
     void a_problem_of_the_device_stays_until_it_is_put_away();
     void help_is_about_what_has_the_focus();
+    void help_in_a_tab_is_about_that_tab_data();
+    void help_in_a_tab_is_about_that_tab();
     void about_names_the_program_and_the_plugin();
     void quit_closes_the_window();
 };
@@ -339,6 +338,34 @@ void WindowTest::help_is_about_what_has_the_focus()
     QCOMPARE(help->windowTitle(), QString("Connecting"));
     QVERIFY(help->findChild<QTextBrowser*>()->toPlainText().contains("The address field"));
     QVERIFY(!QApplication::activeModalWidget());
+}
+
+void WindowTest::help_in_a_tab_is_about_that_tab_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("base") << 0 << "The base tab";
+    QTest::newRow("manipulator") << 1 << "The manipulator tab";
+    QTest::newRow("laser") << 2 << "The laser rangefinder tab";
+}
+
+void WindowTest::help_in_a_tab_is_about_that_tab()
+{
+    QFETCH(int, tab);
+    expectWarning("does not support propagateSizeHints");
+    Workbench workbench(DEVICE_PLUGIN_FILE);
+    workbench.show();
+    auto* tabs = workbench.window.centralWidget()->findChild<QTabWidget*>();
+    tabs->setCurrentIndex(tab);
+    for (QWidget* focus : {static_cast<QWidget*>(tabs->tabBar()),
+                           tabs->currentWidget()->findChild<QWidget*>(QString())}) {
+        auto* help = workbench.window.findChild<HelpPanel*>();
+        help->hide();
+        focus->setFocus();
+        pressF1(workbench.window);
+        QVERIFY(help->isVisible());
+        QTEST(help->windowTitle(), "title");
+    }
 }
 
 void WindowTest::about_names_the_program_and_the_plugin()

@@ -20,7 +20,11 @@ View::View(QWidget* parent) : QTextEdit(parent)
 
 void View::setHelpAction(QAction* action)
 {
+    if (m_helpAction)
+        removeAction(m_helpAction);
     m_helpAction = action;
+    if (action)
+        addAction(action); // where the host looks for help about what is beside the log
 }
 
 void View::contextMenuEvent(QContextMenuEvent* event)

@@ -1,0 +1,197 @@
+#include "host/workbench/DeviceView.h"
+
+#include "host/device/Device.h"
+#include "host/workbench/FailureCard.h"
+#include "host/workbench/Notice.h"
+#include "host/workbench/PluginLoader.h"
+#include "host/workbench/StartPage.h"
+#include "host/workbench/StatusLine.h"
+#include "host/workbench/traffic/TrafficDock.h"
+#include "host/workbench/variables/VariablesDock.h"
+#include "plugin/gui/DeviceWidget.h"
+#include "plugin/gui/Interface.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <exception>
+
+namespace host::workbench {
+
+using plugin::gui::DeviceWidget;
+
+DeviceView::DeviceView(const PluginLoader& plugin, device::Device& device, const QString& robot)
+    : m_plugin(plugin),
+      m_device(device),
+      m_robot(robot),
+      m_viewMenu(new QMenu(this)),
+      m_name(new QLabel(device.name())),
+      m_notice(new Notice),
+      m_status(new StatusLine(device, robot))
+{
+    setWindowFlags(Qt::Widget);
+    setContextMenuPolicy(Qt::NoContextMenu); // its entries would hide the tool bar for good
+    setFocusPolicy(Qt::ClickFocus); // a press anywhere in the view makes it the current one
+    setAccessibleName(device.name());
+
+    m_name->setObjectName("name");
+    m_name->setTextFormat(Qt::PlainText);
+    m_name->setAlignment(Qt::AlignCenter);
+    m_name->setMargin(4);
+    m_name->setAutoFillBackground(true);
+    m_name->hide();
+    setMenuWidget(m_name);
+
+    auto* middle = new QWidget;
+    m_middle = new QVBoxLayout(middle);
+    m_middle->setContentsMargins(0, 0, 0, 0);
+    m_middle->addWidget(m_notice);
+    setCentralWidget(middle);
+
+    addDocks();
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->addWidget(m_status, 1);
+    addPlugin();
+
+    connect(&device, &device::Device::connectionStateChanged, this, &DeviceView::showConnection);
+    connect(&device, &device::Device::statusChanged, this, &DeviceView::showConnection);
+    connect(&device, &device::Device::problem, this, &DeviceView::notify);
+    translate();
+}
+
+QList<Failure> DeviceView::failures() const
+{
+    QList<Failure> failures;
+    for (const FailureWords& failure : m_failures)
+        failures << failure();
+    return failures;
+}
+
+QList<QMenu*> DeviceView::menus() const
+{
+    return {m_viewMenu};
+}
+
+void DeviceView::setNameShown(bool isShown)
+{
+    m_name->setVisible(isShown);
+}
+
+void DeviceView::setCurrent(bool isCurrent)
+{
+    m_name->setBackgroundRole(isCurrent ? QPalette::Highlight : QPalette::Mid);
+    m_name->setForegroundRole(isCurrent ? QPalette::HighlightedText : QPalette::WindowText);
+}
+
+void DeviceView::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        translate();
+        m_device.translateWidgets();
+    }
+    QMainWindow::changeEvent(event);
+}
+
+void DeviceView::translate()
+{
+    m_viewMenu->setTitle(tr("&View"));
+    if (m_toolBar)
+        m_toolBar->setWindowTitle(tr("Device"));
+    showConnection();
+}
+
+void DeviceView::notify(const QString& words)
+{
+    m_notice->add(words);
+}
+
+void DeviceView::addDocks()
+{
+    auto* variables = new VariablesDock(m_device.variables(), this);
+    auto* traffic = new TrafficDock(m_device.traffic(), this);
+    for (QDockWidget* dock :
+         {static_cast<QDockWidget*>(variables), static_cast<QDockWidget*>(traffic)}) {
+        addDockWidget(Qt::BottomDockWidgetArea, dock);
+        m_viewMenu->addAction(dock->toggleViewAction());
+    }
+    tabifyDockWidget(variables, traffic);
+    connect(traffic, &TrafficDock::problem, this, &DeviceView::notify);
+}
+
+void DeviceView::addPlugin()
+{
+    if (m_plugin.failure()) {
+        m_middle->addStretch(2);
+        addFailure([this] { return *m_plugin.failure(); });
+        m_middle->addStretch(3);
+        m_status->hide(); // nothing can be connected
+        return;
+    }
+
+    DeviceWidget* toolBarWidget = loadWidget("toolbar");
+    if (toolBarWidget) {
+        m_toolBar = new QToolBar;
+        m_toolBar->setObjectName("toolBar");
+        m_toolBar->setMovable(false);
+        m_toolBar->addWidget(toolBarWidget);
+        addToolBar(m_toolBar);
+    } else if (m_failures.isEmpty()) {
+        addFailure([file = m_plugin.file()] {
+            return Failure{tr("The plugin has no tool bar"),
+                           tr("Asked for the widget \"toolbar\", it gave none. Without it there is "
+                              "no way to connect."),
+                           tr("Choose a plugin made for this device with --plugin."), file};
+        });
+    }
+
+    if (DeviceWidget* dialog = loadWidget("dialog")) {
+        m_middle->addWidget(dialog, 1);
+    } else if (m_failures.isEmpty()) {
+        m_startPage = new StartPage(m_device.name(), m_robot);
+        m_middle->addWidget(m_startPage, 1);
+    } else {
+        m_middle->addStretch();
+    }
+}
+
+DeviceWidget* DeviceView::loadWidget(const char* name)
+{
+    QString what; // empty: unknown
+    try {
+        return m_device.loadWidget(*m_plugin.interface(), name);
+    } catch (const std::exception& e) {
+        what = QString::fromUtf8(e.what());
+    } catch (...) {
+    }
+    addFailure([what, name, file = m_plugin.file()] {
+        const QString reason = what.isEmpty() ? tr("an exception of an unknown type") : what;
+        return Failure{
+            tr("A widget of the plugin failed"),
+            tr("The widget \"%1\" ended while it was being built: %2.").arg(name, reason),
+            tr("The rest of the window goes on without it. Ask the maker of the plugin "
+               "for a repaired version."),
+            file};
+    });
+    return nullptr;
+}
+
+void DeviceView::addFailure(const FailureWords& failure)
+{
+    m_failures.append(failure);
+    auto* frame = new QVBoxLayout;
+    frame->setContentsMargins(24, 12, 24, 12);
+    frame->addWidget(new FailureCard(failure));
+    m_middle->addLayout(frame);
+}
+
+void DeviceView::showConnection()
+{
+    if (m_startPage)
+        m_startPage->setConnection(m_device.connectionState(), m_device.status());
+}
+
+} // namespace host::workbench

@@ -1,0 +1,48 @@
+#ifndef HOST_WORKBENCH_STATUSLINE_H
+#define HOST_WORKBENCH_STATUSLINE_H
+
+#include <QTimer>
+#include <QWidget>
+
+class QLabel;
+
+namespace host::device {
+class Device;
+}
+
+namespace host::workbench {
+
+class Lamp;
+
+/// How the connection stands, in words: with whom, since when, how old the newest data is, and
+/// what went wrong last, with what to try.
+class StatusLine : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @p device outlives the line. @p robot says where its simulated robot runs, empty for none.
+    StatusLine(device::Device& device, const QString& robot);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void translate();
+    void showConnection();
+    void showTimes();
+
+    device::Device& m_device;
+    QString m_robotAddress;
+    Lamp* m_lamp;
+    QLabel* m_words;
+    QLabel* m_duration;
+    QLabel* m_age;
+    QLabel* m_robot; // null without one
+    QLabel* m_failure;
+    QTimer m_clock; // runs while connected
+};
+
+} // namespace host::workbench
+
+#endif
