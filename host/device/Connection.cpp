@@ -1,9 +1,11 @@
 #include "host/device/Connection.h"
 
 #include "host/device/MessageRole.h"
+#include "robot/link/Names.h"
 
 #include <QDebug>
 
+#include <algorithm>
 #include <utility>
 
 namespace host::device {
@@ -102,11 +104,34 @@ auto Connection::whileCurrent(const Handle& handle)
     };
 }
 
-void Connection::follow(const QString& topic, const QString& type, const Client::Handler& handler)
+int Connection::follow(const QString& topic, const QString& type, const Client::Handler& handler,
+                       std::chrono::milliseconds throttle)
 {
-    m_followed.push_back({topic, type, handler});
+    const QString name = robot::link::canonicalName(topic);
+    m_followed.push_back({++m_lastFollower, name, type, handler, throttle, QString()});
+    if (!m_client || m_client->state() != Client::State::Open)
+        return m_lastFollower;
+    // A robot tells its state once for all subscriptions of a client to a topic.
+    for (const Followed& followed : m_followed) {
+        if (followed.topic == name)
+            m_client->unsubscribe(followed.subscription);
+    }
+    for (Followed& followed : m_followed) {
+        if (followed.topic == name)
+            subscribe(followed);
+    }
+    return m_lastFollower;
+}
+
+void Connection::unfollow(int id)
+{
+    const auto followed = std::find_if(m_followed.begin(), m_followed.end(),
+                                       [id](const Followed& each) { return each.id == id; });
+    if (followed == m_followed.end())
+        return;
     if (m_client)
-        subscribe(m_followed.back());
+        m_client->unsubscribe(followed->subscription);
+    m_followed.erase(followed);
 }
 
 void Connection::call(const QString& service, const QCborMap& args,
@@ -116,15 +141,18 @@ void Connection::call(const QString& service, const QCborMap& args,
     m_client->callService(service, args, whileCurrent(callback), m_timing.answer);
 }
 
-void Connection::subscribe(const Followed& followed)
+void Connection::subscribe(Followed& followed)
 {
     Client::SubscribeOptions options;
     options.compression = Client::Compression::Cbor;
-    m_client->subscribe(followed.topic, followed.type, options,
-                        whileCurrent([this, handler = followed.handler](const QCborMap& message) {
-                            m_newestData.start();
-                            handler(message);
-                        }));
+    options.throttleRate = followed.throttle;
+    options.queueLength = followed.throttle.count() > 0 ? 1 : 0; // the newest is not lost
+    followed.subscription =
+        m_client->subscribe(followed.topic, followed.type, options,
+                            whileCurrent([this, handler = followed.handler](const QCborMap& msg) {
+                                m_newestData.start();
+                                handler(msg);
+                            }));
 }
 
 void Connection::onOpened()
@@ -143,7 +171,7 @@ void Connection::onOpened()
         QStringLiteral("/control/acquire"), {},
         whileCurrent([this](const Client::Result& result) { onAcquireAnswered(result); }),
         2 * m_timing.answer);
-    for (const Followed& followed : m_followed)
+    for (Followed& followed : m_followed)
         subscribe(followed);
 }
 

@@ -65,9 +65,16 @@ public:
     /// message is sent. False where there is nothing to close.
     bool close();
 
-    /// From now on gives each message of @p topic to @p handler, on this link and on all to come.
-    void follow(const QString& topic, const QString& type,
-                const robot::link::Client::Handler& handler);
+    /// From now on gives each message of @p topic to @p handler, on this link and on all to come,
+    /// until unfollow(). With a @p throttle, and where nobody else follows the topic more closely,
+    /// only the newest, at most that often. A robot's state that is told once, as its map, is told
+    /// anew to all followers. Returns the id for unfollow().
+    int follow(const QString& topic, const QString& type,
+               const robot::link::Client::Handler& handler,
+               std::chrono::milliseconds throttle = {});
+    /// The follower hears nothing more, on this link and on all to come; also from inside its own
+    /// handler. Does nothing with an id that is unknown or was ended.
+    void unfollow(int id);
     /// Calls a service of the robot; not while the state is -1. What comes of it is told unless
     /// the link ends before.
     void call(const QString& service, const QCborMap& args,
@@ -88,15 +95,18 @@ private:
 
     struct Followed
     {
-        QString topic;
+        int id;
+        QString topic; // in its canonical form
         QString type;
         Client::Handler handler;
+        std::chrono::milliseconds throttle;
+        QString subscription; // on the link that is open
     };
 
     void onOpened();
     template <class Handle>
     auto whileCurrent(const Handle& handle);
-    void subscribe(const Followed& followed);
+    void subscribe(Followed& followed);
     void onSimTimeAnswered(const Client::Result& result);
     void onAcquireAnswered(const Client::Result& result);
     void onFrame();
@@ -116,6 +126,7 @@ private:
     Failure m_lastFailure;
     QString m_address;
     std::vector<Followed> m_followed;
+    int m_lastFollower = 0;
     std::unique_ptr<Client> m_client; // as long as the state is not -1
     bool m_hasControl = false;
     bool m_isSimulator = false;

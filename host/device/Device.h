@@ -60,13 +60,14 @@ public:
     /// Goes before the stored address, which stays as it is until a widget writes another.
     void overrideAddress(const QString& address);
 
-    Connection& connection() { return m_connection; }
-
     /// -1 not connected; 0, 1, 2 connecting; 3 connected; 4 connected, passive.
     int connectionState() const { return m_connection.state(); }
 
     /// One sentence for the status bar.
     QString status() const { return m_connection.status(); }
+
+    /// For views that follow topics of their own.
+    Connection& connection() { return m_connection; }
 
     /// For developers' tools: what they set here counts as set by the device, and is not stored.
     Variables& variables() { return m_variables; }

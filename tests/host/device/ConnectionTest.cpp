@@ -135,6 +135,11 @@ private Q_SLOTS:
     void a_robot_that_does_not_take_control_back_is_left_and_not_heard();
     void a_connection_that_is_over_is_not_heard();
     void a_topic_that_is_followed_late_is_heard_on_the_open_link();
+    void all_followers_of_a_topic_hear_each_message();
+    void a_late_follower_is_told_a_state_that_was_told_before();
+    void a_follower_that_left_hears_nothing_more();
+    void a_follower_that_left_is_not_there_on_the_next_link_either();
+    void a_follower_may_leave_while_it_hears();
     void a_call_that_is_not_answered_fails_in_time();
     void what_the_robot_says_about_the_link_is_in_the_base_log();
     void a_message_that_is_not_understood_is_warned_of_and_ignored();
@@ -710,6 +715,107 @@ void ConnectionTest::a_topic_that_is_followed_late_is_heard_on_the_open_link()
                               patience);
     robot.publish("/topic", {});
     QTRY_COMPARE_WITH_TIMEOUT(messages, 1, patience);
+}
+
+void ConnectionTest::all_followers_of_a_topic_hear_each_message()
+{
+    FakeRobot robot;
+    Connection connection(noHurry());
+    QStringList heard;
+    connection.follow("/topic", "std_msgs/Int32",
+                      [&](const QCborMap& msg) { heard << msg["data"].toVariant().toString(); });
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(connection.state(), 3, patience);
+    connection.follow("topic", "std_msgs/Int32", [&](const QCborMap& msg) {
+        heard << "late " + msg["data"].toVariant().toString();
+    });
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/topic", "std_msgs/Int32", "cbor"), 2,
+                              patience);
+    robot.publish("/topic", {{"data", 1}});
+    robot.publish("/topic", {{"data", 2}});
+    QTRY_COMPARE_WITH_TIMEOUT(heard.size(), 4, patience);
+    heard.sort(); // those of one message come in any order
+    QCOMPARE(heard, QStringList({"1", "2", "late 1", "late 2"}));
+}
+
+void ConnectionTest::a_late_follower_is_told_a_state_that_was_told_before()
+{
+    FakeRobot robot;
+    robot.latch("/state", {{"data", true}});
+    Connection connection(noHurry());
+    int messages = 0;
+    connection.follow("/state", "std_msgs/Bool", [&](const QCborMap&) { ++messages; });
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(connection.state(), 3, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(messages, 1, patience);
+    int lateMessages = 0;
+    connection.follow("/state", "std_msgs/Bool", [&](const QCborMap&) { ++lateMessages; });
+    QTRY_COMPARE_WITH_TIMEOUT(lateMessages, 1, patience);
+}
+
+void ConnectionTest::a_follower_that_left_hears_nothing_more()
+{
+    FakeRobot robot;
+    Connection connection(noHurry());
+    int messages = 0;
+    int otherMessages = 0;
+    const int id =
+        connection.follow("/topic", "std_msgs/Empty", [&](const QCborMap&) { ++messages; });
+    connection.follow("/topic", "std_msgs/Empty", [&](const QCborMap&) { ++otherMessages; });
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(connection.state(), 3, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/topic", "std_msgs/Empty", "cbor"), 2,
+                              patience);
+    connection.unfollow(id);
+    connection.unfollow(id);
+    connection.unfollow(12345);
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/topic", "std_msgs/Empty", "cbor"), 1,
+                              patience);
+    robot.publish("/topic", {});
+    QTRY_COMPARE_WITH_TIMEOUT(otherMessages, 1, patience);
+    QCOMPARE(messages, 0);
+}
+
+void ConnectionTest::a_follower_that_left_is_not_there_on_the_next_link_either()
+{
+    FakeRobot robot;
+    Connection connection(noHurry());
+    const int early = connection.follow("/early", "std_msgs/Empty", [](const QCborMap&) {});
+    const int later = connection.follow("/later", "std_msgs/Empty", [](const QCborMap&) {});
+    connection.follow("/last", "std_msgs/Empty", [](const QCborMap&) {});
+    connection.unfollow(early); // before there is any link
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/last", "std_msgs/Empty", "cbor"), 1,
+                              patience);
+    QVERIFY(connection.close());
+    connection.unfollow(later); // between two links
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/last", "std_msgs/Empty", "cbor"), 2,
+                              patience);
+    QCOMPARE(robot.subscriberCount("/early", "std_msgs/Empty", "cbor"), 0);
+    QCOMPARE(robot.subscriberCount("/later", "std_msgs/Empty", "cbor"), 1); // on the first link
+}
+
+void ConnectionTest::a_follower_may_leave_while_it_hears()
+{
+    FakeRobot robot;
+    robot.latch("/state", {});
+    Connection connection(noHurry());
+    int messages = 0;
+    int id = 0;
+    id = connection.follow("/state", "std_msgs/Empty", [&](const QCborMap&) {
+        ++messages;
+        connection.unfollow(id);
+    });
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(messages, 1, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/state", "std_msgs/Empty", "cbor"), 0,
+                              patience);
+    robot.publish("/state", {});
+    robot.log("base", "after it");
+    const QSignalSpy log(&connection, &Connection::message);
+    QTRY_VERIFY_WITH_TIMEOUT(!log.isEmpty(), patience);
+    QCOMPARE(messages, 1);
 }
 
 void ConnectionTest::a_call_that_is_not_answered_fails_in_time()

@@ -6,6 +6,7 @@
 #include <QJsonObject>
 #include <QWebSocket>
 
+#include <algorithm>
 #include <utility>
 
 FakeRobot::FakeRobot() : m_server(QStringLiteral("robot"), QWebSocketServer::NonSecureMode)
@@ -89,11 +90,19 @@ void FakeRobot::publish(const QString& topic, const QCborMap& msg)
           {QStringLiteral("msg"), msg}});
 }
 
+void FakeRobot::latch(const QString& topic, const QCborMap& msg)
+{
+    m_latched.insert(topic, msg);
+}
+
 int FakeRobot::subscriberCount(const QString& topic, const QString& type,
                                const QString& compression) const
 {
-    return int(
-        m_subscriptions.count(QStringList({topic, type, compression}).join(QLatin1Char(' '))));
+    return int(std::count_if(m_subscriptions.cbegin(), m_subscriptions.cend(),
+                             [&](const Subscription& subscription) {
+                                 return subscription.topic == topic && subscription.type == type &&
+                                        subscription.compression == compression;
+                             }));
 }
 
 void FakeRobot::drop()
@@ -101,6 +110,17 @@ void FakeRobot::drop()
     const QList<QWebSocket*> clients = m_clients;
     for (QWebSocket* client : clients)
         client->abort();
+}
+
+void FakeRobot::subscribe(const Subscription& subscription)
+{
+    const bool isFurther = std::any_of(
+        m_subscriptions.cbegin(), m_subscriptions.cend(), [&](const Subscription& other) {
+            return other.client == subscription.client && other.topic == subscription.topic;
+        });
+    m_subscriptions.append(subscription);
+    if (!isFurther && m_latched.contains(subscription.topic))
+        publish(subscription.topic, m_latched.value(subscription.topic));
 }
 
 void FakeRobot::receive(QWebSocket* client, const QString& text)
@@ -113,8 +133,14 @@ void FakeRobot::receive(QWebSocket* client, const QString& text)
         return message->value(QLatin1String(name)).toString();
     };
     if (field("op") == QLatin1String("subscribe"))
-        m_subscriptions.append(QStringList({field("topic"), field("type"), field("compression")})
-                                   .join(QLatin1Char(' ')));
+        subscribe({client, field("id"), field("topic"), field("type"), field("compression")});
+    if (field("op") == QLatin1String("unsubscribe"))
+        m_subscriptions.erase(std::remove_if(m_subscriptions.begin(), m_subscriptions.end(),
+                                             [&](const Subscription& subscription) {
+                                                 return subscription.client == client &&
+                                                        subscription.id == field("id");
+                                             }),
+                              m_subscriptions.end());
     if (field("op") != QLatin1String("call_service"))
         return;
     const QString service = field("service");

@@ -42,14 +42,27 @@ public:
     void send(const QCborMap& message);
     void publish(const QString& topic, const QCborMap& msg);
     void log(const QString& name, const QString& text);
-    /// How many clients subscribed to @p topic with @p type and @p compression.
+    /// A client is told @p msg when it subscribes to @p topic, but not again for a further id.
+    void latch(const QString& topic, const QCborMap& msg);
+    /// How many subscriptions to @p topic with @p type and @p compression there were and were not
+    /// ended by unsubscribing.
     int subscriberCount(const QString& topic, const QString& type,
                         const QString& compression) const;
     /// Breaks all links, without a good-bye.
     void drop();
 
 private:
+    struct Subscription
+    {
+        QWebSocket* client; // may be gone
+        QString id;
+        QString topic;
+        QString type;
+        QString compression;
+    };
+
     void receive(QWebSocket* client, const QString& text);
+    void subscribe(const Subscription& subscription);
 
     QWebSocketServer m_server;
     QList<QWebSocket*> m_clients;
@@ -57,7 +70,8 @@ private:
     QSet<QString> m_ignored;
     QHash<QString, QCborValue> m_ignoredIds; // of the last call of each service
     QStringList m_calls;
-    QStringList m_subscriptions;
+    QHash<QString, QCborMap> m_latched;
+    QList<Subscription> m_subscriptions;
 };
 
 #endif
