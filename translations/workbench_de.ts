@@ -234,6 +234,65 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::Operator</name>
+    <message>
+        <source>making the folder</source>
+        <translation>Anlegen des Ordners</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder and cannot be made one</source>
+        <translation>%1 ist kein Ordner und kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>showing the window</source>
+        <translation>Zeigen des Fensters</translation>
+    </message>
+    <message>
+        <source>the plugin&apos;s tool bar has no connect button or no address field</source>
+        <translation>der Werkzeugleiste des Plugins fehlt der Verbindungsknopf oder das Adressfeld</translation>
+    </message>
+    <message>
+        <source>the plugin&apos;s dialog has no such tab</source>
+        <translation>der Dialog des Plugins hat keinen solchen Reiter</translation>
+    </message>
+    <message>
+        <source>the tab does not open</source>
+        <translation>der Reiter geht nicht auf</translation>
+    </message>
+    <message>
+        <source>the address field stays disabled</source>
+        <translation>das Adressfeld bleibt gesperrt</translation>
+    </message>
+    <message>
+        <source>the address field does not take the keys: it holds &quot;%1&quot;</source>
+        <translation>das Adressfeld nimmt die Tasten nicht an: darin steht „%1“</translation>
+    </message>
+    <message>
+        <source>it takes too long: %1</source>
+        <translation>es dauert zu lange: %1</translation>
+    </message>
+    <message>
+        <source>no menu and no dialog appears</source>
+        <translation>es erscheint weder ein Menü noch ein Dialog</translation>
+    </message>
+    <message>
+        <source>the window does not appear on the screen</source>
+        <translation>das Fenster erscheint nicht auf dem Bildschirm</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>it was interrupted.</source>
+        <translation>sie wurde unterbrochen.</translation>
+    </message>
+    <message>
+        <source>The tour ended at &quot;%1&quot;: %2</source>
+        <translation>Die Tour endete bei „%1“: %2</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::Options</name>
     <message>
         <source>Show this help and end.</source>
@@ -376,6 +435,109 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::PluginTour</name>
+    <message>
+        <source>connecting</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>being connected</source>
+        <translation>Aufbau der Verbindung</translation>
+    </message>
+    <message>
+        <source>it takes too long: %1</source>
+        <translation>es dauert zu lange: %1</translation>
+    </message>
+    <message>
+        <source>showing the base tab</source>
+        <translation>Zeigen des Reiters „Basis“</translation>
+    </message>
+    <message>
+        <source>the tab has no check box for the drive system</source>
+        <translation>der Reiter hat kein Ankreuzfeld für den Antrieb</translation>
+    </message>
+    <message>
+        <source>no frames arrive</source>
+        <translation>es kommen keine Bilder an</translation>
+    </message>
+    <message>
+        <source>the robot says nothing about its drive system</source>
+        <translation>der Roboter sagt nichts über seinen Antrieb</translation>
+    </message>
+    <message>
+        <source>showing the laser tab</source>
+        <translation>Zeigen des Reiters „Laserscanner“</translation>
+    </message>
+    <message>
+        <source>the tab does not show the values of a scan</source>
+        <translation>der Reiter zeigt die Werte eines Scans nicht</translation>
+    </message>
+    <message>
+        <source>no scans arrive</source>
+        <translation>es kommen keine Scans an</translation>
+    </message>
+    <message>
+        <source>replaying a recording</source>
+        <translation>Abspielen einer Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>showing the manipulator tab</source>
+        <translation>Zeigen des Reiters „Manipulator“</translation>
+    </message>
+    <message>
+        <source>the tab has no table of positions</source>
+        <translation>der Reiter hat keine Tabelle der Positionen</translation>
+    </message>
+    <message>
+        <source>the table has no two positions</source>
+        <translation>die Tabelle hat keine zwei Positionen</translation>
+    </message>
+    <message>
+        <source>editing a position</source>
+        <translation>Bearbeiten einer Position</translation>
+    </message>
+    <message>
+        <source>the cell cannot be edited</source>
+        <translation>die Zelle lässt sich nicht bearbeiten</translation>
+    </message>
+    <message>
+        <source>the cell stays in edit</source>
+        <translation>die Zelle bleibt in Bearbeitung</translation>
+    </message>
+    <message>
+        <source>changing a speed</source>
+        <translation>Ändern einer Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>filling the table of positions</source>
+        <translation>Füllen der Tabelle der Positionen</translation>
+    </message>
+    <message>
+        <source>no position is added to the %1 there are</source>
+        <translation>zu den %1 Positionen kommt keine hinzu</translation>
+    </message>
+    <message>
+        <source>disconnecting</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>being refused</source>
+        <translation>Abgewiesenwerden</translation>
+    </message>
+    <message>
+        <source>the tab has no address field</source>
+        <translation>der Reiter hat kein Adressfeld</translation>
+    </message>
+    <message>
+        <source>the tab&apos;s address field stays at &quot;%1&quot;</source>
+        <translation>das Adressfeld des Reiters bleibt bei „%1“</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::Services</name>
     <message>
         <source>Help: %1</source>
@@ -446,160 +608,12 @@
 <context>
     <name>host::workbench::Tour</name>
     <message>
-        <source>making the folder</source>
-        <translation>Anlegen des Ordners</translation>
-    </message>
-    <message>
-        <source>%1 is not a folder and cannot be made one</source>
-        <translation>%1 ist kein Ordner und kann nicht angelegt werden</translation>
-    </message>
-    <message>
-        <source>showing the window</source>
-        <translation>Zeigen des Fensters</translation>
-    </message>
-    <message>
-        <source>the plugin&apos;s tool bar has no connect button or no address field</source>
-        <translation>der Werkzeugleiste des Plugins fehlt der Verbindungsknopf oder das Adressfeld</translation>
-    </message>
-    <message>
-        <source>connecting</source>
-        <translation>Verbinden</translation>
-    </message>
-    <message>
-        <source>being connected</source>
-        <translation>Aufbau der Verbindung</translation>
-    </message>
-    <message>
-        <source>it takes too long: %1</source>
-        <translation>es dauert zu lange: %1</translation>
-    </message>
-    <message>
-        <source>disconnecting</source>
-        <translation>Trennen</translation>
-    </message>
-    <message>
-        <source>being refused</source>
-        <translation>Abgewiesenwerden</translation>
-    </message>
-    <message>
-        <source>the address field stays disabled</source>
-        <translation>das Adressfeld bleibt gesperrt</translation>
-    </message>
-    <message>
-        <source>the address field does not take the keys: it holds &quot;%1&quot;</source>
-        <translation>das Adressfeld nimmt die Tasten nicht an: darin steht „%1“</translation>
-    </message>
-    <message>
         <source>showing a missing plugin</source>
         <translation>Zeigen eines fehlenden Plugins</translation>
     </message>
     <message>
         <source>the plugin was found</source>
         <translation>das Plugin wurde gefunden</translation>
-    </message>
-    <message>
-        <source>the window does not appear on the screen</source>
-        <translation>das Fenster erscheint nicht auf dem Bildschirm</translation>
-    </message>
-    <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
-        <source>it was interrupted.</source>
-        <translation>sie wurde unterbrochen.</translation>
-    </message>
-    <message>
-        <source>The tour ended at &quot;%1&quot;: %2</source>
-        <translation>Die Tour endete bei „%1“: %2</translation>
-    </message>
-    <message>
-        <source>showing the base tab</source>
-        <translation>Zeigen des Reiters „Basis“</translation>
-    </message>
-    <message>
-        <source>the tab has no check box for the drive system</source>
-        <translation>der Reiter hat kein Ankreuzfeld für den Antrieb</translation>
-    </message>
-    <message>
-        <source>no frames arrive</source>
-        <translation>es kommen keine Bilder an</translation>
-    </message>
-    <message>
-        <source>the robot says nothing about its drive system</source>
-        <translation>der Roboter sagt nichts über seinen Antrieb</translation>
-    </message>
-    <message>
-        <source>showing the laser tab</source>
-        <translation>Zeigen des Reiters „Laserscanner“</translation>
-    </message>
-    <message>
-        <source>the tab does not show the values of a scan</source>
-        <translation>der Reiter zeigt die Werte eines Scans nicht</translation>
-    </message>
-    <message>
-        <source>no scans arrive</source>
-        <translation>es kommen keine Scans an</translation>
-    </message>
-    <message>
-        <source>replaying a recording</source>
-        <translation>Abspielen einer Aufzeichnung</translation>
-    </message>
-    <message>
-        <source>showing the manipulator tab</source>
-        <translation>Zeigen des Reiters „Manipulator“</translation>
-    </message>
-    <message>
-        <source>the tab has no table of positions</source>
-        <translation>der Reiter hat keine Tabelle der Positionen</translation>
-    </message>
-    <message>
-        <source>the table has no two positions</source>
-        <translation>die Tabelle hat keine zwei Positionen</translation>
-    </message>
-    <message>
-        <source>editing a position</source>
-        <translation>Bearbeiten einer Position</translation>
-    </message>
-    <message>
-        <source>the cell cannot be edited</source>
-        <translation>die Zelle lässt sich nicht bearbeiten</translation>
-    </message>
-    <message>
-        <source>the cell stays in edit</source>
-        <translation>die Zelle bleibt in Bearbeitung</translation>
-    </message>
-    <message>
-        <source>changing a speed</source>
-        <translation>Ändern einer Geschwindigkeit</translation>
-    </message>
-    <message>
-        <source>filling the table of positions</source>
-        <translation>Füllen der Tabelle der Positionen</translation>
-    </message>
-    <message>
-        <source>no position is added to the %1 there are</source>
-        <translation>zu den %1 Positionen kommt keine hinzu</translation>
-    </message>
-    <message>
-        <source>the tab has no address field</source>
-        <translation>der Reiter hat kein Adressfeld</translation>
-    </message>
-    <message>
-        <source>the tab&apos;s address field stays at &quot;%1&quot;</source>
-        <translation>das Adressfeld des Reiters bleibt bei „%1“</translation>
-    </message>
-    <message>
-        <source>the plugin&apos;s dialog has no such tab</source>
-        <translation>der Dialog des Plugins hat keinen solchen Reiter</translation>
-    </message>
-    <message>
-        <source>the tab does not open</source>
-        <translation>der Reiter geht nicht auf</translation>
-    </message>
-    <message>
-        <source>no menu and no dialog appears</source>
-        <translation>es erscheint weder ein Menü noch ein Dialog</translation>
     </message>
 </context>
 <context>
@@ -918,6 +932,57 @@
     <message>
         <source>Device workbench</source>
         <translation>Geräte-Werkbank</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::WorkbenchTour</name>
+    <message>
+        <source>connecting again</source>
+        <translation>erneutes Verbinden</translation>
+    </message>
+    <message>
+        <source>asking for help</source>
+        <translation>Aufrufen der Hilfe</translation>
+    </message>
+    <message>
+        <source>there is no help</source>
+        <translation>es gibt keine Hilfe</translation>
+    </message>
+    <message>
+        <source>the menu brings none</source>
+        <translation>das Menü bringt keine</translation>
+    </message>
+    <message>
+        <source>watching the variables</source>
+        <translation>Beobachten der Variablen</translation>
+    </message>
+    <message>
+        <source>there is no such dock</source>
+        <translation>es gibt keinen solchen Bereich</translation>
+    </message>
+    <message>
+        <source>it shows none</source>
+        <translation>er zeigt keine</translation>
+    </message>
+    <message>
+        <source>watching the calls</source>
+        <translation>Beobachten der Aufrufe</translation>
+    </message>
+    <message>
+        <source>showing two devices</source>
+        <translation>Zeigen zweier Geräte</translation>
+    </message>
+    <message>
+        <source>Robot in the hall</source>
+        <translation>Roboter in der Halle</translation>
+    </message>
+    <message>
+        <source>Robot in the yard</source>
+        <translation>Roboter im Hof</translation>
+    </message>
+    <message>
+        <source>no menu has &quot;%1&quot;</source>
+        <translation>kein Menü enthält „%1“</translation>
     </message>
 </context>
 <context>

@@ -53,8 +53,9 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     times->addStretch();
     auto* now = new QVBoxLayout;
     now->setSpacing(0);
-    now->addWidget(m_words, 1);
+    now->addWidget(m_words);
     now->addLayout(times);
+    now->addStretch();
     auto* top = new QHBoxLayout;
     top->setSpacing(8);
     m_lamp->setFixedHeight(m_words->fontMetrics().lineSpacing()); // beside the first line
@@ -67,6 +68,7 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     layout->setSpacing(2);
     layout->addLayout(top);
     layout->addWidget(m_failure);
+    layout->addStretch();
 
     connect(&m_clock, &QTimer::timeout, this, &StatusLine::showTimes);
     connect(&device, &device::Device::connectionStateChanged, this, &StatusLine::showConnection);

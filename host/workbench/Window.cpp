@@ -1,6 +1,7 @@
 #include "host/workbench/Window.h"
 
 #include "host/device/Device.h"
+#include "host/workbench/DeviceArea.h"
 #include "host/workbench/DeviceView.h"
 #include "host/workbench/HelpPages.h"
 #include "host/workbench/HelpPanel.h"
@@ -16,9 +17,7 @@
 #include <QDir>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScrollArea>
 #include <QSettings>
-#include <QSplitter>
 #include <QUrl>
 
 namespace host::workbench {
@@ -32,16 +31,10 @@ QString layoutKey(const DeviceView& view)
     return "docks/" + QString::fromLatin1(QUrl::toPercentEncoding(view.device().name()));
 }
 
-/// What the plugin offers as help about the part of it that holds @p widget: a context word of
-/// its own, or the help action of the log that is shown there. Null where there is none.
-QAction* helpOf(const QWidget& widget, Services& services)
+/// The help of a tab is that of the log which is shown in it. Null where none is.
+QAction* helpOfLog(const QWidget& around)
 {
-    const auto* plugin = dynamic_cast<const plugin::gui::PluginWidget*>(&widget);
-    if (!plugin)
-        return nullptr;
-    if (!plugin->helpContext().isEmpty())
-        return services.helpAction(plugin->helpContext());
-    for (const auto* log : widget.findChildren<const olm::qt::log::View*>()) {
+    for (const auto* log : around.findChildren<const olm::qt::log::View*>()) {
         if (log->isVisible() && !log->actions().isEmpty())
             return log->actions().first();
     }
@@ -53,21 +46,14 @@ QAction* helpOf(const QWidget& widget, Services& services)
 Window::Window(const PluginLoader& plugin, Services& services)
     : m_plugin(plugin),
       m_services(services),
-      m_splitter(new QSplitter),
+      m_devices(new DeviceArea),
       m_help(new HelpPanel(services.language(), this))
 {
     setContextMenuPolicy(Qt::NoContextMenu);
     resize(firstSize);
     addDockWidget(Qt::RightDockWidgetArea, m_help);
 
-    m_splitter->setChildrenCollapsible(false);
-    auto* area = new QScrollArea; // more devices than have room side by side can be scrolled to
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidgetResizable(true);
-    area->setWidget(m_splitter);
-    setCentralWidget(area);
-
+    setCentralWidget(m_devices);
     addMenus();
     connect(&services, &Services::helpRequested, this, &Window::showHelp);
     connect(qApp, &QApplication::focusChanged, this,
@@ -79,7 +65,7 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
 {
     auto* view = new DeviceView(m_plugin, device, robot);
     m_views.append(view);
-    m_splitter->addWidget(view);
+    m_devices->add(view);
     for (QMenu* menu : view->menus())
         menuBar()->insertMenu(m_languageMenu->menuAction(), menu);
     for (DeviceView* each : std::as_const(m_views))
@@ -94,7 +80,7 @@ void Window::restoreLayout(const QString& folder)
     m_layoutFile = QDir(folder).filePath("window.ini");
     const QSettings layout(m_layoutFile, QSettings::IniFormat);
     restoreGeometry(layout.value("geometry").toByteArray());
-    m_splitter->restoreState(layout.value("devices").toByteArray());
+    m_devices->restoreState(layout.value("devices").toByteArray());
     for (DeviceView* view : std::as_const(m_views))
         view->restoreState(layout.value(layoutKey(*view)).toByteArray());
 }
@@ -105,7 +91,7 @@ void Window::saveLayout()
         return;
     QSettings layout(m_layoutFile, QSettings::IniFormat);
     layout.setValue("geometry", saveGeometry());
-    layout.setValue("devices", m_splitter->saveState());
+    layout.setValue("devices", m_devices->saveState());
     for (const DeviceView* view : std::as_const(m_views))
         layout.setValue(layoutKey(*view), view->saveState());
 }
@@ -203,13 +189,20 @@ void Window::showMainHelp()
 
 void Window::showHelpOfFocus()
 {
-    for (const QWidget* widget = focusWidget(); widget; widget = widget->parentWidget()) {
-        if (QAction* help = helpOf(*widget, m_services)) {
-            help->trigger();
-            return;
-        }
+    QAction* help = nullptr;
+    for (const QWidget* widget = focusWidget(); widget && !help; widget = widget->parentWidget()) {
+        const auto* plugin = dynamic_cast<const plugin::gui::PluginWidget*>(widget);
+        if (plugin && plugin->helpContext().isEmpty())
+            help = helpOfLog(*widget);
+        else if (plugin)
+            help = m_services.helpAction(plugin->helpContext());
     }
-    showMainHelp();
+    if (!help && m_current) // nothing of the plugin's has the focus: what it shows, then
+        help = helpOfLog(*m_current);
+    if (help)
+        help->trigger();
+    else
+        showMainHelp();
 }
 
 void Window::showAbout()

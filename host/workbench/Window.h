@@ -8,7 +8,6 @@
 
 class QAction;
 class QMenu;
-class QSplitter;
 
 namespace host::device {
 class Device;
@@ -16,6 +15,7 @@ class Device;
 
 namespace host::workbench {
 
+class DeviceArea;
 class DeviceView;
 class HelpPanel;
 class PluginLoader;
@@ -64,7 +64,7 @@ private:
 
     const PluginLoader& m_plugin;
     Services& m_services;
-    QSplitter* m_splitter;
+    DeviceArea* m_devices;
     QList<DeviceView*> m_views;
     DeviceView* m_current = nullptr; // null as long as there is no device
     QString m_layoutFile;            // empty: nothing is kept

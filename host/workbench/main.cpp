@@ -4,8 +4,8 @@
 #include "host/workbench/Options.h"
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/Services.h"
-#include "host/workbench/Tour.h"
 #include "host/workbench/Window.h"
+#include "host/workbench/tour/Tour.h"
 #include "robot/TerminationSignals.h"
 
 #include <QApplication>
@@ -46,13 +46,8 @@ int show(Window& window)
     return QApplication::exec();
 }
 
-int tour(const QString& folder, Window& window, Services& services)
+int take(Tour& tour)
 {
-    const PluginLoader missing(QCoreApplication::applicationDirPath() + "/libno_such_plugin.so");
-    host::device::Device& device = window.views().first()->device();
-    Window failureWindow(missing, services);
-    failureWindow.add(device, QString());
-    Tour tour(folder, window, failureWindow, device);
     const robot::TerminationSignals termination;
     QObject::connect(&termination, &robot::TerminationSignals::received, [&tour] { tour.stop(); });
     QTimer::singleShot(0, [&tour] { QCoreApplication::exit(tour.run() ? 0 : 1); });
@@ -148,8 +143,10 @@ int main(int argc, char** argv)
         window.notify(QCoreApplication::translate(
             "main", "The standard error names further lines that cannot be read."));
     }
-    if (isTour)
-        return tour(options->tourFolder, window, services);
+    if (isTour) {
+        Tour tour(options->tourFolder, window, plugin, services);
+        return take(tour);
+    }
     window.restoreLayout(stateFolder());
     return show(window);
 }

@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QtTest>
@@ -101,6 +103,7 @@ private Q_SLOTS:
     void devices_connect_to_different_robots_at_once();
     void settings_are_the_devices_own();
     void the_menus_are_those_of_the_device_with_the_focus();
+    void one_device_has_room_in_the_smallest_window_and_the_others_are_scrolled_to();
     void docks_and_size_come_back_where_they_were();
     void a_layout_that_cannot_be_read_is_the_usual_one();
 };
@@ -187,6 +190,28 @@ void SeveralDevicesTest::the_menus_are_those_of_the_device_with_the_focus()
     // Where nothing takes the keys, the view does.
     QTest::mouseClick(workbench.view(0).findChild<QLabel*>("status"), Qt::LeftButton);
     QVERIFY(workbench.areMenusOf(0));
+}
+
+void SeveralDevicesTest::one_device_has_room_in_the_smallest_window_and_the_others_are_scrolled_to()
+{
+    expectWarning("does not support propagateSizeHints");
+    const QTemporaryDir settings;
+    Workbench workbench(settings.path());
+    workbench.show();
+    workbench.window.resize(1, 1);
+    const auto* const area = qobject_cast<QScrollArea*>(workbench.window.centralWidget());
+    const QSize room = area->viewport()->size();
+    for (int i = 0; i < 2; ++i) {
+        const QSize needed = workbench.view(i).minimumSizeHint();
+        QVERIFY(room.width() >= needed.width() && room.height() >= needed.height());
+    }
+    QVERIFY(area->horizontalScrollBar()->maximum() > 0);
+    QVERIFY(area->verticalScrollBar()->maximum() == 0);
+
+    // Docks need room, too.
+    const int height = workbench.window.height();
+    dock(workbench.view(0), "VariablesDock")->show();
+    QTRY_VERIFY_WITH_TIMEOUT(workbench.window.height() > height, patience);
 }
 
 void SeveralDevicesTest::docks_and_size_come_back_where_they_were()

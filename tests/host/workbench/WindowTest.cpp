@@ -21,6 +21,7 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QTextEdit>
 #include <QTimer>
 #include <QToolBar>
 #include <QWindow>
@@ -358,7 +359,8 @@ void WindowTest::help_in_a_tab_is_about_that_tab()
     auto* tabs = workbench.window.centralWidget()->findChild<QTabWidget*>();
     tabs->setCurrentIndex(tab);
     for (QWidget* focus : {static_cast<QWidget*>(tabs->tabBar()),
-                           tabs->currentWidget()->findChild<QWidget*>(QString())}) {
+                           static_cast<QWidget*>(tabs->currentWidget()->findChild<QTextEdit*>()),
+                           static_cast<QWidget*>(&workbench.window)}) {
         auto* help = workbench.window.findChild<HelpPanel*>();
         help->hide();
         focus->setFocus();

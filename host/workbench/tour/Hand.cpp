@@ -1,7 +1,8 @@
-#include "host/workbench/Hand.h"
+#include "host/workbench/tour/Hand.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QWidget>
@@ -41,6 +42,11 @@ void click(QWidget& target, QPoint place, Qt::MouseButton button)
 void click(QWidget& target)
 {
     click(target, target.rect().center());
+}
+
+void choose(QMenu& menu, QAction& action)
+{
+    click(menu, menu.actionGeometry(&action).center());
 }
 
 void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers)

@@ -1,10 +1,12 @@
-#ifndef HOST_WORKBENCH_HAND_H
-#define HOST_WORKBENCH_HAND_H
+#ifndef HOST_WORKBENCH_TOUR_HAND_H
+#define HOST_WORKBENCH_TOUR_HAND_H
 
 #include <QPoint>
 #include <QString>
 #include <Qt>
 
+class QAction;
+class QMenu;
 class QWidget;
 
 /// A person's hand on the mouse and the keys. What it does reaches the window as from the screen,
@@ -15,6 +17,9 @@ namespace host::workbench::hand {
 void click(QWidget& target, QPoint place, Qt::MouseButton button = Qt::LeftButton);
 /// In the middle.
 void click(QWidget& target);
+
+/// @p action of @p menu, which is open.
+void choose(QMenu& menu, QAction& action);
 
 /// A key to whatever has the focus in @p window.
 void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

@@ -1,0 +1,45 @@
+#ifndef HOST_WORKBENCH_TOUR_TOUR_H
+#define HOST_WORKBENCH_TOUR_TOUR_H
+
+#include "host/workbench/tour/Operator.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+namespace host::workbench {
+
+class PluginLoader;
+class Services;
+class Window;
+
+/// Operates the window as a person would, with mouse and keys, through every state of the
+/// connection, every tab of the dialog and every dock, and writes a picture of each. Each step
+/// waits for what it is to show, so that the pictures show it however busy the machine is.
+class Tour
+{
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::Tour)
+
+public:
+    /// @p window shows one device with @p plugin, which works; all of them outlive the tour.
+    /// @p folder is where the pictures go, made where it is missing.
+    Tour(const QString& folder, Window& window, const PluginLoader& plugin, Services& services);
+
+    /// Prints the pictures' names to the standard output as they are written. False when a step
+    /// could not be reached or its picture not be written: the standard error says which and
+    /// why. Runs the event loop.
+    bool run();
+    /// Makes run() end at the step under way.
+    void stop() { m_operator.stop(); }
+
+private:
+    bool showFailure();
+
+    Window& m_window;
+    const PluginLoader& m_plugin;
+    Services& m_services;
+    Operator m_operator;
+};
+
+} // namespace host::workbench
+
+#endif

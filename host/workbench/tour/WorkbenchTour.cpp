@@ -1,0 +1,141 @@
+#include "host/workbench/tour/WorkbenchTour.h"
+
+#include "host/device/Device.h"
+#include "host/workbench/Services.h"
+#include "host/workbench/Window.h"
+#include "host/workbench/tour/Hand.h"
+
+#include <QAbstractItemView>
+#include <QDockWidget>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTemporaryDir>
+
+namespace host::workbench {
+
+namespace {
+
+constexpr int connected = 3;
+
+} // namespace
+
+WorkbenchTour::WorkbenchTour(Operator& person, const PluginLoader& plugin, Services& services)
+    : m_operator(person),
+      m_plugin(plugin),
+      m_services(services)
+{
+}
+
+bool WorkbenchTour::run()
+{
+    return connectRobot() && showHelp() && showVariables() && showTraffic() && showTwoDevices();
+}
+
+bool WorkbenchTour::connectRobot()
+{
+    m_operator.begin(tr("connecting again"));
+    return m_operator.enterAddress(m_robot.address()) && m_operator.waitForConnection();
+}
+
+bool WorkbenchTour::showHelp()
+{
+    m_operator.begin(tr("asking for help"));
+    QDockWidget* const help = findDock("HelpPanel");
+    if (!help)
+        return m_operator.fail(tr("there is no help"));
+    constexpr int laserTab = 2;
+    if (!m_operator.openTab(laserTab))
+        return false;
+    for (QAction* entry : m_operator.window().findChildren<QAction*>()) {
+        if (entry->shortcut() == QKeySequence(Qt::Key_F1) && !chooseFromMenu(*entry))
+            return false;
+    }
+    if (!m_operator.waitUntil([help] { return help->isVisible(); }))
+        return m_operator.fail(tr("the menu brings none"));
+    const bool isTaken = m_operator.takePicture("help");
+    help->close();
+    return isTaken;
+}
+
+bool WorkbenchTour::showVariables()
+{
+    m_operator.begin(tr("watching the variables"));
+    QDockWidget* const dock = findDock("VariablesDock");
+    if (!dock || !toggle(*dock))
+        return m_operator.fail(tr("there is no such dock"));
+    auto* const variables = dock->findChild<QAbstractItemView*>("variables");
+    if (!m_operator.waitUntil([variables] { return variables->model()->rowCount() > 0; }))
+        return m_operator.fail(tr("it shows none"));
+    hand::click(*variables->viewport(),
+                variables->visualRect(variables->model()->index(1, 0)).center());
+    return m_operator.takePicture("variables") && toggle(*dock);
+}
+
+bool WorkbenchTour::showTraffic()
+{
+    m_operator.begin(tr("watching the calls"));
+    QDockWidget* const dock = findDock("TrafficDock");
+    if (!dock || !toggle(*dock))
+        return m_operator.fail(tr("there is no such dock"));
+    auto* const calls = dock->findChild<QAbstractItemView*>("calls");
+    if (!m_operator.waitUntil([calls] { return calls->model()->rowCount() > 0; }))
+        return m_operator.fail(tr("it shows none"));
+    return m_operator.takePicture("traffic") && toggle(*dock);
+}
+
+bool WorkbenchTour::showTwoDevices()
+{
+    m_operator.begin(tr("showing two devices"));
+    const QTemporaryDir settings;
+    device::Device first(tr("Robot in the hall"), settings.path(), m_services);
+    device::Device second(tr("Robot in the yard"), settings.path(), m_services);
+    EmbeddedRobot secondRobot(0, 2);
+    first.overrideAddress(m_robot.address());
+    second.overrideAddress(secondRobot.address());
+    Window window(m_plugin, m_services);
+    window.add(first, m_robot.address());
+    window.add(second, secondRobot.address());
+    window.resize(2 * window.width(), window.height());
+    m_operator.device().disconnectDevice(); // gives up control of the robot
+    if (!m_operator.show(window))
+        return false;
+    first.connectDevice();
+    second.connectDevice();
+    const auto areConnected = [&] {
+        return first.connectionState() == connected && second.connectionState() == connected;
+    };
+    return (m_operator.waitUntil(areConnected) ||
+            m_operator.fail(first.status() + ' ' + second.status())) &&
+           m_operator.takePicture(window, "two-devices");
+}
+
+QDockWidget* WorkbenchTour::findDock(const char* name) const
+{
+    return m_operator.window().findChild<QDockWidget*>(name);
+}
+
+bool WorkbenchTour::toggle(QDockWidget& dock)
+{
+    const bool wasVisible = dock.isVisible();
+    return chooseFromMenu(*dock.toggleViewAction()) &&
+           m_operator.waitUntil([&] { return dock.isVisible() != wasVisible; });
+}
+
+/// With the mouse: opens the menu in the menu bar that has @p entry.
+bool WorkbenchTour::chooseFromMenu(QAction& entry)
+{
+    QMenuBar& bar = *m_operator.window().menuBar();
+    for (QAction* menu : bar.actions()) {
+        if (!menu->isVisible() || !menu->menu()->actions().contains(&entry))
+            continue;
+        return m_operator.within([&] { hand::click(bar, bar.actionGeometry(menu).center()); },
+                                 [&entry](QWidget& opened) {
+                                     hand::choose(static_cast<QMenu&>(opened), entry);
+                                     return true;
+                                 });
+    }
+    return m_operator.fail(tr("no menu has \"%1\"").arg(entry.text()));
+}
+
+} // namespace host::workbench

@@ -1,0 +1,48 @@
+#ifndef HOST_WORKBENCH_TOUR_WORKBENCHTOUR_H
+#define HOST_WORKBENCH_TOUR_WORKBENCHTOUR_H
+
+#include "host/workbench/EmbeddedRobot.h"
+#include "host/workbench/tour/Operator.h"
+
+#include <QCoreApplication>
+
+class QAction;
+class QDockWidget;
+
+namespace host::workbench {
+
+class PluginLoader;
+class Services;
+
+/// The part of the tour that shows what the workbench adds to the plugin: its docks, the help, and
+/// several devices side by side.
+class WorkbenchTour
+{
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::WorkbenchTour)
+
+public:
+    /// See Tour.
+    WorkbenchTour(Operator& person, const PluginLoader& plugin, Services& services);
+
+    /// Begins without a connection.
+    bool run();
+
+private:
+    bool connectRobot();
+    bool showHelp();
+    bool showVariables();
+    bool showTraffic();
+    bool showTwoDevices();
+    QDockWidget* findDock(const char* name) const;
+    bool toggle(QDockWidget& dock);
+    bool chooseFromMenu(QAction& entry);
+
+    Operator& m_operator;
+    const PluginLoader& m_plugin;
+    Services& m_services;
+    EmbeddedRobot m_robot{0};
+};
+
+} // namespace host::workbench
+
+#endif
