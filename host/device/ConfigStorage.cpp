@@ -3,11 +3,6 @@
 #include "host/device/StoredValue.h"
 
 #include <QDebug>
-#include <QDir>
-#include <QFile>
-#include <QJsonDocument>
-#include <QSaveFile>
-#include <QUrl>
 
 namespace host::device {
 
@@ -18,79 +13,33 @@ QString toText(const std::string& bytes)
     return QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size()));
 }
 
-// All but letters, digits and a few marks is encoded: different names stay different.
-QString baseName(const QString& deviceName)
-{
-    return QString::fromLatin1(QUrl::toPercentEncoding(deviceName, " "));
-}
-
 } // namespace
 
 ConfigStorage::ConfigStorage(const QString& folder, const QString& deviceName)
-    : m_folder(folder),
-      m_fileName(QDir(folder).filePath(baseName(deviceName) + QStringLiteral(".json")))
+    : m_file(folder, deviceName, QStringLiteral(".json"))
 {
 }
 
 QString ConfigStorage::load()
 {
-    QFile file(m_fileName);
-    if (!file.exists())
-        return {};
-    if (!file.open(QIODevice::ReadOnly)) {
-        m_isReadOnly = true;
-        return tr("The stored settings in %1 cannot be read (%2). The defaults are used, and "
-                  "changes are not stored: make the file readable and start again.")
-            .arg(QDir::toNativeSeparators(m_fileName), file.errorString());
-    }
-    QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
-    file.close();
-    if (error.error != QJsonParseError::NoError)
-        return setAside(tr("at byte %1: %2").arg(error.offset).arg(error.errorString()));
-    if (!document.isObject())
-        return setAside(tr("it is not a JSON object"));
-
-    const QJsonObject entries = document.object();
-    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-        const QJsonObject stored = entry->toObject();
-        if (!stored.value(QLatin1String("type")).isString() ||
-            !stored.contains(QLatin1String("value")))
-            return setAside(tr("\"%1\" is not an object with a type and a value").arg(entry.key()));
-        if (isKnownType(stored) && !fromStored(stored))
-            return setAside(tr("the value of \"%1\" is not of its type").arg(entry.key()));
-    }
-    m_entries = entries;
-    m_savedEntries = entries;
-    return {};
-}
-
-QString ConfigStorage::setAside(const QString& reason)
-{
-    const QString file = QDir::toNativeSeparators(m_fileName);
-    // rename() never replaces a file.
-    QFile damaged(m_fileName);
-    for (int number = 1;; ++number) {
-        const QString aside = QStringLiteral("%1.damaged-%2").arg(m_fileName).arg(number);
-        if (damaged.rename(aside)) {
-            return tr("The stored settings in %1 are damaged (%2). They were moved to %3 and the "
-                      "defaults are used: set them again, or correct that file and move it back.")
-                .arg(file, reason, QDir::toNativeSeparators(aside));
+    return m_file.load([](const QJsonObject& entries) -> QString {
+        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+            const QJsonObject stored = entry->toObject();
+            if (!stored.value(QLatin1String("type")).isString() ||
+                !stored.contains(QLatin1String("value")))
+                return tr("\"%1\" is not an object with a type and a value").arg(entry.key());
+            if (isKnownType(stored) && !fromStored(stored))
+                return tr("the value of \"%1\" is not of its type").arg(entry.key());
         }
-        if (!QFile::exists(aside))
-            break;
-    }
-    m_isReadOnly = true;
-    return tr("The stored settings in %1 are damaged (%2) and cannot be moved aside (%3). The "
-              "defaults are used, and changes are not stored: correct or remove the file and "
-              "start again.")
-        .arg(file, reason, damaged.errorString());
+        return {};
+    });
 }
 
 std::map<std::string, ConfigStorage::Variant> ConfigStorage::values() const
 {
     std::map<std::string, Variant> values;
-    for (auto entry = m_entries.begin(); entry != m_entries.end(); ++entry) {
+    const QJsonObject entries = m_file.entries();
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
         const QJsonObject stored = entry->toObject();
         if (!isKnownType(stored))
             continue;
@@ -103,7 +52,7 @@ std::map<std::string, ConfigStorage::Variant> ConfigStorage::values() const
 void ConfigStorage::set(const std::string& name, const Variant& value)
 {
     if (const auto entry = toStored(value))
-        m_entries.insert(toText(name), *entry);
+        m_file.insert(toText(name), *entry);
     else
         qWarning("The configuration variable \"%s\" is not stored: a value of its type cannot be.",
                  name.c_str());
@@ -111,24 +60,7 @@ void ConfigStorage::set(const std::string& name, const Variant& value)
 
 QString ConfigStorage::save()
 {
-    if (m_isReadOnly || m_entries == m_savedEntries)
-        return {};
-    QSaveFile file(m_fileName);
-    const QByteArray json = QJsonDocument(m_entries).toJson();
-    if (QDir().mkpath(m_folder) && file.open(QIODevice::WriteOnly) &&
-        file.write(json) == json.size() && file.commit()) {
-        m_savedEntries = m_entries;
-        m_lastError.clear();
-        return {};
-    }
-    const QString error =
-        file.error() == QFileDevice::NoError ? tr("the folder cannot be made") : file.errorString();
-    if (error == m_lastError)
-        return {};
-    m_lastError = error;
-    return tr("The settings cannot be stored in %1 (%2). Changes are lost when the program ends: "
-              "make room or the folder writable, and change a setting again.")
-        .arg(QDir::toNativeSeparators(m_fileName), error);
+    return m_file.save();
 }
 
 } // namespace host::device

@@ -1,10 +1,10 @@
 #ifndef HOST_DEVICE_CONFIGSTORAGE_H
 #define HOST_DEVICE_CONFIGSTORAGE_H
 
+#include "host/device/SettingsFile.h"
 #include "olm/core/variant/Variant.h"
 
 #include <QCoreApplication>
-#include <QJsonObject>
 #include <QString>
 
 #include <map>
@@ -25,7 +25,7 @@ public:
     /// Nothing is read or made yet. No two names share a file.
     ConfigStorage(const QString& folder, const QString& deviceName);
 
-    QString fileName() const { return m_fileName; }
+    QString fileName() const { return m_file.fileName(); }
 
     /// Reads the file; none is no problem. A damaged one is set aside under a name that no other
     /// file has. Returns the problem, or nothing.
@@ -42,14 +42,7 @@ public:
     QString save();
 
 private:
-    QString setAside(const QString& reason);
-
-    QString m_folder;
-    QString m_fileName;
-    QJsonObject m_entries;
-    QJsonObject m_savedEntries;
-    bool m_isReadOnly = false; // the file is not ours to replace
-    QString m_lastError;
+    SettingsFile m_file;
 };
 
 } // namespace host::device
