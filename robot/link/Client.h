@@ -114,8 +114,9 @@ Q_SIGNALS:
     /// Once for each open(). @p text says for the user what happened and what to try.
     void closed(robot::link::Client::Cause cause, const QString& text);
 
-    /// The server's "status": @p level is "info", "warning" or "error", as a rule.
-    void statusReceived(const QString& level, const QString& text);
+    /// The server's "status": @p level is "info", "warning" or "error", as a rule. @p id is that of
+    /// the subscription it is about, where it is about one. A failed call has only its answer.
+    void statusReceived(const QString& level, const QString& text, const QString& id);
 
     /// A message was not understood and is ignored; @p text says why.
     void malformedReceived(const QString& text);

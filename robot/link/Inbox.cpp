@@ -99,10 +99,13 @@ void Inbox::receiveStatus(const QCborMap& message)
 {
     const QCborValue level = message.value(QLatin1String("level"));
     const QCborValue text = message.value(QLatin1String("msg"));
-    if (level.isString() && text.isString())
-        Q_EMIT statusReceived(level.toString(), text.toString());
-    else
+    if (!level.isString() || !text.isString()) {
         Q_EMIT malformedReceived(tr("\"status\" needs a text \"level\" and a text \"msg\""));
+        return;
+    }
+    const QString id = message.value(QLatin1String("id")).toString();
+    if (!m_calls.contains(id))
+        Q_EMIT statusReceived(level.toString(), text.toString(), id);
 }
 
 } // namespace robot::link

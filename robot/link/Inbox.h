@@ -57,7 +57,9 @@ public:
     void receive(const QCborMap& message);
 
 Q_SIGNALS:
-    void statusReceived(const QString& level, const QString& text);
+    /// @p id is that of the request it is about, where it is about one. What was wrong with a call
+    /// that waits is left to its answer.
+    void statusReceived(const QString& level, const QString& text, const QString& id);
 
     /// The message was not understood and is ignored; @p text says why.
     void malformedReceived(const QString& text);

@@ -110,11 +110,14 @@ public:
     void receive(const QCborMap& message)
     {
         m_heard = 0;
+        const QString id = message.value(QLatin1String("id")).toString();
+        const bool isOfCall = m_answers.count(id) > 0 && m_answers[id] == 0;
         m_inbox->receive(message);
         require(m_heard <= 1);
         const QString op = message.value(QLatin1String("op")).toString();
         require(m_heard == 1 || op == QLatin1String("publish") ||
-                op == QLatin1String("service_response"));
+                op == QLatin1String("service_response") ||
+                (op == QLatin1String("status") && isOfCall));
     }
 
 private:

@@ -116,6 +116,7 @@ private Q_SLOTS:
     void a_handler_may_unsubscribe_itself_and_others();
     void a_new_link_has_no_subscriptions();
     void status_is_passed_on();
+    void what_was_wrong_with_a_call_is_told_by_its_answer_alone();
     void a_message_that_is_not_understood_is_reported_and_ignored_data();
     void a_message_that_is_not_understood_is_reported_and_ignored();
     void the_owner_may_delete_the_client_inside_callbacks();
@@ -457,7 +458,24 @@ void ClientTest::status_is_passed_on()
     QSignalSpy status(link.client.get(), &Client::statusReceived);
     link.peer.sendText(R"({"op":"status","level":"error","msg":"unknown topic","id":"a:1"})");
     QTRY_COMPARE_WITH_TIMEOUT(status.size(), 1, patience);
-    QCOMPARE(status.first(), QVariantList({"error", "unknown topic"}));
+    QCOMPARE(status.first(), QVariantList({"error", "unknown topic", "a:1"}));
+}
+
+void ClientTest::what_was_wrong_with_a_call_is_told_by_its_answer_alone()
+{
+    Link link;
+    QSignalSpy status(link.client.get(), &Client::statusReceived);
+    QStringList errors;
+    link.client->callService(
+        "missing", {}, [&](const Client::Result& result) { errors << result.error; }, 30s);
+    const QString id = text(link.next(), "id");
+    const QCborMap words{{"op", "status"}, {"level", "error"}, {"msg", "no such"}, {"id", id}};
+    link.peer.send(words);
+    link.peer.send(response(id, false, "no such service"));
+    link.peer.send(words); // nobody waits for it any more
+    link.settle();
+    QCOMPARE(errors, QStringList("The service missing failed: no such service"));
+    QCOMPARE(int(status.size()), 1);
 }
 
 void ClientTest::a_message_that_is_not_understood_is_reported_and_ignored_data()
