@@ -2,16 +2,28 @@
 
 #include "host/device/Connection.h"
 #include "host/device/MessageRole.h"
+#include "host/device/Offer.h"
 #include "olm/core/Vector.h"
 
 #include <QCborArray>
+#include <QStringList>
+
+#include <utility>
 
 namespace host::device {
 
 using plugin::plugin::DataRole;
 
-Commands::Commands(Connection& connection) : m_connection(connection)
+Commands::Commands(Connection& connection, const Offer& offer)
+    : m_connection(connection),
+      m_offer(offer)
 {
+    connect(&connection, &Connection::stateChanged, this, [this](int state) {
+        if (state == Connection::notConnected) {
+            m_waiting = 0;
+            m_failures.clear();
+        }
+    });
     connection.follow(QStringLiteral("/arm/torque_enabled"), QStringLiteral("std_msgs/Bool"),
                       [this](const QCborMap& state) {
                           m_isTorqueOn = state.value(QLatin1String("data")).toBool();
@@ -56,20 +68,52 @@ void Commands::setBool(const QString& service, bool on, const QString& what, Dat
 
 void Commands::call(const QString& service, const QCborMap& args, const QString& what, DataRole log)
 {
-    const auto refuse = [this, what, log](const QString& why) {
-        Q_EMIT message(log, tr("%1: not done. %2").arg(what, why));
-    };
     if (m_connection.state() == Connection::passive)
-        return refuse(tr("Another client is in control of the robot."));
+        return refuse({log, what, tr("Another client is in control of the robot.")});
     if (m_connection.state() != Connection::connected)
-        return refuse(tr("The device is not connected."));
-    m_connection.call(service, args, [refuse](const Result& result) {
+        return refuse({log, what, tr("The device is not connected.")});
+    if (m_offer.lacks(service))
+        return;
+    ++m_waiting;
+    m_connection.call(service, args, [this, what, log](const Result& result) {
+        --m_waiting;
         if (!result.ok)
-            return refuse(result.error);
+            onFailed({log, what, result.error});
         // A service without this field has nothing to refuse in it.
-        if (!result.values.value(QLatin1String("success")).toBool(true))
-            refuse(result.values.value(QLatin1String("message")).toString());
+        else if (!result.values.value(QLatin1String("success")).toBool(true))
+            refuse({log, what, result.values.value(QLatin1String("message")).toString()});
+        if (m_waiting == 0)
+            sayFailures();
     });
+}
+
+void Commands::refuse(const Failure& failure)
+{
+    Q_EMIT message(failure.log, tr("%1: not done. %2").arg(failure.what, failure.why));
+}
+
+/// Where the robot does not tell what it offers, this is how it is found out: not a line for each.
+void Commands::onFailed(const Failure& failure)
+{
+    if (m_offer.knowsServices())
+        refuse(failure);
+    else
+        m_failures.append(failure);
+}
+
+void Commands::sayFailures()
+{
+    const QVector<Failure> failures = std::exchange(m_failures, {});
+    if (failures.size() == 1)
+        return refuse(failures.first());
+    QStringList words;
+    for (const Failure& failure : failures)
+        words += tr("%1 (%2)").arg(failure.what, failure.why);
+    if (!words.isEmpty())
+        Q_EMIT message(baseLogLine,
+                       tr("Not done: %1. If the robot has other names for what it does not know, "
+                          "enter them in Robot > Names….")
+                           .arg(words.join(QStringLiteral("; "))));
 }
 
 } // namespace host::device

@@ -7,13 +7,16 @@
 
 #include <QObject>
 #include <QString>
+#include <QVector>
 
 namespace host::device {
 
 class Connection;
+class Offer;
 
 /// What the device asks of its robot: to be as the configuration says, and to switch the arm. What
-/// a robot does it says in its own log; why something was not done is said here.
+/// a robot does it says in its own log; why something was not done is said here. What the robot
+/// does not offer is not asked of it: the offer said so already.
 class Commands : public QObject
 {
     Q_OBJECT
@@ -23,8 +26,8 @@ public:
 
     static constexpr int lineCount = 3;
 
-    /// @p connection outlives the commands.
-    explicit Commands(Connection& connection);
+    /// Both outlive the commands.
+    Commands(Connection& connection, const Offer& offer);
 
     void disableDriveSystem(bool on);
     /// @p size is a Vector<unsigned int> of width and height; anything else is ignored.
@@ -39,12 +42,26 @@ Q_SIGNALS:
 private:
     using Result = robot::link::Client::Result;
 
+    struct Failure
+    {
+        plugin::plugin::DataRole log;
+        QString what;
+        QString why;
+    };
+
     void setBool(const QString& service, bool on, const QString& what,
                  plugin::plugin::DataRole log);
     void call(const QString& service, const QCborMap& args, const QString& what,
               plugin::plugin::DataRole log);
 
+    void refuse(const Failure& failure);
+    void onFailed(const Failure& failure);
+    void sayFailures();
+
     Connection& m_connection;
+    const Offer& m_offer;
+    int m_waiting = 0;           // calls of this link without an answer
+    QVector<Failure> m_failures; // of a robot that does not tell what it offers
     bool m_isTorqueOn = false;
 };
 

@@ -40,6 +40,14 @@ Connection::Connection(const Timing& timing)
                 "program and connect again.")
                  .arg(m_address, QString::number(seconds)));
     });
+    connect(&m_names, &Names::changed, this, &Connection::subscribeAnew);
+    // Its lines are no data: they come from a robot whose sensors are silent, too.
+    m_followed.push_back({++m_lastFollower,
+                          QStringLiteral("/rosout"),
+                          QStringLiteral("rosgraph_msgs/Log"),
+                          [this](const QCborMap& log) { onLogMessage(log); },
+                          {},
+                          QString()});
 }
 
 Connection::~Connection() = default;
@@ -69,13 +77,11 @@ bool Connection::open(const QString& addressText)
     connect(m_client.get(), &Client::opened, this, &Connection::onOpened);
     connect(m_client.get(), &Client::closed, this,
             [this](Client::Cause, const QString& words) { fail(words); });
-    connect(m_client.get(), &Client::statusReceived, this,
-            [this](const QString& level, const QString& words) {
-                Q_EMIT message(baseLogLine, tr("Robot, %1: %2").arg(level, words));
-            });
+    connect(m_client.get(), &Client::statusReceived, this, &Connection::onStatus);
     connect(m_client.get(), &Client::malformedReceived, this, [this](const QString& why) {
         qWarning().noquote() << "A message of" << m_address << "was not understood:" << why;
     });
+    m_subscribed.clear();
     m_client->open(*address);
     m_isFirstRound = true;
     m_isAcquireAnswered = false;
@@ -108,18 +114,12 @@ int Connection::follow(const QString& topic, const QString& type, const Client::
                        std::chrono::milliseconds throttle)
 {
     const QString name = robot::link::canonicalName(topic);
-    m_followed.push_back({++m_lastFollower, name, type, handler, throttle, QString()});
-    if (!m_client || m_client->state() != Client::State::Open)
-        return m_lastFollower;
-    // A robot tells its state once for all subscriptions of a client to a topic.
-    for (const Followed& followed : m_followed) {
-        if (followed.topic == name)
-            m_client->unsubscribe(followed.subscription);
-    }
-    for (Followed& followed : m_followed) {
-        if (followed.topic == name)
-            subscribe(followed);
-    }
+    const auto hear = [this, handler](const QCborMap& msg) {
+        m_newestData.start();
+        handler(msg);
+    };
+    m_followed.push_back({++m_lastFollower, name, type, hear, throttle, QString()});
+    subscribeAnew(name);
     return m_lastFollower;
 }
 
@@ -138,41 +138,71 @@ void Connection::call(const QString& service, const QCborMap& args,
                       const Client::Callback& callback)
 {
     Q_ASSERT(m_client);
-    m_client->callService(service, args, whileCurrent(callback), m_timing.answer);
+    callOn(*m_client, service, args, whileCurrent(callback), m_timing.answer);
 }
 
+/// All calls come through here: it is the robot's name that goes out.
+void Connection::callOn(Client& client, const QString& service, const QCborMap& args,
+                        const Client::Callback& callback, std::chrono::milliseconds timeout)
+{
+    client.callService(m_names.theirs(service), args, callback, timeout);
+}
+
+/// All subscriptions come through here: it is the robot's name that goes out.
 void Connection::subscribe(Followed& followed)
 {
     Client::SubscribeOptions options;
     options.compression = Client::Compression::Cbor;
     options.throttleRate = followed.throttle;
     options.queueLength = followed.throttle.count() > 0 ? 1 : 0; // the newest is not lost
-    followed.subscription =
-        m_client->subscribe(followed.topic, followed.type, options,
-                            whileCurrent([this, handler = followed.handler](const QCborMap& msg) {
-                                m_newestData.start();
-                                handler(msg);
-                            }));
+    followed.subscription = m_client->subscribe(m_names.theirs(followed.topic), followed.type,
+                                                options, whileCurrent(followed.handler));
+    m_subscribed.insert(followed.subscription, followed.topic);
+}
+
+/// All followers of a topic: a robot tells its state once for all subscriptions of a client to it.
+void Connection::subscribeAnew(const QString& topic)
+{
+    if (!m_client || m_client->state() != Client::State::Open)
+        return;
+    for (const Followed& followed : m_followed) {
+        if (followed.topic == topic)
+            m_client->unsubscribe(followed.subscription);
+    }
+    for (Followed& followed : m_followed) {
+        if (followed.topic == topic)
+            subscribe(followed);
+    }
 }
 
 void Connection::onOpened()
 {
-    m_client->subscribe(QStringLiteral("/rosout"), QStringLiteral("rosgraph_msgs/Log"), {},
-                        whileCurrent([this](const QCborMap& log) { onLogMessage(log); }));
-    m_client->callService(
-        QStringLiteral("/rosapi/get_param"),
-        {{QStringLiteral("name"), QStringLiteral("/use_sim_time")},
-         {QStringLiteral("default"), QStringLiteral("false")}},
-        whileCurrent([this](const Client::Result& result) { onSimTimeAnswered(result); }),
-        m_timing.answer);
+    // First the log, which tells of the rest; last the topics, some of which have much to say at
+    // once.
+    subscribe(m_followed.front());
+    callOn(*m_client, QStringLiteral("/rosapi/get_param"),
+           {{QStringLiteral("name"), QStringLiteral("/use_sim_time")},
+            {QStringLiteral("default"), QStringLiteral("false")}},
+           whileCurrent([this](const Client::Result& result) { onSimTimeAnswered(result); }),
+           m_timing.answer);
     // Our own deadline comes first, so that a failure is always what the robot answered.
     m_acquireDeadline.start();
-    m_client->callService(
-        QStringLiteral("/control/acquire"), {},
-        whileCurrent([this](const Client::Result& result) { onAcquireAnswered(result); }),
-        2 * m_timing.answer);
-    for (Followed& followed : m_followed)
-        subscribe(followed);
+    callOn(*m_client, QStringLiteral("/control/acquire"), {},
+           whileCurrent([this](const Client::Result& result) { onAcquireAnswered(result); }),
+           2 * m_timing.answer);
+    Q_EMIT opened();
+    for (std::size_t i = 1; i < m_followed.size(); ++i)
+        subscribe(m_followed[i]);
+}
+
+void Connection::onStatus(const QString& level, const QString& words, const QString& id)
+{
+    const QString line = tr("Robot, %1: %2").arg(level, words);
+    const QString topic = m_subscribed.value(id);
+    if (level == QLatin1String("error") && !topic.isEmpty())
+        Q_EMIT subscriptionRefused(topic, line);
+    else
+        Q_EMIT message(baseLogLine, line);
 }
 
 void Connection::onSimTimeAnswered(const Client::Result& result)
@@ -276,8 +306,8 @@ void Connection::sayGoodbye(std::unique_ptr<Client> client)
     Client* const leaving = client.release();
     leaving->setParent(this);
     leaving->disconnect(this);
-    leaving->callService(
-        QStringLiteral("/control/release"), {},
+    callOn(
+        *leaving, QStringLiteral("/control/release"), {},
         [leaving](const Client::Result&) {
             leaving->close();
             leaving->deleteLater();

@@ -1,12 +1,14 @@
 #ifndef HOST_DEVICE_CONNECTION_H
 #define HOST_DEVICE_CONNECTION_H
 
+#include "host/device/Names.h"
 #include "host/device/Timing.h"
 #include "plugin/plugin/DataRole.h"
 #include "robot/link/Client.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>
+#include <QHash>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -58,6 +60,11 @@ public:
     };
     const Failure& lastFailure() const { return m_lastFailure; }
 
+    /// What this robot calls the topics and services. Topics and services are ours everywhere else
+    /// here, and theirs only in words for people. A new name is in effect at once for a topic that
+    /// is followed, and at its next call for a service.
+    Names& names() { return m_names; }
+
     /// Starts to connect. False, and nothing changes, unless the state is -1; false as well for
     /// an address that cannot be understood, which is a failure like the others.
     bool open(const QString& addressText);
@@ -81,6 +88,9 @@ public:
               const robot::link::Client::Callback& callback);
 
 Q_SIGNALS:
+    /// The robot is reached: its services can be called from now on. Whether it grants control is
+    /// still open, and so the state is one of connecting.
+    void opened();
     /// Also -1 after -1, where open() could not understand the address.
     void stateChanged(int state);
     void statusChanged(const QString& words);
@@ -88,6 +98,8 @@ Q_SIGNALS:
     void message(plugin::plugin::DataRole role, const QString& text);
     /// Whether the robot that is connected runs in simulated time; false on every loss.
     void simulatorChanged(bool isSimulator);
+    /// The robot does not let @p topic, our name, be followed; @p words say so for a log.
+    void subscriptionRefused(const QString& topic, const QString& words);
 
 private:
     using Client = robot::link::Client;
@@ -104,9 +116,13 @@ private:
     };
 
     void onOpened();
+    void onStatus(const QString& level, const QString& words, const QString& id);
     template <class Handle>
     auto whileCurrent(const Handle& handle);
+    void callOn(Client& client, const QString& service, const QCborMap& args,
+                const Client::Callback& callback, std::chrono::milliseconds timeout);
     void subscribe(Followed& followed);
+    void subscribeAnew(const QString& topic);
     void onSimTimeAnswered(const Client::Result& result);
     void onAcquireAnswered(const Client::Result& result);
     void onFrame();
@@ -119,6 +135,7 @@ private:
     void setSimulator(bool isSimulator);
 
     Timing m_timing;
+    Names m_names;
     int m_state = notConnected;
     Words m_status;
     QElapsedTimer m_connected;  // invalid unless the state is connected or passive
@@ -127,7 +144,8 @@ private:
     QString m_address;
     std::vector<Followed> m_followed;
     int m_lastFollower = 0;
-    std::unique_ptr<Client> m_client; // as long as the state is not -1
+    QHash<QString, QString> m_subscribed; // topics by the subscriptions' ids, ended ones too
+    std::unique_ptr<Client> m_client;     // as long as the state is not -1
     bool m_hasControl = false;
     bool m_isSimulator = false;
     QTimer m_frameTimer;

@@ -32,6 +32,9 @@ constexpr const char* factoryName = "OLM GmbH Quandrel";
 
 constexpr const char* addressName = "ipAddress";
 
+const QString scanTopic = QStringLiteral("/scan");
+const QString jointsTopic = QStringLiteral("/joint_states");
+
 std::string toBytes(const QString& text)
 {
     return text.toLatin1().toStdString();
@@ -57,8 +60,9 @@ Device::Device(const QString& name, const QString& storageFolder, Services& serv
       m_services(services),
       m_storage(storageFolder, name),
       m_connection(timing),
+      m_offer(m_connection),
       m_cameraRate(m_connection),
-      m_commands(m_connection)
+      m_commands(m_connection, m_offer)
 {
     loadConfig();
     m_variables.set(VariableKind::State, "connectedToSimulator", false);
@@ -76,9 +80,21 @@ Device::Device(const QString& name, const QString& storageFolder, Services& serv
     });
     connect(&m_commands, &Commands::message, this,
             [this](DataRole role, const QString& text) { sendMessage(role, text); });
-    m_connection.follow(QStringLiteral("/scan"), QStringLiteral("sensor_msgs/LaserScan"),
+    connect(&m_offer, &Offer::message, this,
+            [this](DataRole role, const QString& text) { sendMessage(role, text); });
+    connect(&m_offer, &Offer::ready, this, [this] {
+        if (m_connection.state() == Connection::connected)
+            applyAllSettings();
+    });
+    connect(&names(), &Names::changed, this, [this](const QString& ours) {
+        if (ours == scanTopic)
+            m_scanReader = ScanReader(names().theirs(scanTopic));
+    });
+    connect(&names(), &Names::problem, this, &Device::say);
+    say(names().load(storageFolder, name));
+    m_connection.follow(scanTopic, QStringLiteral("sensor_msgs/LaserScan"),
                         [this](const QCborMap& message) { onScan(message); });
-    m_connection.follow(QStringLiteral("/joint_states"), QStringLiteral("sensor_msgs/JointState"),
+    m_connection.follow(jointsTopic, QStringLiteral("sensor_msgs/JointState"),
                         [this](const QCborMap& message) { onJointState(message); });
 }
 
@@ -334,7 +350,8 @@ void Device::onScan(const QCborMap& message)
 
 void Device::onJointState(const QCborMap& message)
 {
-    report(manipulatorLogLine, m_armPose.read(message), m_armPoseError);
+    report(manipulatorLogLine, m_armPose.read(message, names().theirs(jointsTopic)),
+           m_armPoseError);
 }
 
 /// Says what is wrong with a stream of messages when that changes, not with each of them.
@@ -362,8 +379,6 @@ void Device::onStateChanged(int state)
         m_armPose.forget();
         m_cameraRate.reset();
     }
-    if (state == Connection::connected)
-        applyAllSettings();
     Q_EMIT connectionStateChanged(state);
     sendMessage(connectionStateMessage, state);
     const bool isConnected = state >= Connection::connected;

@@ -6,6 +6,7 @@
 #include "host/device/Commands.h"
 #include "host/device/ConfigStorage.h"
 #include "host/device/Connection.h"
+#include "host/device/Offer.h"
 #include "host/device/ScanReader.h"
 #include "host/device/Timing.h"
 #include "host/device/TracedHost.h"
@@ -69,6 +70,12 @@ public:
     /// For views that follow topics of their own.
     Connection& connection() { return m_connection; }
 
+    /// What the robot calls what the device uses of it; remembered beside the configuration.
+    Names& names() { return m_connection.names(); }
+
+    /// What the robot has of that.
+    Offer& offer() { return m_offer; }
+
     /// For developers' tools: what they set here counts as set by the device, and is not stored.
     Variables& variables() { return m_variables; }
 
@@ -127,6 +134,7 @@ private:
     Variables m_variables;
     ConfigStorage m_storage;
     Connection m_connection;
+    Offer m_offer;
     CameraRate m_cameraRate;
     Commands m_commands;
     ScanReader m_scanReader{QStringLiteral("/scan")};

@@ -634,7 +634,7 @@ void ConnectionTest::log_lines_go_to_the_log_of_their_part()
     const Journal journal(connection);
     QVERIFY(connection.open(robot.address()));
     QTRY_COMPARE_WITH_TIMEOUT(connection.state(), 3, patience);
-    QCOMPARE(robot.subscriberCount("/rosout", "rosgraph_msgs/Log", "none"), 1);
+    QCOMPARE(robot.subscriberCount("/rosout", "rosgraph_msgs/Log", "cbor"), 1);
     robot.log(name, "Ready");
     QTRY_VERIFY_WITH_TIMEOUT(!journal.messages().isEmpty(), patience);
     QCOMPARE(journal.messages(), QStringList(expected));

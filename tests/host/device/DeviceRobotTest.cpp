@@ -157,7 +157,7 @@ private Q_SLOTS:
     void settings_wait_for_a_connection_without_a_word();
     void a_passive_device_sends_nothing_and_says_why();
     void each_command_is_named_in_the_log_of_its_part();
-    void what_the_robot_does_not_have_is_said();
+    void what_a_robot_that_tells_of_no_services_does_not_do_is_said_in_one_line();
     void what_the_robot_refuses_is_said_with_its_reason();
     void a_line_is_switched_by_its_command();
     void torque_is_switched_to_what_it_is_not();
@@ -397,14 +397,27 @@ void DeviceRobotTest::each_command_is_named_in_the_log_of_its_part()
                           "1001 Enable line 1" + why, "1001 Disable line 3" + why}));
 }
 
-void DeviceRobotTest::what_the_robot_does_not_have_is_said()
+void DeviceRobotTest::what_a_robot_that_tells_of_no_services_does_not_do_is_said_in_one_line()
 {
     Fixture f;
     f.robot.answerTrigger("/control/acquire", true);
     QVERIFY(f.connect());
-    const QString words = "%1: not done. The service %2 failed: Service %2 does not exist";
-    QVERIFY(f.hears(qPrintable(words.arg("1000 Enable the drive system", "/drive/disable"))));
-    QVERIFY(f.hears(qPrintable(words.arg("1001 Enable line 3", "/arm/line2"))));
+    QTRY_VERIFY_WITH_TIMEOUT(!f.probe->calls.filter("not done", Qt::CaseInsensitive).isEmpty(),
+                             patience);
+    const QString words = "%1 (The service %2 failed: Service %2 does not exist)";
+    const QString line = f.probe->calls.filter("1000 Not done: ").value(0);
+    for (const auto& [what, service] :
+         {std::pair{"Enable the drive system", "/drive/disable"},
+          std::pair{"Camera resolution 640x480", "/camera/set_parameters"},
+          std::pair{"Enable line 1", "/arm/line0"}, std::pair{"Enable line 2", "/arm/line1"},
+          std::pair{"Enable line 3", "/arm/line2"}})
+        QVERIFY2(line.contains(words.arg(what, service)), qPrintable(line));
+    QVERIFY2(line.contains("Robot > Names"), qPrintable(line));
+
+    f.exec(1006); // one alone is said as always
+    QVERIFY(f.hears("1001 Switch torque on: not done. The service /arm/torque failed: "
+                    "Service /arm/torque does not exist"));
+    QCOMPARE(f.probe->calls.filter("not done", Qt::CaseInsensitive).size(), 2);
 }
 
 void DeviceRobotTest::what_the_robot_refuses_is_said_with_its_reason()

@@ -95,6 +95,11 @@ void FakeRobot::latch(const QString& topic, const QCborMap& msg)
     m_latched.insert(topic, msg);
 }
 
+void FakeRobot::refuse(const QString& topic)
+{
+    m_refused.insert(topic);
+}
+
 int FakeRobot::subscriberCount(const QString& topic, const QString& type,
                                const QString& compression) const
 {
@@ -119,6 +124,11 @@ void FakeRobot::subscribe(const Subscription& subscription)
             return other.client == subscription.client && other.topic == subscription.topic;
         });
     m_subscriptions.append(subscription);
+    if (m_refused.contains(subscription.topic))
+        send({{QStringLiteral("op"), QStringLiteral("status")},
+              {QStringLiteral("level"), QStringLiteral("error")},
+              {QStringLiteral("id"), subscription.id},
+              {QStringLiteral("msg"), QStringLiteral("No topic ") + subscription.topic}});
     if (!isFurther && m_latched.contains(subscription.topic))
         publish(subscription.topic, m_latched.value(subscription.topic));
 }

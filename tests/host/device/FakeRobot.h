@@ -44,6 +44,8 @@ public:
     void log(const QString& name, const QString& text);
     /// A client is told @p msg when it subscribes to @p topic, but not again for a further id.
     void latch(const QString& topic, const QCborMap& msg);
+    /// A subscription to @p topic is answered by an error, as of a robot that has no such topic.
+    void refuse(const QString& topic);
     /// How many subscriptions to @p topic with @p type and @p compression there were and were not
     /// ended by unsubscribing.
     int subscriberCount(const QString& topic, const QString& type,
@@ -71,6 +73,7 @@ private:
     QHash<QString, QCborValue> m_ignoredIds; // of the last call of each service
     QStringList m_calls;
     QHash<QString, QCborMap> m_latched;
+    QSet<QString> m_refused;
     QList<Subscription> m_subscriptions;
 };
 

@@ -1,0 +1,213 @@
+#include "host/device/Names.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace host::device {
+
+namespace {
+
+using Kind = Names::Kind;
+
+std::vector<Names::Entry> makeAll()
+{
+    struct Row
+    {
+        Kind kind;
+        const char* name;
+        const char* type;
+        const char* purpose;
+        bool isRequired = true;
+    };
+    const auto topic = Kind::Topic;
+    const auto service = Kind::Service;
+    const char* const boolean = "std_msgs/Bool";
+    const char* const setBool = "std_srvs/SetBool";
+    const char* const trigger = "std_srvs/Trigger";
+    // clang-format off
+    const Row rows[] = {
+        {topic, "/scan", "sensor_msgs/LaserScan",
+         QT_TRANSLATE_NOOP("host::device::Names", "the laser's scans")},
+        {topic, "/camera/camera_info", "sensor_msgs/CameraInfo",
+         QT_TRANSLATE_NOOP("host::device::Names", "the camera's rate")},
+        {topic, "/joint_states", "sensor_msgs/JointState",
+         QT_TRANSLATE_NOOP("host::device::Names", "where the arm is, and storing that")},
+        {topic, "/arm/state", "control_msgs/JointTrajectoryControllerState",
+         QT_TRANSLATE_NOOP("host::device::Names", "where the arm is going")},
+        {topic, "/arm/torque_enabled", boolean,
+         QT_TRANSLATE_NOOP("host::device::Names", "whether the arm's torque is on")},
+        {topic, "/arm/line0_enabled", boolean,
+         QT_TRANSLATE_NOOP("host::device::Names", "whether supply line 1 is on")},
+        {topic, "/arm/line1_enabled", boolean,
+         QT_TRANSLATE_NOOP("host::device::Names", "whether supply line 2 is on")},
+        {topic, "/arm/line2_enabled", boolean,
+         QT_TRANSLATE_NOOP("host::device::Names", "whether supply line 3 is on")},
+        {topic, "/drive/disabled", boolean,
+         QT_TRANSLATE_NOOP("host::device::Names", "whether the drive is disabled")},
+        {topic, "/odom", "nav_msgs/Odometry",
+         QT_TRANSLATE_NOOP("host::device::Names", "where the robot is")},
+        {topic, "/map", "nav_msgs/OccupancyGrid",
+         QT_TRANSLATE_NOOP("host::device::Names", "the map")},
+        {topic, "/tf", "tf2_msgs/TFMessage",
+         QT_TRANSLATE_NOOP("host::device::Names", "where the robot and its laser are on the map")},
+        {topic, "/tf_static", "tf2_msgs/TFMessage",
+         QT_TRANSLATE_NOOP("host::device::Names", "frames that do not move, if there are any"),
+         false},
+        {topic, "/rosout", "rosgraph_msgs/Log",
+         QT_TRANSLATE_NOOP("host::device::Names", "the robot's own lines in the logs")},
+        {service, "/control/acquire", trigger,
+         QT_TRANSLATE_NOOP("host::device::Names", "being the only one in control")},
+        {service, "/control/release", trigger,
+         QT_TRANSLATE_NOOP("host::device::Names", "giving control back")},
+        {service, "/drive/disable", setBool,
+         QT_TRANSLATE_NOOP("host::device::Names", "disabling the drive")},
+        {service, "/camera/set_parameters", "dynamic_reconfigure/Reconfigure",
+         QT_TRANSLATE_NOOP("host::device::Names", "setting the camera's resolution")},
+        {service, "/arm/torque", setBool,
+         QT_TRANSLATE_NOOP("host::device::Names", "switching the arm's torque")},
+        {service, "/arm/line0", setBool,
+         QT_TRANSLATE_NOOP("host::device::Names", "switching supply line 1")},
+        {service, "/arm/line1", setBool,
+         QT_TRANSLATE_NOOP("host::device::Names", "switching supply line 2")},
+        {service, "/arm/line2", setBool,
+         QT_TRANSLATE_NOOP("host::device::Names", "switching supply line 3")},
+        {service, "/rosapi/topics", "rosapi/Topics",
+         QT_TRANSLATE_NOOP("host::device::Names", "knowing which topics there are")},
+        {service, "/rosapi/services", "rosapi/Services",
+         QT_TRANSLATE_NOOP("host::device::Names", "knowing which services there are")},
+        {service, "/rosapi/publishers", "rosapi/Publishers",
+         QT_TRANSLATE_NOOP("host::device::Names", "knowing which topics are published, and not "
+                                                  "just listened to"),
+         false},
+        {service, "/rosapi/get_param", "rosapi/GetParam",
+         QT_TRANSLATE_NOOP("host::device::Names", "knowing whether the robot is simulated")},
+    };
+    // clang-format on
+    std::vector<Names::Entry> entries;
+    for (const Row& row : rows)
+        entries.push_back({row.kind, QLatin1String(row.name), QLatin1String(row.type), row.purpose,
+                           row.isRequired});
+    return entries;
+}
+
+QString unknown(const QString& ours)
+{
+    QStringList known;
+    for (const Names::Entry& entry : Names::all())
+        known += entry.name;
+    return Names::tr("\"%1\" is not a name that this program uses: choose one of %2.")
+        .arg(ours, known.join(QStringLiteral(", ")));
+}
+
+} // namespace
+
+const std::vector<Names::Entry>& Names::all()
+{
+    static const std::vector<Entry> entries = makeAll();
+    return entries;
+}
+
+const Names::Entry* Names::find(const QString& ours)
+{
+    const auto entry = std::find_if(all().begin(), all().end(),
+                                    [&](const Entry& each) { return each.name == ours; });
+    return entry == all().end() ? nullptr : &*entry;
+}
+
+QString Names::fault(const QString& theirs)
+{
+    static const QRegularExpression name(QStringLiteral("\\A(/[A-Za-z_][A-Za-z0-9_]*)+\\z"));
+    if (name.match(theirs).hasMatch())
+        return {};
+    return tr("\"%1\" cannot be the name of a topic or service: write it as in /front/scan, each "
+              "part after a \"/\", of letters from A to Z, digits and \"_\", and not beginning "
+              "with a digit.")
+        .arg(theirs);
+}
+
+std::optional<Names::Mapping> Names::parseOption(const QString& text, QString* error)
+{
+    const QString sign = QStringLiteral(":=");
+    const QString ours = text.section(sign, 0, 0);
+    const QString theirs = text.section(sign, 1);
+    if (!text.contains(sign))
+        *error = tr("\"%1\" is no mapping of a name: write our name, \":=\" and the robot's, as in "
+                    "/scan:=/base_scan.")
+                     .arg(text);
+    else if (Names().set(ours, theirs, error))
+        return Mapping(ours, theirs);
+    return std::nullopt;
+}
+
+QString Names::load(const QString& folder, const QString& deviceName)
+{
+    m_file.emplace(folder, deviceName, QStringLiteral(".names"));
+    const QString problem = m_file->load([](const QJsonObject& entries) -> QString {
+        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+            if (!find(entry.key()))
+                continue;
+            if (!entry->isString())
+                return tr("the name for \"%1\" is not text").arg(entry.key());
+            const QString fault = Names::fault(entry->toString());
+            if (!fault.isEmpty())
+                return fault;
+        }
+        return {};
+    });
+    const QJsonObject stored = m_file->entries();
+    for (const Entry& entry : all()) {
+        if (!stored.contains(entry.name))
+            continue;
+        m_theirs.insert(entry.name, stored.value(entry.name).toString());
+        Q_EMIT changed(entry.name);
+    }
+    return problem;
+}
+
+QString Names::theirs(const QString& ours) const
+{
+    return m_theirs.value(ours, ours);
+}
+
+bool Names::set(const QString& ours, const QString& theirs, QString* error)
+{
+    const QString why = find(ours) ? fault(theirs) : unknown(ours);
+    if (!why.isEmpty()) {
+        if (error)
+            *error = why;
+        return false;
+    }
+    if (theirs == this->theirs(ours))
+        return true;
+    if (theirs == ours)
+        m_theirs.remove(ours);
+    else
+        m_theirs.insert(ours, theirs);
+    remember(ours);
+    Q_EMIT changed(ours);
+    return true;
+}
+
+void Names::reset()
+{
+    const QStringList mapped = m_theirs.keys();
+    for (const QString& ours : mapped)
+        set(ours, ours);
+}
+
+void Names::remember(const QString& ours)
+{
+    if (!m_file)
+        return;
+    if (m_theirs.contains(ours))
+        m_file->insert(ours, m_theirs.value(ours));
+    else
+        m_file->remove(ours);
+    const QString words = m_file->save();
+    if (!words.isEmpty())
+        Q_EMIT problem(words);
+}
+
+} // namespace host::device
