@@ -8,8 +8,8 @@
         <translation>hat %1 Zahlen für %2 Namen</translation>
     </message>
     <message>
-        <source>A message of the topic /joint_states is ignored: %1.</source>
-        <translation>Eine Nachricht des Topics /joint_states wird nicht beachtet: %1.</translation>
+        <source>A message of the topic %1 is ignored: %2.</source>
+        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
     </message>
 </context>
 <context>
@@ -54,21 +54,17 @@
         <source>The device is not connected.</source>
         <translation>Das Gerät ist nicht verbunden.</translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Not done: %1. If the robot has other names for what it does not know, enter them in Robot &gt; Names….</source>
+        <translation>Nicht erledigt: %1. Hat der Roboter andere Namen für das, was er nicht kennt, tragen Sie sie unter „Roboter &gt; Namen…“ ein.</translation>
+    </message>
 </context>
 <context>
     <name>host::device::ConfigStorage</name>
-    <message>
-        <source>The stored settings in %1 cannot be read (%2). The defaults are used, and changes are not stored: make the file readable and start again.</source>
-        <translation>Die gespeicherten Einstellungen in %1 können nicht gelesen werden (%2). Es gelten die Vorgaben, und Änderungen werden nicht gespeichert: Machen Sie die Datei lesbar und starten Sie neu.</translation>
-    </message>
-    <message>
-        <source>at byte %1: %2</source>
-        <translation>bei Byte %1: %2</translation>
-    </message>
-    <message>
-        <source>it is not a JSON object</source>
-        <translation>sie ist kein JSON-Objekt</translation>
-    </message>
     <message>
         <source>&quot;%1&quot; is not an object with a type and a value</source>
         <translation>„%1“ ist kein Objekt mit Typ und Wert</translation>
@@ -76,22 +72,6 @@
     <message>
         <source>the value of &quot;%1&quot; is not of its type</source>
         <translation>der Wert von „%1“ ist nicht von seinem Typ</translation>
-    </message>
-    <message>
-        <source>The stored settings in %1 are damaged (%2). They were moved to %3 and the defaults are used: set them again, or correct that file and move it back.</source>
-        <translation>Die gespeicherten Einstellungen in %1 sind beschädigt (%2). Sie wurden nach %3 verschoben, und es gelten die Vorgaben: Stellen Sie alles neu ein, oder berichtigen Sie diese Datei und verschieben Sie sie zurück.</translation>
-    </message>
-    <message>
-        <source>The stored settings in %1 are damaged (%2) and cannot be moved aside (%3). The defaults are used, and changes are not stored: correct or remove the file and start again.</source>
-        <translation>Die gespeicherten Einstellungen in %1 sind beschädigt (%2) und können nicht beiseitegelegt werden (%3). Es gelten die Vorgaben, und Änderungen werden nicht gespeichert: Berichtigen oder entfernen Sie die Datei und starten Sie neu.</translation>
-    </message>
-    <message>
-        <source>the folder cannot be made</source>
-        <translation>der Ordner kann nicht angelegt werden</translation>
-    </message>
-    <message>
-        <source>The settings cannot be stored in %1 (%2). Changes are lost when the program ends: make room or the folder writable, and change a setting again.</source>
-        <translation>Die Einstellungen können nicht in %1 gespeichert werden (%2). Änderungen gehen am Programmende verloren: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar, und ändern Sie eine Einstellung erneut.</translation>
     </message>
 </context>
 <context>
@@ -141,6 +121,144 @@
     </message>
 </context>
 <context>
+    <name>host::device::Names</name>
+    <message>
+        <source>the laser&apos;s scans</source>
+        <translation>die Scans des Lasers</translation>
+    </message>
+    <message>
+        <source>the camera&apos;s rate</source>
+        <translation>die Bildrate der Kamera</translation>
+    </message>
+    <message>
+        <source>where the arm is, and storing that</source>
+        <translation>wo der Arm ist, und das Speichern davon</translation>
+    </message>
+    <message>
+        <source>where the arm is going</source>
+        <translation>wohin der Arm fährt</translation>
+    </message>
+    <message>
+        <source>whether the arm&apos;s torque is on</source>
+        <translation>ob das Drehmoment des Arms eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>whether supply line 1 is on</source>
+        <translation>ob Versorgungsleitung 1 eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>whether supply line 2 is on</source>
+        <translation>ob Versorgungsleitung 2 eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>whether supply line 3 is on</source>
+        <translation>ob Versorgungsleitung 3 eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>whether the drive is disabled</source>
+        <translation>ob der Antrieb abgeschaltet ist</translation>
+    </message>
+    <message>
+        <source>where the robot is</source>
+        <translation>wo der Roboter ist</translation>
+    </message>
+    <message>
+        <source>the map</source>
+        <translation>die Karte</translation>
+    </message>
+    <message>
+        <source>where the robot and its laser are on the map</source>
+        <translation>wo der Roboter und sein Laser auf der Karte sind</translation>
+    </message>
+    <message>
+        <source>frames that do not move, if there are any</source>
+        <translation>unbewegte Koordinatensysteme, falls es welche gibt</translation>
+    </message>
+    <message>
+        <source>the robot&apos;s own lines in the logs</source>
+        <translation>die eigenen Zeilen des Roboters in den Protokollen</translation>
+    </message>
+    <message>
+        <source>being the only one in control</source>
+        <translation>die alleinige Kontrolle</translation>
+    </message>
+    <message>
+        <source>giving control back</source>
+        <translation>das Zurückgeben der Kontrolle</translation>
+    </message>
+    <message>
+        <source>disabling the drive</source>
+        <translation>das Abschalten des Antriebs</translation>
+    </message>
+    <message>
+        <source>setting the camera&apos;s resolution</source>
+        <translation>das Einstellen der Kameraauflösung</translation>
+    </message>
+    <message>
+        <source>switching the arm&apos;s torque</source>
+        <translation>das Schalten des Drehmoments</translation>
+    </message>
+    <message>
+        <source>switching supply line 1</source>
+        <translation>das Schalten von Versorgungsleitung 1</translation>
+    </message>
+    <message>
+        <source>switching supply line 2</source>
+        <translation>das Schalten von Versorgungsleitung 2</translation>
+    </message>
+    <message>
+        <source>switching supply line 3</source>
+        <translation>das Schalten von Versorgungsleitung 3</translation>
+    </message>
+    <message>
+        <source>knowing which topics there are</source>
+        <translation>die Kenntnis der Topics</translation>
+    </message>
+    <message>
+        <source>knowing which services there are</source>
+        <translation>die Kenntnis der Services</translation>
+    </message>
+    <message>
+        <source>knowing which topics are published, and not just listened to</source>
+        <translation>die Kenntnis, welche Topics veröffentlicht und nicht nur abonniert werden</translation>
+    </message>
+    <message>
+        <source>knowing whether the robot is simulated</source>
+        <translation>die Kenntnis, ob der Roboter simuliert ist</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a name that this program uses: choose one of %2.</source>
+        <translation>„%1“ ist kein Name, den dieses Programm verwendet: Wählen Sie einen von %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a topic or service: write it as in /front/scan, each part after a &quot;/&quot;, of letters from A to Z, digits and &quot;_&quot;, and not beginning with a digit.</source>
+        <translation>„%1“ kann kein Name eines Topics oder Services sein: Schreiben Sie ihn wie in /front/scan, jeden Teil nach einem „/“, aus Buchstaben von A bis Z, Ziffern und „_“, nicht mit einer Ziffer beginnend.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no mapping of a name: write our name, &quot;:=&quot; and the robot&apos;s, as in /scan:=/base_scan.</source>
+        <translation>„%1“ ist keine Zuordnung eines Namens: Schreiben Sie unseren Namen, „:=“ und den des Roboters, wie in /scan:=/base_scan.</translation>
+    </message>
+    <message>
+        <source>the name for &quot;%1&quot; is not text</source>
+        <translation>der Name für „%1“ ist kein Text</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::Offer</name>
+    <message>
+        <source>This robot does not offer %1. What stands in brackets does not work; if the robot has other names for it, enter them in Robot &gt; Names….</source>
+        <translation>Dieser Roboter bietet nicht an: %1. Was in Klammern steht, geht nicht; hat der Roboter andere Namen dafür, tragen Sie sie unter „Roboter &gt; Namen…“ ein.</translation>
+    </message>
+    <message>
+        <source>%1 as %2, but as %3 (%4)</source>
+        <translation>%1 als %2, sondern als %3 (%4)</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
     <name>host::device::PositionStore</name>
     <message>
         <source>The arm&apos;s position was not stored: all %1 positions are in use. Remove one and try again.</source>
@@ -160,6 +278,37 @@
     <message>
         <source>A message of the topic %1 is ignored: %2.</source>
         <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::SettingsFile</name>
+    <message>
+        <source>The stored settings in %1 cannot be read (%2). The defaults are used, and changes are not stored: make the file readable and start again.</source>
+        <translation>Die gespeicherten Einstellungen in %1 können nicht gelesen werden (%2). Es gelten die Vorgaben, und Änderungen werden nicht gespeichert: Machen Sie die Datei lesbar und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>at byte %1: %2</source>
+        <translation>bei Byte %1: %2</translation>
+    </message>
+    <message>
+        <source>it is not a JSON object</source>
+        <translation>sie ist kein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>The stored settings in %1 are damaged (%2). They were moved to %3 and the defaults are used: set them again, or correct that file and move it back.</source>
+        <translation>Die gespeicherten Einstellungen in %1 sind beschädigt (%2). Sie wurden nach %3 verschoben, und es gelten die Vorgaben: Stellen Sie alles neu ein, oder berichtigen Sie diese Datei und verschieben Sie sie zurück.</translation>
+    </message>
+    <message>
+        <source>The stored settings in %1 are damaged (%2) and cannot be moved aside (%3). The defaults are used, and changes are not stored: correct or remove the file and start again.</source>
+        <translation>Die gespeicherten Einstellungen in %1 sind beschädigt (%2) und können nicht beiseitegelegt werden (%3). Es gelten die Vorgaben, und Änderungen werden nicht gespeichert: Berichtigen oder entfernen Sie die Datei und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be made</source>
+        <translation>der Ordner kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>The settings cannot be stored in %1 (%2). Changes are lost when the program ends: make room or the folder writable, and change a setting again.</source>
+        <translation>Die Einstellungen können nicht in %1 gespeichert werden (%2). Änderungen gehen am Programmende verloren: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar, und ändern Sie eine Einstellung erneut.</translation>
     </message>
 </context>
 <context>
@@ -357,6 +506,10 @@
     <message>
         <source>--address: there are more addresses than devices. Name a further device with --device for each.</source>
         <translation>--address: Es gibt mehr Adressen als Geräte. Nennen Sie für jede mit --device ein weiteres Gerät.</translation>
+    </message>
+    <message>
+        <source>Use the robot&apos;s topic or service THEIRS where this program says OURS, as in /scan:=/base_scan. It is remembered for each device shown. May be given several times.</source>
+        <translation>Das Topic oder den Service THEIRS des Roboters verwenden, wo dieses Programm OURS sagt, wie in /scan:=/base_scan. Es wird für jedes gezeigte Gerät gemerkt. Darf mehrmals angegeben werden.</translation>
     </message>
 </context>
 <context>

@@ -24,6 +24,12 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         tr("Address of the robot: host, host:port or [IPv6]:port (default: the "
            "simulated robot's). The second is that of the second device, and so on."),
         "ADDRESS");
+    const QCommandLineOption remap(
+        "remap",
+        tr("Use the robot's topic or service THEIRS where this program says OURS, as in "
+           "/scan:=/base_scan. It is remembered for each device shown. May be given several "
+           "times."),
+        "OURS:=THEIRS");
     const QCommandLineOption noRobot("no-robot", tr("Do not start the simulated robot."));
     const QCommandLineOption language(
         "language",
@@ -40,7 +46,7 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
     QCommandLineParser parser;
     parser.setApplicationDescription(
         tr("Shows a device plugin at work, with a simulated robot to connect to."));
-    parser.addOptions({help, version, plugin, device, address, noRobot});
+    parser.addOptions({help, version, plugin, device, address, remap, noRobot});
     options.laserLog.addTo(parser);
     parser.addOptions({language, tour});
 
@@ -52,7 +58,7 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         return refuse(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
         return refuse(tr("Unexpected argument \"%1\".").arg(parser.positionalArguments().first()));
-    for (const QCommandLineOption& option : {plugin, device, address, language, tour}) {
+    for (const QCommandLineOption& option : {plugin, device, address, remap, language, tour}) {
         if (parser.values(option).contains(QString()))
             return refuse(tr("--%1 needs a value that is not empty.").arg(option.names().first()));
     }
@@ -93,6 +99,12 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
             if (!parsed)
                 return refuse("--address: " + reason);
             options.addresses.append(*parsed);
+        }
+        for (const QString& text : parser.values(remap)) {
+            const auto mapping = device::Names::parseOption(text, &reason);
+            if (!mapping)
+                return refuse("--remap: " + reason);
+            options.names.append(*mapping);
         }
         if (options.addresses.size() > options.devices.size()) {
             return refuse(tr("--address: there are more addresses than devices. Name a further "

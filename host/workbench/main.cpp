@@ -133,6 +133,8 @@ int main(int argc, char** argv)
             device->setDefaultAddress(robotAddress);
         if (index < options->addresses.size())
             device->overrideAddress(options->addresses.at(index).toString());
+        for (const auto& [ours, theirs] : options->names)
+            device->names().set(ours, theirs);
         DeviceView& view = window.add(*device, robotAddress);
         if (robot && !robot->error().isEmpty())
             view.notify(robot->error());

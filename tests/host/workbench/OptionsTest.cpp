@@ -15,6 +15,7 @@ private Q_SLOTS:
     void nothing_given_means_the_usual();
     void every_option_is_understood();
     void devices_are_taken_in_order_each_with_its_address();
+    void names_are_mapped_in_the_notation_of_ros();
     void a_recording_goes_to_the_embedded_robot();
     void an_address_is_understood_in_every_form_data();
     void an_address_is_understood_in_every_form();
@@ -78,6 +79,17 @@ void OptionsTest::devices_are_taken_in_order_each_with_its_address()
     QCOMPARE(options->addresses.at(1).host, QString("b"));
 }
 
+void OptionsTest::names_are_mapped_in_the_notation_of_ros()
+{
+    QString error;
+    const auto options =
+        parse({"--remap", "/scan:=/base_scan", "--remap=/arm/torque:=/torque"}, &error);
+    QVERIFY2(options, qPrintable(error));
+    const QList<host::device::Names::Mapping> expected = {{"/scan", "/base_scan"},
+                                                          {"/arm/torque", "/torque"}};
+    QCOMPARE(options->names, expected);
+}
+
 void OptionsTest::a_recording_goes_to_the_embedded_robot()
 {
     QString error;
@@ -116,9 +128,10 @@ void OptionsTest::help_names_every_option()
     QString error;
     const auto options = parse({"--help"}, &error);
     QVERIFY2(options, qPrintable(error));
-    for (const char* option : {"--plugin <FILE>", "--device <NAME>", "--address <ADDRESS>",
-                               "--no-robot", "--laser-log <file>", "--rate <factor>",
-                               "--language <CODE>", "--tour <DIR>", "--help", "--version"})
+    for (const char* option :
+         {"--plugin <FILE>", "--device <NAME>", "--address <ADDRESS>", "--remap <OURS:=THEIRS>",
+          "--no-robot", "--laser-log <file>", "--rate <factor>", "--language <CODE>",
+          "--tour <DIR>", "--help", "--version"})
         QVERIFY2(options->message.contains(QLatin1String(option)), option);
 }
 
@@ -151,6 +164,9 @@ void OptionsTest::a_mistake_is_refused_by_its_name_data()
     QTest::newRow("unknown language") << QStringList({"--language", "fr"}) << "\"fr\"";
     QTest::newRow("languages to pick") << QStringList({"--language", "fr"}) << "en, de, pseudo";
     QTest::newRow("empty language") << QStringList({"--language", ""}) << "--language";
+    QTest::newRow("unknown name") << QStringList({"--remap", "/sacn:=/a"}) << "/sacn";
+    QTest::newRow("no mapping") << QStringList({"--remap", "/scan"}) << "--remap";
+    QTest::newRow("bad name") << QStringList({"--remap", "/scan:=/a b"}) << "/a b";
     QTest::newRow("two devices of a name")
         << QStringList({"--device", "Twin", "--device", "Twin"}) << "\"Twin\"";
     QTest::newRow("more addresses than devices")
