@@ -1,5 +1,6 @@
 #include "host/device/ScanReader.h"
 
+#include "host/device/TimeStamp.h"
 #include "robot/link/Fields.h"
 
 #include <limits>
@@ -12,17 +13,6 @@ using robot::link::Fields;
 namespace {
 
 constexpr qint64 maximumUnsigned = std::numeric_limits<std::uint32_t>::max();
-
-/// ROS 1 has {secs, nsecs}, ROS 2 {sec, nanosec} with signed seconds.
-std::uint32_t milliseconds(Fields stamp)
-{
-    const bool isRos2 = stamp.has("sec");
-    const qint64 seconds = isRos2 ? stamp.integer("sec", std::numeric_limits<std::int32_t>::min(),
-                                                  std::numeric_limits<std::int32_t>::max())
-                                  : stamp.integer("secs", 0, maximumUnsigned);
-    const qint64 nanoseconds = stamp.integer(isRos2 ? "nanosec" : "nsecs", 0, 999999999);
-    return static_cast<std::uint32_t>(seconds * 1000 + nanoseconds / 1000000);
-}
 
 olm::core::Vector<float> vector(const QVector<float>& values)
 {
