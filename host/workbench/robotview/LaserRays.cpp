@@ -1,0 +1,50 @@
+#include "host/workbench/robotview/LaserRays.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace host::workbench {
+
+namespace {
+
+constexpr float farthest = 10000; // metres: no laser on a robot sees that far
+
+} // namespace
+
+std::optional<LaserRays> LaserRays::read(device::ScanReader& reader, const QCborMap& message,
+                                         QString* error)
+{
+    const auto scan = reader.read(message, error);
+    if (!scan)
+        return std::nullopt;
+    if (!std::isfinite(scan->minimumAngle) || !std::isfinite(scan->angleIncrement)) {
+        *error = tr("A scan is ignored: its angles are no numbers.");
+        return std::nullopt;
+    }
+    LaserRays rays;
+    rays.frame = QString::fromStdString(scan->frameId);
+    rays.stamp = scan->timeStamp;
+    const int count = static_cast<int>(scan->ranges.size());
+    rays.hits.reserve(count);
+    rays.swept.reserve(count + 1);
+    const QPointF laser(0, 0);
+    rays.swept.append(laser);
+    for (int i = 0; i < count; ++i) {
+        const float range = scan->ranges[i];
+        if (!(range >= scan->minimumRange && range <= scan->maximumRange && range > 0 &&
+              range <= farthest)) {
+            if (rays.swept.last() != laser)
+                rays.swept.append(laser);
+            continue;
+        }
+        const double angle =
+            double(scan->minimumAngle) + i * static_cast<double>(scan->angleIncrement);
+        const QPointF hit(range * std::cos(angle), range * std::sin(angle));
+        rays.hits.append(hit);
+        rays.swept.append(hit);
+        rays.reach = std::max(rays.reach, static_cast<double>(range));
+    }
+    return rays;
+}
+
+} // namespace host::workbench

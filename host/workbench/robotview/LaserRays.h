@@ -1,0 +1,35 @@
+#ifndef HOST_WORKBENCH_ROBOTVIEW_LASERRAYS_H
+#define HOST_WORKBENCH_ROBOTVIEW_LASERRAYS_H
+
+#include "host/device/ScanReader.h"
+
+#include <QCborMap>
+#include <QCoreApplication>
+#include <QPolygonF>
+#include <QString>
+
+#include <optional>
+
+namespace host::workbench {
+
+/// What a laser saw, in metres in its own frame, out of a sensor_msgs/LaserScan message. Rays
+/// without an answer within the laser's limits are not among it.
+struct LaserRays
+{
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::LaserRays)
+
+public:
+    QString frame;
+    std::uint32_t stamp = 0; ///< the robot's clock, milliseconds modulo 2^32
+    double reach = 0;        ///< of the farthest ray
+    QPolygonF hits;
+    QPolygonF swept; ///< what the rays passed over
+
+    /// A message of the wrong shape gives nothing and, in @p error, a sentence.
+    static std::optional<LaserRays> read(device::ScanReader& reader, const QCborMap& message,
+                                         QString* error);
+};
+
+} // namespace host::workbench
+
+#endif

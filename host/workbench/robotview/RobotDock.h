@@ -1,0 +1,51 @@
+#ifndef HOST_WORKBENCH_ROBOTVIEW_ROBOTDOCK_H
+#define HOST_WORKBENCH_ROBOTVIEW_ROBOTDOCK_H
+
+#include "host/workbench/robotview/RobotFeed.h"
+#include "host/workbench/robotview/RobotModel.h"
+
+#include <QDockWidget>
+#include <QTimer>
+
+class QLabel;
+class QPushButton;
+class QToolButton;
+class QTreeView;
+
+namespace host::workbench {
+
+class WorldView;
+
+/// For those who work with the robot: where it is, what its laser sees, where its arm is, and what
+/// is switched on. Hidden at first; nothing is followed and nothing happens while it is.
+class RobotDock : public QDockWidget
+{
+    Q_OBJECT
+
+public:
+    /// @p device outlives the dock.
+    RobotDock(device::Device& device, QWidget* parent);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void translate();
+    void setActive(bool active);
+    void onChanged();
+    void refreshTexts();
+
+    RobotFeed m_feed;
+    RobotModel m_model;
+    QToolButton* m_follow;
+    QToolButton* m_showAll;
+    WorldView* m_world;
+    QLabel* m_notes;
+    QTreeView* m_parts;
+    QTimer m_textTimer; // runs only while texts are to be refreshed: nobody reads faster
+    QTimer m_ageTimer;  // runs only while the dock is shown: what does not come grows old
+};
+
+} // namespace host::workbench
+
+#endif

@@ -1,0 +1,55 @@
+#ifndef HOST_WORKBENCH_ROBOTVIEW_ROBOTFEED_H
+#define HOST_WORKBENCH_ROBOTVIEW_ROBOTFEED_H
+
+#include "host/device/Connection.h"
+#include "host/workbench/robotview/RobotState.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <array>
+
+namespace host::device {
+class Device;
+}
+
+namespace host::workbench {
+
+/// Keeps a robot's state new while somebody looks: asks which of the topics the robot publishes,
+/// again and again for those that it does not yet, and follows them.
+class RobotFeed : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p device outlives the feed. Not active at first.
+    explicit RobotFeed(device::Device& device);
+    ~RobotFeed() override;
+
+    /// While it is not active it follows nothing.
+    void setActive(bool active);
+
+    const RobotState& state() const { return m_state; }
+
+Q_SIGNALS:
+    /// The state changed; with each message, which may be hundreds of times a second.
+    void changed();
+
+private:
+    void onConnectionState(int state);
+    void arrange();
+    void ask();
+    void onTopics(const robot::link::Client::Result& result);
+    void follow(RobotState::Topic topic);
+    void leaveAll();
+
+    device::Device& m_device;
+    RobotState m_state;
+    std::array<int, RobotState::TopicCount> m_followers{}; // 0 where a topic is not followed
+    bool m_isActive = false;
+    QTimer m_askTimer;
+};
+
+} // namespace host::workbench
+
+#endif

@@ -1,0 +1,313 @@
+#include "host/workbench/robotview/RobotState.h"
+
+#include <QLocale>
+
+#include <cmath>
+#include <cstdlib>
+
+namespace host::workbench {
+
+using robot::link::Fields;
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto freshFor = 2s;
+constexpr auto frame = 33ms; // no screen shows more
+
+std::size_t index(int axis)
+{
+    return static_cast<std::size_t>(axis);
+}
+
+} // namespace
+
+const RobotState::TopicInfo& RobotState::info(Topic topic)
+{
+    // Of transforms none may be left out: each message tells of other frames.
+    static const std::array<TopicInfo, TopicCount> topics{{
+        {"/map", "nav_msgs/OccupancyGrid", 0ms},
+        {"/tf", "tf2_msgs/TFMessage", 0ms},
+        {"/tf_static", "tf2_msgs/TFMessage", 0ms},
+        {"/odom", "nav_msgs/Odometry", frame},
+        {"/scan", "sensor_msgs/LaserScan", frame},
+        {"/joint_states", "sensor_msgs/JointState", 0ms},
+        {"/arm/state", "control_msgs/JointTrajectoryControllerState", frame},
+        {"/arm/torque_enabled", "std_msgs/Bool", 0ms},
+        {"/arm/line0_enabled", "std_msgs/Bool", 0ms},
+        {"/arm/line1_enabled", "std_msgs/Bool", 0ms},
+        {"/arm/line2_enabled", "std_msgs/Bool", 0ms},
+        {"/drive/disabled", "std_msgs/Bool", 0ms},
+        {"/camera/camera_info", "sensor_msgs/CameraInfo", 0ms},
+    }};
+    return topics.at(topic);
+}
+
+QString RobotState::axisName(int axis)
+{
+    return QStringLiteral("axis%1").arg(axis);
+}
+
+void RobotState::begin()
+{
+    *this = {};
+    m_isConnected = true;
+}
+
+void RobotState::end(TimePoint now)
+{
+    m_isConnected = false;
+    std::optional<TimePoint> last;
+    for (const auto& arrival : m_arrivals) {
+        if (arrival && (!last || *arrival > *last))
+            last = arrival;
+    }
+    if (last) {
+        const auto ago = std::chrono::duration_cast<std::chrono::milliseconds>(now - *last);
+        m_lastSeen = QDateTime::currentDateTime().addMSecs(-ago.count());
+    }
+    m_switches.fill(std::nullopt);
+    m_camera = {};
+}
+
+void RobotState::setPublished(Topic topic, bool isPublished, TimePoint now)
+{
+    m_published.at(topic) = isPublished;
+    if (!m_asked)
+        m_asked = now;
+}
+
+void RobotState::read(Topic topic, const QCborMap& message, TimePoint now)
+{
+    const bool wasOverdue = !overdue(Transforms, now).isEmpty();
+    QString error;
+    const bool isTaken = take(topic, message, now, &error);
+    m_errors.at(topic) = error;
+    if (!isTaken)
+        return;
+    m_arrivals.at(topic) = now;
+    const QString newWorld = world();
+    if (wasOverdue)
+        m_path.interrupt(); // the way between is not known
+    if (newWorld != m_world) {
+        m_world = newWorld;
+        m_path.clear();
+        m_raysPlace.reset();
+    }
+    const auto place = robotPlace();
+    const auto moved = m_frames.moved(base());
+    if (place && moved && moved->arrival == now)
+        m_path.add(place->onFloor().map(QPointF(0, 0)));
+    if (topic == Scan)
+        m_raysPlace.reset();
+    placeRays();
+}
+
+/// False where nothing of the message counts: it is wrong, for the reason in @p error, or tells
+/// only of what is not shown.
+bool RobotState::take(Topic topic, const QCborMap& message, TimePoint now, QString* error)
+{
+    QString fault;
+    bool isNews = true;
+    switch (topic) {
+    case Map:
+        if (auto map = GridMap::read(message, &fault))
+            m_map = std::move(map);
+        break;
+    case Transforms:
+    case StaticTransforms:
+        fault = m_frames.readTransforms(message, topic == StaticTransforms, now);
+        break;
+    case Odometry:
+        fault = m_frames.readOdometry(message, now, &m_odometryFrame);
+        break;
+    case Scan: {
+        auto rays = LaserRays::read(m_scanReader, message, error);
+        if (!rays)
+            return false;
+        m_rays = std::move(rays);
+        return true;
+    }
+    case JointStates:
+    case ArmState:
+        isNews = takeAxes(topic, message, &fault);
+        break;
+    case Camera:
+        m_camera.arrived(now);
+        break;
+    default: {
+        Fields fields(message, &fault);
+        const bool isOn = fields.truth("data");
+        if (fields.isGood())
+            m_switches.at(topic) = isOn;
+    }
+    }
+    if (fault.isEmpty())
+        return isNews;
+    *error =
+        tr("A message of the topic %1 is ignored: %2.").arg(QLatin1String(info(topic).name), fault);
+    return false;
+}
+
+/// Several parts of a robot may tell of their joints in turn.
+bool RobotState::takeAxes(Topic topic, const QCborMap& message, QString* fault)
+{
+    Fields fields(message, fault);
+    const bool isTarget = topic == ArmState;
+    const QStringList names = fields.texts(isTarget ? "joint_names" : "name");
+    Fields numbers = isTarget ? fields.object("desired") : fields;
+    const char* const field = isTarget ? "positions" : "position";
+    const QVector<float> positions = numbers.floats(field);
+    if (positions.size() != names.size())
+        numbers.fail(field,
+                     tr("has %1 numbers for %2 names").arg(positions.size()).arg(names.size()));
+    for (const float position : positions) {
+        if (!std::isfinite(position))
+            numbers.fail(field, tr("has %1, which is no position").arg(double(position)));
+    }
+    if (!fields.isGood())
+        return false;
+    bool isNews = false;
+    for (int i = 0; i < axisCount; ++i) {
+        const auto at = names.indexOf(axisName(i));
+        if (at < 0)
+            continue;
+        Axis& axis = m_axes.at(index(i));
+        (isTarget ? axis.target : axis.present) = positions.at(at);
+        isNews = true;
+    }
+    return isNews;
+}
+
+std::optional<Transform> RobotState::mapPlace() const
+{
+    if (!m_map)
+        return std::nullopt;
+    const auto frame = m_frames.lookup(m_map->frame, world());
+    if (!frame)
+        return std::nullopt;
+    return *frame * m_map->origin;
+}
+
+std::optional<Transform> RobotState::robotPlace() const
+{
+    if (base().isEmpty())
+        return std::nullopt;
+    return m_frames.lookup(base(), world());
+}
+
+/// The robot's own frame; empty as long as its place was not told.
+QString RobotState::base() const
+{
+    for (const QString& name :
+         {m_odometryFrame, QStringLiteral("base_link"), QStringLiteral("base_footprint")}) {
+        if (!name.isEmpty() && m_frames.isPlaced(name))
+            return name;
+    }
+    return {};
+}
+
+QString RobotState::world() const
+{
+    QString anchor = base();
+    if (anchor.isEmpty() && m_rays)
+        anchor = m_rays->frame;
+    if (m_map && (anchor.isEmpty() || m_frames.lookup(anchor, m_map->frame)))
+        return m_map->frame;
+    return m_frames.root(anchor);
+}
+
+/// At the first place that is told, and again at each that was told for a moment nearer to theirs:
+/// a robot may tell of its place after its laser's scan, and turns far in between.
+void RobotState::placeRays()
+{
+    if (!m_rays)
+        return;
+    const auto place = m_frames.lookup(m_rays->frame, m_world);
+    const auto moved = m_frames.moved(base());
+    const qint64 lag =
+        moved ? std::abs(qint64(static_cast<qint32>(moved->stamp - m_rays->stamp))) : 0;
+    if (!place || (m_raysPlace && lag >= m_raysLag))
+        return;
+    m_raysPlace = place;
+    m_raysLag = lag;
+}
+
+QString RobotState::overdue(Topic topic, TimePoint now) const
+{
+    std::optional<TimePoint> arrival = m_arrivals.at(topic);
+    if (topic == Transforms) {
+        const auto moved = m_frames.moved(base());
+        arrival = moved ? std::make_optional(moved->arrival) : std::nullopt;
+    }
+    if (!arrival || now - *arrival <= freshFor)
+        return {};
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now - *arrival).count();
+    return seconds < 120 ? tr("%1 s").arg(seconds) : tr("%1 min").arg(seconds / 60);
+}
+
+QStringList RobotState::notes(TimePoint now) const
+{
+    if (!m_isConnected)
+        return {m_lastSeen.isValid()
+                    ? tr("Not connected: last seen %1.")
+                          .arg(QLocale().toString(m_lastSeen.time(), QStringLiteral("HH:mm:ss")))
+                    : tr("Not connected.")};
+    QStringList notes;
+    for (const QString& error : m_errors) {
+        if (!error.isEmpty())
+            notes.append(error);
+    }
+    const auto add = [&](const QString& note) {
+        if (!note.isEmpty())
+            notes.append(note);
+    };
+    const auto addAge = [&](Topic topic, const QString& sentence) {
+        const QString age = overdue(topic, now);
+        if (!age.isEmpty())
+            notes.append(sentence.arg(age));
+    };
+
+    if (!m_map)
+        add(missing(tr("No map"), {Map}, now));
+    else if (!mapPlace())
+        add(tr("The map is not shown: the robot does not tell where it is in the map's frame "
+               "\"%1\".")
+                .arg(m_map->frame));
+    if (base().isEmpty())
+        add(missing(tr("No position"), {Transforms, Odometry}, now));
+    addAge(Transforms, tr("The position is %1 old."));
+    if (!m_rays)
+        add(missing(tr("No laser"), {Scan}, now));
+    else if (!m_raysPlace)
+        add(tr("The laser is not shown: the robot does not tell where its frame \"%1\" is.")
+                .arg(m_rays->frame));
+    addAge(Scan, tr("The laser's scan is %1 old."));
+    if (!m_arrivals.at(JointStates))
+        add(missing(tr("No axes of the arm"), {JointStates}, now));
+    addAge(JointStates, tr("The axes' positions are %1 old."));
+    addAge(ArmState, tr("The axes' targets are %1 old."));
+    return notes;
+}
+
+/// Why nothing is known, once it should be.
+QString RobotState::missing(const QString& what, const std::vector<Topic>& topics,
+                            TimePoint now) const
+{
+    if (!m_asked)
+        return {};
+    QStringList names;
+    bool isAnyPublished = false;
+    for (const Topic topic : topics) {
+        names.append(QLatin1String(info(topic).name));
+        isAnyPublished = isAnyPublished || m_published.at(topic);
+    }
+    const QString list = names.join(tr(" or "));
+    if (!isAnyPublished)
+        return tr("%1: the robot does not publish %2.").arg(what, list);
+    return now - *m_asked > freshFor ? tr("%1: nothing fit has come on %2 yet.").arg(what, list)
+                                     : QString();
+}
+
+} // namespace host::workbench

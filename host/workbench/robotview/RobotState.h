@@ -1,0 +1,141 @@
+#ifndef HOST_WORKBENCH_ROBOTVIEW_ROBOTSTATE_H
+#define HOST_WORKBENCH_ROBOTVIEW_ROBOTSTATE_H
+
+#include "host/device/ArmPose.h"
+#include "host/device/RateMeter.h"
+#include "host/device/ScanReader.h"
+#include "host/workbench/robotview/Frames.h"
+#include "host/workbench/robotview/GridMap.h"
+#include "host/workbench/robotview/LaserRays.h"
+#include "host/workbench/robotview/Path.h"
+
+#include <QCborMap>
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QStringList>
+
+#include <array>
+#include <chrono>
+#include <optional>
+#include <vector>
+
+namespace host::workbench {
+
+/// The newest that a robot told of each thing, when it came, and what is missing. It shows a robot
+/// that tells only some of it; what is wrong changes nothing but the notes.
+class RobotState
+{
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::RobotState)
+
+public:
+    using Clock = std::chrono::steady_clock;
+    using TimePoint = Clock::time_point;
+
+    enum Topic
+    {
+        Map,
+        Transforms,
+        StaticTransforms,
+        Odometry,
+        Scan,
+        JointStates,
+        ArmState,
+        Torque,
+        FirstLine,
+        SecondLine,
+        ThirdLine,
+        DriveDisabled,
+        Camera,
+        TopicCount
+    };
+
+    struct TopicInfo
+    {
+        const char* name;
+        const char* type;
+        std::chrono::milliseconds throttle;
+    };
+
+    struct Axis
+    {
+        std::optional<float> target; ///< degrees
+        std::optional<float> present;
+    };
+
+    static constexpr int axisCount = device::ArmPose::axisCount;
+
+    static const TopicInfo& info(Topic topic);
+    static QString axisName(int axis);
+
+    /// A link begins: what another robot told is forgotten.
+    void begin();
+    /// The link is over. The picture stays, the switches are not known any more.
+    void end(TimePoint now);
+
+    /// Whether the robot publishes the topic; what it publishes is due soon.
+    void setPublished(Topic topic, bool isPublished, TimePoint now);
+
+    /// Takes a message of the topic.
+    void read(Topic topic, const QCborMap& message, TimePoint now);
+
+    bool isConnected() const { return m_isConnected; }
+
+    const std::optional<GridMap>& map() const { return m_map; }
+
+    const std::optional<LaserRays>& rays() const { return m_rays; }
+
+    const Path& path() const { return m_path; }
+
+    // Where things are in the world, which is the map, or what the robot's place is told in.
+    std::optional<Transform> mapPlace() const;
+    std::optional<Transform> robotPlace() const;
+
+    /// When the rays were measured, as near as it was told.
+    const std::optional<Transform>& raysPlace() const { return m_raysPlace; }
+
+    const Axis& axis(int axis) const { return m_axes.at(static_cast<std::size_t>(axis)); }
+
+    /// Torque, a line, or the drive's being disabled.
+    std::optional<bool> isSet(Topic topic) const { return m_switches.at(topic); }
+
+    /// Frames a second.
+    unsigned int cameraRate(TimePoint now) const { return m_camera.rate(now); }
+
+    /// How long ago what flows came last, "12 s"; empty while it is fresh, or never came. The
+    /// topic Transforms stands for the robot's place.
+    QString overdue(Topic topic, TimePoint now) const;
+
+    /// Sentences on what is missing, wrong or old.
+    QStringList notes(TimePoint now) const;
+
+private:
+    bool take(Topic topic, const QCborMap& message, TimePoint now, QString* error);
+    bool takeAxes(Topic topic, const QCborMap& message, QString* fault);
+    void placeRays();
+    QString base() const;
+    QString world() const;
+    QString missing(const QString& what, const std::vector<Topic>& topics, TimePoint now) const;
+
+    bool m_isConnected = false;
+    QDateTime m_lastSeen;             // of the link that is over
+    std::optional<TimePoint> m_asked; // what the robot publishes
+    std::array<bool, TopicCount> m_published{};
+    std::array<std::optional<TimePoint>, TopicCount> m_arrivals;
+    std::array<QString, TopicCount> m_errors;
+    std::optional<GridMap> m_map;
+    Frames m_frames;
+    QString m_odometryFrame;
+    device::ScanReader m_scanReader{QStringLiteral("/scan")};
+    std::optional<LaserRays> m_rays;
+    std::optional<Transform> m_raysPlace;
+    qint64 m_raysLag = 0; // from when they were measured to when their place was; milliseconds
+    QString m_world;      // that path and rays are in
+    Path m_path;
+    std::array<Axis, axisCount> m_axes;
+    std::array<std::optional<bool>, TopicCount> m_switches;
+    device::RateMeter m_camera;
+};
+
+} // namespace host::workbench
+
+#endif
