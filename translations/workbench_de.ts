@@ -351,6 +351,40 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::Frames</name>
+    <message>
+        <source>is empty: no frame is named</source>
+        <translation>ist leer: Es ist kein Koordinatensystem genannt</translation>
+    </message>
+    <message>
+        <source>the field &quot;transforms&quot; is no array</source>
+        <translation>das Feld „transforms“ ist keine Liste</translation>
+    </message>
+    <message>
+        <source>in its element %1, %2</source>
+        <translation>in ihrem Element %1, %2</translation>
+    </message>
+    <message>
+        <source>the frame &quot;%1&quot; is an ancestor of its own</source>
+        <translation>das Koordinatensystem „%1“ ist sein eigener Vorfahr</translation>
+    </message>
+    <message>
+        <source>it makes more than %1 frames</source>
+        <translation>sie ergibt mehr als %1 Koordinatensysteme</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::GridMap</name>
+    <message>
+        <source>is %1, which is no cell&apos;s edge in metres</source>
+        <translation>ist %1, was keine Kantenlänge einer Zelle in Metern ist</translation>
+    </message>
+    <message>
+        <source>has %1 cells, not %2 x %3</source>
+        <translation>hat %1 Zellen, nicht %2 x %3</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::HelpPanel</name>
     <message>
         <source>This link leads out of the program: %1</source>
@@ -373,6 +407,13 @@
     <message>
         <source>&amp;Language</source>
         <translation>&amp;Sprache</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::LaserRays</name>
+    <message>
+        <source>A scan is ignored: its angles are no numbers.</source>
+        <translation>Ein Scan wird übergangen: Seine Winkel sind keine Zahlen.</translation>
     </message>
 </context>
 <context>
@@ -439,6 +480,10 @@
     <message>
         <source>The tour ended at &quot;%1&quot;: %2</source>
         <translation>Die Tour endete bei „%1“: %2</translation>
+    </message>
+    <message>
+        <source>the dock does not show the robot</source>
+        <translation>der Bereich zeigt den Roboter nicht</translation>
     </message>
 </context>
 <context>
@@ -691,6 +736,187 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::RobotDock</name>
+    <message>
+        <source>Robot</source>
+        <translation>Roboter</translation>
+    </message>
+    <message>
+        <source>&amp;Follow the robot</source>
+        <translation>Dem Roboter &amp;folgen</translation>
+    </message>
+    <message>
+        <source>Keep the robot in the middle</source>
+        <translation>Den Roboter in der Mitte halten</translation>
+    </message>
+    <message>
+        <source>Show &amp;all</source>
+        <translation>&amp;Alles zeigen</translation>
+    </message>
+    <message>
+        <source>Show the whole map, or all that there is</source>
+        <translation>Die ganze Karte zeigen, oder alles, was da ist</translation>
+    </message>
+    <message>
+        <source>The robot&apos;s world from above</source>
+        <translation>Die Welt des Roboters von oben</translation>
+    </message>
+    <message>
+        <source>The wheel, + and - zoom; dragging and the arrow keys move; Home shows all.</source>
+        <translation>Das Mausrad, + und - vergrößern und verkleinern; Ziehen und die Pfeiltasten verschieben; Pos1 zeigt alles.</translation>
+    </message>
+    <message>
+        <source>Parts of the robot</source>
+        <translation>Teile des Roboters</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::RobotModel</name>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>%1 old</source>
+        <translation>%1 alt</translation>
+    </message>
+    <message>
+        <source>Part</source>
+        <translation>Teil</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>Present</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>Supply line %1</source>
+        <translation>Versorgungsleitung %1</translation>
+    </message>
+    <message>
+        <source>Torque</source>
+        <translation>Drehmoment</translation>
+    </message>
+    <message>
+        <source>Drive</source>
+        <translation>Antrieb</translation>
+    </message>
+    <message>
+        <source>no picture for %1</source>
+        <translation>kein Bild seit %1</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>enabled</source>
+        <translation>eingeschaltet</translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation>abgeschaltet</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>ein</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::RobotState</name>
+    <message>
+        <source>A message of the topic %1 is ignored: %2.</source>
+        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
+    </message>
+    <message>
+        <source>has %1 numbers for %2 names</source>
+        <translation>hat %1 Zahlen für %2 Namen</translation>
+    </message>
+    <message>
+        <source>has %1, which is no position</source>
+        <translation>hat %1, was keine Position ist</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>Not connected: last seen %1.</source>
+        <translation>Nicht verbunden: zuletzt gesehen um %1.</translation>
+    </message>
+    <message>
+        <source>Not connected.</source>
+        <translation>Nicht verbunden.</translation>
+    </message>
+    <message>
+        <source>No map</source>
+        <translation>Keine Karte</translation>
+    </message>
+    <message>
+        <source>The map is not shown: the robot does not tell where it is in the map&apos;s frame &quot;%1&quot;.</source>
+        <translation>Die Karte wird nicht gezeigt: Der Roboter sagt nicht, wo er im Koordinatensystem „%1“ der Karte ist.</translation>
+    </message>
+    <message>
+        <source>No position</source>
+        <translation>Keine Position</translation>
+    </message>
+    <message>
+        <source>The position is %1 old.</source>
+        <translation>Die Position ist %1 alt.</translation>
+    </message>
+    <message>
+        <source>No laser</source>
+        <translation>Kein Laser</translation>
+    </message>
+    <message>
+        <source>The laser is not shown: the robot does not tell where its frame &quot;%1&quot; is.</source>
+        <translation>Der Laser wird nicht gezeigt: Der Roboter sagt nicht, wo dessen Koordinatensystem „%1“ ist.</translation>
+    </message>
+    <message>
+        <source>The laser&apos;s scan is %1 old.</source>
+        <translation>Der Scan des Lasers ist %1 alt.</translation>
+    </message>
+    <message>
+        <source>No axes of the arm</source>
+        <translation>Keine Achsen des Arms</translation>
+    </message>
+    <message>
+        <source>The axes&apos; positions are %1 old.</source>
+        <translation>Die Positionen der Achsen sind %1 alt.</translation>
+    </message>
+    <message>
+        <source>The axes&apos; targets are %1 old.</source>
+        <translation>Die Ziele der Achsen sind %1 alt.</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> oder </translation>
+    </message>
+    <message>
+        <source>%1: the robot does not publish %2.</source>
+        <translation>%1: Der Roboter veröffentlicht %2 nicht.</translation>
+    </message>
+    <message>
+        <source>%1: nothing fit has come on %2 yet.</source>
+        <translation>%1: Auf %2 kam noch nichts Brauchbares.</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::Services</name>
     <message>
         <source>Help: %1</source>
@@ -881,6 +1107,17 @@
     <message>
         <source>plugin → host</source>
         <translation>Plugin → Host</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::Transform</name>
+    <message>
+        <source>is %1, which is no place in metres</source>
+        <translation>ist %1, was kein Ort in Metern ist</translation>
+    </message>
+    <message>
+        <source>is no turn: the sum of its squares is %1, not 1</source>
+        <translation>ist keine Drehung: Die Summe der Quadrate ist %1, nicht 1</translation>
     </message>
 </context>
 <context>
@@ -1136,6 +1373,13 @@
     <message>
         <source>no menu has &quot;%1&quot;</source>
         <translation>kein Menü enthält „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::WorldView</name>
+    <message>
+        <source>%1 m</source>
+        <translation>%1 m</translation>
     </message>
 </context>
 <context>

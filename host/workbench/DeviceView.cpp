@@ -6,6 +6,7 @@
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/StartPage.h"
 #include "host/workbench/StatusLine.h"
+#include "host/workbench/robotview/RobotDock.h"
 #include "host/workbench/traffic/TrafficDock.h"
 #include "host/workbench/variables/VariablesDock.h"
 #include "plugin/gui/DeviceWidget.h"
@@ -111,14 +112,15 @@ void DeviceView::notify(const QString& words)
 
 void DeviceView::addDocks()
 {
+    auto* robot = new RobotDock(m_device, this);
     auto* variables = new VariablesDock(m_device.variables(), this);
     auto* traffic = new TrafficDock(m_device.traffic(), this);
-    for (QDockWidget* dock :
-         {static_cast<QDockWidget*>(variables), static_cast<QDockWidget*>(traffic)}) {
-        addDockWidget(Qt::BottomDockWidgetArea, dock);
+    for (QDockWidget* dock : std::initializer_list<QDockWidget*>{robot, variables, traffic}) {
+        addDockWidget(dock == robot ? Qt::RightDockWidgetArea : Qt::BottomDockWidgetArea, dock);
         m_viewMenu->addAction(dock->toggleViewAction());
     }
     tabifyDockWidget(variables, traffic);
+    robot->setVisible(!m_plugin.failure()); // the others are for developers
     connect(traffic, &TrafficDock::problem, this, &DeviceView::notify);
 }
 

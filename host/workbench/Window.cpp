@@ -24,7 +24,8 @@ namespace host::workbench {
 
 namespace {
 
-constexpr QSize firstSize(800, 560);
+constexpr QSize sizeForOne(1000, 640);
+constexpr int mostInSight = 2; // before anybody resizes the window
 
 QString layoutKey(const DeviceView& view)
 {
@@ -50,7 +51,6 @@ Window::Window(const PluginLoader& plugin, Services& services)
       m_help(new HelpPanel(services.language(), this))
 {
     setContextMenuPolicy(Qt::NoContextMenu);
-    resize(firstSize);
     addDockWidget(Qt::RightDockWidgetArea, m_help);
 
     setCentralWidget(m_devices);
@@ -66,6 +66,7 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
     auto* view = new DeviceView(m_plugin, device, robot);
     m_views.append(view);
     m_devices->add(view);
+    resize(sizeForOne.width() * qMin(int(m_views.size()), mostInSight), sizeForOne.height());
     for (QMenu* menu : view->menus())
         menuBar()->insertMenu(m_languageMenu->menuAction(), menu);
     for (DeviceView* each : std::as_const(m_views))

@@ -5,9 +5,12 @@
 #include "host/workbench/tour/Hand.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QDockWidget>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
@@ -21,6 +24,7 @@
 #include <QToolBar>
 #include <QWindow>
 
+#include <algorithm>
 #include <chrono>
 
 namespace host::workbench {
@@ -135,6 +139,19 @@ bool Operator::waitForConnection()
     if (!waitUntil(isSettled))
         return fail(tr("it takes too long: %1").arg(m_device.status()));
     return m_device.connectionState() == connected || fail(m_device.status());
+}
+
+bool Operator::waitForRobot(QWidget& window)
+{
+    const auto isShown = [](const QDockWidget* dock) {
+        const auto* const notes = dock->findChild<QLabel*>("notes"); // what is missing
+        const auto* const parts = dock->findChild<QAbstractItemView*>("parts");
+        return notes->isHidden() &&
+               parts->model()->index(0, 2).data().toString().contains(QChar(0x00b0));
+    };
+    const auto docks = window.findChildren<QDockWidget*>("RobotDock");
+    return waitUntil([&] { return std::all_of(docks.begin(), docks.end(), isShown); }) ||
+           fail(tr("the dock does not show the robot"));
 }
 
 bool Operator::waitForDisconnection()

@@ -59,6 +59,8 @@ public:
     /// Connects, too.
     bool enterAddress(const QString& address);
     bool waitForConnection();
+    /// The Robot dock of @p window shows where everything is.
+    bool waitForRobot(QWidget& window);
     bool waitForDisconnection();
 
 private:

@@ -128,7 +128,8 @@ bool PluginTour::connectRobot()
         if (!m_operator.takePicture(QStringLiteral("connecting-%1").arg(frame + 1)))
             return false;
     }
-    return m_operator.waitForConnection() && m_operator.takePicture("connected");
+    return m_operator.waitForConnection() && m_operator.waitForRobot(m_operator.window()) &&
+           m_operator.takePicture("connected");
 }
 
 bool PluginTour::showBase()
@@ -180,7 +181,7 @@ bool PluginTour::showRecording()
     const QString before = logText(m_operator.page());
     hand::click(*m_operator.connectButton());
     if (!m_operator.waitForDisconnection() || !m_operator.enterAddress(m_replayRobot.address()) ||
-        !m_operator.waitForConnection())
+        !m_operator.waitForConnection() || !m_operator.waitForRobot(m_operator.window()))
         return false;
     const auto hasScan = [&] {
         return valueText(m_operator.page(), rangeCountRow) == QString::number(recordedRanges) &&

@@ -35,7 +35,8 @@ bool WorkbenchTour::run()
 bool WorkbenchTour::connectRobot()
 {
     m_operator.begin(tr("connecting again"));
-    return m_operator.enterAddress(m_robot.address()) && m_operator.waitForConnection();
+    return m_operator.enterAddress(m_robot.address()) && m_operator.waitForConnection() &&
+           m_operator.waitForRobot(m_operator.window());
 }
 
 bool WorkbenchTour::showHelp()
@@ -96,7 +97,6 @@ bool WorkbenchTour::showTwoDevices()
     Window window(m_plugin, m_services);
     window.add(first, m_robot.address());
     window.add(second, secondRobot.address());
-    window.resize(2 * window.width(), window.height());
     m_operator.device().disconnectDevice(); // gives up control of the robot
     if (!m_operator.show(window))
         return false;
@@ -107,7 +107,7 @@ bool WorkbenchTour::showTwoDevices()
     };
     return (m_operator.waitUntil(areConnected) ||
             m_operator.fail(first.status() + ' ' + second.status())) &&
-           m_operator.takePicture(window, "two-devices");
+           m_operator.waitForRobot(window) && m_operator.takePicture(window, "two-devices");
 }
 
 QDockWidget* WorkbenchTour::findDock(const char* name) const

@@ -224,8 +224,8 @@ void SeveralDevicesTest::docks_and_size_come_back_where_they_were()
         Workbench workbench(settings.path());
         workbench.window.restoreLayout(state.filePath("made"));
         workbench.show();
-        workbench.window.resize(700, 500);
-        QVERIFY(!dock(workbench.view(0), "VariablesDock")->isVisible());
+        workbench.window.resize(900, 700);
+        dock(workbench.view(0), "RobotDock")->close();
         workbench.view(1).addDockWidget(Qt::RightDockWidgetArea,
                                         dock(workbench.view(1), "VariablesDock"));
         dock(workbench.view(1), "VariablesDock")->show();
@@ -236,7 +236,9 @@ void SeveralDevicesTest::docks_and_size_come_back_where_they_were()
     workbench.window.restoreLayout(state.filePath("made"));
     workbench.show();
     QCOMPARE(workbench.window.size(), size);
+    QVERIFY(!dock(workbench.view(0), "RobotDock")->isVisible());
     QVERIFY(!dock(workbench.view(0), "VariablesDock")->isVisible());
+    QVERIFY(dock(workbench.view(1), "RobotDock")->isVisible());
     QVERIFY(dock(workbench.view(1), "VariablesDock")->isVisible());
     QCOMPARE(workbench.view(1).dockWidgetArea(dock(workbench.view(1), "VariablesDock")),
              Qt::RightDockWidgetArea);
