@@ -1,0 +1,71 @@
+#include "Fleet.h"
+
+#include "host/workbench/DeviceView.h"
+#include "olm/core/Vector.h"
+
+#include <QTabWidget>
+#include <QTest>
+
+namespace {
+
+using plugin::gui::VariableKind;
+
+constexpr int patience = 30000;
+constexpr int settlingTime = 2000;
+constexpr QSize viewSize(520, 560);
+
+/// The resolution in which the camera is the quickest.
+olm::core::Vector<unsigned int> quickestResolution()
+{
+    olm::core::Vector<unsigned int> resolution(2);
+    resolution[0] = 320;
+    resolution[1] = 240;
+    return resolution;
+}
+
+} // namespace
+
+Fleet::Fleet(int robots)
+{
+    for (int i = 0; i < robots; ++i)
+        m_robots.emplace_back(i + 1);
+    for (int i = 0; i < robots; ++i) {
+        auto& device = m_devices.emplace_back(QStringLiteral("Robot %1").arg(i + 1),
+                                              m_settings.path(), m_services);
+        device.overrideAddress(m_robots[static_cast<std::size_t>(i)].address());
+        device.write(VariableKind::Config, "camera_resolution", quickestResolution());
+        m_window.add(device, QString());
+    }
+    m_window.resize(robots * viewSize.width(), viewSize.height());
+    m_window.show();
+}
+
+bool Fleet::connectAll()
+{
+    for (auto& device : m_devices)
+        device.connectDevice();
+    const auto isReady = [](const host::device::Device& device) {
+        return device.connectionState() == host::device::Connection::connected &&
+               !device.read(VariableKind::Input, "scan").isEmpty();
+    };
+    for (const auto& device : m_devices) {
+        if (!QTest::qWaitFor([&] { return isReady(device); }, patience)) {
+            qWarning("%s: %s", qPrintable(device.name()), qPrintable(device.status()));
+            return false;
+        }
+    }
+    QTest::qWait(settlingTime);
+    return true;
+}
+
+void Fleet::setTab(int index)
+{
+    for (auto* tabs : m_window.findChildren<QTabWidget*>())
+        tabs->setCurrentIndex(index);
+}
+
+void Fleet::repaintTabs()
+{
+    for (const auto* tabs : m_window.findChildren<QTabWidget*>())
+        tabs->currentWidget()->update();
+}

@@ -1,0 +1,40 @@
+#ifndef QUANDREL_FLEET_H
+#define QUANDREL_FLEET_H
+
+#include "RobotProcess.h"
+
+#include "host/device/Device.h"
+#include "host/workbench/PluginLoader.h"
+#include "host/workbench/Services.h"
+#include "host/workbench/Window.h"
+
+#include <QTemporaryDir>
+
+#include <deque>
+
+/// The workbench's window with several devices, each with a robot of its own that sends all it
+/// can. The window is wide enough to show them all.
+class Fleet
+{
+public:
+    explicit Fleet(int robots);
+
+    /// Connects all and waits until each has shown scans for a while. False, with a warning, where
+    /// one does not get that far.
+    bool connectAll();
+
+    /// The tab in front, of every device: 0 base, 1 manipulator, 2 laser.
+    void setTab(int index);
+    /// Has the tabs in front paint all of themselves, changed or not.
+    void repaintTabs();
+
+private:
+    QTemporaryDir m_settings;
+    std::deque<RobotProcess> m_robots;
+    host::workbench::Services m_services;
+    host::workbench::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
+    std::deque<host::device::Device> m_devices;
+    host::workbench::Window m_window{m_plugin, m_services};
+};
+
+#endif

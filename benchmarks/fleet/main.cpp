@@ -1,0 +1,140 @@
+#include "DelayProbe.h"
+#include "Fleet.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QEventLoop>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cstdio>
+#include <optional>
+
+#include <sys/resource.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int laserTab = 2;
+
+/// What the process used, and how late the GUI thread was, beside a thread that does nothing else.
+struct Figures
+{
+    double processorTime = 0; // in milliseconds for each second that passed
+    std::vector<double> delays;
+    std::vector<double> idleDelays;
+};
+
+double processorTime()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto milliseconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+    };
+    return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+}
+
+Figures measure(int seconds)
+{
+    QThread idleThread;
+    idleThread.start();
+    DelayProbe idleProbe(idleThread);
+    DelayProbe probe(*QThread::currentThread());
+    const double before = processorTime();
+    QEventLoop loop; // QTest's own waiting sleeps between two looks
+    QTimer::singleShot(std::chrono::seconds(seconds), &loop, &QEventLoop::quit);
+    loop.exec();
+    Figures figures;
+    figures.processorTime = (processorTime() - before) / seconds;
+    figures.delays = probe.finish();
+    figures.idleDelays = idleProbe.finish();
+    idleThread.quit();
+    idleThread.wait();
+    return figures;
+}
+
+std::optional<Figures> measure(int robots, bool isRepainting, int seconds)
+{
+    Fleet fleet(robots);
+    fleet.setTab(laserTab);
+    if (!fleet.connectAll())
+        return std::nullopt;
+    QTimer repaint;
+    repaint.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&repaint, &QTimer::timeout, [&fleet] { fleet.repaintTabs(); });
+    if (isRepainting)
+        repaint.start(16ms);
+    return measure(seconds);
+}
+
+void printDelays(const std::vector<double>& delays)
+{
+    for (const double share : {0.5, 0.99, 1.0}) {
+        const double last = static_cast<double>(delays.size() - 1);
+        std::printf("%8.2f", delays[static_cast<std::size_t>(share * last)]);
+    }
+}
+
+void printEnd(const Figures& figures)
+{
+    printDelays(figures.delays);
+    std::printf("   ");
+    printDelays(figures.idleDelays);
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+/// Keeps out of the table what the screenless platform says of every window.
+void report(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    if (!text.startsWith("This plugin does not support "))
+        QTextStream(stderr) << text << '\n';
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    qInstallMessageHandler(report);
+    const QApplication application(argc, argv);
+    QCommandLineParser parser;
+    const QCommandLineOption secondsOption("seconds", "Measure each line for <number> seconds.",
+                                           "number", "10");
+    parser.addOption(secondsOption);
+    parser.addHelpOption();
+    parser.process(application);
+    bool isNumber = false;
+    const int seconds = parser.value(secondsOption).toInt(&isNumber);
+    if (!isNumber || seconds < 1 || seconds > 3600) {
+        QTextStream(stderr) << "--seconds: \"" << parser.value(secondsOption)
+                            << "\" is not a number from 1 to 3600\n";
+        return 2;
+    }
+
+    std::printf("%-8s%-22s%13s%8s%10s   %-24s   %s\n", "", "", "ms per robot", "beside", "share of",
+                "GUI thread's delay in ms", "idle thread's");
+    std::printf("%-8s%-22s%13s%8s%10s%8s%8s%8s   %8s%8s%8s\n", "robots", "laser tab", "and second",
+                "one", "a core", "median", "99 %", "most", "median", "99 %", "most");
+    const Figures idle = measure(seconds);
+    std::printf("%-8s%-22s%13s%8s%9.1f%%", "none", "no window", "", "", idle.processorTime / 10);
+    printEnd(idle);
+    for (const bool isRepainting : {false, true}) {
+        double one = 0;
+        for (const int robots : {1, 5, 20}) {
+            const std::optional<Figures> figures = measure(robots, isRepainting, seconds);
+            if (!figures)
+                return 1;
+            // The probe has its price: what it takes of an idle loop is not the robots'.
+            const double each = (figures->processorTime - idle.processorTime) / robots;
+            if (robots == 1)
+                one = each;
+            std::printf("%-8d%-22s%13.2f%8.2f%9.1f%%", robots,
+                        isRepainting ? "all painted at 60 Hz" : "changes painted", each, each / one,
+                        figures->processorTime / 10);
+            printEnd(*figures);
+        }
+    }
+    return 0;
+}
