@@ -1,0 +1,72 @@
+#ifndef HOST_WORKBENCH_NAMES_NAMESDIALOG_H
+#define HOST_WORKBENCH_NAMES_NAMESDIALOG_H
+
+#include "host/device/Names.h"
+
+#include <QDialog>
+
+#include <vector>
+
+class QDialogButtonBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QStringListModel;
+
+namespace host::device {
+class Device;
+}
+
+namespace host::workbench {
+
+/// What the device's robot calls the topics and services that this program uses, to be looked at
+/// beside what the robot offers, and changed. Every change is in effect, and remembered, as soon as
+/// its field is left.
+class NamesDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// @p device outlives the dialog.
+    NamesDialog(device::Device& device, QWidget* parent);
+    ~NamesDialog() override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    struct Row
+    {
+        const device::Names::Entry& entry;
+        QLabel* name;
+        QLabel* purpose;
+        QLineEdit* theirs;
+        QLabel* problem;
+        QLabel* state;
+        QStringListModel* candidates;
+    };
+
+    void addSection(device::Names::Kind kind, QLabel* title, QGridLayout* grid);
+    void addRow(const device::Names::Entry& entry, QGridLayout* grid);
+    void translate();
+    void refresh();
+    void discard();
+    void check(const Row& row);
+    void take(const Row& row);
+    QString stateInWords(const device::Names::Entry& entry) const;
+
+    device::Device& m_device;
+    QLabel* m_hint;
+    QLabel* m_topics;
+    QLabel* m_services;
+    std::vector<QLabel*> m_titles; // of the columns
+    std::vector<Row> m_rows;
+    QDialogButtonBox* m_buttons;
+    QPushButton* m_reset;
+};
+
+} // namespace host::workbench
+
+#endif
