@@ -39,6 +39,20 @@ Client::~Client()
     close();
 }
 
+QString Client::refusedText(const QString& address)
+{
+    return tr("%1 refuses the connection. Check the port and whether the robot's program is "
+              "running.")
+        .arg(address);
+}
+
+QString Client::lostText(const QString& address)
+{
+    return tr("The link to %1 is lost: the robot closed it or cannot be reached any more. Check "
+              "the network and whether the robot's program is running.")
+        .arg(address);
+}
+
 void Client::open(const Address& address)
 {
     const QPointer<Client> alive(this);
@@ -53,7 +67,8 @@ void Client::open(const Address& address)
     m_socket = new QWebSocket(QString(), QWebSocketProtocol::VersionLatest, this);
     m_socket->setMaxAllowedIncomingFrameSize(maximumMessageSize);
     m_socket->setMaxAllowedIncomingMessageSize(maximumMessageSize);
-    connect(m_socket, &QWebSocket::connected, this, &Client::onConnected);
+    connect(m_socket, &QWebSocket::connected, this,
+            [this] { afterDelay([this] { onConnected(); }); });
     connect(m_socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
             &Client::onError);
     connect(m_socket, &QWebSocket::disconnected, this, [this] { onError(m_socket->error()); });
@@ -209,9 +224,7 @@ void Client::endConnecting(QAbstractSocket::SocketError error)
                                      "is the robot's.")
                                       .arg(address, m_socket->errorString()));
     else if (error == QAbstractSocket::ConnectionRefusedError)
-        end(Cause::Refused, tr("%1 refuses the connection. Check the port and whether the robot's "
-                               "program is running.")
-                                .arg(address));
+        end(Cause::Refused, refusedText(address));
     else if (error == QAbstractSocket::HostNotFoundError)
         end(Cause::Unreachable,
             tr("There is no host \"%1\". Check the address and the network.").arg(m_address.host));
@@ -234,9 +247,7 @@ void Client::endOpen()
                                       .arg(address, reason));
         break;
     default:
-        end(Cause::Lost, tr("The link to %1 is lost: the robot closed it or cannot be reached any "
-                            "more. Check the network and whether the robot's program is running.")
-                             .arg(address));
+        end(Cause::Lost, lostText(address));
     }
 }
 
@@ -288,10 +299,24 @@ bool Client::send(const QCborMap& message)
 
 void Client::receive(const std::optional<QCborMap>& message, const QString& error)
 {
-    if (message)
-        m_inbox.receive(*message);
-    else
+    if (!message)
         Q_EMIT malformedReceived(error);
+    else if (message->value(QLatin1String("op")) == QLatin1String("service_response"))
+        afterDelay([this, message = *message] { m_inbox.receive(message); });
+    else
+        m_inbox.receive(*message);
+}
+
+/// What the link owes is forgotten with it.
+template <class Handle>
+void Client::afterDelay(const Handle& handle)
+{
+    if (m_delay == m_delay.zero())
+        return handle();
+    QTimer::singleShot(m_delay, this, [this, socket = QPointer<QWebSocket>(m_socket), handle] {
+        if (socket && socket == m_socket)
+            handle();
+    });
 }
 
 } // namespace robot::link

@@ -80,6 +80,14 @@ public:
 
     State state() const { return m_state; }
 
+    /// What closed() says of a refused and of a lost link, for those who play through such an end.
+    static QString refusedText(const QString& address);
+    static QString lostText(const QString& address);
+
+    /// From now on the robot's end of the handshake and its answers to calls are taken @p delay
+    /// after they came, as if the robot were slow: all deadlines stay. Zero for none.
+    void setDelay(std::chrono::milliseconds delay) { m_delay = delay; }
+
     /// Starts to connect; the outcome is opened() or closed(), later. A link or an attempt that
     /// there is already is closed first.
     void open(const Address& address);
@@ -134,6 +142,8 @@ private:
     QString nextId(const QString& op);
     bool send(const QCborMap& message);
     void receive(const std::optional<QCborMap>& message, const QString& error);
+    template <class Handle>
+    void afterDelay(const Handle& handle);
 
     Timeouts m_timeouts;
     State m_state = State::Closed;
@@ -141,6 +151,7 @@ private:
     QWebSocket* m_socket = nullptr; // ours, as long as the state is not Closed
     QTimer m_pingTimer;
     QTimer m_deadline; // connecting: for the handshake; open: for the next pong
+    std::chrono::milliseconds m_delay{0};
     quint64 m_lastId = 0;
     Inbox m_inbox;
 };
