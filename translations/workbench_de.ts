@@ -349,6 +349,14 @@
         <source>The rest of the window goes on without it. Ask the maker of the plugin for a repaired version.</source>
         <translation>Der Rest des Fensters läuft ohne es weiter. Bitten Sie den Hersteller des Plugins um eine reparierte Version.</translation>
     </message>
+    <message>
+        <source>&amp;Robot</source>
+        <translation>&amp;Roboter</translation>
+    </message>
+    <message>
+        <source>&amp;Names…</source>
+        <translation>&amp;Namen…</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::Frames</name>
@@ -414,6 +422,81 @@
     <message>
         <source>A scan is ignored: its angles are no numbers.</source>
         <translation>Ein Scan wird übergangen: Seine Winkel sind keine Zahlen.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::NamesDialog</name>
+    <message>
+        <source>Names at the robot of %1</source>
+        <translation>Namen beim Roboter von %1</translation>
+    </message>
+    <message>
+        <source>What this robot calls the topics and services that are used here. &quot;/&quot; in a field lists what the robot offers in its place; an empty field becomes the standard name again.</source>
+        <translation>Wie dieser Roboter die Topics und Services nennt, die hier verwendet werden. „/“ in einem Feld zeigt, was der Roboter dafür anbietet; ein leeres Feld erhält wieder den Standardnamen.</translation>
+    </message>
+    <message>
+        <source>Name here</source>
+        <translation>Name hier</translation>
+    </message>
+    <message>
+        <source>What for</source>
+        <translation>Wofür</translation>
+    </message>
+    <message>
+        <source>Name at the robot</source>
+        <translation>Name beim Roboter</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Topics</source>
+        <translation>Topics</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>Services</translation>
+    </message>
+    <message>
+        <source>&amp;Reset to standard</source>
+        <translation>Auf Standard &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>All names become those that are used here.</source>
+        <translation>Alle Namen werden die hier verwendeten.</translation>
+    </message>
+    <message>
+        <source>Name of %1 at the robot</source>
+        <translation>Name von %1 beim Roboter</translation>
+    </message>
+    <message>
+        <source>Type: %1</source>
+        <translation>Typ: %1</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>nicht verbunden</translation>
+    </message>
+    <message>
+        <source>not told</source>
+        <translation>nicht bekannt</translation>
+    </message>
+    <message>
+        <source>offered</source>
+        <translation>angeboten</translation>
+    </message>
+    <message>
+        <source>not offered</source>
+        <translation>nicht angeboten</translation>
+    </message>
+    <message>
+        <source>not offered, nor needed</source>
+        <translation>nicht angeboten, nicht nötig</translation>
+    </message>
+    <message>
+        <source>another type: %1</source>
+        <translation>anderer Typ: %1</translation>
     </message>
 </context>
 <context>
@@ -1373,6 +1456,14 @@
     <message>
         <source>no menu has &quot;%1&quot;</source>
         <translation>kein Menü enthält „%1“</translation>
+    </message>
+    <message>
+        <source>following the robot</source>
+        <translation>Folgen des Roboters</translation>
+    </message>
+    <message>
+        <source>looking at the robot&apos;s names</source>
+        <translation>Ansehen der Namen des Roboters</translation>
     </message>
 </context>
 <context>

@@ -7,6 +7,7 @@ namespace host::device {
 namespace {
 
 constexpr std::chrono::seconds window(1);
+constexpr double shortest = 0.1; // seconds: what comes closer may be a burst, and is no rate
 
 } // namespace
 
@@ -22,8 +23,8 @@ unsigned int RateMeter::rate(TimePoint now) const
     if (m_arrivals.size() < 2 || isSilent(now))
         return 0;
     const auto span = std::chrono::duration<double>(m_arrivals.back() - m_arrivals.front()).count();
-    if (span <= 0.0)
-        return 0; // all at once: that is no rate
+    if (span < shortest)
+        return 0;
     return static_cast<unsigned int>(
         std::lround(static_cast<double>(m_arrivals.size() - 1) / span));
 }

@@ -6,6 +6,7 @@
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/StartPage.h"
 #include "host/workbench/StatusLine.h"
+#include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/robotview/RobotDock.h"
 #include "host/workbench/traffic/TrafficDock.h"
 #include "host/workbench/variables/VariablesDock.h"
@@ -30,9 +31,12 @@ DeviceView::DeviceView(const PluginLoader& plugin, device::Device& device, const
       m_device(device),
       m_robot(robot),
       m_viewMenu(new QMenu(this)),
+      m_robotMenu(new QMenu(this)),
+      m_names(m_robotMenu->addAction(QString())),
       m_name(new QLabel(device.name())),
       m_notice(new Notice),
-      m_status(new StatusLine(device, robot))
+      m_status(new StatusLine(device, robot)),
+      m_namesDialog(new NamesDialog(device, this))
 {
     setWindowFlags(Qt::Widget);
     setContextMenuPolicy(Qt::NoContextMenu); // its entries would hide the tool bar for good
@@ -54,6 +58,12 @@ DeviceView::DeviceView(const PluginLoader& plugin, device::Device& device, const
     setCentralWidget(middle);
 
     addDocks();
+    m_names->setObjectName("names");
+    connect(m_names, &QAction::triggered, m_namesDialog, [this] {
+        m_namesDialog->show();
+        m_namesDialog->raise();
+        m_namesDialog->activateWindow();
+    });
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addWidget(m_status, 1);
     addPlugin();
@@ -74,7 +84,7 @@ QList<Failure> DeviceView::failures() const
 
 QList<QMenu*> DeviceView::menus() const
 {
-    return {m_viewMenu};
+    return {m_viewMenu, m_robotMenu};
 }
 
 void DeviceView::setNameShown(bool isShown)
@@ -100,6 +110,8 @@ void DeviceView::changeEvent(QEvent* event)
 void DeviceView::translate()
 {
     m_viewMenu->setTitle(tr("&View"));
+    m_robotMenu->setTitle(tr("&Robot"));
+    m_names->setText(tr("&Names…"));
     if (m_toolBar)
         m_toolBar->setWindowTitle(tr("Device"));
     showConnection();

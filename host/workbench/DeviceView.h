@@ -6,6 +6,7 @@
 #include <QList>
 #include <QMainWindow>
 
+class QAction;
 class QLabel;
 class QMenu;
 class QToolBar;
@@ -21,6 +22,7 @@ class DeviceWidget;
 
 namespace host::workbench {
 
+class NamesDialog;
 class Notice;
 class PluginLoader;
 class StartPage;
@@ -71,12 +73,15 @@ private:
     QString m_robot;
     QList<FailureWords> m_failures;
     QMenu* m_viewMenu;
+    QMenu* m_robotMenu;
+    QAction* m_names;
     QLabel* m_name;
     QToolBar* m_toolBar = nullptr; // the plugin's; null without one
     QVBoxLayout* m_middle;
     Notice* m_notice;
     StartPage* m_startPage = nullptr;
     StatusLine* m_status;
+    NamesDialog* m_namesDialog;
 };
 
 } // namespace host::workbench

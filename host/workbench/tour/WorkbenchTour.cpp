@@ -3,8 +3,10 @@
 #include "host/device/Device.h"
 #include "host/workbench/Services.h"
 #include "host/workbench/Window.h"
+#include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/tour/Hand.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QDockWidget>
 #include <QLineEdit>
@@ -29,7 +31,8 @@ WorkbenchTour::WorkbenchTour(Operator& person, const PluginLoader& plugin, Servi
 
 bool WorkbenchTour::run()
 {
-    return connectRobot() && showHelp() && showVariables() && showTraffic() && showTwoDevices();
+    return connectRobot() && showRobot() && showHelp() && showNames() && showVariables() &&
+           showTraffic() && showTwoDevices();
 }
 
 bool WorkbenchTour::connectRobot()
@@ -37,6 +40,23 @@ bool WorkbenchTour::connectRobot()
     m_operator.begin(tr("connecting again"));
     return m_operator.enterAddress(m_robot.address()) && m_operator.waitForConnection() &&
            m_operator.waitForRobot(m_operator.window());
+}
+
+bool WorkbenchTour::showRobot()
+{
+    m_operator.begin(tr("following the robot"));
+    QDockWidget* const dock = findDock("RobotDock");
+    auto* const follow = dock ? dock->findChild<QAbstractButton*>("follow") : nullptr;
+    auto* const world = dock ? dock->findChild<QWidget*>("world") : nullptr;
+    if (!follow || !world)
+        return m_operator.fail(tr("there is no such dock"));
+    hand::click(*follow);
+    hand::click(*world);
+    for (int i = 0; i < 4; ++i)
+        hand::press(m_operator.window(), Qt::Key_Plus);
+    const bool isTaken = m_operator.takePicture("robot");
+    hand::press(m_operator.window(), Qt::Key_Home);
+    return isTaken;
 }
 
 bool WorkbenchTour::showHelp()
@@ -56,6 +76,21 @@ bool WorkbenchTour::showHelp()
         return m_operator.fail(tr("the menu brings none"));
     const bool isTaken = m_operator.takePicture("help");
     help->close();
+    return isTaken;
+}
+
+bool WorkbenchTour::showNames()
+{
+    m_operator.begin(tr("looking at the robot's names"));
+    auto* const names = m_operator.window().findChild<NamesDialog*>();
+    for (QAction* entry : m_operator.window().findChildren<QAction*>("names")) {
+        if (!chooseFromMenu(*entry))
+            return false;
+    }
+    if (!m_operator.waitUntil([names] { return names->isVisible(); }))
+        return m_operator.fail(tr("the menu brings none"));
+    const bool isTaken = m_operator.takePicture(*names, "names");
+    names->close();
     return isTaken;
 }
 

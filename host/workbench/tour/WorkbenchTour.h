@@ -29,7 +29,9 @@ public:
 
 private:
     bool connectRobot();
+    bool showRobot();
     bool showHelp();
+    bool showNames();
     bool showVariables();
     bool showTraffic();
     bool showTwoDevices();

@@ -67,6 +67,10 @@ void RateMeterTest::many_at_once_are_no_rate()
     meter.arrived(now);
     meter.arrived(now);
     QCOMPARE(meter.rate(now), 0U);
+    meter.arrived(now + milliseconds(50)); // of a stream that was held up
+    QCOMPARE(meter.rate(now + milliseconds(50)), 0U);
+    meter.arrived(now + milliseconds(100));
+    QCOMPARE(meter.rate(now + milliseconds(100)), 30U);
 }
 
 void RateMeterTest::a_new_rate_is_told_after_a_second()

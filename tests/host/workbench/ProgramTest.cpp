@@ -97,11 +97,13 @@ const QStringList pictures = {"01-not-connected.png",
                               "13-manipulator-full.png",
                               "14-disconnected.png",
                               "15-refused.png",
-                              "16-help.png",
-                              "17-variables.png",
-                              "18-traffic.png",
-                              "19-two-devices.png",
-                              "20-plugin-missing.png"};
+                              "16-robot.png",
+                              "17-help.png",
+                              "18-names.png",
+                              "19-variables.png",
+                              "20-traffic.png",
+                              "21-two-devices.png",
+                              "22-plugin-missing.png"};
 
 } // namespace
 
