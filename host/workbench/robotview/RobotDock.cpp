@@ -51,6 +51,7 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     m_parts->setUniformRowHeights(true);
     m_parts->setMinimumHeight(4 * m_parts->fontMetrics().lineSpacing());
     m_parts->header()->setSectionResizeMode(QHeaderView::Stretch);
+    m_parts->header()->setSectionResizeMode(RobotModel::NameColumn, QHeaderView::ResizeToContents);
     m_parts->header()->setStretchLastSection(false);
 
     auto* tools = new QHBoxLayout;
@@ -67,6 +68,7 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     splitter->addWidget(m_parts);
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(0, 1);
+    splitter->setSizes({2 * m_world->sizeHint().height(), m_world->sizeHint().height()});
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(6, 6, 6, 6);

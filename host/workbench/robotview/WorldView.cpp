@@ -257,19 +257,16 @@ void WorldView::paintMap(QPainter& painter)
         return;
     const GridMap& map = *m_state.map();
     // One cell of several would be left out where they are smaller than pixels: walls are thin.
-    int cellsAPixel = 1;
-    while (cellsAPixel * 2 * map.resolution * m_scale <= 1)
-        cellsAPixel *= 2;
-    if (m_map.isNull() || m_mapKey != map.cells.cacheKey() || m_cellsAPixel != cellsAPixel) {
+    const double pixels = std::min(1.0, map.resolution * m_scale); // of the picture, a cell
+    const QSize size(std::max(1, static_cast<int>(map.cells.width() * pixels)),
+                     std::max(1, static_cast<int>(map.cells.height() * pixels)));
+    if (m_map.size() != size || m_mapKey != map.cells.cacheKey()) {
         m_mapKey = map.cells.cacheKey();
-        m_cellsAPixel = cellsAPixel;
         QImage coloured = map.cells;
         coloured.setColorTable(mapColours(palette()));
         coloured = coloured.convertToFormat(QImage::Format_RGB32);
-        if (cellsAPixel > 1)
-            coloured = coloured.scaled(std::max(1, coloured.width() / cellsAPixel),
-                                       std::max(1, coloured.height() / cellsAPixel),
-                                       Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        if (coloured.size() != size)
+            coloured = coloured.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         m_map = QPixmap::fromImage(coloured);
     }
     painter.save();
@@ -287,12 +284,14 @@ void WorldView::paintRays(QPainter& painter) const
     QColor colour = isStale ? staleColour(palette()) : rayColour;
     const QTransform transform = m_state.raysPlace()->onFloor() * toPixels();
     const QPolygonF hits = transform.map(m_state.rays()->hits);
+    painter.save();
     painter.setPen(QPen(colour, 2));
     painter.drawPoints(hits);
     colour.setAlpha(50);
     painter.setPen(Qt::NoPen);
     painter.setBrush(colour);
     painter.drawPolygon(transform.map(m_state.rays()->swept));
+    painter.restore();
 }
 
 void WorldView::paintPath(QPainter& painter) const
@@ -336,7 +335,9 @@ void WorldView::paintRobot(QPainter& painter) const
 /// A bar of a round length, and the length in words.
 void WorldView::paintScale(QPainter& painter) const
 {
-    constexpr double longest = 90; // pixels
+    if (!m_state.mapPlace() && !m_state.robotPlace() && !m_state.raysPlace())
+        return;
+    const double longest = std::min(90.0, width() / 4.0); // pixels
     double metres = std::pow(10, std::floor(std::log10(longest / m_scale)));
     for (const double factor : {5.0, 2.0}) {
         if (metres * factor * m_scale <= longest) {
