@@ -25,7 +25,7 @@ constexpr auto ageInterval = 1s;
 
 RobotDock::RobotDock(device::Device& device, QWidget* parent)
     : QDockWidget(parent),
-      m_feed(device),
+      m_feed(device, this),
       m_model(m_feed.state()),
       m_follow(new QToolButton),
       m_showAll(new QToolButton),

@@ -42,8 +42,8 @@ private:
     WorldView* m_world;
     QLabel* m_notes;
     QTreeView* m_parts;
-    QTimer m_textTimer; // runs only while texts are to be refreshed: nobody reads faster
-    QTimer m_ageTimer;  // runs only while the dock is shown: what does not come grows old
+    QTimer m_textTimer{this}; // runs only while texts are to be refreshed: nobody reads faster
+    QTimer m_ageTimer{this};  // runs only while the dock is shown: what does not come grows old
 };
 
 } // namespace host::workbench

@@ -19,7 +19,7 @@ constexpr std::chrono::seconds askInterval(5);
 
 } // namespace
 
-RobotFeed::RobotFeed(device::Device& device) : m_device(device)
+RobotFeed::RobotFeed(device::Device& device, QObject* parent) : QObject(parent), m_device(device)
 {
     m_askTimer.setInterval(askInterval);
     connect(&m_askTimer, &QTimer::timeout, this, &RobotFeed::ask);

@@ -23,7 +23,7 @@ class RobotFeed : public QObject
 
 public:
     /// @p device outlives the feed. Not active at first.
-    explicit RobotFeed(device::Device& device);
+    RobotFeed(device::Device& device, QObject* parent);
     ~RobotFeed() override;
 
     /// While it is not active it follows nothing.
@@ -47,7 +47,7 @@ private:
     RobotState m_state;
     std::array<int, RobotState::TopicCount> m_followers{}; // 0 where a topic is not followed
     bool m_isActive = false;
-    QTimer m_askTimer;
+    QTimer m_askTimer{this};
 };
 
 } // namespace host::workbench
