@@ -3,8 +3,10 @@
 #include "host/workbench/HelpPages.h"
 #include "host/workbench/Language.h"
 
+#include <QEvent>
 #include <QFile>
 #include <QLabel>
+#include <QScrollBar>
 #include <QTextBrowser>
 #include <QTextDocument>
 #include <QUrl>
@@ -59,6 +61,17 @@ void HelpPanel::openText(const QString& title, const QString& text)
     m_outside->hide();
     m_browser->setHtml(text);
     QDockWidget::show();
+}
+
+void HelpPanel::changeEvent(QEvent* event)
+{
+    QDockWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || !hasPage())
+        return;
+    // Links have the colour of the palette with which they were read.
+    const int place = m_browser->verticalScrollBar()->value();
+    m_browser->reload();
+    m_browser->verticalScrollBar()->setValue(place);
 }
 
 void HelpPanel::follow(const QUrl& link)

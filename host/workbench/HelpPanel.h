@@ -30,6 +30,9 @@ public:
     /// to translate.
     bool hasPage() const { return !m_page.isEmpty(); }
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void follow(const QUrl& link);
     void show(const QUrl& page);

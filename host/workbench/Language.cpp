@@ -2,10 +2,8 @@
 
 #include "host/workbench/PseudoTranslator.h"
 
-#include <QDir>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QSettings>
 #include <QTranslator>
 
 namespace host::workbench {
@@ -15,8 +13,6 @@ namespace {
 constexpr const char* english = "en";
 constexpr const char* german = "de";
 constexpr const char* pseudo = "pseudo";
-
-constexpr const char* settingsKey = "language";
 
 QString folderOfQtsOwn()
 {
@@ -83,8 +79,7 @@ void Language::use(const QString& code)
 
 void Language::restore(const QString& folder)
 {
-    m_file = QDir(folder).filePath("workbench.ini");
-    const QString code = QSettings(m_file, QSettings::IniFormat).value(settingsKey).toString();
+    const QString code = m_choice.restore(folder);
     if (codes().contains(code))
         use(code);
 }
@@ -92,16 +87,11 @@ void Language::restore(const QString& folder)
 QString Language::choose(const QString& code)
 {
     use(code);
-    if (m_file.isEmpty())
-        return {};
-    QSettings settings(m_file, QSettings::IniFormat);
-    settings.setValue(settingsKey, code);
-    settings.sync();
-    if (settings.status() == QSettings::NoError)
+    if (m_choice.keep(code))
         return {};
     return tr("The language could not be stored in %1, so the next start will not know it: make "
               "room or the folder writable, and choose it again.")
-        .arg(QDir::toNativeSeparators(m_file));
+        .arg(m_choice.file());
 }
 
 } // namespace host::workbench

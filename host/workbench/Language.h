@@ -1,6 +1,8 @@
 #ifndef HOST_WORKBENCH_LANGUAGE_H
 #define HOST_WORKBENCH_LANGUAGE_H
 
+#include "host/workbench/Choice.h"
+
 #include <QCoreApplication>
 #include <QObject>
 #include <QString>
@@ -53,7 +55,7 @@ Q_SIGNALS:
 
 private:
     QString m_code;
-    QString m_file; // empty: nothing is kept
+    Choice m_choice{"language"};
     std::vector<std::unique_ptr<QTranslator>> m_translators;
 };
 

@@ -2,50 +2,33 @@
 
 #include "host/workbench/Language.h"
 
-#include <QAction>
-#include <QActionGroup>
-#include <QEvent>
-
 namespace host::workbench {
 
 LanguageMenu::LanguageMenu(Language& language, QWidget* parent)
-    : QMenu(parent),
+    : ChoiceMenu(Language::codes(), parent),
       m_language(language)
 {
-    auto* group = new QActionGroup(this);
-    for (const QString& code : Language::codes()) {
-        QAction* action = group->addAction(QString());
-        action->setCheckable(true);
-        action->setData(code);
-        addAction(action);
-    }
-    connect(group, &QActionGroup::triggered, this,
-            [this](const QAction* action) { choose(*action); });
     translate();
 }
 
-void LanguageMenu::changeEvent(QEvent* event)
+QString LanguageMenu::words() const
 {
-    if (event->type() == QEvent::LanguageChange)
-        translate();
-    QMenu::changeEvent(event);
+    return tr("&Language");
 }
 
-void LanguageMenu::translate()
+QString LanguageMenu::name(const QString& code) const
 {
-    setTitle(tr("&Language"));
-    for (QAction* action : actions()) {
-        const QString code = action->data().toString();
-        action->setText(Language::name(code));
-        action->setChecked(code == m_language.code());
-    }
+    return Language::name(code);
 }
 
-void LanguageMenu::choose(const QAction& action)
+QString LanguageMenu::current() const
 {
-    const QString words = m_language.choose(action.data().toString());
-    if (!words.isEmpty())
-        Q_EMIT problem(words);
+    return m_language.code();
+}
+
+QString LanguageMenu::choose(const QString& code)
+{
+    return m_language.choose(code);
 }
 
 } // namespace host::workbench

@@ -1,14 +1,14 @@
 #ifndef HOST_WORKBENCH_LANGUAGEMENU_H
 #define HOST_WORKBENCH_LANGUAGEMENU_H
 
-#include <QMenu>
+#include "host/workbench/ChoiceMenu.h"
 
 namespace host::workbench {
 
 class Language;
 
-/// The languages to choose from, the present one checked.
-class LanguageMenu : public QMenu
+/// The languages to choose from.
+class LanguageMenu : public ChoiceMenu
 {
     Q_OBJECT
 
@@ -16,17 +16,13 @@ public:
     /// @p language outlives the menu.
     LanguageMenu(Language& language, QWidget* parent);
 
-Q_SIGNALS:
-    /// A choice could not be kept: why, and what to do.
-    void problem(const QString& words);
-
 protected:
-    void changeEvent(QEvent* event) override;
+    QString words() const override;
+    QString name(const QString& code) const override;
+    QString current() const override;
+    QString choose(const QString& code) override;
 
 private:
-    void translate();
-    void choose(const QAction& action);
-
     Language& m_language;
 };
 

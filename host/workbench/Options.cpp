@@ -1,10 +1,46 @@
 #include "host/workbench/Options.h"
 
+#include "host/workbench/Appearance.h"
 #include "host/workbench/Language.h"
 
 #include <QCommandLineParser>
 
 namespace host::workbench {
+
+namespace {
+
+constexpr double leastScale = 1;
+constexpr double greatestScale = 4;
+
+QCommandLineOption scaleOption()
+{
+    return {"scale",
+            Options::tr("Show everything larger by FACTOR, %1 to %2 (default: %1).")
+                .arg(leastScale)
+                .arg(greatestScale),
+            "FACTOR"};
+}
+
+/// Nothing if it is no factor, or out of range.
+std::optional<double> factor(const QString& text)
+{
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    if (!isNumber || !(number >= leastScale && number <= greatestScale))
+        return std::nullopt;
+    return number;
+}
+
+} // namespace
+
+double Options::scale(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    const QCommandLineOption scale = scaleOption();
+    parser.addOption(scale);
+    parser.parse(arguments); // the other options are unknown to it, and parse() says what is wrong
+    return factor(parser.value(scale)).value_or(leastScale);
+}
 
 std::optional<Options> Options::parse(const QStringList& arguments, QString* error)
 {
@@ -36,6 +72,12 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         tr("Language of the texts: %1 (default: the one chosen last, or the system's).")
             .arg(Language::codes().join(", ")),
         "CODE");
+    const QCommandLineOption appearance(
+        "appearance",
+        tr("Appearance of the windows: %1 (default: the one chosen last, or the system's).")
+            .arg(Appearance::codes().join(", ")),
+        "NAME");
+    const QCommandLineOption scale = scaleOption();
     const QCommandLineOption tour(
         "tour",
         tr("Operate the window without a person, write pictures of it to the folder DIR, and "
@@ -48,7 +90,7 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         tr("Shows a device plugin at work, with a simulated robot to connect to."));
     parser.addOptions({help, version, plugin, device, address, remap, noRobot});
     options.laserLog.addTo(parser);
-    parser.addOptions({language, tour});
+    parser.addOptions({language, appearance, scale, tour});
 
     const auto refuse = [error](const QString& text) {
         *error = text + '\n' + tr("Use --help for the options.");
@@ -58,7 +100,8 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         return refuse(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
         return refuse(tr("Unexpected argument \"%1\".").arg(parser.positionalArguments().first()));
-    for (const QCommandLineOption& option : {plugin, device, address, remap, language, tour}) {
+    for (const QCommandLineOption& option :
+         {plugin, device, address, remap, language, appearance, scale, tour}) {
         if (parser.values(option).contains(QString()))
             return refuse(tr("--%1 needs a value that is not empty.").arg(option.names().first()));
     }
@@ -77,6 +120,19 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
             return refuse(tr("--language: \"%1\" is not a language of this program. Choose one of "
                              "%2.")
                               .arg(options.language, Language::codes().join(", ")));
+        }
+        options.appearance = parser.value(appearance);
+        if (parser.isSet(appearance) && !Appearance::codes().contains(options.appearance)) {
+            return refuse(tr("--appearance: \"%1\" is not an appearance of this program. Choose "
+                             "one of %2.")
+                              .arg(options.appearance, Appearance::codes().join(", ")));
+        }
+        if (parser.isSet(scale) && !factor(parser.value(scale))) {
+            return refuse(tr("--scale: \"%1\" is not a factor. Give a number from %2 to %3, such "
+                             "as 1.5.")
+                              .arg(parser.value(scale))
+                              .arg(leastScale)
+                              .arg(greatestScale));
         }
         QString reason;
         if (!options.laserLog.read(parser, &reason))

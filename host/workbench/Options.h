@@ -28,12 +28,17 @@ public:
     bool robot = true;                   ///< start an embedded robot for each device
     robot::LaserLogOptions laserLog;     ///< of the embedded robots
     QString language;                    ///< empty: the one chosen last, or the system's
+    QString appearance;                  ///< empty: the one chosen last, or the system's
     QString tourFolder;                  ///< empty: no tour
     QString message; ///< help or version text: print it and end, all else is unset
 
     /// @p arguments with the program's name first. On failure @p error names the argument and
     /// says what to write instead.
     static std::optional<Options> parse(const QStringList& arguments, QString* error);
+
+    /// How much larger than usual everything is to be, which must be known before there is an
+    /// application to parse() for. 1 where nothing is asked, or nothing that parse() accepts.
+    static double scale(const QStringList& arguments);
 };
 
 } // namespace host::workbench

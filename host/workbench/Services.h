@@ -2,6 +2,7 @@
 #define HOST_WORKBENCH_SERVICES_H
 
 #include "host/device/Services.h"
+#include "host/workbench/Appearance.h"
 #include "host/workbench/Language.h"
 
 #include <QHash>
@@ -9,8 +10,8 @@
 
 namespace host::workbench {
 
-/// What the workbench gives the widgets of a plugin beside their device: the language and one
-/// help action for each context word. It opens no help itself: the window does.
+/// What the workbench gives the widgets of a plugin beside their device: the language, the
+/// appearance, and one help action for each context word. It opens no help itself: the window does.
 class Services : public QObject, public device::Services
 {
     Q_OBJECT
@@ -19,6 +20,7 @@ public:
     Services();
 
     Language& language() { return m_language; }
+    Appearance& appearance() { return m_appearance; }
 
     QString translate(const QString& text) const override;
     QString currentLanguage() const override;
@@ -32,6 +34,7 @@ private:
     void translateHelpActions();
 
     Language m_language;
+    Appearance m_appearance;
     QHash<QString, QAction*> m_helpActions;
 };
 

@@ -1,6 +1,7 @@
 #include "host/workbench/Window.h"
 
 #include "host/device/Device.h"
+#include "host/workbench/AppearanceMenu.h"
 #include "host/workbench/DeviceArea.h"
 #include "host/workbench/DeviceView.h"
 #include "host/workbench/HelpPages.h"
@@ -148,7 +149,11 @@ void Window::addMenus()
     auto* languages = new LanguageMenu(m_services.language(), this);
     m_languageMenu = languages;
     menuBar()->addMenu(languages);
-    connect(languages, &LanguageMenu::problem, this, &Window::notify);
+    auto* appearances = new AppearanceMenu(m_services.appearance(), this);
+    menuBar()->addMenu(appearances);
+    for (const ChoiceMenu* choices :
+         {static_cast<ChoiceMenu*>(languages), static_cast<ChoiceMenu*>(appearances)})
+        connect(choices, &ChoiceMenu::problem, this, &Window::notify);
 
     m_helpMenu = menuBar()->addMenu(QString());
     m_contextHelp = m_helpMenu->addAction(QString());

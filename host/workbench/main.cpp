@@ -77,6 +77,12 @@ int main(int argc, char** argv)
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
+    const double scale = Options::scale(arguments);
+    if (scale > 1)
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(scale));
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps); // icons would be coarse otherwise
+#endif
     argc = 1;
     QApplication application(argc, argv);
     QApplication::setApplicationName("device-workbench");
@@ -120,6 +126,9 @@ int main(int argc, char** argv)
     services.language().restore(settings);
     if (!options->language.isEmpty())
         services.language().use(options->language);
+    services.appearance().restore(settings);
+    if (!options->appearance.isEmpty())
+        services.appearance().use(options->appearance);
 
     const PluginLoader plugin(options->pluginFile.isEmpty() ? PluginLoader::defaultFile()
                                                             : options->pluginFile);

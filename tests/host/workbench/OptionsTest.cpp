@@ -19,6 +19,8 @@ private Q_SLOTS:
     void a_recording_goes_to_the_embedded_robot();
     void an_address_is_understood_in_every_form_data();
     void an_address_is_understood_in_every_form();
+    void the_scale_is_known_before_all_else_data();
+    void the_scale_is_known_before_all_else();
     void help_names_every_option();
     void version_is_the_programs();
     void a_mistake_is_refused_by_its_name_data();
@@ -45,16 +47,17 @@ void OptionsTest::nothing_given_means_the_usual()
     QCOMPARE(options->laserLog.file(), QString());
     QCOMPARE(options->laserLog.rate(), 1.0);
     QVERIFY(options->pluginFile.isEmpty() && options->tourFolder.isEmpty());
-    QVERIFY(options->language.isEmpty());
+    QVERIFY(options->language.isEmpty() && options->appearance.isEmpty());
     QVERIFY(options->message.isEmpty());
 }
 
 void OptionsTest::every_option_is_understood()
 {
     QString error;
-    const auto options = parse({"--plugin", "p.so", "--device", "Two", "--address", "robot:80",
-                                "--no-robot", "--language", "de", "--tour", "pictures"},
-                               &error);
+    const auto options =
+        parse({"--plugin", "p.so", "--device", "Two", "--address", "robot:80", "--no-robot",
+               "--language", "de", "--appearance", "dark", "--scale", "1.5", "--tour", "pictures"},
+              &error);
     QVERIFY2(options, qPrintable(error));
     QCOMPARE(options->pluginFile, QString("p.so"));
     QCOMPARE(options->devices, QStringList("Two"));
@@ -63,6 +66,7 @@ void OptionsTest::every_option_is_understood()
     QVERIFY(!options->robot);
     QCOMPARE(options->laserLog.file(), QString());
     QCOMPARE(options->language, QString("de"));
+    QCOMPARE(options->appearance, QString("dark"));
     QCOMPARE(options->tourFolder, QString("pictures"));
 }
 
@@ -123,6 +127,28 @@ void OptionsTest::an_address_is_understood_in_every_form()
     QTEST(int(options->addresses.first().port), "port");
 }
 
+void OptionsTest::the_scale_is_known_before_all_else_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<double>("scale");
+    QTest::newRow("none") << QStringList() << 1.0;
+    QTest::newRow("alone") << QStringList({"--scale", "2"}) << 2.0;
+    QTest::newRow("in one word") << QStringList("--scale=1.5") << 1.5;
+    QTest::newRow("among others") << QStringList({"--language", "de", "--no-robot", "--scale", "3",
+                                                  "--tour", "a"})
+                                  << 3.0;
+    QTest::newRow("least") << QStringList({"--scale", "1"}) << 1.0;
+    QTest::newRow("greatest") << QStringList({"--scale", "4"}) << 4.0;
+    QTest::newRow("refused") << QStringList({"--scale", "5"}) << 1.0;
+    QTest::newRow("no number") << QStringList({"--scale", "large"}) << 1.0;
+}
+
+void OptionsTest::the_scale_is_known_before_all_else()
+{
+    QFETCH(const QStringList, arguments);
+    QTEST(Options::scale(QStringList("device-workbench") + arguments), "scale");
+}
+
 void OptionsTest::help_names_every_option()
 {
     QString error;
@@ -131,7 +157,7 @@ void OptionsTest::help_names_every_option()
     for (const char* option :
          {"--plugin <FILE>", "--device <NAME>", "--address <ADDRESS>", "--remap <OURS:=THEIRS>",
           "--no-robot", "--laser-log <file>", "--rate <factor>", "--language <CODE>",
-          "--tour <DIR>", "--help", "--version"})
+          "--appearance <NAME>", "--scale <FACTOR>", "--tour <DIR>", "--help", "--version"})
         QVERIFY2(options->message.contains(QLatin1String(option)), option);
 }
 
@@ -167,6 +193,13 @@ void OptionsTest::a_mistake_is_refused_by_its_name_data()
     QTest::newRow("unknown name") << QStringList({"--remap", "/sacn:=/a"}) << "/sacn";
     QTest::newRow("no mapping") << QStringList({"--remap", "/scan"}) << "--remap";
     QTest::newRow("bad name") << QStringList({"--remap", "/scan:=/a b"}) << "/a b";
+    QTest::newRow("unknown appearance") << QStringList({"--appearance", "mauve"}) << "\"mauve\"";
+    QTest::newRow("appearances to pick")
+        << QStringList({"--appearance", "mauve"}) << "system, light, dark";
+    QTest::newRow("scale too small") << QStringList({"--scale", "0.9"}) << "\"0.9\"";
+    QTest::newRow("scale too large") << QStringList({"--scale", "4.1"}) << "from 1 to 4";
+    QTest::newRow("scale of no number") << QStringList({"--scale", "nan"}) << "\"nan\"";
+    QTest::newRow("scale without a value") << QStringList("--scale") << "--scale";
     QTest::newRow("two devices of a name")
         << QStringList({"--device", "Twin", "--device", "Twin"}) << "\"Twin\"";
     QTest::newRow("more addresses than devices")
