@@ -4,6 +4,7 @@
 #include "host/workbench/Options.h"
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/Services.h"
+#include "host/workbench/WheelGuard.h"
 #include "host/workbench/Window.h"
 #include "host/workbench/tour/Tour.h"
 #include "robot/TerminationSignals.h"
@@ -88,6 +89,7 @@ int main(int argc, char** argv)
     QApplication::setApplicationName("device-workbench");
     QApplication::setApplicationVersion(WORKBENCH_VERSION);
 
+    const WheelGuard wheelGuard;
     Services services;
     services.language().use(Language::system());
     QString error;
