@@ -312,6 +312,32 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::Appearance</name>
+    <message>
+        <source>As the &amp;system</source>
+        <translation>Wie das &amp;System</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>The appearance could not be stored in %1, so the next start will not know it: make room or the folder writable, and choose it again.</source>
+        <translation>Das Aussehen konnte nicht in %1 gespeichert werden, der nächste Start kennt es also nicht: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar und wählen Sie es noch einmal.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::AppearanceMenu</name>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>A&amp;ussehen</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::DeviceView</name>
     <message>
         <source>&amp;View</source>
@@ -638,6 +664,22 @@
     <message>
         <source>Use the robot&apos;s topic or service THEIRS where this program says OURS, as in /scan:=/base_scan. It is remembered for each device shown. May be given several times.</source>
         <translation>Das Topic oder den Service THEIRS des Roboters verwenden, wo dieses Programm OURS sagt, wie in /scan:=/base_scan. Es wird für jedes gezeigte Gerät gemerkt. Darf mehrmals angegeben werden.</translation>
+    </message>
+    <message>
+        <source>Show everything larger by FACTOR, %1 to %2 (default: %1).</source>
+        <translation>Alles um FACTOR größer zeigen, %1 bis %2 (Vorgabe: %1).</translation>
+    </message>
+    <message>
+        <source>Appearance of the windows: %1 (default: the one chosen last, or the system&apos;s).</source>
+        <translation>Aussehen der Fenster: %1 (Vorgabe: das zuletzt gewählte oder das des Systems).</translation>
+    </message>
+    <message>
+        <source>--appearance: &quot;%1&quot; is not an appearance of this program. Choose one of %2.</source>
+        <translation>--appearance: „%1“ ist kein Aussehen dieses Programms. Wählen Sie eines von %2.</translation>
+    </message>
+    <message>
+        <source>--scale: &quot;%1&quot; is not a factor. Give a number from %2 to %3, such as 1.5.</source>
+        <translation>--scale: „%1“ ist kein Faktor. Geben Sie eine Zahl von %2 bis %3 an, etwa 1.5.</translation>
     </message>
 </context>
 <context>

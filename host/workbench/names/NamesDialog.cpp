@@ -30,7 +30,7 @@ enum Column
     ColumnCount,
 };
 
-constexpr int fewestLines = 6;
+constexpr int fewestLines = 12;
 
 QLabel* makeLabel()
 {

@@ -69,8 +69,9 @@ struct Workbench
 bool isWords(const QString& text)
 {
     static const QRegularExpression word("\\p{L}{3}");
-    return text.contains(word) && !Language::codes().contains(text.toLower()) &&
-           text != "English" && text != "Deutsch" && text != "Quandrel";
+    return text.contains(word) && !text.startsWith('/') /* a robot's name */ &&
+           !Language::codes().contains(text.toLower()) && text != "English" && text != "Deutsch" &&
+           text != "Quandrel";
 }
 
 /// Every text that the window shows.
