@@ -57,7 +57,7 @@ VariablesDock::VariablesDock(device::Variables& variables, QWidget* parent)
     m_view->sortByColumn(VariableModel::NameColumn, Qt::AscendingOrder);
     m_view->setMinimumHeight(fewestRows * m_view->fontMetrics().lineSpacing());
     const int character = m_view->fontMetrics().averageCharWidth();
-    const int widths[] = {9, 24, 26, 36, 13, 22, 16};
+    const int widths[] = {12, 24, 26, 36, 13, 22, 16};
     for (int column = 0; column < VariableModel::ColumnCount; ++column)
         m_view->header()->resizeSection(column, widths[column] * character);
 
