@@ -88,7 +88,6 @@ void Offer::ask()
     if (!m_isLinked)
         return;
     const auto round = std::make_shared<Round>();
-    m_round = round;
     call(round, QStringLiteral("/rosapi/topics"), {}, [](Lists& lists, const QCborMap& values) {
         const auto names = texts(values, "topics");
         const QStringList types = texts(values, "types").value_or(QStringList());
@@ -112,12 +111,12 @@ void Offer::call(const std::shared_ptr<Round>& round, const QString& service, co
                       [this, round, take](const robot::link::Client::Result& result) {
                           if (result.ok)
                               take(round->lists, result.values);
-                          if (--round->waiting > 0 || round != m_round)
+                          if (--round->waiting > 0)
                               return;
                           if (!round->hasPublishers)
                               askForPublishers(round);
                           if (round->waiting == 0)
-                              finish(round);
+                              finish(round->lists);
                       });
 }
 
@@ -142,10 +141,9 @@ void Offer::askForPublishers(const std::shared_ptr<Round>& round)
     }
 }
 
-void Offer::finish(const std::shared_ptr<Round>& round)
+void Offer::finish(const Lists& lists)
 {
-    m_round.reset();
-    m_lists = round->lists;
+    m_lists = lists;
     m_isAnswered = true;
     report();
     Q_EMIT changed();
@@ -156,7 +154,6 @@ void Offer::onStateChanged(int state)
     if (state == Connection::notConnected) {
         m_lists = {};
         m_refused.clear();
-        m_round.reset();
         m_isLinked = m_isAnswered = m_isReported = false;
         Q_EMIT changed();
     }

@@ -83,7 +83,7 @@ private:
     void call(const std::shared_ptr<Round>& round, const QString& service, const QCborMap& args,
               const Take& take);
     void askForPublishers(const std::shared_ptr<Round>& round);
-    void finish(const std::shared_ptr<Round>& round);
+    void finish(const Lists& lists);
     void onStateChanged(int state);
     void onRenamed(const QString& ours);
     void onRefused(const QString& topic, const QString& words);
@@ -94,7 +94,6 @@ private:
     Connection& m_connection;
     Lists m_lists;
     QHash<QString, QString> m_refused; // words by topic, our name
-    std::shared_ptr<Round> m_round;    // the newest one that is under way
     bool m_isLinked = false;
     bool m_isAnswered = false; // the first round
     bool m_isReported = false;
