@@ -56,6 +56,7 @@ public:
     void ask();
 
 Q_SIGNALS:
+    /// Also when a name of the robot's did, with which its state may have.
     void changed();
     /// Once for each link: the connection stands, and the robot has told what it offers, or is not
     /// going to.

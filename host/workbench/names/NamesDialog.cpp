@@ -94,7 +94,6 @@ NamesDialog::NamesDialog(device::Device& device, QWidget* parent)
         discard();
     });
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
-    connect(&device.names(), &Names::changed, this, &NamesDialog::refresh);
     connect(&device.offer(), &Offer::changed, this, &NamesDialog::refresh);
     connect(&device, &device::Device::connectionStateChanged, this, &NamesDialog::refresh);
 

@@ -231,8 +231,8 @@ void NamesDialogTest::what_the_robot_offers_of_the_same_type_can_be_chosen()
     f.write("/arm/line0_enabled", "DIS");
     QTRY_VERIFY_WITH_TIMEOUT(list->isVisible(), patience);
     QCOMPARE(list->model()->rowCount(), 1);
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Return);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualRect(list->model()->index(0, 0)).center());
     QCOMPARE(f.device.names().theirs("/arm/line0_enabled"), QString("/drive/disabled"));
     QCOMPARE(field->text(), QString("/drive/disabled"));
 }
