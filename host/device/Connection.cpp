@@ -1,5 +1,6 @@
 #include "host/device/Connection.h"
 
+#include "host/device/Faults.h"
 #include "host/device/MessageRole.h"
 #include "robot/link/Names.h"
 
@@ -26,8 +27,9 @@ QString text(const QCborMap& map, const char* key)
 
 } // namespace
 
-Connection::Connection(const Timing& timing)
+Connection::Connection(const Timing& timing, Faults& faults)
     : m_timing(timing),
+      m_faults(faults),
       m_status([] { return tr("Not connected."); })
 {
     m_frameTimer.setInterval(m_timing.frame);
@@ -48,6 +50,8 @@ Connection::Connection(const Timing& timing)
                           [this](const QCborMap& log) { onLogMessage(log); },
                           {},
                           QString()});
+    connect(&m_faults, &Faults::changed, this, &Connection::onFaultsChanged);
+    connect(&m_faults, &Faults::linkDropped, this, &Connection::loseLink);
 }
 
 Connection::~Connection() = default;
@@ -82,7 +86,12 @@ bool Connection::open(const QString& addressText)
         qWarning().noquote() << "A message of" << m_address << "was not understood:" << why;
     });
     m_subscribed.clear();
-    m_client->open(*address);
+    m_client->setDelay(m_faults.delay());
+    if (m_faults.takeRefusal())
+        QMetaObject::invokeMethod(
+            m_client.get(), [this] { fail(Client::refusedText(m_address)); }, Qt::QueuedConnection);
+    else
+        m_client->open(*address);
     m_isFirstRound = true;
     m_isAcquireAnswered = false;
     m_frameTimer.start();
@@ -108,6 +117,16 @@ auto Connection::whileCurrent(const Handle& handle)
         if (client == m_client.get())
             handle(answer);
     };
+}
+
+/// For the messages of one topic.
+Connection::Client::Handler Connection::unlessDropped(const Client::Handler& handler)
+{
+    const auto count = std::make_shared<quint64>(0); // by all copies of the handler together
+    return whileCurrent([this, handler, count](const QCborMap& message) {
+        if (!m_faults.dropsMessage(++*count))
+            handler(message);
+    });
 }
 
 int Connection::follow(const QString& topic, const QString& type, const Client::Handler& handler,
@@ -156,7 +175,7 @@ void Connection::subscribe(Followed& followed)
     options.throttleRate = followed.throttle;
     options.queueLength = followed.throttle.count() > 0 ? 1 : 0; // the newest is not lost
     followed.subscription = m_client->subscribe(m_names.theirs(followed.topic), followed.type,
-                                                options, whileCurrent(followed.handler));
+                                                options, unlessDropped(followed.handler));
     m_subscribed.insert(followed.subscription, followed.topic);
 }
 
@@ -235,11 +254,12 @@ void Connection::onFrame()
 void Connection::settle()
 {
     m_frameTimer.stop();
-    if (m_hasControl || !m_acquireResult.ok) { // a robot without control services is anyone's
+    if (isGranted() && !m_faults.hasOtherController()) {
         enter(connected, [address = m_address] { return tr("Connected to %1.").arg(address); });
         return;
     }
-    const QString reason = text(m_acquireResult.values, "message");
+    const QString reason =
+        isGranted() ? tr("a pretended one") : text(m_acquireResult.values, "message");
     const Words words = [address = m_address, reason] {
         return tr("Connected to %1, passive: another client is in control (%2). To take over, "
                   "connect again when it has left.")
@@ -247,6 +267,28 @@ void Connection::settle()
     };
     enter(passive, words);
     Q_EMIT message(emphasisedBaseLogLine, words());
+}
+
+/// A robot without control services is anyone's.
+bool Connection::isGranted() const
+{
+    return m_hasControl || !m_acquireResult.ok;
+}
+
+void Connection::onFaultsChanged()
+{
+    if (m_client)
+        m_client->setDelay(m_faults.delay());
+    const bool isPassive = m_faults.hasOtherController() || !isGranted();
+    if (m_state >= connected && isPassive != (m_state == passive))
+        settle();
+}
+
+/// As if the robot had vanished.
+void Connection::loseLink()
+{
+    if (m_state != notConnected)
+        fail(Client::lostText(m_address));
 }
 
 void Connection::onLogMessage(const QCborMap& log)

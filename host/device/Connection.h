@@ -21,6 +21,8 @@
 
 namespace host::device {
 
+class Faults;
+
 /// The connection to one robot: from a text with its address to control over it, and back. A
 /// robot that grants control, or that has no control service, is connected; one that another
 /// client controls is connected passively, until it is closed and opened again. Every other end
@@ -36,7 +38,8 @@ public:
     static constexpr int connected = 3;
     static constexpr int passive = 4;
 
-    explicit Connection(const Timing& timing);
+    /// @p faults outlives the connection, which takes them for the robot's.
+    Connection(const Timing& timing, Faults& faults);
     /// Says nothing any more. The robot takes the end of the link as the end of control.
     ~Connection() override;
 
@@ -119,6 +122,7 @@ private:
     void onStatus(const QString& level, const QString& words, const QString& id);
     template <class Handle>
     auto whileCurrent(const Handle& handle);
+    Client::Handler unlessDropped(const Client::Handler& handler);
     void callOn(Client& client, const QString& service, const QCborMap& args,
                 const Client::Callback& callback, std::chrono::milliseconds timeout);
     void subscribe(Followed& followed);
@@ -127,6 +131,9 @@ private:
     void onAcquireAnswered(const Client::Result& result);
     void onFrame();
     void settle();
+    bool isGranted() const;
+    void onFaultsChanged();
+    void loseLink();
     void onLogMessage(const QCborMap& log);
     void enter(int state, const Words& status);
     void leave(const Words& status);
@@ -135,6 +142,7 @@ private:
     void setSimulator(bool isSimulator);
 
     Timing m_timing;
+    Faults& m_faults;
     Names m_names;
     int m_state = notConnected;
     Words m_status;

@@ -59,7 +59,7 @@ Device::Device(const QString& name, const QString& storageFolder, Services& serv
       m_name(name),
       m_services(services),
       m_storage(storageFolder, name),
-      m_connection(timing),
+      m_connection(timing, m_faults),
       m_offer(m_connection),
       m_cameraRate(m_connection),
       m_commands(m_connection, m_offer)
@@ -80,6 +80,8 @@ Device::Device(const QString& name, const QString& storageFolder, Services& serv
     });
     connect(&m_commands, &Commands::message, this,
             [this](DataRole role, const QString& text) { sendMessage(role, text); });
+    connect(&m_faults, &Faults::wrongTypeChanged, &m_variables, &Variables::repeat);
+    connect(&m_faults, &Faults::writeRefused, this, &Device::onWriteRefused);
     connect(&m_offer, &Offer::message, this,
             [this](DataRole role, const QString& text) { sendMessage(role, text); });
     connect(&m_offer, &Offer::ready, this, [this] {
@@ -311,11 +313,13 @@ void Device::say(const QString& problem)
 
 void Device::deliver(const plugin::gui::HistoryBundleContent& content)
 {
-    const plugin::gui::DeviceHistoryBundle bundle(content);
+    plugin::gui::HistoryBundleContent seen;
     Arguments arguments;
-    content.forEach([&](VariableKind, const std::string& name, const Variant& value) {
-        arguments.push_back({name, value});
+    content.forEach([&](VariableKind kind, const std::string& name, const Variant& value) {
+        arguments.push_back({name, m_faults.seen(kind, name, value)});
+        seen.insert(kind, name, arguments.back().value);
     });
+    const plugin::gui::DeviceHistoryBundle bundle(seen);
     m_widgets.deliver("update", std::move(arguments),
                       [&](DeviceWidget& widget) { widget.update(bundle); });
 }
@@ -342,6 +346,8 @@ void Device::applyAllSettings()
 
 void Device::onScan(const QCborMap& message)
 {
+    if (m_faults.isScanFrozen())
+        return;
     QString error;
     if (const auto scan = m_scanReader.read(message, &error))
         m_variables.set(VariableKind::Input, "scan", *scan);
@@ -381,6 +387,8 @@ void Device::onStateChanged(int state)
     }
     Q_EMIT connectionStateChanged(state);
     sendMessage(connectionStateMessage, state);
+    if (m_isConnected && state == Connection::connected)
+        applyAllSettings(); // the other client is gone
     const bool isConnected = state >= Connection::connected;
     if (isConnected == m_isConnected)
         return;
@@ -389,6 +397,14 @@ void Device::onStateChanged(int state)
         notify("connected", {}, [](DeviceWidget& widget) { widget.connected(); });
     else
         notify("disconnected", {}, [](DeviceWidget& widget) { widget.disconnected(); });
+}
+
+/// The widget is told that what it wrote does not hold.
+void Device::onWriteRefused(const Variables::Key& key)
+{
+    m_variables.repeat(key);
+    sendMessage(baseLogLine, tr("\"%1\" was not changed: the device refuses what is written.")
+                                 .arg(QLatin1String(key.second.c_str())));
 }
 
 void Device::sendMessage(DataRole role, const Variant& value)

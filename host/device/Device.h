@@ -6,6 +6,7 @@
 #include "host/device/Commands.h"
 #include "host/device/ConfigStorage.h"
 #include "host/device/Connection.h"
+#include "host/device/Faults.h"
 #include "host/device/Offer.h"
 #include "host/device/ScanReader.h"
 #include "host/device/Timing.h"
@@ -82,6 +83,12 @@ public:
     /// All calls between this device and its widgets.
     Traffic& traffic() { return m_traffic; }
 
+    /// What goes wrong on purpose.
+    Faults& faults() { return m_faults; }
+
+    /// Tells all widgets, out of the event loop. Developers' tools may send what no device would.
+    void sendMessage(plugin::plugin::DataRole role, const Variant& value);
+
     // What the widgets ask of their device.
     void registerInput(const char* name, bool on) override;
     void registerOutput(const char* name, bool on) override;
@@ -125,7 +132,7 @@ private:
     void report(plugin::plugin::DataRole log, const QString& error, QString& lastError);
     void storePose();
     void onStateChanged(int state);
-    void sendMessage(plugin::plugin::DataRole role, const Variant& value);
+    void onWriteRefused(const Variables::Key& key);
     void notify(const char* what, const Arguments& arguments,
                 const std::function<void(plugin::gui::DeviceWidget&)>& call);
 
@@ -133,6 +140,7 @@ private:
     Services& m_services;
     Variables m_variables;
     ConfigStorage m_storage;
+    Faults m_faults;
     Connection m_connection;
     Offer m_offer;
     CameraRate m_cameraRate;
@@ -143,7 +151,7 @@ private:
     QString m_armPoseError;     // likewise
     bool m_isConnected = false; // as the widgets were told
     Traffic m_traffic;
-    TracedHost m_tracedHost{*this, m_traffic}; // what the widgets are built on
+    TracedHost m_tracedHost{*this, m_traffic, m_faults}; // what the widgets are built on
     WidgetList m_widgets{m_traffic};
     int m_loads = 0; // loadWidget() calls under way
 };

@@ -1,5 +1,6 @@
 #include "host/device/TracedHost.h"
 
+#include "host/device/Faults.h"
 #include "host/device/TracedCall.h"
 #include "plugin/gui/HostCall.h"
 
@@ -76,13 +77,14 @@ void TracedHost::registerConfigVariable(const char* name, bool on)
 Variant TracedHost::read(VariableKind kind, const char* name) const
 {
     TracedCall call(m_traffic, callToHost(functionsOf(kind).read, {text(name)}));
-    return call.answer(m_host.read(kind, name));
+    return call.answer(m_faults.seen(kind, name, m_host.read(kind, name)));
 }
 
 void TracedHost::write(VariableKind kind, const char* name, const Variant& value)
 {
     const TracedCall call(m_traffic, callToHost(functionsOf(kind).write, {text(name), value}));
-    m_host.write(kind, name, value);
+    if (!m_faults.refusesWrite(kind, name))
+        m_host.write(kind, name, value);
 }
 
 Variant TracedHost::property(VariableKind kind, const char* name, const char* property) const

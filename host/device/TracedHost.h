@@ -5,17 +5,24 @@
 
 namespace host::device {
 
+class Faults;
 class Traffic;
 
 /// What widgets are built on in place of their device: passes every call on to it and notes the
-/// call in the traffic.
+/// call in the traffic. The faults that only widgets are to see strike here: the device itself
+/// reads and writes its variables as ever.
 class TracedHost : public plugin::gui::DeviceHost
 {
 public:
     using Variant = olm::core::variant::Variant;
 
-    /// Both outlive it.
-    TracedHost(DeviceHost& host, Traffic& traffic) : m_host(host), m_traffic(traffic) {}
+    /// All outlive it.
+    TracedHost(DeviceHost& host, Traffic& traffic, Faults& faults)
+        : m_host(host),
+          m_traffic(traffic),
+          m_faults(faults)
+    {
+    }
 
     void registerInput(const char* name, bool on) override;
     void registerOutput(const char* name, bool on) override;
@@ -41,6 +48,7 @@ public:
 private:
     DeviceHost& m_host;
     Traffic& m_traffic;
+    Faults& m_faults;
 };
 
 } // namespace host::device

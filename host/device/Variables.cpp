@@ -43,6 +43,17 @@ void Variables::set(Kind kind, const char* name, const Variant& value, const QSt
 {
     const Key key(kind, name);
     m_values.insert_or_assign(key, Entry{value, writer, std::chrono::system_clock::now()});
+    announce(key);
+}
+
+void Variables::repeat(const Key& key)
+{
+    if (m_values.count(key) > 0)
+        announce(key);
+}
+
+void Variables::announce(const Key& key)
+{
     Q_EMIT touched(key);
     if (!isFollowed(key))
         return;

@@ -45,6 +45,8 @@ public:
     /// To be read at once, and reported in the next bundle if the variable is followed. Of
     /// @p writer only a name is kept.
     void set(Kind kind, const char* name, const Variant& value, const QString& writer = QString());
+    /// Reports the value once more, if there is one, as if it had been set again.
+    void repeat(const Key& key);
     /// Null where the variable was never set.
     const Entry* find(const Key& key) const;
     /// All variables that were set or are followed.
@@ -78,6 +80,7 @@ Q_SIGNALS:
     void touched(const host::device::Variables::Key& key);
 
 private:
+    void announce(const Key& key);
     void report();
 
     std::map<Key, Entry> m_values;

@@ -2,6 +2,7 @@
 #include "TestCase.h"
 
 #include "host/device/Connection.h"
+#include "host/device/Faults.h"
 
 #include <QSignalSpy>
 #include <QTcpServer>
@@ -10,7 +11,6 @@
 
 #include <memory>
 
-using host::device::Connection;
 using host::device::Timing;
 
 namespace {
@@ -27,6 +27,18 @@ Timing noHurry()
     timing.link = {60s, 2s, 60s};
     return timing;
 }
+
+struct NoFaults
+{
+    host::device::Faults faults;
+};
+
+/// A connection to which nothing is done.
+class Connection : private NoFaults, public host::device::Connection
+{
+public:
+    explicit Connection(const Timing& timing) : host::device::Connection(timing, faults) {}
+};
 
 /// Keeps what a connection says: "state 3", "status …", "1004 …", "simulator 1".
 class Journal : public QObject

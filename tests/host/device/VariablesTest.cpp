@@ -52,6 +52,7 @@ private Q_SLOTS:
     void only_followed_variables_are_reported();
     void a_report_carries_the_newest_values_of_what_changed_only();
     void an_equal_value_is_reported_once_too();
+    void a_value_is_reported_once_more_and_stays_as_it_was_written();
     void a_variable_followed_late_is_reported_from_then_on();
     void registering_twice_is_harmless_and_is_ended_twice();
     void what_nobody_follows_any_more_is_not_reported();
@@ -199,6 +200,23 @@ void VariablesTest::an_equal_value_is_reported_once_too()
     variables.set(Kind::Input, "b", 2);
     QTRY_VERIFY_WITH_TIMEOUT(reports.hasCome(), patience);
     QVERIFY(!reports.all.back().find(Kind::Input, "a"));
+}
+
+void VariablesTest::a_value_is_reported_once_more_and_stays_as_it_was_written()
+{
+    Variables variables;
+    variables.set(Kind::Input, "a", 1, "Widget");
+    const auto written = variables.find({Kind::Input, "a"})->written;
+    variables.follow(Kind::Input, "a");
+    variables.follow(Kind::Input, "never set");
+    const Reports reports(variables);
+    variables.repeat({Kind::Input, "a"});
+    variables.repeat({Kind::Input, "never set"});
+    QTRY_VERIFY_WITH_TIMEOUT(reports.hasCome(), patience);
+    QCOMPARE(reports.last(Kind::Input, "a"), 1);
+    QVERIFY(!reports.all.back().find(Kind::Input, "never set"));
+    QCOMPARE(variables.find({Kind::Input, "a"})->writer, QString("Widget"));
+    QVERIFY(variables.find({Kind::Input, "a"})->written == written);
 }
 
 void VariablesTest::a_variable_followed_late_is_reported_from_then_on()
