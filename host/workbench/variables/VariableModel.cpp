@@ -22,21 +22,6 @@ constexpr auto fadeTime = 800ms;
 // No class of a plugin has this name.
 const QString ownName = QStringLiteral("<variables>");
 
-QString kindName(VariableKind kind)
-{
-    switch (kind) {
-    case VariableKind::Input:
-        return VariableModel::tr("input");
-    case VariableKind::Output:
-        return VariableModel::tr("output");
-    case VariableKind::State:
-        return VariableModel::tr("state");
-    case VariableKind::Config:
-        return VariableModel::tr("config");
-    }
-    return {};
-}
-
 } // namespace
 
 VariableModel::VariableModel(device::Variables& variables) : m_variables(variables)
@@ -44,6 +29,21 @@ VariableModel::VariableModel(device::Variables& variables) : m_variables(variabl
     m_timer.setInterval(refreshInterval);
     connect(&m_timer, &QTimer::timeout, this, &VariableModel::refresh);
     connect(&variables, &device::Variables::touched, this, &VariableModel::touch);
+}
+
+QString VariableModel::kindName(VariableKind kind)
+{
+    switch (kind) {
+    case VariableKind::Input:
+        return tr("input");
+    case VariableKind::Output:
+        return tr("output");
+    case VariableKind::State:
+        return tr("state");
+    case VariableKind::Config:
+        return tr("config");
+    }
+    return {};
 }
 
 void VariableModel::setActive(bool active)

@@ -36,6 +36,9 @@ public:
     /// @p variables outlives the model. Not active, and without rows, at first.
     explicit VariableModel(device::Variables& variables);
 
+    /// In the language of the moment.
+    static QString kindName(plugin::gui::VariableKind kind);
+
     /// While it is not active nothing is done. What happened meanwhile is shown on return.
     void setActive(bool active);
 
