@@ -18,6 +18,7 @@ private Q_SLOTS:
     void a_text_stays_as_it_is();
     void the_level_changes_nothing();
     void the_oldest_lines_go_when_the_log_is_full();
+    void a_full_log_is_seldom_laid_out_anew();
     void a_text_longer_than_the_log_leaves_its_end();
     void a_cleared_log_starts_anew();
     void a_log_takes_no_notes_for_undoing();
@@ -25,7 +26,8 @@ private Q_SLOTS:
 
 namespace {
 
-const int capacity = 5000;
+const int kept = 5000;
+const int mostLines = 5499;
 
 } // namespace
 
@@ -92,29 +94,42 @@ void LogTest::the_level_changes_nothing()
 void LogTest::the_oldest_lines_go_when_the_log_is_full()
 {
     Log log;
-    for (int i = 0; i < capacity; ++i)
+    for (int i = 0; i < mostLines; ++i)
         log.postLog(QString::number(i), 255);
-    QCOMPARE(log.blockCount(), capacity);
+    QCOMPARE(log.blockCount(), mostLines);
     QCOMPARE(log.firstBlock().text(), QString("0"));
-    for (int i = capacity; i < capacity + 100; ++i)
+    log.postLog("last", 255);
+    QCOMPARE(log.blockCount(), kept);
+    QCOMPARE(log.firstBlock().text(), QString::number(mostLines + 1 - kept));
+    QCOMPARE(log.lastBlock().text(), QString("last"));
+    QVERIFY(!log.isUndoAvailable());
+}
+
+void LogTest::a_full_log_is_seldom_laid_out_anew()
+{
+    Log log;
+    log.documentLayout(); // made when first asked for, as a view does
+    int removals = 0;
+    connect(&log, &QTextDocument::contentsChange, this,
+            [&removals](int, int removed) { removals += removed > 1 ? 1 : 0; });
+    for (int i = 0; i < 2 * mostLines; ++i)
         log.postLog(QString::number(i), 255);
-    QCOMPARE(log.blockCount(), capacity);
-    QCOMPARE(log.firstBlock().text(), QString("100"));
-    QCOMPARE(log.lastBlock().text(), QString::number(capacity + 99));
+    QVERIFY(removals > 0);
+    QVERIFY2(removals < 20, qPrintable(QString::number(removals)));
 }
 
 void LogTest::a_text_longer_than_the_log_leaves_its_end()
 {
     Log log;
     QStringList lines;
-    for (int i = 0; i < capacity + 50; ++i)
+    for (int i = 0; i < 3 * kept; ++i)
         lines.append(QString::number(i));
     log.postLog(lines.join('\n'), 255);
-    QCOMPARE(log.blockCount(), capacity);
-    QCOMPARE(log.firstBlock().text(), QString("50"));
+    QCOMPARE(log.blockCount(), kept);
+    QCOMPARE(log.firstBlock().text(), QString::number(2 * kept));
     log.postLog("last", 255);
     QCOMPARE(log.lastBlock().text(), QString("last"));
-    QCOMPARE(log.blockCount(), capacity);
+    QCOMPARE(log.blockCount(), kept + 1);
 }
 
 void LogTest::a_cleared_log_starts_anew()
@@ -127,9 +142,9 @@ void LogTest::a_cleared_log_starts_anew()
     QCOMPARE(log.blockCount(), 1);
     log.postLog("new", 255);
     QCOMPARE(log.toPlainText(), QString("new"));
-    for (int i = 0; i < capacity + 10; ++i)
+    for (int i = 0; i < 3 * kept; ++i)
         log.postEmptyLine();
-    QCOMPARE(log.blockCount(), capacity); // still bounded
+    QVERIFY(log.blockCount() <= mostLines); // still bounded
 }
 
 void LogTest::a_log_takes_no_notes_for_undoing()

@@ -9,14 +9,22 @@ namespace log {
 namespace {
 
 // About a day of a talkative device, and a few megabytes.
-const int maximumLines = 5000;
+const int keptLines = 5000;
+// When lines go, the view lays out all others again: that is for many lines at once.
+const int linesThatGoTogether = 500;
+
+void removeFirstLines(QTextDocument& document, int count)
+{
+    QTextCursor cursor(&document);
+    cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, count);
+    cursor.removeSelectedText();
+}
 
 } // namespace
 
 Log::Log() : m_started(false)
 {
     setUndoRedoEnabled(false);
-    setMaximumBlockCount(maximumLines);
 }
 
 void Log::postLog(const QString& text, int)
@@ -28,6 +36,8 @@ void Log::postLog(const QString& text, int)
         cursor.insertBlock();
     cursor.insertText(text);
     m_started = true;
+    if (blockCount() >= keptLines + linesThatGoTogether)
+        removeFirstLines(*this, blockCount() - keptLines);
 }
 
 void Log::postEmptyLine()
