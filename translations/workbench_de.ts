@@ -104,6 +104,10 @@
         <source>it gave no name</source>
         <translation>er nannte keinen Namen</translation>
     </message>
+    <message>
+        <source>a pretended one</source>
+        <translation>ein vorgetäuschter</translation>
+    </message>
 </context>
 <context>
     <name>host::device::Device</name>
@@ -118,6 +122,45 @@
     <message>
         <source>The arm&apos;s position was not stored: the robot has not told where all axes are. Connect to a robot with an arm and try again.</source>
         <translation>Die Armposition wurde nicht gespeichert: Der Roboter hat nicht mitgeteilt, wo alle Achsen stehen. Verbinden Sie sich mit einem Roboter mit Arm und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not changed: the device refuses what is written.</source>
+        <translation>„%1“ wurde nicht geändert: Das Gerät weist ab, was geschrieben wird.</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::Faults</name>
+    <message>
+        <source>next connection refused</source>
+        <translation>nächste Verbindung wird abgewiesen</translation>
+    </message>
+    <message>
+        <source>another client in control</source>
+        <translation>ein anderer Client hat die Kontrolle</translation>
+    </message>
+    <message>
+        <source>answers %1 s late</source>
+        <translation>Antworten %1 s verspätet</translation>
+    </message>
+    <message>
+        <source>one message in %1 dropped</source>
+        <translation>eine von %1 Nachrichten geht verloren</translation>
+    </message>
+    <message>
+        <source>scan frozen</source>
+        <translation>Scan steht still</translation>
+    </message>
+    <message>
+        <source>writes refused</source>
+        <translation>Schreiben wird abgewiesen</translation>
+    </message>
+    <message>
+        <source>wrong type: %1</source>
+        <translation>falscher Typ: %1</translation>
+    </message>
+    <message>
+        <source>Faults are on: %1</source>
+        <translation>Fehler sind eingeschaltet: %1</translation>
     </message>
 </context>
 <context>
@@ -385,6 +428,113 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::FaultsMenu</name>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>One in %1</source>
+        <translation>Eine von %1</translation>
+    </message>
+    <message>
+        <source>No widget follows a variable</source>
+        <translation>Kein Widget folgt einer Variablen</translation>
+    </message>
+    <message>
+        <source>Fa&amp;ults</source>
+        <translation>F&amp;ehler</translation>
+    </message>
+    <message>
+        <source>&amp;Drop the link</source>
+        <translation>Die Verbindung &amp;trennen</translation>
+    </message>
+    <message>
+        <source>The connection ends as if the robot had vanished.</source>
+        <translation>Die Verbindung endet, als wäre der Roboter verschwunden.</translation>
+    </message>
+    <message>
+        <source>&amp;Refuse the next connection</source>
+        <translation>Die &amp;nächste Verbindung abweisen</translation>
+    </message>
+    <message>
+        <source>The next attempt to connect fails as if no robot were listening. Just that one.</source>
+        <translation>Der nächste Verbindungsversuch scheitert, als wäre kein Roboter da. Nur dieser eine.</translation>
+    </message>
+    <message>
+        <source>&amp;Another client in control</source>
+        <translation>Ein &amp;anderer Client hat die Kontrolle</translation>
+    </message>
+    <message>
+        <source>The device is connected passively, at once or from the next connection on: it hears the robot and cannot command it.</source>
+        <translation>Das Gerät ist passiv verbunden, sofort oder ab der nächsten Verbindung: Es hört den Roboter und kann ihm nichts befehlen.</translation>
+    </message>
+    <message>
+        <source>&amp;Slow answers</source>
+        <translation>&amp;Langsame Antworten</translation>
+    </message>
+    <message>
+        <source>Connecting and each answer of the robot take that much longer. The device waits for each as long as ever: what takes more than 5 s has failed.</source>
+        <translation>Das Verbinden und jede Antwort des Roboters dauern um so viel länger. Das Gerät wartet auf jede so lange wie immer: Was länger als 5 s dauert, ist gescheitert.</translation>
+    </message>
+    <message>
+        <source>&amp;Lose messages</source>
+        <translation>Nachrichten &amp;verlieren</translation>
+    </message>
+    <message>
+        <source>Of each topic, one in so many of the robot&apos;s messages does not arrive.</source>
+        <translation>Von jedem Topic kommt eine von so vielen Nachrichten des Roboters nicht an.</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze the scan</source>
+        <translation>Den Scan an&amp;halten</translation>
+    </message>
+    <message>
+        <source>No new scan reaches the plugin.</source>
+        <translation>Kein neuer Scan erreicht das Plugin.</translation>
+    </message>
+    <message>
+        <source>Refuse &amp;writes</source>
+        <translation>&amp;Schreiben abweisen</translation>
+    </message>
+    <message>
+        <source>What a widget writes into the configuration is not kept: the widget reads the old value and is told it again, and the base log says so.</source>
+        <translation>Was ein Widget in die Konfiguration schreibt, wird nicht behalten: Es liest den alten Wert und bekommt ihn noch einmal, und das Protokoll der Basis sagt es.</translation>
+    </message>
+    <message>
+        <source>Wrong &amp;type</source>
+        <translation>&amp;Falscher Typ</translation>
+    </message>
+    <message>
+        <source>Widgets see a value of another type in the variables that are checked. The device keeps the right one.</source>
+        <translation>Widgets sehen in den angekreuzten Variablen einen Wert von einem anderen Typ. Das Gerät behält den richtigen.</translation>
+    </message>
+    <message>
+        <source>Send a &amp;message…</source>
+        <translation>Eine Nachri&amp;cht senden …</translation>
+    </message>
+    <message>
+        <source>All widgets get a message of any role and value.</source>
+        <translation>Alle Widgets erhalten eine Nachricht von beliebiger Rolle und beliebigem Wert.</translation>
+    </message>
+    <message>
+        <source>&amp;End all faults</source>
+        <translation>Alle Fehler &amp;beenden</translation>
+    </message>
+    <message>
+        <source>The device works as it should again.</source>
+        <translation>Das Gerät arbeitet wieder, wie es soll.</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::Frames</name>
     <message>
         <source>is empty: no frame is named</source>
@@ -448,6 +598,81 @@
     <message>
         <source>A scan is ignored: its angles are no numbers.</source>
         <translation>Ein Scan wird übergangen: Seine Winkel sind keine Zahlen.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::MessageDialog</name>
+    <message>
+        <source>Line of the base log</source>
+        <translation>Zeile im Protokoll der Basis</translation>
+    </message>
+    <message>
+        <source>Line of the manipulator log</source>
+        <translation>Zeile im Protokoll des Manipulators</translation>
+    </message>
+    <message>
+        <source>Line of the laser log</source>
+        <translation>Zeile im Protokoll des Lasers</translation>
+    </message>
+    <message>
+        <source>Emphasised line of the base log</source>
+        <translation>Hervorgehobene Zeile im Protokoll der Basis</translation>
+    </message>
+    <message>
+        <source>State of the connection</source>
+        <translation>Zustand der Verbindung</translation>
+    </message>
+    <message>
+        <source>State of the connection, for the icon</source>
+        <translation>Zustand der Verbindung, für das Symbol</translation>
+    </message>
+    <message>
+        <source>Message to the widgets of %1</source>
+        <translation>Nachricht an die Widgets von %1</translation>
+    </message>
+    <message>
+        <source>&amp;Meaning:</source>
+        <translation>&amp;Bedeutung:</translation>
+    </message>
+    <message>
+        <source>Meaning of the message</source>
+        <translation>Bedeutung der Nachricht</translation>
+    </message>
+    <message>
+        <source>Another one</source>
+        <translation>Eine andere</translation>
+    </message>
+    <message>
+        <source>&amp;Role:</source>
+        <translation>&amp;Rolle:</translation>
+    </message>
+    <message>
+        <source>Number of the role</source>
+        <translation>Nummer der Rolle</translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>&amp;Typ:</translation>
+    </message>
+    <message>
+        <source>Type of the value</source>
+        <translation>Typ des Werts</translation>
+    </message>
+    <message>
+        <source>&amp;Value:</source>
+        <translation>&amp;Wert:</translation>
+    </message>
+    <message>
+        <source>Value of the message</source>
+        <translation>Wert der Nachricht</translation>
+    </message>
+    <message>
+        <source>&amp;Send</source>
+        <translation>&amp;Senden</translation>
+    </message>
+    <message>
+        <source>All widgets of the device get the message.</source>
+        <translation>Alle Widgets des Geräts erhalten die Nachricht.</translation>
     </message>
 </context>
 <context>
@@ -1506,6 +1731,14 @@
     <message>
         <source>looking at the robot&apos;s names</source>
         <translation>Ansehen der Namen des Roboters</translation>
+    </message>
+    <message>
+        <source>making faults</source>
+        <translation>Machen von Fehlern</translation>
+    </message>
+    <message>
+        <source>there is no such fault</source>
+        <translation>es gibt keinen solchen Fehler</translation>
     </message>
 </context>
 <context>

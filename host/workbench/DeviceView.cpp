@@ -6,6 +6,7 @@
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/StartPage.h"
 #include "host/workbench/StatusLine.h"
+#include "host/workbench/faults/FaultsMenu.h"
 #include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/robotview/RobotDock.h"
 #include "host/workbench/traffic/TrafficDock.h"
@@ -32,6 +33,7 @@ DeviceView::DeviceView(const PluginLoader& plugin, device::Device& device, const
       m_robot(robot),
       m_viewMenu(new QMenu(this)),
       m_robotMenu(new QMenu(this)),
+      m_faultsMenu(new FaultsMenu(device, this)),
       m_names(m_robotMenu->addAction(QString())),
       m_name(new QLabel(device.name())),
       m_notice(new Notice),
@@ -84,7 +86,7 @@ QList<Failure> DeviceView::failures() const
 
 QList<QMenu*> DeviceView::menus() const
 {
-    return {m_viewMenu, m_robotMenu};
+    return {m_viewMenu, m_robotMenu, m_faultsMenu};
 }
 
 void DeviceView::setNameShown(bool isShown)

@@ -74,6 +74,7 @@ private:
     QList<FailureWords> m_failures;
     QMenu* m_viewMenu;
     QMenu* m_robotMenu;
+    QMenu* m_faultsMenu;
     QAction* m_names;
     QLabel* m_name;
     QToolBar* m_toolBar = nullptr; // the plugin's; null without one

@@ -37,13 +37,16 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
       m_duration(label("duration")),
       m_age(label("age")),
       m_robot(robot.isEmpty() ? nullptr : label("robot")),
-      m_failure(label("failure"))
+      m_failure(label("failure")),
+      m_faults(label("faults"))
 {
     m_words->setWordWrap(true);
     m_words->setMinimumWidth(24 * m_words->fontMetrics().averageCharWidth());
     m_failure->setWordWrap(true);
+    m_faults->setWordWrap(true);
     // Text and background together, so that it is legible whatever the desktop's colours.
     m_age->setStyleSheet("[stale=\"true\"] { color: #3d2e00; background: #ffd98a; }");
+    m_faults->setStyleSheet("color: #3d2e00; background: #ffd98a; padding: 2px;");
     m_clock.setInterval(500ms);
 
     auto* times = new QHBoxLayout;
@@ -68,11 +71,13 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     layout->setSpacing(2);
     layout->addLayout(top);
     layout->addWidget(m_failure);
+    layout->addWidget(m_faults);
     layout->addStretch();
 
     connect(&m_clock, &QTimer::timeout, this, &StatusLine::showTimes);
     connect(&device, &device::Device::connectionStateChanged, this, &StatusLine::showConnection);
     connect(&device, &device::Device::statusChanged, this, &StatusLine::showConnection);
+    connect(&device.faults(), &device::Faults::changed, this, &StatusLine::showFaults);
     translate();
 }
 
@@ -89,6 +94,13 @@ void StatusLine::translate()
     if (m_robot)
         m_robot->setText(tr("Simulated robot: %1").arg(m_robotAddress));
     showConnection();
+    showFaults();
+}
+
+void StatusLine::showFaults()
+{
+    m_faults->setVisible(m_device.faults().isAnyOn());
+    m_faults->setText(m_device.faults().summary());
 }
 
 void StatusLine::showConnection()

@@ -14,8 +14,8 @@ namespace host::workbench {
 
 class Lamp;
 
-/// How the connection stands, in words: with whom, since when, how old the newest data is, and
-/// what went wrong last, with what to try.
+/// How the connection stands, in words: with whom, since when, how old the newest data is, what
+/// went wrong last, with what to try, and what goes wrong on purpose.
 class StatusLine : public QWidget
 {
     Q_OBJECT
@@ -31,6 +31,7 @@ private:
     void translate();
     void showConnection();
     void showTimes();
+    void showFaults();
 
     device::Device& m_device;
     QString m_robotAddress;
@@ -40,6 +41,7 @@ private:
     QLabel* m_age;
     QLabel* m_robot; // null without one
     QLabel* m_failure;
+    QLabel* m_faults; // those made on purpose
     QTimer m_clock; // runs while connected
 };
 

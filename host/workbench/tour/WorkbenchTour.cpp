@@ -3,6 +3,7 @@
 #include "host/device/Device.h"
 #include "host/workbench/Services.h"
 #include "host/workbench/Window.h"
+#include "host/workbench/faults/FaultsMenu.h"
 #include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/tour/Hand.h"
 
@@ -19,6 +20,7 @@ namespace host::workbench {
 namespace {
 
 constexpr int connected = 3;
+constexpr int passive = 4;
 
 } // namespace
 
@@ -32,7 +34,7 @@ WorkbenchTour::WorkbenchTour(Operator& person, const PluginLoader& plugin, Servi
 bool WorkbenchTour::run()
 {
     return connectRobot() && showRobot() && showHelp() && showNames() && showVariables() &&
-           showTraffic() && showTwoDevices();
+           showTraffic() && showFaults() && showTwoDevices();
 }
 
 bool WorkbenchTour::connectRobot()
@@ -120,6 +122,18 @@ bool WorkbenchTour::showTraffic()
     return m_operator.takePicture("traffic") && toggle(*dock);
 }
 
+bool WorkbenchTour::showFaults()
+{
+    m_operator.begin(tr("making faults"));
+    device::Device& device = m_operator.device();
+    return chooseFault("controller", "faults-menu") &&
+           (m_operator.waitUntil([&] { return device.connectionState() == passive; }) ||
+            m_operator.fail(device.status())) &&
+           chooseFault("freeze") && m_operator.takePicture("faults") && chooseFault("end") &&
+           (m_operator.waitUntil([&] { return device.connectionState() == connected; }) ||
+            m_operator.fail(device.status()));
+}
+
 bool WorkbenchTour::showTwoDevices()
 {
     m_operator.begin(tr("showing two devices"));
@@ -157,20 +171,31 @@ bool WorkbenchTour::toggle(QDockWidget& dock)
            m_operator.waitUntil([&] { return dock.isVisible() != wasVisible; });
 }
 
-/// With the mouse: opens the menu in the menu bar that has @p entry.
-bool WorkbenchTour::chooseFromMenu(QAction& entry)
+/// With the mouse: opens the menu in the menu bar that has @p entry, with a picture of it.
+bool WorkbenchTour::chooseFromMenu(QAction& entry, const QString& picture)
 {
     QMenuBar& bar = *m_operator.window().menuBar();
     for (QAction* menu : bar.actions()) {
         if (!menu->isVisible() || !menu->menu()->actions().contains(&entry))
             continue;
+        const auto choose = [&](QWidget& opened) {
+            if (!picture.isEmpty() && !m_operator.takePicture(picture))
+                return false;
+            hand::choose(static_cast<QMenu&>(opened), entry);
+            return true;
+        };
         return m_operator.within([&] { hand::click(bar, bar.actionGeometry(menu).center()); },
-                                 [&entry](QWidget& opened) {
-                                     hand::choose(static_cast<QMenu&>(opened), entry);
-                                     return true;
-                                 });
+                                 choose);
     }
     return m_operator.fail(tr("no menu has \"%1\"").arg(entry.text()));
+}
+
+bool WorkbenchTour::chooseFault(const char* name, const QString& picture)
+{
+    const auto* const menu = m_operator.window().findChild<FaultsMenu*>();
+    auto* const entry =
+        menu ? menu->findChild<QAction*>(name, Qt::FindDirectChildrenOnly) : nullptr;
+    return entry ? chooseFromMenu(*entry, picture) : m_operator.fail(tr("there is no such fault"));
 }
 
 } // namespace host::workbench

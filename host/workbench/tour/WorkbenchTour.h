@@ -34,10 +34,12 @@ private:
     bool showNames();
     bool showVariables();
     bool showTraffic();
+    bool showFaults();
     bool showTwoDevices();
     QDockWidget* findDock(const char* name) const;
     bool toggle(QDockWidget& dock);
-    bool chooseFromMenu(QAction& entry);
+    bool chooseFromMenu(QAction& entry, const QString& picture = QString());
+    bool chooseFault(const char* name, const QString& picture = QString());
 
     Operator& m_operator;
     const PluginLoader& m_plugin;

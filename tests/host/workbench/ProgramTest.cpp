@@ -102,8 +102,10 @@ const QStringList pictures = {"01-not-connected.png",
                               "18-names.png",
                               "19-variables.png",
                               "20-traffic.png",
-                              "21-two-devices.png",
-                              "22-plugin-missing.png"};
+                              "21-faults-menu.png",
+                              "22-faults.png",
+                              "23-two-devices.png",
+                              "24-plugin-missing.png"};
 
 } // namespace
 

@@ -67,6 +67,7 @@ private Q_SLOTS:
     void a_connection_tells_whom_and_for_how_long();
     void data_that_stops_is_marked_as_stale_with_its_age();
     void a_failure_is_the_status_until_the_next_attempt_and_then_the_last_error();
+    void faults_on_purpose_are_named_as_long_as_they_are_on();
     void the_simulated_robot_is_named_if_there_is_one();
 };
 
@@ -143,6 +144,18 @@ void StatusLineTest::a_failure_is_the_status_until_the_next_attempt_and_then_the
     QVERIFY(fixture.text("failure").contains("Check the port"));
     QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
     QVERIFY(!fixture.label("failure").isHidden());
+}
+
+void StatusLineTest::faults_on_purpose_are_named_as_long_as_they_are_on()
+{
+    Fixture fixture("127.0.0.1:1");
+    QVERIFY(fixture.label("faults").isHidden());
+    fixture.device.faults().setScanFrozen(true);
+    QVERIFY(!fixture.label("faults").isHidden());
+    QCOMPARE(fixture.text("faults"), fixture.device.faults().summary());
+    QVERIFY(fixture.text("faults").contains("scan"));
+    fixture.device.faults().endAll();
+    QVERIFY(fixture.label("faults").isHidden());
 }
 
 void StatusLineTest::the_simulated_robot_is_named_if_there_is_one()
