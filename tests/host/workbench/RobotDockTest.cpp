@@ -277,8 +277,10 @@ void RobotDockTest::texts_are_renewed_as_time_passes()
     workbench.dock->show();
     auto* const notes = workbench.part<QLabel>("notes");
     QTRY_COMPARE_WITH_TIMEOUT(notes->text(), QString("Not connected."), patience);
-    notes->setText("as it was long ago");
-    QTRY_COMPARE_WITH_TIMEOUT(notes->text(), QString("Not connected."), patience);
+    for (int i = 0; i < 2; ++i) {
+        notes->setText("as it was long ago");
+        QTRY_COMPARE_WITH_TIMEOUT(notes->text(), QString("Not connected."), patience);
+    }
     workbench.dock->hide();
     for (const QTimer* timer : workbench.dock->findChildren<QTimer*>())
         QTRY_VERIFY_WITH_TIMEOUT(!timer->isActive(), patience);

@@ -88,6 +88,8 @@ private Q_SLOTS:
     void a_laser_off_centre_sees_things_in_their_true_place();
     void a_laser_that_is_mounted_upside_down_is_mirrored();
     void static_frames_count_as_well();
+    void what_never_moves_does_not_grow_old();
+    void a_map_may_lie_in_a_larger_frame();
     void a_leading_slash_of_a_frame_does_not_matter();
     void odometry_alone_places_the_robot();
     void transforms_go_before_odometry();
@@ -230,9 +232,31 @@ void RobotStateTest::static_frames_count_as_well()
     robot.tell(RobotState::Odometry, message::odometry("odom", "base_link", 1, 2, 0));
     robot.tell(RobotState::Scan, goodScan());
     QCOMPARE(seen(robot.state.raysPlace()), QPointF(1.5, 2));
-    robot.now += 1h; // those that never move do not grow old
-    robot.tell(RobotState::Odometry, message::odometry("odom", "base_link", 1, 2, 0));
+}
+
+void RobotStateTest::what_never_moves_does_not_grow_old()
+{
+    Robot robot;
+    robot.tell(RobotState::StaticTransforms,
+               message::transforms({message::transform("base_footprint", "base_link", 0, 0, 0)}));
+    const QCborMap place =
+        message::transforms({message::transform("odom", "base_footprint", 1, 2, 0)});
+    robot.tell(RobotState::Transforms, place);
+    robot.now += 1h;
+    QVERIFY2(robot.notes().contains("position is"), qPrintable(robot.notes()));
+    robot.tell(RobotState::Transforms, place);
     QVERIFY2(!robot.notes().contains("position is"), qPrintable(robot.notes()));
+}
+
+void RobotStateTest::a_map_may_lie_in_a_larger_frame()
+{
+    Robot robot;
+    robot.tell(RobotState::Map, goodMap());
+    robot.tell(RobotState::Transforms,
+               message::transforms({message::transform("earth", "map", 1000, 2000, pi / 2),
+                                    message::transform("earth", "base_link", 1000, 2005, 0)}));
+    QCOMPARE(seen(robot.state.robotPlace()), QPointF(5, 0));
+    QCOMPARE(seen(robot.state.mapPlace()), QPointF(1, 2));
 }
 
 void RobotStateTest::a_leading_slash_of_a_frame_does_not_matter()
