@@ -149,6 +149,7 @@ private Q_SLOTS:
     void a_topic_that_is_followed_late_is_heard_on_the_open_link();
     void all_followers_of_a_topic_hear_each_message();
     void a_late_follower_is_told_a_state_that_was_told_before();
+    void a_throttled_follower_asks_for_the_newest_only();
     void a_follower_that_left_hears_nothing_more();
     void a_follower_that_left_is_not_there_on_the_next_link_either();
     void a_follower_may_leave_while_it_hears();
@@ -763,6 +764,23 @@ void ConnectionTest::a_late_follower_is_told_a_state_that_was_told_before()
     int lateMessages = 0;
     connection.follow("/state", "std_msgs/Bool", [&](const QCborMap&) { ++lateMessages; });
     QTRY_COMPARE_WITH_TIMEOUT(lateMessages, 1, patience);
+}
+
+void ConnectionTest::a_throttled_follower_asks_for_the_newest_only()
+{
+    FakeRobot robot;
+    Connection connection(noHurry());
+    connection.follow("/all", "std_msgs/Empty", [](const QCborMap&) {});
+    connection.follow(
+        "/newest", "std_msgs/Empty", [](const QCborMap&) {}, std::chrono::milliseconds(33));
+    QVERIFY(connection.open(robot.address()));
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/newest", "std_msgs/Empty", "cbor"), 1,
+                              patience);
+    const QCborMap all = robot.lastSubscription("/all");
+    QCOMPARE(all["throttle_rate"].toInteger(-1), qint64(0));
+    const QCborMap newest = robot.lastSubscription("/newest");
+    QCOMPARE(newest["throttle_rate"].toInteger(-1), qint64(33));
+    QCOMPARE(newest["queue_length"].toInteger(-1), qint64(1));
 }
 
 void ConnectionTest::a_follower_that_left_hears_nothing_more()

@@ -142,8 +142,10 @@ void FakeRobot::receive(QWebSocket* client, const QString& text)
     const auto field = [&](const char* name) {
         return message->value(QLatin1String(name)).toString();
     };
-    if (field("op") == QLatin1String("subscribe"))
+    if (field("op") == QLatin1String("subscribe")) {
+        m_subscribeMessages.insert(field("topic"), *message);
         subscribe({client, field("id"), field("topic"), field("type"), field("compression")});
+    }
     if (field("op") == QLatin1String("unsubscribe"))
         m_subscriptions.erase(std::remove_if(m_subscriptions.begin(), m_subscriptions.end(),
                                              [&](const Subscription& subscription) {

@@ -50,6 +50,11 @@ public:
     /// ended by unsubscribing.
     int subscriberCount(const QString& topic, const QString& type,
                         const QString& compression) const;
+    /// The newest subscribe message for @p topic, as it came.
+    QCborMap lastSubscription(const QString& topic) const
+    {
+        return m_subscribeMessages.value(topic);
+    }
     /// Breaks all links, without a good-bye.
     void drop();
 
@@ -75,6 +80,7 @@ private:
     QHash<QString, QCborMap> m_latched;
     QSet<QString> m_refused;
     QList<Subscription> m_subscriptions;
+    QHash<QString, QCborMap> m_subscribeMessages;
 };
 
 #endif
