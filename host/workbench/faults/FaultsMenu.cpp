@@ -14,6 +14,7 @@ namespace host::workbench {
 
 using device::Connection;
 using device::Variables;
+using plugin::gui::VariableKind;
 
 FaultsMenu::FaultsMenu(device::Device& device, QWidget* parent)
     : QMenu(parent),
@@ -97,14 +98,16 @@ QMenu* FaultsMenu::addChoice(std::initializer_list<int> values, const std::funct
     return menu;
 }
 
-/// Those that a widget follows, and those that are wrong though nobody follows them any more.
+/// What a widget follows, settings only if there are any, as of the arm's many positions; and what
+/// is wrong though nobody follows it any more.
 void FaultsMenu::listVariables()
 {
     m_types->clear();
     const Variables& variables = m_device.variables();
     std::set<Variables::Key> keys = m_faults.wrongTypes();
     for (const Variables::Key& key : variables.keys()) {
-        if (variables.isFollowed(key))
+        const bool isThere = key.first != VariableKind::Config || variables.find(key);
+        if (isThere && variables.isFollowed(key))
             keys.insert(key);
     }
     for (const Variables::Key& key : keys) {

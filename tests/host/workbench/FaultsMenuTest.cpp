@@ -226,6 +226,7 @@ void FaultsMenuTest::what_widgets_follow_can_have_a_wrong_type()
     QVERIFY(!f.submenu("types")->actions().first()->isEnabled());
     f.device.variables().follow(Kind::Config, "num_pos");
     f.device.variables().follow(Kind::Input, "R&D");
+    f.device.variables().follow(Kind::Config, "pos9"); // which is not there
     QCOMPARE(f.wrongType("num_pos")->text(), QString("num_pos\tconfig"));
     QCOMPARE(f.wrongType("R&D")->text(), QString("R&&D\tinput"));
     QCOMPARE(f.submenu("types")->actions().size(), 2);
