@@ -1,0 +1,31 @@
+#ifndef QUANDREL_USAGE_H
+#define QUANDREL_USAGE_H
+
+#include <array>
+#include <cstddef>
+
+/// What the process holds at one moment.
+struct Usage
+{
+    enum Quantity
+    {
+        Resident, ///< bytes in memory
+        Heap,     ///< bytes in use
+        Objects,  ///< of Qt
+        Timers,   ///< that run
+        Files,    ///< descriptors
+        Threads,
+        QuantityCount
+    };
+
+    std::array<double, QuantityCount> values{};
+
+    static Usage now();
+
+    static const char* name(Quantity quantity);
+    static bool isMemory(Quantity quantity) { return quantity <= Heap; }
+    /// Whether a rise means a leak: a sanitizer keeps what was freed in memory for a while.
+    static bool isJudged(Quantity quantity);
+};
+
+#endif

@@ -1,0 +1,215 @@
+#include "Workday.h"
+
+#include "host/device/MessageRole.h"
+#include "host/workbench/DeviceView.h"
+#include "olm/core/LaserScanMessage.h"
+#include "olm/core/Vector.h"
+#include "plugin/gui/HistoryBundleContent.h"
+#include "robot/simulation/Laser.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QDockWidget>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolBar>
+
+namespace {
+
+using host::device::Connection;
+using host::device::Device;
+using plugin::gui::HistoryBundleContent;
+using plugin::gui::VariableKind;
+
+constexpr int patience = 60000;
+
+/// As many lines as a log keeps, and some more.
+constexpr int logLines = 5500;
+
+constexpr QSize windowSize(1600, 1000);
+
+host::device::Timing quick()
+{
+    host::device::Timing timing;
+    timing.frame = std::chrono::milliseconds(20);
+    return timing;
+}
+
+/// The resolution in which the camera is the quickest.
+olm::core::Vector<unsigned int> quickestResolution()
+{
+    olm::core::Vector<unsigned int> resolution(2);
+    resolution[0] = 320;
+    resolution[1] = 240;
+    return resolution;
+}
+
+/// As large as those of the robot.
+olm::core::LaserScanMessage exampleScan()
+{
+    olm::core::LaserScanMessage scan;
+    scan.ranges.resize(robot::simulation::Laser::rangeCount);
+    return scan;
+}
+
+template <class Condition>
+void waitFor(const Device& device, const char* what, const Condition& condition)
+{
+    if (!QTest::qWaitFor(condition, patience)) {
+        qFatal("%s: that did not come about within a minute. The device says: %s", what,
+               qPrintable(device.status()));
+    }
+}
+
+} // namespace
+
+Workday::Station::Station(const QString& name, quint32 seed, const QString& settings,
+                          host::workbench::Services& services)
+    : robot(0, seed),
+      device(name, settings, services, quick())
+{
+    device.overrideAddress(robot.address());
+    device.write(VariableKind::Config, "camera_resolution", quickestResolution());
+    QObject::connect(&device.variables(), &host::device::Variables::touched,
+                     [this](const host::device::Variables::Key& key) {
+                         if (key.second == "scan")
+                             ++scans;
+                     });
+}
+
+QAbstractButton& Workday::Station::connectButton() const
+{
+    return *view->findChild<QToolBar*>()->findChild<QAbstractButton*>(
+        "OLM GmbH Quandrel ConnectButton");
+}
+
+Workday::Workday()
+    : m_stations{Station("Left", 1, m_settings.path(), m_services),
+                 Station("Right", 2, m_settings.path(), m_services)}
+{
+    for (Station& station : m_stations) {
+        station.view = &m_window.add(station.device, station.robot.address());
+        for (auto* dock : station.view->findChildren<QDockWidget*>()) {
+            dock->show();
+            // Side by side: a dock behind another one does nothing.
+            station.view->addDockWidget(Qt::BottomDockWidgetArea, dock, Qt::Vertical);
+        }
+    }
+    m_window.resize(windowSize);
+    m_window.show();
+    fill();
+    connectAll();
+}
+
+void Workday::fill()
+{
+    HistoryBundleContent content;
+    content.insert(VariableKind::Input, "scan", exampleScan());
+    for (Station& station : m_stations) {
+        Device& device = station.device;
+        for (int i = 0; i < logLines; ++i) {
+            for (const auto log : {host::device::baseLogLine, host::device::manipulatorLogLine,
+                                   host::device::laserLogLine}) {
+                Q_EMIT device.connection().message(
+                    log, QStringLiteral("Line %1: this is what a robot says now and then.").arg(i));
+            }
+        }
+        QCoreApplication::processEvents();
+        const auto end = device.traffic().end() + host::device::Traffic::capacity;
+        while (device.traffic().end() < end)
+            Q_EMIT device.variables().changed(content);
+    }
+}
+
+void Workday::cycle()
+{
+    changeTabs();
+    changeSettings();
+    changeLanguage();
+    useHelp();
+    useDocks();
+    disconnectAll();
+    connectAll();
+}
+
+void Workday::connectAll()
+{
+    for (const Station& station : m_stations)
+        station.connectButton().click();
+    for (const Station& station : m_stations) {
+        waitFor(station.device, "connected",
+                [&station] { return station.device.connectionState() == Connection::connected; });
+    }
+    waitForScans();
+}
+
+void Workday::disconnectAll()
+{
+    for (const Station& station : m_stations)
+        station.connectButton().click();
+    for (const Station& station : m_stations) {
+        waitFor(station.device, "disconnected", [&station] {
+            return station.device.connectionState() == Connection::notConnected;
+        });
+    }
+}
+
+void Workday::changeTabs()
+{
+    for (const int tab : {1, 2, 0}) {
+        for (const Station& station : m_stations)
+            station.view->findChild<QTabWidget*>()->setCurrentIndex(tab);
+        waitForScans();
+    }
+}
+
+void Workday::changeSettings()
+{
+    for (Station& station : m_stations) {
+        const auto isDisabled = [&station] {
+            return station.device.read(VariableKind::Config, "disableDriveSystem").toBool();
+        };
+        const bool before = isDisabled();
+        // The base tab has one check box only.
+        station.view->findChild<QTabWidget*>()->currentWidget()->findChild<QCheckBox*>()->click();
+        waitFor(station.device, "drive system switched", [&] { return isDisabled() != before; });
+    }
+}
+
+void Workday::changeLanguage()
+{
+    for (const char* code : {"de", "en"}) {
+        m_services.language().use(QString::fromLatin1(code));
+        waitForScans();
+    }
+}
+
+void Workday::useHelp()
+{
+    for (const char* context : {"rangefinder", "manipulator"}) {
+        m_services.helpAction(QString::fromLatin1(context))->trigger();
+        waitFor(m_stations[0].device, "help shown",
+                [this] { return m_window.findChild<QDockWidget*>("HelpPanel")->isVisible(); });
+    }
+    m_window.findChild<QDockWidget*>("HelpPanel")->close();
+}
+
+void Workday::useDocks()
+{
+    for (const bool isShown : {false, true}) {
+        for (const Station& station : m_stations) {
+            for (auto* dock : station.view->findChildren<QDockWidget*>())
+                dock->setVisible(isShown);
+        }
+        waitForScans();
+    }
+}
+
+void Workday::waitForScans()
+{
+    for (Station& station : m_stations)
+        station.scans = 0;
+    for (const Station& station : m_stations)
+        waitFor(station.device, "scan", [&station] { return station.scans > 0; });
+}

@@ -1,0 +1,64 @@
+#ifndef QUANDREL_WORKDAY_H
+#define QUANDREL_WORKDAY_H
+
+#include "host/device/Device.h"
+#include "host/workbench/EmbeddedRobot.h"
+#include "host/workbench/PluginLoader.h"
+#include "host/workbench/Services.h"
+#include "host/workbench/Window.h"
+
+#include <QTemporaryDir>
+
+#include <array>
+#include <functional>
+
+class QAbstractButton;
+class QDockWidget;
+
+/// The workbench's window with two devices whose robots send all they can, with all docks open,
+/// and somebody who does over and over what people do with it. Whatever does not come about in
+/// time ends the program with words.
+class Workday
+{
+public:
+    /// Fills what keeps the newest only, and connects both.
+    Workday();
+
+    /// Goes through everything once; begins and ends connected, in English, with the docks open,
+    /// the help closed and the first tab in front.
+    void cycle();
+
+private:
+    struct Station
+    {
+        Station(const QString& name, quint32 seed, const QString& settings,
+                host::workbench::Services& services);
+
+        host::workbench::EmbeddedRobot robot;
+        host::device::Device device;
+        host::workbench::DeviceView* view = nullptr;
+        int scans = 0;
+
+        QAbstractButton& connectButton() const;
+    };
+
+    void fill();
+    void connectAll();
+    void disconnectAll();
+    void changeTabs();
+    void changeSettings();
+    void changeLanguage();
+    void useHelp();
+    void useDocks();
+
+    /// Until each device has got another scan, which is when the window has caught up.
+    void waitForScans();
+
+    QTemporaryDir m_settings;
+    host::workbench::Services m_services;
+    host::workbench::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
+    std::array<Station, 2> m_stations;
+    host::workbench::Window m_window{m_plugin, m_services};
+};
+
+#endif
