@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QResizeEvent>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -79,6 +80,24 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     connect(&device, &device::Device::statusChanged, this, &StatusLine::showConnection);
     connect(&device.faults(), &device::Faults::changed, this, &StatusLine::showFaults);
     translate();
+}
+
+QSize StatusLine::sizeHint() const
+{
+    return minimumSizeHint();
+}
+
+QSize StatusLine::minimumSizeHint() const
+{
+    const int narrowest = layout()->totalMinimumSize().width();
+    return {narrowest, layout()->totalHeightForWidth(qMax(width(), narrowest))};
+}
+
+void StatusLine::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width())
+        updateGeometry();
 }
 
 void StatusLine::changeEvent(QEvent* event)

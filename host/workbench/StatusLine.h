@@ -24,7 +24,13 @@ public:
     /// @p device outlives the line. @p robot says where its simulated robot runs, empty for none.
     StatusLine(device::Device& device, const QString& robot);
 
+    // As high as its words need at the width that it has: a status bar knows no heights for widths.
+    bool hasHeightForWidth() const override { return false; }
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
