@@ -25,25 +25,24 @@ namespace {
 
 struct KnownRole
 {
-    DataRole role;
     const char* meaning;
+    DataRole role;
     bool isText; // and otherwise a whole number
 };
 
 constexpr KnownRole knownRoles[] = {
-    {device::baseLogLine,
-     QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Line of the base log"), true},
-    {device::manipulatorLogLine,
-     QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Line of the manipulator log"), true},
-    {device::laserLogLine,
-     QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Line of the laser log"), true},
-    {device::emphasisedBaseLogLine,
-     QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Emphasised line of the base log"), true},
-    {device::connectionStateMessage,
-     QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "State of the connection"), false},
-    {DataRole(0),
-     QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "State of the connection, for the icon"),
-     false},
+    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Line of the base log"),
+     device::baseLogLine, true},
+    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Line of the manipulator log"),
+     device::manipulatorLogLine, true},
+    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Line of the laser log"),
+     device::laserLogLine, true},
+    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Emphasised line of the base log"),
+     device::emphasisedBaseLogLine, true},
+    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "State of the connection"),
+     device::connectionStateMessage, false},
+    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "State of the connection, for the icon"),
+     DataRole(0), false},
 };
 
 } // namespace
