@@ -40,6 +40,9 @@ public:
 
     State state(const Names::Entry& entry) const;
 
+    /// Whether ready() was emitted for this link.
+    bool isReady() const { return m_isReported; }
+
     /// Whether calls of @p service, our name, are in vain.
     bool lacks(const QString& service) const;
 

@@ -2,15 +2,12 @@
 
 #include "host/device/Device.h"
 
-#include <QCborArray>
-#include <QPointer>
-#include <QSet>
-
 #include <utility>
 
 namespace host::workbench {
 
 using device::Connection;
+using device::Offer;
 using Topic = RobotState::Topic;
 
 namespace {
@@ -22,7 +19,9 @@ constexpr std::chrono::seconds askInterval(5);
 RobotFeed::RobotFeed(device::Device& device, QObject* parent) : QObject(parent), m_device(device)
 {
     m_askTimer.setInterval(askInterval);
-    connect(&m_askTimer, &QTimer::timeout, this, &RobotFeed::ask);
+    connect(&m_askTimer, &QTimer::timeout, &device.offer(), &Offer::ask);
+    connect(&device.offer(), &Offer::changed, this, &RobotFeed::arrange);
+    connect(&device.offer(), &Offer::ready, this, &RobotFeed::arrange);
     connect(&device, &device::Device::connectionStateChanged, this, &RobotFeed::onConnectionState);
     onConnectionState(device.connectionState());
 }
@@ -53,48 +52,29 @@ void RobotFeed::onConnectionState(int state)
     Q_EMIT changed();
 }
 
+/// A robot that cannot tell what it offers is taken to offer all.
 void RobotFeed::arrange()
 {
     m_askTimer.stop();
-    if (m_isActive && m_state.isConnected())
-        ask();
-    else
+    if (!m_isActive || !m_state.isConnected()) {
         leaveAll();
-}
-
-void RobotFeed::ask()
-{
-    const QPointer<RobotFeed> self(this);
-    m_device.connection().call(QStringLiteral("/rosapi/topics"), {},
-                               [self](const robot::link::Client::Result& result) {
-                                   if (self)
-                                       self->onTopics(result);
-                               });
-}
-
-/// A robot that cannot tell its topics is taken at its word on each of them.
-void RobotFeed::onTopics(const robot::link::Client::Result& result)
-{
-    if (!m_isActive || !m_state.isConnected())
         return;
-    QSet<QString> names;
-    const QCborArray topics = result.values.value(QLatin1String("topics")).toArray();
-    for (const QCborValue name : topics)
-        names.insert(name.toString());
-    bool isComplete = true;
+    }
+    const Offer& offer = m_device.offer();
+    if (!offer.isReady())
+        return;
     for (int i = 0; i < RobotState::TopicCount; ++i) {
         const auto topic = static_cast<Topic>(i);
-        const bool isPublished =
-            !result.ok || names.contains(QLatin1String(RobotState::info(topic).name));
-        m_state.setPublished(topic, isPublished, RobotState::Clock::now());
-        isComplete = isComplete && isPublished;
-        if (isPublished)
+        const QString name = QLatin1String(RobotState::info(topic).name);
+        const Offer::State found = offer.state(*device::Names::find(name));
+        const bool isOffered = found != Offer::State::Missing && found != Offer::State::OtherType;
+        m_state.setName(topic, m_device.names().theirs(name));
+        m_state.setPublished(topic, isOffered, RobotState::Clock::now());
+        if (isOffered)
             follow(topic);
+        else
+            m_askTimer.start();
     }
-    if (isComplete)
-        m_askTimer.stop();
-    else if (!m_askTimer.isActive())
-        m_askTimer.start();
     Q_EMIT changed();
 }
 

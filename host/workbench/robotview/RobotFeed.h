@@ -1,7 +1,6 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_ROBOTFEED_H
 #define HOST_WORKBENCH_ROBOTVIEW_ROBOTFEED_H
 
-#include "host/device/Connection.h"
 #include "host/workbench/robotview/RobotState.h"
 
 #include <QObject>
@@ -15,8 +14,8 @@ class Device;
 
 namespace host::workbench {
 
-/// Keeps a robot's state new while somebody looks: asks which of the topics the robot publishes,
-/// again and again for those that it does not yet, and follows them.
+/// Keeps a robot's state new while somebody looks: follows the topics that the robot offers, and
+/// has it asked again and again for those that it does not offer yet.
 class RobotFeed : public QObject
 {
     Q_OBJECT
@@ -38,8 +37,6 @@ Q_SIGNALS:
 private:
     void onConnectionState(int state);
     void arrange();
-    void ask();
-    void onTopics(const robot::link::Client::Result& result);
     void follow(RobotState::Topic topic);
     void leaveAll();
 

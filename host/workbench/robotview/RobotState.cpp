@@ -71,6 +71,12 @@ void RobotState::end(TimePoint now)
     m_camera = {};
 }
 
+QString RobotState::name(Topic topic) const
+{
+    const QString& theirs = m_names.at(topic);
+    return theirs.isEmpty() ? QString::fromLatin1(info(topic).name) : theirs;
+}
+
 void RobotState::setPublished(Topic topic, bool isPublished, TimePoint now)
 {
     m_published.at(topic) = isPublished;
@@ -145,8 +151,7 @@ bool RobotState::take(Topic topic, const QCborMap& message, TimePoint now, QStri
     }
     if (fault.isEmpty())
         return isNews;
-    *error =
-        tr("A message of the topic %1 is ignored: %2.").arg(QLatin1String(info(topic).name), fault);
+    *error = tr("A message of the topic %1 is ignored: %2.").arg(name(topic), fault);
     return false;
 }
 
@@ -300,7 +305,7 @@ QString RobotState::missing(const QString& what, const std::vector<Topic>& topic
     QStringList names;
     bool isAnyPublished = false;
     for (const Topic topic : topics) {
-        names.append(QLatin1String(info(topic).name));
+        names.append(name(topic));
         isAnyPublished = isAnyPublished || m_published.at(topic);
     }
     const QString list = names.join(tr(" or "));

@@ -72,6 +72,9 @@ public:
     /// The link is over. The picture stays, the switches are not known any more.
     void end(TimePoint now);
 
+    /// What the robot calls the topic, where that is not our name.
+    void setName(Topic topic, const QString& theirs) { m_names.at(topic) = theirs; }
+
     /// Whether the robot publishes the topic; what it publishes is due soon.
     void setPublished(Topic topic, bool isPublished, TimePoint now);
 
@@ -112,6 +115,7 @@ private:
     bool take(Topic topic, const QCborMap& message, TimePoint now, QString* error);
     bool takeAxes(Topic topic, const QCborMap& message, QString* fault);
     void placeRays();
+    QString name(Topic topic) const; // as the robot says
     QString base() const;
     QString world() const;
     QString missing(const QString& what, const std::vector<Topic>& topics, TimePoint now) const;
@@ -120,6 +124,7 @@ private:
     QDateTime m_lastSeen;             // of the link that is over
     std::optional<TimePoint> m_asked; // what the robot publishes
     std::array<bool, TopicCount> m_published{};
+    std::array<QString, TopicCount> m_names; // empty: ours
     std::array<std::optional<TimePoint>, TopicCount> m_arrivals;
     std::array<QString, TopicCount> m_errors;
     std::optional<GridMap> m_map;

@@ -93,6 +93,7 @@ private Q_SLOTS:
     void it_is_hidden_at_first_and_follows_nothing();
     void it_follows_while_it_is_shown();
     void it_follows_only_what_the_robot_publishes();
+    void a_topic_is_followed_by_the_robots_name_for_it();
     void a_robot_that_cannot_tell_its_topics_is_followed_on_all();
     void what_the_robot_publishes_later_is_found_later();
     void the_table_tells_targets_places_and_switches();
@@ -116,7 +117,6 @@ void RobotDockTest::it_is_hidden_at_first_and_follows_nothing()
     const QSignalSpy lines(&workbench.device.connection(), &Connection::message);
     QTRY_VERIFY_WITH_TIMEOUT(!lines.isEmpty(), patience);
     QCOMPARE(robot.subscriberCount("/odom", "nav_msgs/Odometry", "cbor"), 0);
-    QVERIFY(!robot.calls().contains("/rosapi/topics {}"));
     for (const QTimer* timer : workbench.dock->findChildren<QTimer*>())
         QVERIFY(!timer->isActive());
 }
@@ -162,6 +162,22 @@ void RobotDockTest::it_follows_only_what_the_robot_publishes()
     QCOMPARE(robot.subscriberCount("/map", "nav_msgs/OccupancyGrid", "cbor"), 0);
     QTRY_VERIFY_WITH_TIMEOUT(workbench.notes().contains("No map: the robot does not publish /map."),
                              patience);
+}
+
+void RobotDockTest::a_topic_is_followed_by_the_robots_name_for_it()
+{
+    FakeRobot robot;
+    robot.obey();
+    publish(robot, {"/base/odometry"});
+    Workbench workbench(robot.address());
+    QVERIFY(workbench.device.names().set("/odom", "/base/odometry"));
+    QVERIFY(workbench.device.names().set("/map", "/floor"));
+    workbench.dock->show();
+    workbench.join();
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/base/odometry", "nav_msgs/Odometry", "cbor"),
+                              1, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(
+        workbench.notes().contains("No map: the robot does not publish /floor."), patience);
 }
 
 void RobotDockTest::a_robot_that_cannot_tell_its_topics_is_followed_on_all()

@@ -2,6 +2,7 @@
 
 #include "host/device/Device.h"
 #include "host/device/TracedCall.h"
+#include "host/workbench/DeviceView.h"
 #include "host/workbench/Notice.h"
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/Services.h"
@@ -101,8 +102,9 @@ struct Workbench
     const PluginLoader plugin{DEVICE_PLUGIN_FILE};
     Services services;
     host::device::Device device{"Quandrel", settings.path(), services};
-    Window window{plugin, device, services, QString()};
-    TrafficDock* dock = window.findChild<TrafficDock*>();
+    Window window{plugin, services};
+    DeviceView& view = window.add(device, QString());
+    TrafficDock* dock = view.findChild<TrafficDock*>();
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
+#include "host/workbench/DeviceView.h"
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/Services.h"
 #include "host/workbench/Window.h"
@@ -88,8 +89,9 @@ struct Workbench
     const PluginLoader plugin{DEVICE_PLUGIN_FILE};
     Services services;
     host::device::Device device{"Quandrel", settings.path(), services};
-    Window window{plugin, device, services, QString()};
-    VariablesDock* dock = window.findChild<VariablesDock*>();
+    Window window{plugin, services};
+    DeviceView& view = window.add(device, QString());
+    VariablesDock* dock = view.findChild<VariablesDock*>();
 };
 
 } // namespace
@@ -254,7 +256,8 @@ void VariablesDockTest::the_dock_is_closed_at_first_and_opened_by_the_menu()
     QVERIFY((*view)->menu()->actions().contains(workbench.dock->toggleViewAction()));
 
     PluginLoader none(TEST_PLUGIN_FOLDER "/no_such_file.so");
-    const Window fresh(none, workbench.device, workbench.services, QString());
+    Window fresh(none, workbench.services);
+    fresh.add(workbench.device, QString());
     QVERIFY(fresh.findChild<VariablesDock*>()->isHidden());
 }
 
