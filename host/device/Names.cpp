@@ -9,86 +9,93 @@ namespace host::device {
 
 namespace {
 
-using Kind = Names::Kind;
+/// One line of the tables.
+struct Row
+{
+    const char* name = nullptr;
+    const char* type = nullptr;
+    const char* purpose = nullptr;
+    bool isRequired = true;
+};
+
+constexpr const char* boolean = "std_msgs/Bool";
+constexpr const char* setBool = "std_srvs/SetBool";
+constexpr const char* trigger = "std_srvs/Trigger";
+
+// clang-format off
+const Row topics[] = {
+    {"/scan", "sensor_msgs/LaserScan",
+     QT_TRANSLATE_NOOP("host::device::Names", "the laser's scans")},
+    {"/camera/camera_info", "sensor_msgs/CameraInfo",
+     QT_TRANSLATE_NOOP("host::device::Names", "the camera's rate")},
+    {"/joint_states", "sensor_msgs/JointState",
+     QT_TRANSLATE_NOOP("host::device::Names", "where the arm is, and storing that")},
+    {"/arm/state", "control_msgs/JointTrajectoryControllerState",
+     QT_TRANSLATE_NOOP("host::device::Names", "where the arm is going")},
+    {"/arm/torque_enabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::Names", "whether the arm's torque is on")},
+    {"/arm/line0_enabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::Names", "whether supply line 1 is on")},
+    {"/arm/line1_enabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::Names", "whether supply line 2 is on")},
+    {"/arm/line2_enabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::Names", "whether supply line 3 is on")},
+    {"/drive/disabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::Names", "whether the drive is disabled")},
+    {"/odom", "nav_msgs/Odometry",
+     QT_TRANSLATE_NOOP("host::device::Names", "where the robot is")},
+    {"/map", "nav_msgs/OccupancyGrid",
+     QT_TRANSLATE_NOOP("host::device::Names", "the map")},
+    {"/tf", "tf2_msgs/TFMessage",
+     QT_TRANSLATE_NOOP("host::device::Names", "where the robot and its laser are on the map")},
+    {"/tf_static", "tf2_msgs/TFMessage",
+     QT_TRANSLATE_NOOP("host::device::Names", "frames that do not move, if there are any"),
+     false},
+    {"/rosout", "rosgraph_msgs/Log",
+     QT_TRANSLATE_NOOP("host::device::Names", "the robot's own lines in the logs")},
+};
+
+const Row services[] = {
+    {"/control/acquire", trigger,
+     QT_TRANSLATE_NOOP("host::device::Names", "being the only one in control")},
+    {"/control/release", trigger,
+     QT_TRANSLATE_NOOP("host::device::Names", "giving control back")},
+    {"/drive/disable", setBool,
+     QT_TRANSLATE_NOOP("host::device::Names", "disabling the drive")},
+    {"/camera/set_parameters", "dynamic_reconfigure/Reconfigure",
+     QT_TRANSLATE_NOOP("host::device::Names", "setting the camera's resolution")},
+    {"/arm/torque", setBool,
+     QT_TRANSLATE_NOOP("host::device::Names", "switching the arm's torque")},
+    {"/arm/line0", setBool,
+     QT_TRANSLATE_NOOP("host::device::Names", "switching supply line 1")},
+    {"/arm/line1", setBool,
+     QT_TRANSLATE_NOOP("host::device::Names", "switching supply line 2")},
+    {"/arm/line2", setBool,
+     QT_TRANSLATE_NOOP("host::device::Names", "switching supply line 3")},
+    {"/rosapi/topics", "rosapi/Topics",
+     QT_TRANSLATE_NOOP("host::device::Names", "knowing which topics there are")},
+    {"/rosapi/services", "rosapi/Services",
+     QT_TRANSLATE_NOOP("host::device::Names", "knowing which services there are")},
+    {"/rosapi/publishers", "rosapi/Publishers",
+     QT_TRANSLATE_NOOP("host::device::Names", "knowing which topics are published, and not "
+                                              "just listened to"),
+     false},
+    {"/rosapi/get_param", "rosapi/GetParam",
+     QT_TRANSLATE_NOOP("host::device::Names", "knowing whether the robot is simulated")},
+};
+// clang-format on
 
 std::vector<Names::Entry> makeAll()
 {
-    struct Row
-    {
-        Kind kind;
-        const char* name;
-        const char* type;
-        const char* purpose;
-        bool isRequired = true;
-    };
-    const auto topic = Kind::Topic;
-    const auto service = Kind::Service;
-    const char* const boolean = "std_msgs/Bool";
-    const char* const setBool = "std_srvs/SetBool";
-    const char* const trigger = "std_srvs/Trigger";
-    // clang-format off
-    const Row rows[] = {
-        {topic, "/scan", "sensor_msgs/LaserScan",
-         QT_TRANSLATE_NOOP("host::device::Names", "the laser's scans")},
-        {topic, "/camera/camera_info", "sensor_msgs/CameraInfo",
-         QT_TRANSLATE_NOOP("host::device::Names", "the camera's rate")},
-        {topic, "/joint_states", "sensor_msgs/JointState",
-         QT_TRANSLATE_NOOP("host::device::Names", "where the arm is, and storing that")},
-        {topic, "/arm/state", "control_msgs/JointTrajectoryControllerState",
-         QT_TRANSLATE_NOOP("host::device::Names", "where the arm is going")},
-        {topic, "/arm/torque_enabled", boolean,
-         QT_TRANSLATE_NOOP("host::device::Names", "whether the arm's torque is on")},
-        {topic, "/arm/line0_enabled", boolean,
-         QT_TRANSLATE_NOOP("host::device::Names", "whether supply line 1 is on")},
-        {topic, "/arm/line1_enabled", boolean,
-         QT_TRANSLATE_NOOP("host::device::Names", "whether supply line 2 is on")},
-        {topic, "/arm/line2_enabled", boolean,
-         QT_TRANSLATE_NOOP("host::device::Names", "whether supply line 3 is on")},
-        {topic, "/drive/disabled", boolean,
-         QT_TRANSLATE_NOOP("host::device::Names", "whether the drive is disabled")},
-        {topic, "/odom", "nav_msgs/Odometry",
-         QT_TRANSLATE_NOOP("host::device::Names", "where the robot is")},
-        {topic, "/map", "nav_msgs/OccupancyGrid",
-         QT_TRANSLATE_NOOP("host::device::Names", "the map")},
-        {topic, "/tf", "tf2_msgs/TFMessage",
-         QT_TRANSLATE_NOOP("host::device::Names", "where the robot and its laser are on the map")},
-        {topic, "/tf_static", "tf2_msgs/TFMessage",
-         QT_TRANSLATE_NOOP("host::device::Names", "frames that do not move, if there are any"),
-         false},
-        {topic, "/rosout", "rosgraph_msgs/Log",
-         QT_TRANSLATE_NOOP("host::device::Names", "the robot's own lines in the logs")},
-        {service, "/control/acquire", trigger,
-         QT_TRANSLATE_NOOP("host::device::Names", "being the only one in control")},
-        {service, "/control/release", trigger,
-         QT_TRANSLATE_NOOP("host::device::Names", "giving control back")},
-        {service, "/drive/disable", setBool,
-         QT_TRANSLATE_NOOP("host::device::Names", "disabling the drive")},
-        {service, "/camera/set_parameters", "dynamic_reconfigure/Reconfigure",
-         QT_TRANSLATE_NOOP("host::device::Names", "setting the camera's resolution")},
-        {service, "/arm/torque", setBool,
-         QT_TRANSLATE_NOOP("host::device::Names", "switching the arm's torque")},
-        {service, "/arm/line0", setBool,
-         QT_TRANSLATE_NOOP("host::device::Names", "switching supply line 1")},
-        {service, "/arm/line1", setBool,
-         QT_TRANSLATE_NOOP("host::device::Names", "switching supply line 2")},
-        {service, "/arm/line2", setBool,
-         QT_TRANSLATE_NOOP("host::device::Names", "switching supply line 3")},
-        {service, "/rosapi/topics", "rosapi/Topics",
-         QT_TRANSLATE_NOOP("host::device::Names", "knowing which topics there are")},
-        {service, "/rosapi/services", "rosapi/Services",
-         QT_TRANSLATE_NOOP("host::device::Names", "knowing which services there are")},
-        {service, "/rosapi/publishers", "rosapi/Publishers",
-         QT_TRANSLATE_NOOP("host::device::Names", "knowing which topics are published, and not "
-                                                  "just listened to"),
-         false},
-        {service, "/rosapi/get_param", "rosapi/GetParam",
-         QT_TRANSLATE_NOOP("host::device::Names", "knowing whether the robot is simulated")},
-    };
-    // clang-format on
     std::vector<Names::Entry> entries;
-    for (const Row& row : rows)
-        entries.push_back({row.kind, QLatin1String(row.name), QLatin1String(row.type), row.purpose,
-                           row.isRequired});
+    const auto add = [&](Names::Kind kind, const Row& row) {
+        entries.push_back(
+            {kind, QLatin1String(row.name), QLatin1String(row.type), row.purpose, row.isRequired});
+    };
+    for (const Row& row : topics)
+        add(Names::Kind::Topic, row);
+    for (const Row& row : services)
+        add(Names::Kind::Service, row);
     return entries;
 }
 
@@ -144,13 +151,13 @@ std::optional<Names::Mapping> Names::parseOption(const QString& text, QString* e
 QString Names::load(const QString& folder, const QString& deviceName)
 {
     m_file.emplace(folder, deviceName, QStringLiteral(".names"));
-    const QString problem = m_file->load([](const QJsonObject& entries) -> QString {
+    QString problem = m_file->load([](const QJsonObject& entries) -> QString {
         for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
             if (!find(entry.key()))
                 continue;
             if (!entry->isString())
                 return tr("the name for \"%1\" is not text").arg(entry.key());
-            const QString fault = Names::fault(entry->toString());
+            QString fault = Names::fault(entry->toString());
             if (!fault.isEmpty())
                 return fault;
         }
