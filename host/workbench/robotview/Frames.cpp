@@ -19,7 +19,7 @@ QString bare(const QString& name)
 
 QString frameName(Fields& fields, const char* field)
 {
-    const QString name = bare(fields.text(field));
+    QString name = bare(fields.text(field));
     if (name.isEmpty())
         fields.fail(field, Frames::tr("is empty: no frame is named"));
     return name;
