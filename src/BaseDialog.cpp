@@ -76,6 +76,7 @@ BaseDialog::BaseDialog(plugin::gui::DeviceDelegate& delegate, QWidget* parent)
     resolutionRow->addWidget(m_resolutionCaption);
     updateResolutionSelector();
     resolutionRow->addWidget(m_resolutionSelector, 1);
+    m_resolutionCaption->setBuddy(m_resolutionSelector);
     connect(m_resolutionSelector, SIGNAL(currentIndexChanged(int)), this,
             SLOT(on_resolutionSelector_currentIndexChanged(int)));
     QVBoxLayout* const frequencyLayout = new QVBoxLayout;

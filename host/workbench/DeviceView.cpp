@@ -3,6 +3,7 @@
 #include "host/device/Device.h"
 #include "host/workbench/FailureCard.h"
 #include "host/workbench/Notice.h"
+#include "host/workbench/PluginAccess.h"
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/StartPage.h"
 #include "host/workbench/StatusLine.h"
@@ -132,6 +133,12 @@ void DeviceView::addDocks()
     for (QDockWidget* dock : std::initializer_list<QDockWidget*>{robot, variables, traffic}) {
         addDockWidget(dock == robot ? Qt::RightDockWidgetArea : Qt::BottomDockWidgetArea, dock);
         m_viewMenu->addAction(dock->toggleViewAction());
+        connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool isOpened) {
+            if (!isOpened)
+                return;
+            dock->raise();
+            dock->setFocus();
+        });
     }
     tabifyDockWidget(variables, traffic);
     robot->setVisible(!m_plugin.failure()); // the others are for developers
@@ -178,7 +185,10 @@ DeviceWidget* DeviceView::loadWidget(const char* name)
 {
     QString what; // empty: unknown
     try {
-        return m_device.loadWidget(*m_plugin.interface(), name);
+        DeviceWidget* const widget = m_device.loadWidget(*m_plugin.interface(), name);
+        if (widget)
+            new PluginAccess(*widget); // a child
+        return widget;
     } catch (const std::exception& e) {
         what = QString::fromUtf8(e.what());
     } catch (...) {

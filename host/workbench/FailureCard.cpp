@@ -63,6 +63,18 @@ void FailureCard::changeEvent(QEvent* event)
     QFrame::changeEvent(event);
 }
 
+void FailureCard::resizeEvent(QResizeEvent* event)
+{
+    QFrame::resizeEvent(event);
+    makeRoom();
+}
+
+/// For all lines that the words take in this width: a window asks for no more than one of each.
+void FailureCard::makeRoom()
+{
+    setMinimumHeight(layout()->totalHeightForWidth(width()));
+}
+
 void FailureCard::translate()
 {
     const Failure failure = m_failure();
@@ -72,8 +84,10 @@ void FailureCard::translate()
     m_file->setText(failure.file);
     m_file->setToolTip(failure.file);
     m_file->setCursorPosition(0);
+    m_file->setAccessibleName(tr("File of the plugin"));
     setAccessibleName(failure.title);
     setAccessibleDescription(failure.text());
+    makeRoom();
 }
 
 } // namespace host::workbench

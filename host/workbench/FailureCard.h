@@ -21,9 +21,11 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void translate();
+    void makeRoom();
 
     FailureWords m_failure;
     QLabel* m_title;

@@ -56,7 +56,7 @@ void HelpPanel::openPage(const QString& page)
 
 void HelpPanel::openText(const QString& title, const QString& text)
 {
-    setWindowTitle(title);
+    setTitle(title);
     m_page.clear();
     m_outside->hide();
     m_browser->setHtml(text);
@@ -90,7 +90,13 @@ void HelpPanel::show(const QUrl& page)
     m_page = page.fileName().section('.', 0, 0);
     m_outside->hide();
     m_browser->setSource(page);
-    setWindowTitle(helpTitle(page));
+    setTitle(helpTitle(page));
+}
+
+void HelpPanel::setTitle(const QString& title)
+{
+    setWindowTitle(title);
+    m_browser->setAccessibleName(title);
 }
 
 void HelpPanel::translate()

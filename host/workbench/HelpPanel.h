@@ -36,6 +36,7 @@ protected:
 private:
     void follow(const QUrl& link);
     void show(const QUrl& page);
+    void setTitle(const QString& title);
     void translate();
 
     const Language& m_language;

@@ -40,6 +40,7 @@ void Notice::changeEvent(QEvent* event)
 void Notice::translate()
 {
     m_close->setToolTip(tr("Close"));
+    m_close->setAccessibleName(m_close->toolTip());
 }
 
 void Notice::add(const QString& words)

@@ -4,11 +4,13 @@
 #include "host/workbench/AppearanceMenu.h"
 #include "host/workbench/DeviceArea.h"
 #include "host/workbench/DeviceView.h"
+#include "host/workbench/FocusFrame.h"
 #include "host/workbench/HelpPages.h"
 #include "host/workbench/HelpPanel.h"
 #include "host/workbench/LanguageMenu.h"
 #include "host/workbench/PluginLoader.h"
 #include "host/workbench/Services.h"
+#include "host/workbench/TabOrder.h"
 #include "olm/qt/log/View.h"
 #include "plugin/gui/Interface.h"
 #include "plugin/gui/PluginWidget.h"
@@ -56,6 +58,7 @@ Window::Window(const PluginLoader& plugin, Services& services)
 
     setCentralWidget(m_devices);
     addMenus();
+    new FocusFrame(*this); // a child
     connect(&services, &Services::helpRequested, this, &Window::showHelp);
     connect(qApp, &QApplication::focusChanged, this,
             [this](const QWidget*, const QWidget* focus) { onFocusChanged(focus); });
@@ -120,6 +123,14 @@ void Window::closeEvent(QCloseEvent* event)
 {
     saveLayout();
     QMainWindow::closeEvent(event);
+}
+
+bool Window::focusNextPrevChild(bool next)
+{
+    QWidget* const stop = TabOrder(*this).next(focusWidget(), next);
+    if (stop)
+        stop->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return stop;
 }
 
 void Window::translate()

@@ -75,6 +75,7 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     layout->addLayout(tools);
     layout->addWidget(splitter, 1);
     setWidget(content);
+    setFocusProxy(m_world); // for who opens it
 
     connect(this, &QDockWidget::visibilityChanged, this, &RobotDock::setActive);
     connect(&m_feed, &RobotFeed::changed, this, &RobotDock::onChanged);
@@ -101,9 +102,9 @@ void RobotDock::changeEvent(QEvent* event)
 void RobotDock::translate()
 {
     setWindowTitle(tr("Robot"));
-    m_follow->setText(tr("&Follow the robot"));
+    m_follow->setText(tr("Follow the ro&bot"));
     m_follow->setToolTip(tr("Keep the robot in the middle"));
-    m_showAll->setText(tr("Show &all"));
+    m_showAll->setText(tr("Sho&w all"));
     m_showAll->setToolTip(tr("Show the whole map, or all that there is"));
     m_world->setAccessibleName(tr("The robot's world from above"));
     m_world->setAccessibleDescription(tr("The wheel, + and - zoom; dragging and the arrow keys "

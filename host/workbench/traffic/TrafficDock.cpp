@@ -67,6 +67,7 @@ TrafficDock::TrafficDock(device::Traffic& traffic, QWidget* parent)
     layout->addLayout(controls);
     layout->addWidget(m_view, 1);
     setWidget(content);
+    setFocusProxy(m_filter); // for who opens it
 
     connect(this, &QDockWidget::visibilityChanged, &m_model, &TrafficModel::setActive);
     connect(m_filter, &QLineEdit::textChanged, &m_filtered,
@@ -98,7 +99,7 @@ void TrafficDock::changeEvent(QEvent* event)
 void TrafficDock::translate()
 {
     setWindowTitle(tr("Traffic"));
-    m_filterLabel->setText(tr("Filte&r:"));
+    m_filterLabel->setText(tr("Filter:"));
     m_filter->setPlaceholderText(tr("Part of a call, a widget, an argument, …"));
     m_filter->setAccessibleName(tr("Filter of the calls"));
     m_view->setAccessibleName(tr("Calls between host and plugin"));
@@ -106,7 +107,7 @@ void TrafficDock::translate()
     m_pause->setToolTip(tr("Leave the list as it is; calls are kept meanwhile."));
     m_clear->setText(tr("&Clear"));
     m_clear->setToolTip(tr("Forget all calls."));
-    m_save->setText(tr("Sav&e …"));
+    m_save->setText(tr("&Save …"));
     m_save->setToolTip(tr("Save the calls that are shown as comma-separated values."));
     m_view->header()->viewport()->update();
     m_view->viewport()->update();

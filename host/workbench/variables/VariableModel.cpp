@@ -98,7 +98,7 @@ QVariant VariableModel::data(const QModelIndex& index, int role) const
         return {};
     // Half transparent, so that it suits light and dark desktops.
     QColor colour(255, 190, 0);
-    colour.setAlphaF(0.5F * (1 - static_cast<float>(age / 1ms) / (fadeTime / 1ms)));
+    colour.setAlphaF(0.35F * (1 - static_cast<float>(age / 1ms) / (fadeTime / 1ms)));
     return QBrush(colour);
 }
 

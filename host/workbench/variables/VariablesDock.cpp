@@ -93,6 +93,7 @@ VariablesDock::VariablesDock(device::Variables& variables, QWidget* parent)
     layout->addLayout(form);
     layout->addWidget(m_problem);
     setWidget(content);
+    setFocusProxy(m_filter); // for who opens it
 
     connect(this, &QDockWidget::visibilityChanged, &m_model, &VariableModel::setActive);
     connect(&m_model, &QAbstractItemModel::rowsInserted, &m_filtered,
@@ -123,16 +124,16 @@ void VariablesDock::changeEvent(QEvent* event)
 void VariablesDock::translate()
 {
     setWindowTitle(tr("Variables"));
-    m_filterLabel->setText(tr("Fi&lter:"));
+    m_filterLabel->setText(tr("F&ilter:"));
     m_filter->setPlaceholderText(tr("Part of a name, a value, …"));
     m_filter->setAccessibleName(tr("Filter of the variables"));
     m_view->setAccessibleName(tr("Variables of the device"));
-    m_typeLabel->setText(tr("&Type:"));
+    m_typeLabel->setText(tr("T&ype:"));
     m_type->setAccessibleName(tr("Type of the new value"));
     m_type->setItemText(0, enterableTypes().first());
-    m_valueLabel->setText(tr("V&alue:"));
+    m_valueLabel->setText(tr("Valu&e:"));
     m_value->setAccessibleName(tr("New value"));
-    m_set->setText(tr("&Set"));
+    m_set->setText(tr("Se&t"));
     m_set->setToolTip(tr("Set the variable as the device would: the plugin is told, nothing is "
                          "stored, and no robot hears of it."));
     m_view->header()->viewport()->update();
