@@ -125,7 +125,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; was not changed: the device refuses what is written.</source>
-        <translation>„%1“ wurde nicht geändert: Das Gerät weist ab, was geschrieben wird.</translation>
+        <translation>„%1“ wurde nicht geändert: Das Gerät verweigert das Schreiben.</translation>
     </message>
 </context>
 <context>
@@ -148,11 +148,11 @@
     </message>
     <message>
         <source>scan frozen</source>
-        <translation>Scan steht still</translation>
+        <translation>Scan eingefroren</translation>
     </message>
     <message>
         <source>writes refused</source>
-        <translation>Schreiben wird abgewiesen</translation>
+        <translation>Schreiben wird verweigert</translation>
     </message>
     <message>
         <source>wrong type: %1</source>
@@ -160,7 +160,7 @@
     </message>
     <message>
         <source>Faults are on: %1</source>
-        <translation>Fehler sind eingeschaltet: %1</translation>
+        <translation>Störungen sind eingeschaltet: %1</translation>
     </message>
 </context>
 <context>
@@ -428,6 +428,13 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::FailureCard</name>
+    <message>
+        <source>File of the plugin</source>
+        <translation>Datei des Plugins</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::FaultsMenu</name>
     <message>
         <source>%1 ms</source>
@@ -447,11 +454,11 @@
     </message>
     <message>
         <source>Fa&amp;ults</source>
-        <translation>F&amp;ehler</translation>
+        <translation>Störun&amp;gen</translation>
     </message>
     <message>
         <source>&amp;Drop the link</source>
-        <translation>Die Verbindung &amp;trennen</translation>
+        <translation>Verbindung &amp;abreißen</translation>
     </message>
     <message>
         <source>The connection ends as if the robot had vanished.</source>
@@ -459,7 +466,7 @@
     </message>
     <message>
         <source>&amp;Refuse the next connection</source>
-        <translation>Die &amp;nächste Verbindung abweisen</translation>
+        <translation>&amp;Nächste Verbindung abweisen</translation>
     </message>
     <message>
         <source>The next attempt to connect fails as if no robot were listening. Just that one.</source>
@@ -467,7 +474,7 @@
     </message>
     <message>
         <source>&amp;Another client in control</source>
-        <translation>Ein &amp;anderer Client hat die Kontrolle</translation>
+        <translation>Anderer &amp;Client hat die Kontrolle</translation>
     </message>
     <message>
         <source>The device is connected passively, at once or from the next connection on: it hears the robot and cannot command it.</source>
@@ -491,7 +498,7 @@
     </message>
     <message>
         <source>&amp;Freeze the scan</source>
-        <translation>Den Scan an&amp;halten</translation>
+        <translation>Scan &amp;einfrieren</translation>
     </message>
     <message>
         <source>No new scan reaches the plugin.</source>
@@ -499,7 +506,7 @@
     </message>
     <message>
         <source>Refuse &amp;writes</source>
-        <translation>&amp;Schreiben abweisen</translation>
+        <translation>&amp;Schreiben verweigern</translation>
     </message>
     <message>
         <source>What a widget writes into the configuration is not kept: the widget reads the old value and is told it again, and the base log says so.</source>
@@ -515,7 +522,7 @@
     </message>
     <message>
         <source>Send a &amp;message…</source>
-        <translation>Eine Nachri&amp;cht senden …</translation>
+        <translation>Nachricht sen&amp;den…</translation>
     </message>
     <message>
         <source>All widgets get a message of any role and value.</source>
@@ -523,7 +530,7 @@
     </message>
     <message>
         <source>&amp;End all faults</source>
-        <translation>Alle Fehler &amp;beenden</translation>
+        <translation>Alle Störungen &amp;beenden</translation>
     </message>
     <message>
         <source>The device works as it should again.</source>
@@ -908,6 +915,29 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::PluginAccess</name>
+    <message>
+        <source>Connect or disconnect</source>
+        <translation>Verbinden oder trennen</translation>
+    </message>
+    <message>
+        <source>Address of the robot</source>
+        <translation>Adresse des Roboters</translation>
+    </message>
+    <message>
+        <source>Stored positions of the arm</source>
+        <translation>Gespeicherte Positionen des Arms</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::PluginLoader</name>
     <message>
         <source>Check the path given with --plugin. Without that option the workbench loads the one that came with it.</source>
@@ -1092,16 +1122,8 @@
         <translation>Roboter</translation>
     </message>
     <message>
-        <source>&amp;Follow the robot</source>
-        <translation>Dem Roboter &amp;folgen</translation>
-    </message>
-    <message>
         <source>Keep the robot in the middle</source>
         <translation>Den Roboter in der Mitte halten</translation>
-    </message>
-    <message>
-        <source>Show &amp;all</source>
-        <translation>&amp;Alles zeigen</translation>
     </message>
     <message>
         <source>Show the whole map, or all that there is</source>
@@ -1118,6 +1140,14 @@
     <message>
         <source>Parts of the robot</source>
         <translation>Teile des Roboters</translation>
+    </message>
+    <message>
+        <source>Follow the ro&amp;bot</source>
+        <translation>Dem Ro&amp;boter folgen</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w all</source>
+        <translation>Alles &amp;zeigen</translation>
     </message>
 </context>
 <context>
@@ -1352,10 +1382,6 @@
         <translation>Aufrufe</translation>
     </message>
     <message>
-        <source>Filte&amp;r:</source>
-        <translation>Filte&amp;r:</translation>
-    </message>
-    <message>
         <source>Part of a call, a widget, an argument, …</source>
         <translation>Teil eines Aufrufs, eines Widgets, eines Arguments …</translation>
     </message>
@@ -1377,15 +1403,11 @@
     </message>
     <message>
         <source>&amp;Clear</source>
-        <translation>Leer&amp;en</translation>
+        <translation>Leere&amp;n</translation>
     </message>
     <message>
         <source>Forget all calls.</source>
         <translation>Vergisst alle Aufrufe.</translation>
-    </message>
-    <message>
-        <source>Sav&amp;e …</source>
-        <translation>Speicher&amp;n …</translation>
     </message>
     <message>
         <source>Save the calls that are shown as comma-separated values.</source>
@@ -1398,6 +1420,14 @@
     <message>
         <source>Comma-separated values (*.csv)</source>
         <translation>Durch Komma getrennte Werte (*.csv)</translation>
+    </message>
+    <message>
+        <source>Filter:</source>
+        <translation>Filter:</translation>
+    </message>
+    <message>
+        <source>&amp;Save …</source>
+        <translation>Spei&amp;chern …</translation>
     </message>
 </context>
 <context>
@@ -1583,10 +1613,6 @@
         <translation>Variablen</translation>
     </message>
     <message>
-        <source>Fi&amp;lter:</source>
-        <translation>Fi&amp;lter:</translation>
-    </message>
-    <message>
         <source>Part of a name, a value, …</source>
         <translation>Teil eines Namens, eines Werts …</translation>
     </message>
@@ -1599,24 +1625,12 @@
         <translation>Variablen des Geräts</translation>
     </message>
     <message>
-        <source>&amp;Type:</source>
-        <translation>&amp;Typ:</translation>
-    </message>
-    <message>
         <source>Type of the new value</source>
         <translation>Typ des neuen Werts</translation>
     </message>
     <message>
-        <source>V&amp;alue:</source>
-        <translation>&amp;Wert:</translation>
-    </message>
-    <message>
         <source>New value</source>
         <translation>Neuer Wert</translation>
-    </message>
-    <message>
-        <source>&amp;Set</source>
-        <translation>Set&amp;zen</translation>
     </message>
     <message>
         <source>Set the variable as the device would: the plugin is told, nothing is stored, and no robot hears of it.</source>
@@ -1625,6 +1639,22 @@
     <message>
         <source>No variable chosen</source>
         <translation>Keine Variable gewählt</translation>
+    </message>
+    <message>
+        <source>F&amp;ilter:</source>
+        <translation>F&amp;ilter:</translation>
+    </message>
+    <message>
+        <source>T&amp;ype:</source>
+        <translation>T&amp;yp:</translation>
+    </message>
+    <message>
+        <source>Valu&amp;e:</source>
+        <translation>W&amp;ert:</translation>
+    </message>
+    <message>
+        <source>Se&amp;t</source>
+        <translation>Se&amp;tzen</translation>
     </message>
 </context>
 <context>
@@ -1734,11 +1764,11 @@
     </message>
     <message>
         <source>making faults</source>
-        <translation>Machen von Fehlern</translation>
+        <translation>Machen von Störungen</translation>
     </message>
     <message>
         <source>there is no such fault</source>
-        <translation>es gibt keinen solchen Fehler</translation>
+        <translation>es gibt keine solche Störung</translation>
     </message>
 </context>
 <context>

@@ -328,7 +328,7 @@ void WorldView::paintRobot(QPainter& painter) const
     painter.rotate(std::atan2(ahead.y(), ahead.x()) * 180 / std::acos(-1.0));
     painter.setPen(QPen(palette().color(QPalette::Base), 1.5));
     painter.setBrush(isStale ? staleColour(palette()) : palette().color(QPalette::Highlight));
-    painter.drawPolygon(QPolygonF{{12, 0}, {-8, 8}, {-4, 0}, {-8, -8}});
+    painter.drawPolygon(QPolygonF(QVector<QPointF>{{12, 0}, {-8, 8}, {-4, 0}, {-8, -8}}));
     painter.restore();
 }
 

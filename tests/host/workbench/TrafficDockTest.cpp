@@ -416,7 +416,7 @@ void TrafficDockTest::every_control_has_a_name()
         QVERIFY2(hasName, widget->metaObject()->className());
     }
     for (const QLabel* label : content->findChildren<QLabel*>())
-        QCOMPARE(label->buddy() != nullptr, label->text().contains('&'));
+        QVERIFY(label->buddy() || !label->text().contains('&'));
 }
 
 QTEST_MAIN(TrafficDockTest)
