@@ -32,6 +32,7 @@ private Q_SLOTS:
     void a_host_that_reports_the_state_while_connecting_ends_the_edit();
 
     void the_context_menu_ends_with_the_help_entry();
+    void the_context_menu_opens_under_the_mouse_with_nothing_chosen();
     void the_help_action_outlives_the_menu();
 };
 
@@ -123,6 +124,7 @@ void AddressInputTest::the_combo_boxs_defaults_stay()
     QVERIFY(!input.lineEdit()->validator());
     QCOMPARE(input.lineEdit()->maxLength(), QLineEdit().maxLength());
     QVERIFY(!input.itemData(0).isValid());
+    QVERIFY(input.completer());
 }
 
 void AddressInputTest::a_disabled_field_still_follows_the_device()
@@ -286,6 +288,22 @@ void AddressInputTest::the_context_menu_ends_with_the_help_entry()
     QVERIFY(standard->actions().size() > 5);
     QCOMPARE(found, entries(*standard) + QStringList({"-", "Help on toolbar"}));
     QCOMPARE(last, host.helpAction("toolbar"));
+}
+
+void AddressInputTest::the_context_menu_opens_under_the_mouse_with_nothing_chosen()
+{
+    FakeHost host;
+    Window window(host);
+    QVERIFY(window.waitUntilActive());
+    QLineEdit& field = *window.field();
+    QPoint position;
+    bool chosen = true;
+    QVERIFY(withContextMenu(field, [&](const QMenu& menu) {
+        position = menu.pos();
+        chosen = menu.activeAction();
+    }));
+    QCOMPARE(position, field.mapToGlobal(field.rect().center()));
+    QVERIFY(!chosen);
 }
 
 void AddressInputTest::the_help_action_outlives_the_menu()

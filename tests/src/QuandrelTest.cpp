@@ -16,7 +16,7 @@ class QuandrelTest : public TestCase
 
 private Q_SLOTS:
     void construction_calls_the_host_in_order();
-    void the_children_are_its_own();
+    void the_children_are_its_own_the_address_first();
     void the_state_decides_at_construction_whether_the_address_may_be_edited_data();
     void the_state_decides_at_construction_whether_the_address_may_be_edited();
     void a_state_that_is_no_integer_is_shown_as_the_number_it_converts_to();
@@ -55,14 +55,14 @@ void QuandrelTest::construction_calls_the_host_in_order()
     QCOMPARE(connectedHost.calls, host.calls + QStringList{"read config ipAddress"});
 }
 
-void QuandrelTest::the_children_are_its_own()
+void QuandrelTest::the_children_are_its_own_the_address_first()
 {
     FakeHost host;
     QWidget parent;
     auto* quandrel = new Quandrel(host, &parent, QString());
     QCOMPARE(quandrel->parent(), &parent);
-    QCOMPARE(quandrel->addressInput()->parent(), quandrel);
-    QCOMPARE(quandrel->connectButton()->parent(), quandrel);
+    const QObjectList children{quandrel->addressInput(), quandrel->connectButton()};
+    QCOMPARE(quandrel->children(), children);
     QVERIFY(!quandrel->layout());
 }
 
@@ -100,6 +100,17 @@ void QuandrelTest::a_state_that_is_no_integer_is_shown_as_the_number_it_converts
     const Quandrel quandrel(host, nullptr, QString());
     QCOMPARE(quandrel.connectButton()->toolTip(), QString("Not connected."));
     QVERIFY(quandrel.addressInput()->isEnabled());
+
+    // The state of a message likewise.
+    for (const int role : {0, 1005}) {
+        message(host, role, std::string("3"));
+        QCOMPARE(quandrel.connectButton()->toolTip(), QString("Connected to ."));
+        QCOMPARE(quandrel.addressInput()->isEnabled(), role == 0);
+        message(host, role, std::string("-1"));
+        QCOMPARE(quandrel.connectButton()->toolTip(), QString("Not connected."));
+        message(host, role, Variant());
+        QCOMPARE(quandrel.connectButton()->toolTip(), QString("Connecting to ."));
+    }
 }
 
 void QuandrelTest::a_bundle_with_the_address_sets_the_shown_text()
