@@ -3,6 +3,7 @@
 #include "AddressInput.h"
 #include "BaseTab.h"
 #include "ConnectButton.h"
+#include "ContextMenu.h"
 #include "ForeignLocale.h"
 #include "Quandrel.h"
 #include "TestCase.h"
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void messages_are_posted_to_the_log_data();
     void messages_are_posted_to_the_log();
     void messages_of_other_roles_are_ignored();
+    void the_menu_of_the_log_ends_with_the_help();
     void connecting_and_disconnecting_change_nothing_of_the_base();
     void the_controls_connect_the_device();
 };
@@ -184,6 +186,8 @@ void BaseDialogTest::all_texts_are_translated()
     QCOMPARE(caption(1), QString("Bildrate:"));
     QCOMPARE(tab.disableDriveSystem().text(), QString("Antrieb abschalten"));
     QCOMPARE(tab.frequency(), QString("0 Hz"));
+    change(tab.host, Kind::Input, "cameraFrequency", 25U);
+    QCOMPARE(tab.frequency(), QString("25 Hz"));
 }
 
 void BaseDialogTest::nothing_is_written_at_construction()
@@ -343,6 +347,15 @@ void BaseDialogTest::messages_of_other_roles_are_ignored()
     message(tab.host, 1000, QString("after"));
     QCOMPARE(tab.log(), QString("before\nafter"));
     QVERIFY(tab.writes().isEmpty());
+}
+
+void BaseDialogTest::the_menu_of_the_log_ends_with_the_help()
+{
+    const Tab tab;
+    const QAction* last = nullptr;
+    QVERIFY(withContextMenu(*tab.dialog->findChild<View*>()->viewport(),
+                            [&last](const QMenu& menu) { last = menu.actions().constLast(); }));
+    QCOMPARE(last, tab.host.helpAction(QString()));
 }
 
 void BaseDialogTest::connecting_and_disconnecting_change_nothing_of_the_base()

@@ -1,18 +1,24 @@
 #include "Dialog.h"
+#include "AddressInput.h"
 #include "BaseDialog.h"
 #include "Delivery.h"
 #include "FakeHost.h"
 #include "LaserRangeFinderDialog.h"
 #include "ManipulatorDialog.h"
+#include "PositionModel.h"
 #include "TestCase.h"
+#include "olm/core/LaserScanMessage.h"
 
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QPointer>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTextEdit>
+#include <QVBoxLayout>
 #include <QtTest>
 
+#include <dlfcn.h>
 #include <memory>
 #include <stdexcept>
 
@@ -37,7 +43,19 @@ QStringList labelsOf(const Dialog& dialog)
     return labels;
 }
 
+QList<int> postedLevels;
+
 } // namespace
+
+/// Comes before the framework's own, which shows every level alike.
+void olm::qt::log::Log::postLog(const QString& text, int level)
+{
+    postedLevels.append(level);
+    using Function = void (*)(Log*, const QString&, int);
+    static const auto next =
+        reinterpret_cast<Function>(dlsym(RTLD_NEXT, "_ZN3olm2qt3log3Log7postLogERK7QStringi"));
+    next(this, text, level);
+}
 
 class DialogTest : public TestCase
 {
@@ -50,6 +68,7 @@ private Q_SLOTS:
     void it_has_no_parent_and_its_tabs_are_its_own();
     void the_tabs_are_built_in_order();
     void messages_and_changes_reach_the_tabs_and_not_through_the_dialog();
+    void every_tab_posts_with_the_highest_level();
     void nothing_is_left_of_a_dialog_whose_tab_throws();
     void nothing_is_written_while_it_lives_and_dies();
 };
@@ -84,6 +103,11 @@ void DialogTest::the_tabs_are_at_the_bottom_and_fill_the_dialog()
     const QTabWidget* const tabs = tabsOf(*dialog);
     QCOMPARE(tabs->tabPosition(), QTabWidget::South);
     QCOMPARE(tabs->tabShape(), QTabWidget::Triangular);
+    const auto* const layout = qobject_cast<QVBoxLayout*>(dialog->layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->count(), 1);
+    QCOMPARE(layout->stretch(0), 0);
+    QVERIFY(!layout->itemAt(0)->alignment());
     dialog->resize(700, 600);
     dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
@@ -136,11 +160,38 @@ void DialogTest::messages_and_changes_reach_the_tabs_and_not_through_the_dialog(
     }
     dialog->connected();
     dialog->disconnected();
+    plugin::gui::HistoryBundleContent content;
+    content.insert(Kind::Config, "disableDriveSystem", true);
+    content.insert(Kind::Config, "ipAddress", std::string("10.0.0.1"));
+    content.insert(Kind::Config, "num_pos", 3);
+    content.insert(Kind::Input, "scan", olm::core::LaserScanMessage());
+    const QWidget* const base = tabsOf(*dialog)->widget(0);
+    const QSignalSpy reset(dialog->findChild<PositionModel*>(), &PositionModel::modelReset);
+    dialog->update(plugin::gui::DeviceHistoryBundle(content));
+    QVERIFY(!base->findChild<QCheckBox*>()->isChecked());
+    QCOMPARE(base->findChild<AddressInput*>()->text(), QString());
+    QCOMPARE(reset.size(), 0);
+    for (const QWidget* widget : dialog->findChildren<QWidget*>())
+        QVERIFY(widget->isEnabled());
 
     message(host, 1000, QString("base"));
     message(host, 1001, QString("arm"));
     message(host, 1002, QString("laser"));
     QCOMPARE(logs(), QStringList({"base", "arm", "laser"}));
+}
+
+void DialogTest::every_tab_posts_with_the_highest_level()
+{
+    FakeHost host;
+    host.answers[LaserStartTextRole] = QString("Ready.");
+    postedLevels.clear();
+    const auto dialog = build(host);
+    for (const int role : {1000, 1001, 1002})
+        message(host, role, QString("text"));
+    QCOMPARE(postedLevels, QList<int>({255, 255, 255, 255})); // the start text's too
+    postedLevels.clear();
+    message(host, 1004, QString("text"));
+    QVERIFY(postedLevels.contains(255)); // between empty lines
 }
 
 void DialogTest::nothing_is_left_of_a_dialog_whose_tab_throws()

@@ -1,5 +1,6 @@
 #include "LaserRangeFinderDialog.h"
 
+#include "ContextMenu.h"
 #include "Delivery.h"
 #include "FakeHost.h"
 #include "ForeignLocale.h"
@@ -40,7 +41,7 @@ LaserScanMessage example()
 {
     LaserScanMessage scan;
     scan.sequenceNumber = 4294967295U;
-    scan.timeStamp = 1234567;
+    scan.timeStamp = 4000000000U;
     scan.frameId = "laser";
     scan.minimumAngle = -1.57079637F; // half of the single-precision pi
     scan.maximumAngle = 3.14159274F;
@@ -54,8 +55,8 @@ LaserScanMessage example()
     return scan;
 }
 
-const QStringList exampleTexts{"4294967295", "1234567", "laser", "-90",     "180", "0.572958",
-                               "0.0001",     "0.1",     "0.02",  "12.3457", "683", "12345"};
+const QStringList exampleTexts{"4294967295", "4000000000", "laser", "-90",     "180", "0.572958",
+                               "0.0001",     "0.1",        "0.02",  "12.3457", "683", "12345"};
 
 const QStringList defaultTexts{"0", "0", "", "0", "0", "0", "0", "0", "0", "0", "0", "0"};
 
@@ -112,6 +113,7 @@ private Q_SLOTS:
     void a_message_for_this_tab_is_posted_data();
     void a_message_for_this_tab_is_posted();
     void messages_of_other_roles_are_ignored();
+    void the_menu_of_the_log_ends_with_the_help();
     void nothing_is_ever_written();
 };
 
@@ -423,6 +425,16 @@ void LaserRangeFinderDialogTest::messages_of_other_roles_are_ignored()
     message(host, 1002, QString("after"));
     QCOMPARE(log(dialog), QString("before\nafter"));
     QVERIFY(host.calls.isEmpty());
+}
+
+void LaserRangeFinderDialogTest::the_menu_of_the_log_ends_with_the_help()
+{
+    FakeHost host;
+    const LaserRangeFinderDialog dialog(host, nullptr);
+    const QAction* last = nullptr;
+    QVERIFY(withContextMenu(*dialog.findChild<View*>()->viewport(),
+                            [&last](const QMenu& menu) { last = menu.actions().constLast(); }));
+    QCOMPARE(last, host.helpAction("rangefinder"));
 }
 
 void LaserRangeFinderDialogTest::nothing_is_ever_written()

@@ -1,5 +1,6 @@
 #include "ManipulatorDialog.h"
 
+#include "ContextMenu.h"
 #include "Delivery.h"
 #include "Meanwhile.h"
 #include "PositionDelegate.h"
@@ -84,6 +85,7 @@ private Q_SLOTS:
     void messages_of_the_arm_are_logged_data();
     void messages_of_the_arm_are_logged();
     void other_messages_are_not_logged();
+    void the_menu_of_the_log_ends_with_the_help();
     void the_connection_changes_nothing();
 };
 
@@ -114,6 +116,7 @@ void ManipulatorDialogTest::the_controls_stand_above_the_table_and_the_log()
     QCOMPARE(torque->count(), 1);
     QCOMPARE(torque->itemAt(0)->widget(), tab.child<QPushButton>());
     QVERIFY(controls->itemAt(2)->spacerItem());
+    QVERIFY(controls->itemAt(2)->expandingDirections() & Qt::Horizontal);
 
     auto* const splitter = qobject_cast<QSplitter*>(layout->itemAt(1)->widget());
     QVERIFY(splitter);
@@ -138,6 +141,13 @@ void ManipulatorDialogTest::the_table_takes_the_room_and_the_log_its_least()
     const int least = tab.child<olm::qt::log::View>()->minimumSizeHint().height();
     QVERIFY2(sizes[1] <= least, qPrintable(QString::number(sizes[1])));
     QVERIFY2(sizes[0] > 5 * sizes[1], qPrintable(QString::number(sizes[0])));
+
+    // In a window that has it all, both have what they asked for.
+    auto* const splitter = tab.child<QSplitter>();
+    const int all = 10000 + splitter->handleWidth() + least;
+    tab.dialog->resize(400, tab.dialog->height() + all - splitter->height());
+    const QList<int> wanted{10000, least};
+    QTRY_COMPARE(splitter->sizes(), wanted);
 }
 
 void ManipulatorDialogTest::texts_are_set_by_translating()
@@ -303,14 +313,33 @@ void ManipulatorDialogTest::other_messages_are_not_logged()
     QCOMPARE(tab.host.calls, QStringList());
 }
 
-void ManipulatorDialogTest::the_connection_changes_nothing()
+void ManipulatorDialogTest::the_menu_of_the_log_ends_with_the_help()
 {
     const Tab tab;
-    tab.dialog->connected();
-    tab.dialog->disconnected();
+    const QAction* last = nullptr;
+    QVERIFY(withContextMenu(*tab.child<olm::qt::log::View>()->viewport(),
+                            [&last](const QMenu& menu) { last = menu.actions().constLast(); }));
+    QCOMPARE(last, tab.host.helpAction("manipulator"));
+}
 
-    QCOMPARE(tab.host.calls, QStringList());
-    QVERIFY(tab.dialog->isEnabled());
+void ManipulatorDialogTest::the_connection_changes_nothing()
+{
+    Tab tab;
+    tab.lines()[0]->click();
+    message(tab.host, 1001, QString("Arm at home."));
+    for (const bool connected : {true, false}) {
+        tab.host.calls.clear();
+        if (connected)
+            tab.dialog->connected();
+        else
+            tab.dialog->disconnected();
+        QCOMPARE(tab.host.calls, QStringList());
+        QVERIFY(tab.lines()[0]->isChecked());
+        QVERIFY(!tab.lines()[1]->isChecked());
+        QCOMPARE(tab.log(), QString("Arm at home."));
+        for (const QWidget* widget : tab.dialog->findChildren<QWidget*>())
+            QVERIFY(widget->isEnabled());
+    }
 }
 
 QTEST_MAIN(ManipulatorDialogTest)
