@@ -22,12 +22,15 @@ private Q_SLOTS:
     void a_name_is_stored_as_it_was_typed_data();
     void a_name_is_stored_as_it_was_typed();
     void an_added_position_is_a_copy_of_the_last();
+    void the_first_position_is_only_counted_data();
     void the_first_position_is_only_counted();
+    void a_copied_position_has_the_table_s_types_whatever_it_had();
     void a_full_table_takes_no_position_data();
     void a_full_table_takes_no_position();
     void a_removed_position_is_closed_up_data();
     void a_removed_position_is_closed_up();
     void nothing_is_removed_from_an_empty_table();
+    void a_count_below_zero_is_lowered_further();
     void no_signal_is_sent_before_the_device_reports_the_change();
 };
 
@@ -215,17 +218,50 @@ void PositionModelEditTest::an_added_position_is_a_copy_of_the_last()
     QVERIFY(isInt);
 }
 
+void PositionModelEditTest::the_first_position_is_only_counted_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::newRow("none") << 0;
+    QTest::newRow("fewer than none") << -2;
+}
+
 void PositionModelEditTest::the_first_position_is_only_counted()
 {
+    QFETCH(int, count);
     FakeHost host;
-    setPositions(host, 0, 5);
+    setPositions(host, count, 5);
     Owner owner(host);
     PositionModel model(&owner);
 
     model.addPos();
 
     QCOMPARE(changes(host), QStringList("write config num_pos"));
-    QCOMPARE(storedNumber(host, "num_pos"), 1);
+    QCOMPARE((host.variables[{Kind::Config, "num_pos"}].get<int>()), count + 1);
+}
+
+void PositionModelEditTest::a_copied_position_has_the_table_s_types_whatever_it_had()
+{
+    FakeHost host;
+    setPositions(host, 2, 5);
+    host.set(Kind::Config, "pos1", std::string("90 [30]"));
+    host.set(Kind::Config, "pos1_name", 7);
+    Owner owner(host);
+    PositionModel model(&owner);
+    const auto isEmptyPosition = [&host](const char* name) {
+        bool isPosition = false;
+        return host.variables[{Kind::Config, name}].get<Values>(&isPosition).isEmpty() &&
+               isPosition;
+    };
+
+    model.addPos();
+    QVERIFY(isEmptyPosition("pos2"));
+
+    model.removePos(0);
+    QVERIFY(isEmptyPosition("pos0"));
+    bool isText = false;
+    QCOMPARE((host.variables[{Kind::Config, "pos0_name"}].get<std::string>(&isText)),
+             std::string("7"));
+    QVERIFY(isText);
 }
 
 void PositionModelEditTest::a_full_table_takes_no_position_data()
@@ -273,6 +309,12 @@ void PositionModelEditTest::a_removed_position_is_closed_up_data()
                           << QStringList{"first", "second", "third"};
     QTest::newRow("beyond") << 7 << QStringList{"write config num_pos"}
                             << QStringList{"first", "second", "third"};
+    QTest::newRow("before the first")
+        << -1 << QStringList{"write config pos-1",  "write config pos-1_name",
+                             "write config pos0",   "write config pos0_name",
+                             "write config pos1",   "write config pos1_name",
+                             "write config num_pos"}
+        << QStringList{"second", "third", "third"};
     QTest::newRow("far beyond") << std::numeric_limits<int>::max()
                                 << QStringList{"write config num_pos"}
                                 << QStringList{"first", "second", "third"};
@@ -291,7 +333,9 @@ void PositionModelEditTest::a_removed_position_is_closed_up()
     model.removePos(row);
 
     QCOMPARE(changes(host), written);
-    QCOMPARE(storedNumber(host, "num_pos"), 2);
+    bool isInt = false;
+    QCOMPARE((host.variables[{Kind::Config, "num_pos"}].get<int>(&isInt)), 2);
+    QVERIFY(isInt);
     for (int i = 0; i < 3; ++i) {
         const std::string name = "pos" + std::to_string(i);
         const QString stored = storedText(host, (name + "_name").c_str());
@@ -315,6 +359,19 @@ void PositionModelEditTest::nothing_is_removed_from_an_empty_table()
     model.removePos(0);
 
     QCOMPARE(host.calls, QStringList("read config num_pos"));
+}
+
+void PositionModelEditTest::a_count_below_zero_is_lowered_further()
+{
+    FakeHost host;
+    setPositions(host, -2, 5);
+    Owner owner(host);
+    PositionModel model(&owner);
+
+    model.removePos(0);
+
+    QCOMPARE(changes(host), QStringList("write config num_pos"));
+    QCOMPARE((host.variables[{Kind::Config, "num_pos"}].get<int>()), -3);
 }
 
 void PositionModelEditTest::no_signal_is_sent_before_the_device_reports_the_change()

@@ -63,12 +63,14 @@ void PositionModelTest::a_row_stands_for_each_position_the_device_has_now()
 void PositionModelTest::the_columns_are_the_name_and_nine_axes()
 {
     FakeHost host;
+    setPositions(host, 1, 5);
     Owner owner(host);
     const PositionModel model(&owner);
 
     QCOMPARE(model.columnCount(), 10);
     QCOMPARE(model.QObject::parent(), &owner);
     QCOMPARE(host.calls, QStringList());
+    QCOMPARE(model.columnCount(model.index(0, 0)), 10);
 }
 
 void PositionModelTest::every_cell_can_be_selected_and_edited()

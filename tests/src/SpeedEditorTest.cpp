@@ -4,6 +4,7 @@
 #include "TestCase.h"
 
 #include <QDialogButtonBox>
+#include <QIdentityProxyModel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -27,12 +28,15 @@ private Q_SLOTS:
     void a_button_or_a_key_ends_the_dialog();
     void an_accepted_speed_is_written_with_the_shown_target_data();
     void an_accepted_speed_is_written_with_the_shown_target();
+    void the_text_to_edit_is_the_shown_one();
     void a_cancelled_speed_is_not_written_data();
     void a_cancelled_speed_is_not_written();
     void the_title_names_the_row_from_zero_and_the_axis_from_one_data();
     void the_title_names_the_row_from_zero_and_the_axis_from_one();
     void the_title_is_translated_as_the_views_own_text();
-    void a_left_press_chooses_the_cell_but_not_the_title();
+    void a_press_without_a_menu_chooses_the_cell_but_not_the_title_data();
+    void a_press_without_a_menu_chooses_the_cell_but_not_the_title();
+    void before_the_first_press_no_cell_is_chosen();
 };
 
 namespace {
@@ -158,6 +162,7 @@ void SpeedEditorTest::the_speed_stands_above_its_two_buttons()
 
     QCOMPARE(editor.parentWidget(), &parent);
     QVERIFY(editor.isWindow());
+    QCOMPARE(editor.windowFlags(), QDialog(&parent).windowFlags());
     auto* const layout = qobject_cast<QVBoxLayout*>(editor.layout());
     QVERIFY(layout);
     QCOMPARE(layout->count(), 2);
@@ -247,6 +252,30 @@ void SpeedEditorTest::an_accepted_speed_is_written_with_the_shown_target()
     QVERIFY(!table.view().findChild<SpeedEditor*>());
 }
 
+void SpeedEditorTest::the_text_to_edit_is_the_shown_one()
+{
+    struct Model : QIdentityProxyModel
+    {
+        QVariant data(const QModelIndex& index, int role) const override
+        {
+            return role == Qt::EditRole ? "1 [2]" : QIdentityProxyModel::data(index, role);
+        }
+    };
+    const PositionTable table(3, 5);
+    Model model;
+    model.setSourceModel(table.view().model());
+    table.view().setModel(&model);
+    QVERIFY(table.show());
+    QString value;
+
+    QVERIFY(editSpeed(table, 1, 1, [&value](SpeedEditor& editor) {
+        value = editor.value();
+        editor.reject();
+    }));
+
+    QCOMPARE(value, QString("20 [5]"));
+}
+
 void SpeedEditorTest::a_cancelled_speed_is_not_written_data()
 {
     QTest::addColumn<int>("way");
@@ -322,14 +351,22 @@ void SpeedEditorTest::the_title_is_translated_as_the_views_own_text()
     QCOMPARE(title, QString("Stellung0 Achse3 - Tempo"));
 }
 
-void SpeedEditorTest::a_left_press_chooses_the_cell_but_not_the_title()
+void SpeedEditorTest::a_press_without_a_menu_chooses_the_cell_but_not_the_title_data()
 {
+    QTest::addColumn<int>("button");
+    QTest::newRow("left") << static_cast<int>(Qt::LeftButton);
+    QTest::newRow("middle") << static_cast<int>(Qt::MiddleButton);
+}
+
+void SpeedEditorTest::a_press_without_a_menu_chooses_the_cell_but_not_the_title()
+{
+    QFETCH(int, button);
     const PositionTable table(3, 5);
     QVERIFY(table.show());
     const Meanwhile inMenu([] { return openMenu() && openMenu()->close(); });
     table.press(1, 4);
     QVERIFY(inMenu.isDone());
-    table.press(2, 6, Qt::LeftButton);
+    table.press(2, 6, static_cast<Qt::MouseButton>(button));
     QString title;
     const Meanwhile inDialog([&title] {
         auto* const editor = openDialog<SpeedEditor>();
@@ -347,6 +384,30 @@ void SpeedEditorTest::a_left_press_chooses_the_cell_but_not_the_title()
     QCOMPARE(title, QString("Position1 Axis4 - speed"));
     QCOMPARE(changes(table.host), QStringList("write config pos2"));
     QCOMPARE(storedValues(table.host, "pos2")[11], 77.0f);
+}
+
+void SpeedEditorTest::before_the_first_press_no_cell_is_chosen()
+{
+    const PositionTable table(3, 5);
+    QVERIFY(table.show());
+    QString title;
+    QString value;
+    const Meanwhile inDialog([&] {
+        auto* const editor = openDialog<SpeedEditor>();
+        if (!editor)
+            return false;
+        title = editor->windowTitle();
+        value = editor->value();
+        editor->accept();
+        return true;
+    });
+
+    QVERIFY(QMetaObject::invokeMethod(&table.view(), "on_editSpeed"));
+
+    QVERIFY(inDialog.isDone());
+    QCOMPARE(title, QString("Position0 Axis1 - speed"));
+    QCOMPARE(value, QString("0 [0]"));
+    QCOMPARE(changes(table.host), QStringList());
 }
 
 QTEST_MAIN(SpeedEditorTest)
