@@ -99,7 +99,7 @@ void TrafficDock::changeEvent(QEvent* event)
 void TrafficDock::translate()
 {
     setWindowTitle(tr("Traffic"));
-    m_filterLabel->setText(tr("Filter:"));
+    m_filterLabel->setText(tr("Fil&ter:"));
     m_filter->setPlaceholderText(tr("Part of a call, a widget, an argument, …"));
     m_filter->setAccessibleName(tr("Filter of the calls"));
     m_view->setAccessibleName(tr("Calls between host and plugin"));

@@ -133,7 +133,7 @@ void VariablesDock::translate()
     m_type->setItemText(0, enterableTypes().first());
     m_valueLabel->setText(tr("Valu&e:"));
     m_value->setAccessibleName(tr("New value"));
-    m_set->setText(tr("Se&t"));
+    m_set->setText(tr("Set"));
     m_set->setToolTip(tr("Set the variable as the device would: the plugin is told, nothing is "
                          "stored, and no robot hears of it."));
     m_view->header()->viewport()->update();
