@@ -1422,12 +1422,12 @@
         <translation>Durch Komma getrennte Werte (*.csv)</translation>
     </message>
     <message>
-        <source>Filter:</source>
-        <translation>Filter:</translation>
-    </message>
-    <message>
         <source>&amp;Save …</source>
         <translation>Spei&amp;chern …</translation>
+    </message>
+    <message>
+        <source>Fil&amp;ter:</source>
+        <translation>Fil&amp;ter:</translation>
     </message>
 </context>
 <context>
@@ -1653,8 +1653,8 @@
         <translation>W&amp;ert:</translation>
     </message>
     <message>
-        <source>Se&amp;t</source>
-        <translation>Se&amp;tzen</translation>
+        <source>Set</source>
+        <translation>Setzen</translation>
     </message>
 </context>
 <context>
