@@ -3,6 +3,7 @@
 #include "host/workbench/DeviceView.h"
 #include "olm/core/Vector.h"
 
+#include <QDockWidget>
 #include <QTabWidget>
 #include <QTest>
 
@@ -25,7 +26,7 @@ olm::core::Vector<unsigned int> quickestResolution()
 
 } // namespace
 
-Fleet::Fleet(int robots)
+Fleet::Fleet(int robots, bool hasDocks)
 {
     for (int i = 0; i < robots; ++i)
         m_robots.emplace_back(i + 1);
@@ -36,6 +37,8 @@ Fleet::Fleet(int robots)
         device.write(VariableKind::Config, "camera_resolution", quickestResolution());
         m_window.add(device, QString());
     }
+    for (auto* dock : m_window.findChildren<QDockWidget*>())
+        dock->setVisible(hasDocks && !dock->isHidden());
     m_window.resize(robots * viewSize.width(), viewSize.height());
     m_window.show();
 }

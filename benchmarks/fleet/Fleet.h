@@ -17,7 +17,8 @@
 class Fleet
 {
 public:
-    explicit Fleet(int robots);
+    /// @p hasDocks: with the docks that open by themselves; otherwise without any.
+    Fleet(int robots, bool hasDocks);
 
     /// Connects all and waits until each has shown scans for a while. False, with a warning, where
     /// one does not get that far.

@@ -18,6 +18,20 @@ using namespace std::chrono_literals;
 
 constexpr int laserTab = 2;
 
+/// How the window looks meanwhile.
+struct Scene
+{
+    const char* name;
+    bool hasDocks;
+    bool isRepainting; // everything, 60 times a second
+};
+
+constexpr Scene scenes[] = {
+    {"no docks", false, false},
+    {"all painted at 60 Hz", false, true},
+    {"with the docks", true, false},
+};
+
 /// What the process used, and how late the GUI thread was, beside a thread that does nothing else.
 struct Figures
 {
@@ -55,16 +69,16 @@ Figures measure(int seconds)
     return figures;
 }
 
-std::optional<Figures> measure(int robots, bool isRepainting, int seconds)
+std::optional<Figures> measure(int robots, const Scene& scene, int seconds)
 {
-    Fleet fleet(robots);
+    Fleet fleet(robots, scene.hasDocks);
     fleet.setTab(laserTab);
     if (!fleet.connectAll())
         return std::nullopt;
     QTimer repaint;
     repaint.setTimerType(Qt::PreciseTimer);
     QObject::connect(&repaint, &QTimer::timeout, [&fleet] { fleet.repaintTabs(); });
-    if (isRepainting)
+    if (scene.isRepainting)
         repaint.start(16ms);
     return measure(seconds);
 }
@@ -120,18 +134,17 @@ int main(int argc, char* argv[])
     const Figures idle = measure(seconds);
     std::printf("%-8s%-22s%13s%8s%9.1f%%", "none", "no window", "", "", idle.processorTime / 10);
     printEnd(idle);
-    for (const bool isRepainting : {false, true}) {
+    for (const Scene& scene : scenes) {
         double one = 0;
         for (const int robots : {1, 5, 20}) {
-            const std::optional<Figures> figures = measure(robots, isRepainting, seconds);
+            const std::optional<Figures> figures = measure(robots, scene, seconds);
             if (!figures)
                 return 1;
             // The probe has its price: what it takes of an idle loop is not the robots'.
             const double each = (figures->processorTime - idle.processorTime) / robots;
             if (robots == 1)
                 one = each;
-            std::printf("%-8d%-22s%13.2f%8.2f%9.1f%%", robots,
-                        isRepainting ? "all painted at 60 Hz" : "changes painted", each, each / one,
+            std::printf("%-8d%-22s%13.2f%8.2f%9.1f%%", robots, scene.name, each, each / one,
                         figures->processorTime / 10);
             printEnd(*figures);
         }
