@@ -24,6 +24,8 @@ struct Usage
 
     static const char* name(Quantity quantity);
     static bool isMemory(Quantity quantity) { return quantity <= Heap; }
+    /// How many there may be more by chance: a timer runs or not at the moment of looking.
+    static double byChance(Quantity quantity) { return quantity == Timers ? 5 : 0; }
     /// Whether a rise means a leak: a sanitizer keeps what was freed in memory for a while.
     static bool isJudged(Quantity quantity);
 };
