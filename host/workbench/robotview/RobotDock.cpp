@@ -67,7 +67,6 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     splitter->addWidget(world);
     splitter->addWidget(m_parts);
     splitter->setChildrenCollapsible(false);
-    splitter->setStretchFactor(0, 1);
     splitter->setSizes({2 * m_world->sizeHint().height(), m_world->sizeHint().height()});
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);

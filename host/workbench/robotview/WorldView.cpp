@@ -346,13 +346,19 @@ void WorldView::paintScale(QPainter& painter) const
         }
     }
     const int length = qRound(metres * m_scale);
+    const QString words = tr("%1 m").arg(QLocale().toString(metres));
     const int left = 8;
     const int bottom = height() - 8;
+    const int room = std::max(length, 4 + fontMetrics().horizontalAdvance(words));
+    QColor ground = palette().color(QPalette::Base);
+    ground.setAlpha(190); // to be read on walls as well
+    painter.fillRect(left - 3, bottom - fontMetrics().height() - 3, room + 6,
+                     fontMetrics().height() + 6, ground);
     painter.setPen(QPen(palette().color(QPalette::Text), 1));
     painter.drawLine(left, bottom, left + length, bottom);
     painter.drawLine(left, bottom - 4, left, bottom);
     painter.drawLine(left + length, bottom - 4, left + length, bottom);
-    painter.drawText(left + 4, bottom - 4, tr("%1 m").arg(QLocale().toString(metres)));
+    painter.drawText(left + 4, bottom - 4, words);
 }
 
 } // namespace host::workbench
