@@ -39,10 +39,8 @@ PluginAccess::PluginAccess(QWidget& widget) : QObject(&widget), m_widget(widget)
         table->installEventFilter(this);
         table->viewport()->installEventFilter(this);
     }
-    for (auto* tabs : widget.findChildren<QTabWidget*>()) {
+    for (auto* tabs : widget.findChildren<QTabWidget*>())
         tabs->setUsesScrollButtons(false);
-        tabs->setElideMode(Qt::ElideNone);
-    }
     translate();
 }
 

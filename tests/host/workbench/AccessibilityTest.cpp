@@ -183,9 +183,10 @@ QString nameOf(QWidget& widget)
     QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(&widget);
     if (!interface)
         return {};
-    if (!qobject_cast<QComboBox*>(&widget) || !widget.accessibleName().isEmpty())
-        return qobject_cast<QComboBox*>(&widget) ? widget.accessibleName()
-                                                 : interface->text(QAccessible::Name);
+    if (!qobject_cast<QComboBox*>(&widget))
+        return interface->text(QAccessible::Name);
+    if (!widget.accessibleName().isEmpty())
+        return widget.accessibleName();
     const auto relations = interface->relations(QAccessible::Label);
     return relations.isEmpty() ? QString() : relations.first().first->text(QAccessible::Name);
 }
@@ -523,6 +524,10 @@ void AccessibilityTest::every_control_has_a_name()
     Workbench workbench;
     workbench.use(language);
     QVERIFY(isEmpty(workbench.find(unnamedControls)));
+
+    // The name of a group is none of what is in it.
+    const auto* const camera = workbench.tabs().findChild<QGroupBox*>();
+    QCOMPARE(nameOf(*camera->findChild<QComboBox*>()), camera->findChild<QLabel*>()->text());
 
     // Those that no eye sees are translated too.
     const auto untranslated = [](const QWidget& window) {
