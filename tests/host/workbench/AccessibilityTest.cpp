@@ -14,8 +14,11 @@
 #include <QComboBox>
 #include <QDockWidget>
 #include <QGroupBox>
+#include <QHeaderView>
+#include <QHostAddress>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -29,10 +32,11 @@
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QToolButton>
+#include <QTreeView>
 #include <QtTest>
 
 #include <algorithm>
-#include <utility>
+#include <functional>
 
 using namespace host::workbench;
 using host::device::Device;

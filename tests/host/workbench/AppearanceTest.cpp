@@ -16,6 +16,7 @@
 #include <QPalette>
 #include <QStyle>
 #include <QTemporaryDir>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QtTest>
 
