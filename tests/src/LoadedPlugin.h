@@ -52,9 +52,9 @@ public:
         entryPoint()(&object);
         return *object;
     }
-    plugin::gui::DeviceWidget* toolbar(plugin::gui::DeviceDelegate& delegate) const
+    plugin::gui::DeviceWidget* widget(const char* name, plugin::gui::DeviceDelegate& delegate) const
     {
-        return interface().loadDeviceWidget("OLM GmbH Quandrel", "toolbar", delegate);
+        return interface().loadDeviceWidget("OLM GmbH Quandrel", name, delegate);
     }
 
 private:

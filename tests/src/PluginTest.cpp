@@ -5,9 +5,11 @@
 #include "plugin/gui/UnitDelegate.h"
 
 #include <QApplication>
+#include <QMetaMethod>
 #include <QProcess>
 #include <QtTest>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <memory>
@@ -27,7 +29,10 @@ private Q_SLOTS:
     void unit_widgets_are_not_offered();
     void only_the_exact_names_give_a_widget_data();
     void only_the_exact_names_give_a_widget();
-    void every_toolbar_is_a_new_widget_without_parent();
+    void every_widget_is_a_new_one_without_parent_data();
+    void every_widget_is_a_new_one_without_parent();
+    void the_classes_have_their_signals_and_slots_data();
+    void the_classes_have_their_signals_and_slots();
     void the_library_exports_its_three_functions_and_nothing_else();
     void an_exception_of_the_host_during_construction_passes_and_leaves_nothing_data();
     void an_exception_of_the_host_during_construction_passes_and_leaves_nothing();
@@ -40,6 +45,18 @@ private:
 namespace {
 
 const char* const device = "OLM GmbH Quandrel";
+
+/// "private slot name(type argument)". The names of a slot's arguments belong to the callers
+/// of a public one alone.
+QString described(const QMetaMethod& method)
+{
+    const QString access = method.access() == QMetaMethod::Private ? "private " : "public ";
+    const QString kind = method.methodType() == QMetaMethod::Signal ? "signal " : "slot ";
+    QString signature = method.methodSignature();
+    if (method.access() == QMetaMethod::Public && method.parameterCount() == 1)
+        signature.insert(signature.size() - 1, ' ' + method.parameterNames().constFirst());
+    return access + kind + signature;
+}
 
 } // namespace
 
@@ -144,16 +161,81 @@ void PluginTest::only_the_exact_names_give_a_widget()
     }
 }
 
-void PluginTest::every_toolbar_is_a_new_widget_without_parent()
+void PluginTest::every_widget_is_a_new_one_without_parent_data()
 {
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QByteArray>("className");
+    QTest::newRow("toolbar") << QByteArray("toolbar") << QByteArray("Toolbar");
+    QTest::newRow("dialog") << QByteArray("dialog") << QByteArray("Dialog");
+}
+
+void PluginTest::every_widget_is_a_new_one_without_parent()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QByteArray, className);
     FakeHost host;
-    const std::unique_ptr<plugin::gui::DeviceWidget> first(m_plugin.toolbar(host));
-    const std::unique_ptr<plugin::gui::DeviceWidget> second(m_plugin.toolbar(host));
-    QVERIFY(first && second);
-    QVERIFY(first != second);
-    QVERIFY(!first->parent() && !second->parent());
-    QCOMPARE(first->metaObject()->className(), "Toolbar");
-    QCOMPARE(host.widgets, (QList<plugin::gui::DeviceWidget*>{first.get(), second.get()}));
+    for (int i = 0; i < 2; ++i) {
+        const std::unique_ptr<plugin::gui::DeviceWidget> widget(m_plugin.widget(name, host));
+        const std::unique_ptr<plugin::gui::DeviceWidget> other(m_plugin.widget(name, host));
+        QVERIFY(widget && other);
+        QVERIFY(widget != other);
+        QVERIFY(!widget->parent() && !other->parent());
+        QCOMPARE(QByteArray(widget->metaObject()->className()), className);
+        QCOMPARE(QByteArray(other->metaObject()->className()), className);
+        QVERIFY(host.widgets.contains(widget.get()) && host.widgets.contains(other.get()));
+    }
+    QVERIFY(host.widgets.isEmpty());
+}
+
+void PluginTest::the_classes_have_their_signals_and_slots_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QByteArray>("className");
+    QTest::addColumn<QStringList>("methods");
+    const QByteArray dialog("dialog");
+    const auto row = [](const QByteArray& name, const char* className, const QStringList& methods) {
+        QTest::newRow(className) << name << QByteArray(className) << methods;
+    };
+    row("toolbar", "Toolbar", {});
+    row("toolbar", "AddressInput", {"private slot on_editingFinished()"});
+    row("toolbar", "ConnectButton", {"public slot on_clicked()"});
+    row(dialog, "Dialog", {});
+    row(dialog, "Quandrel", {"private slot on_addressInput_editingFinished()"});
+    row(dialog, "BaseDialog",
+        {"private slot on_disableDriveSystem_stateChanged(int)",
+         "private slot on_resolutionSelector_currentIndexChanged(int)"});
+    row(dialog, "ManipulatorDialog",
+        {"private slot on_addPos()", "private slot on_line_stateChanged(int)",
+         "private slot on_toggleTorque_clicked()"});
+    row(dialog, "LaserRangeFinderDialog", {});
+    row(dialog, "PositionModel", {"public slot addPos()", "public slot removePos(int row)"});
+    row(dialog, "PositionView",
+        {"private slot on_addPos()", "private slot on_editSpeed()", "private slot on_removePos()",
+         "public signal addPos()", "public signal removePos(int pos)"});
+    row(dialog, "PositionDelegate", {});
+}
+
+void PluginTest::the_classes_have_their_signals_and_slots()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QByteArray, className);
+    QFETCH(QStringList, methods);
+    FakeHost host;
+    const std::unique_ptr<plugin::gui::DeviceWidget> widget(m_plugin.widget(name, host));
+    QObjectList objects = widget->findChildren<QObject*>();
+    objects.prepend(widget.get());
+    const auto found = std::find_if(objects.cbegin(), objects.cend(), [&](const QObject* object) {
+        return object->metaObject()->className() == className;
+    });
+    QVERIFY(found != objects.cend());
+
+    const QMetaObject& type = *(*found)->metaObject();
+    QStringList declared;
+    for (int index = type.methodOffset(); index < type.methodCount(); ++index)
+        declared.append(described(type.method(index)));
+    declared.sort();
+    QCOMPARE(declared, methods);
+    QCOMPARE(type.propertyCount(), type.propertyOffset());
 }
 
 void PluginTest::the_library_exports_its_three_functions_and_nothing_else()
@@ -187,7 +269,7 @@ void PluginTest::an_exception_of_the_host_during_construction_passes_and_leaves_
     QFETCH(int, state);
     FakeHost model;
     model.answers[ConnectionStateRole] = state;
-    delete m_plugin.toolbar(model);
+    delete m_plugin.widget("toolbar", model);
     QVERIFY(model.calls.size() >= 5);
 
     for (int index = 0; index < model.calls.size(); ++index) {
@@ -196,7 +278,7 @@ void PluginTest::an_exception_of_the_host_during_construction_passes_and_leaves_
         host.throwAtCall = index;
         std::string thrown;
         try {
-            delete m_plugin.toolbar(host);
+            delete m_plugin.widget("toolbar", host);
         } catch (const std::runtime_error& exception) {
             thrown = exception.what();
         }
@@ -212,7 +294,7 @@ void PluginTest::an_exception_of_the_translation_passes_and_leaves_nothing()
     {
         QString translate(const QString&) const override { throw std::runtime_error("dictionary"); }
     } host;
-    QVERIFY_EXCEPTION_THROWN(delete m_plugin.toolbar(host), std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(delete m_plugin.widget("toolbar", host), std::runtime_error);
     QVERIFY(host.widgets.isEmpty());
     QVERIFY(QApplication::allWidgets().isEmpty());
 }
