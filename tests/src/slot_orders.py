@@ -186,7 +186,12 @@ def check_widgets(checker, plugin, base_slots, required):
         connects = name in ("Quandrel", "Toolbar")
         notifications = CONNECTION_NOTIFICATIONS if connects else NOTIFICATIONS
         implementer = "Quandrel" if connects else name
-        checker.compare(name, parts[0][base_slots:first], WIDGET_OPERATIONS, base_slots)
+        # Only the texts are each widget's own, and the help's context the connection's.
+        owners = ["plugin::gui::PluginWidget"] * len(WIDGET_OPERATIONS)
+        owners[WIDGET_OPERATIONS.index("translate()")] = implementer
+        if connects:
+            owners[WIDGET_OPERATIONS.index("helpContext() const")] = implementer
+        checker.compare(name, parts[0][base_slots:first], WIDGET_OPERATIONS, base_slots, owners)
         checker.compare(name, parts[0][first:], notifications, first,
                         [implementer] * len(notifications))
         if len(parts) != 4:
