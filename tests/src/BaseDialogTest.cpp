@@ -352,10 +352,11 @@ void BaseDialogTest::messages_of_other_roles_are_ignored()
 void BaseDialogTest::the_menu_of_the_log_ends_with_the_help()
 {
     const Tab tab;
-    const QAction* last = nullptr;
-    QVERIFY(withContextMenu(*tab.dialog->findChild<View*>()->viewport(),
-                            [&last](const QMenu& menu) { last = menu.actions().constLast(); }));
-    QCOMPARE(last, tab.host.helpAction(QString()));
+    QString last;
+    QVERIFY(
+        withContextMenu(*tab.dialog->findChild<View*>()->viewport(),
+                        [&last](const QMenu& menu) { last = menu.actions().constLast()->text(); }));
+    QCOMPARE(last, QString("Help on "));
 }
 
 void BaseDialogTest::connecting_and_disconnecting_change_nothing_of_the_base()

@@ -316,10 +316,11 @@ void ManipulatorDialogTest::other_messages_are_not_logged()
 void ManipulatorDialogTest::the_menu_of_the_log_ends_with_the_help()
 {
     const Tab tab;
-    const QAction* last = nullptr;
-    QVERIFY(withContextMenu(*tab.child<olm::qt::log::View>()->viewport(),
-                            [&last](const QMenu& menu) { last = menu.actions().constLast(); }));
-    QCOMPARE(last, tab.host.helpAction("manipulator"));
+    QString last;
+    QVERIFY(
+        withContextMenu(*tab.child<olm::qt::log::View>()->viewport(),
+                        [&last](const QMenu& menu) { last = menu.actions().constLast()->text(); }));
+    QCOMPARE(last, QString("Help on manipulator"));
 }
 
 void ManipulatorDialogTest::the_connection_changes_nothing()

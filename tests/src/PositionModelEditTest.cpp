@@ -24,7 +24,7 @@ private Q_SLOTS:
     void an_added_position_is_a_copy_of_the_last();
     void the_first_position_is_only_counted_data();
     void the_first_position_is_only_counted();
-    void a_copied_position_has_the_table_s_types_whatever_it_had();
+    void a_copied_position_is_of_the_tables_types_whatever_it_was();
     void a_full_table_takes_no_position_data();
     void a_full_table_takes_no_position();
     void a_removed_position_is_closed_up_data();
@@ -239,7 +239,7 @@ void PositionModelEditTest::the_first_position_is_only_counted()
     QCOMPARE((host.variables[{Kind::Config, "num_pos"}].get<int>()), count + 1);
 }
 
-void PositionModelEditTest::a_copied_position_has_the_table_s_types_whatever_it_had()
+void PositionModelEditTest::a_copied_position_is_of_the_tables_types_whatever_it_was()
 {
     FakeHost host;
     setPositions(host, 2, 5);
