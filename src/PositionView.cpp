@@ -74,9 +74,7 @@ void PositionView::on_addPos()
 
 void PositionView::on_removePos()
 {
-    // Reset while the menu was open: the row may be another position's by now.
-    if (m_pressed.isValid())
-        Q_EMIT removePos(m_row);
+    Q_EMIT removePos(m_row);
 }
 
 SpeedEditor::SpeedEditor(QWidget* parent)

@@ -58,7 +58,7 @@ StartPage::StartPage(const QString& deviceName, const QString& robot, QWidget* p
                          " border-radius: 6px; }"
                          "#sheet QLabel { color: palette(text); }");
     // One size for all states, so that nothing jumps when the state changes.
-    sheet->setFixedSize(560, 21 * sheet->fontMetrics().lineSpacing());
+    sheet->setFixedSize(560, 24 * sheet->fontMetrics().lineSpacing());
     auto* rows = new QVBoxLayout(sheet);
     rows->setContentsMargins(36, 28, 36, 32);
     rows->setSpacing(14);

@@ -207,12 +207,12 @@ class AtSpiTest(unittest.TestCase):
                 == expected, f"the check box, checked: {is_checked}")
 
     def test_a_dock_is_opened_by_its_menu(self):
-        def dock():
-            return self.find(Atspi.Role.TREE, "Variables of the device")
+        def field():
+            return self.find(Atspi.Role.TEXT, "Filter of the variables")
 
-        self.assertFalse(has_state(dock(), Atspi.StateType.SHOWING))
+        self.assertFalse(has_state(field(), Atspi.StateType.SHOWING))
         act(self.find(Atspi.Role.MENU_ITEM, "Variables"), "Press")
-        wait_for(lambda: has_state(dock(), Atspi.StateType.SHOWING), "the dock")
+        wait_for(lambda: has_state(field(), Atspi.StateType.SHOWING), "the dock")
 
     def test_help_has_a_name_when_it_is_open(self):
         act(self.find(Atspi.Role.MENU_ITEM, "Contents"), "Press")

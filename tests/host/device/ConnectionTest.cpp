@@ -843,6 +843,7 @@ void ConnectionTest::a_follower_may_leave_while_it_hears()
                               patience);
     robot.publish("/state", {});
     robot.log("base", "after it");
+    qRegisterMetaType<plugin::plugin::DataRole>("plugin::plugin::DataRole"); // for the spy
     const QSignalSpy log(&connection, &Connection::message);
     QTRY_VERIFY_WITH_TIMEOUT(!log.isEmpty(), patience);
     QCOMPARE(messages, 1);

@@ -286,7 +286,7 @@ void FaultsTest::the_next_connection_is_refused_like_by_a_machine_without_a_robo
 {
     Fixture f;
     QTcpSocket closed; // a port that nobody else gets, and where nobody listens
-    QVERIFY(closed.bind(QHostAddress::LocalHost));
+    QVERIFY(closed.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress));
     const QString nobody = QString("127.0.0.1:%1").arg(closed.localPort());
     f.device->overrideAddress(nobody);
     QVERIFY(f.connect(-1));

@@ -204,6 +204,7 @@ void NamesDialogTest::the_state_is_that_of_the_robot_behind_the_connection()
 {
     Fixture f;
     QCOMPARE(f.state("/scan"), QString("not connected"));
+    qRegisterMetaType<plugin::plugin::DataRole>("plugin::plugin::DataRole"); // for the spy
     QSignalSpy lines(&f.device.offer(), &Offer::message);
     QVERIFY(f.connect());
     QCOMPARE(int(lines.count()), 0); // the simulated robot has all

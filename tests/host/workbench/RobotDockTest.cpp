@@ -375,6 +375,7 @@ void RobotDockTest::the_simulated_robot_is_shown_whole()
     EmbeddedRobot robot(0);
     QVERIFY2(!robot.address().isEmpty(), qPrintable(robot.error()));
     Workbench workbench(robot.address());
+    qRegisterMetaType<plugin::plugin::DataRole>("plugin::plugin::DataRole"); // for the spy
     const QSignalSpy lines(&workbench.device.connection(), &Connection::message);
     workbench.window.resize(900, 700);
     workbench.dock->show();
