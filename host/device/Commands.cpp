@@ -6,6 +6,7 @@
 #include "olm/core/Vector.h"
 
 #include <QCborArray>
+#include <QScopedValueRollback>
 #include <QStringList>
 
 #include <utility>
@@ -21,6 +22,7 @@ Commands::Commands(Connection& connection, const Offer& offer)
     connect(&connection, &Connection::stateChanged, this, [this](int state) {
         if (state == Connection::notConnected) {
             m_waiting = 0;
+            m_isTorqueOn = false;
             m_failures.clear();
         }
     });
@@ -61,6 +63,12 @@ void Commands::toggleTorque()
             m_isTorqueOn ? tr("Switch torque off") : tr("Switch torque on"), manipulatorLogLine);
 }
 
+void Commands::sendOffered(const std::function<void()>& settings)
+{
+    const QScopedValueRollback<bool> onlyOffered(m_isOnlyOffered, true);
+    settings();
+}
+
 void Commands::setBool(const QString& service, bool on, const QString& what, DataRole log)
 {
     call(service, {{QStringLiteral("data"), on}}, what, log);
@@ -72,7 +80,7 @@ void Commands::call(const QString& service, const QCborMap& args, const QString&
         return refuse({log, what, tr("Another client is in control of the robot.")});
     if (m_connection.state() != Connection::connected)
         return refuse({log, what, tr("The device is not connected.")});
-    if (m_offer.lacks(service))
+    if (m_isOnlyOffered && m_offer.lacks(service))
         return;
     ++m_waiting;
     m_connection.call(service, args, [this, what, log](const Result& result) {

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVector>
 
+#include <functional>
+
 namespace host::device {
 
 class Connection;
@@ -35,6 +37,10 @@ public:
     /// @p line counts from 0.
     void enableLine(int line, bool on);
     void toggleTorque();
+
+    /// Sends what @p settings sends, except what the robot does not offer: that was said, and
+    /// nobody asked for it just now.
+    void sendOffered(const std::function<void()>& settings);
 
 Q_SIGNALS:
     void message(plugin::plugin::DataRole role, const QString& text);
@@ -63,6 +69,7 @@ private:
     int m_waiting = 0;           // calls of this link without an answer
     QVector<Failure> m_failures; // of a robot that does not tell what it offers
     bool m_isTorqueOn = false;
+    bool m_isOnlyOffered = false; // within sendOffered()
 };
 
 } // namespace host::device

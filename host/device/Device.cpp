@@ -336,12 +336,14 @@ void Device::applySetting(const char* name, const Variant& value)
 /// The robot may have been told otherwise by another client.
 void Device::applyAllSettings()
 {
-    for (const char* name : {"disableDriveSystem", "camera_resolution"})
-        applySetting(name, read(VariableKind::Config, name));
-    for (int line = 0; line < Commands::lineCount; ++line) {
-        const QByteArray name = QByteArray("line") + QByteArray::number(line) + "_enabled";
-        m_commands.enableLine(line, read(VariableKind::Config, name.constData()).toBool());
-    }
+    m_commands.sendOffered([this] {
+        for (const char* name : {"disableDriveSystem", "camera_resolution"})
+            applySetting(name, read(VariableKind::Config, name));
+        for (int line = 0; line < Commands::lineCount; ++line) {
+            const QByteArray name = QByteArray("line") + QByteArray::number(line) + "_enabled";
+            m_commands.enableLine(line, read(VariableKind::Config, name.constData()).toBool());
+        }
+    });
 }
 
 void Device::onScan(const QCborMap& message)

@@ -119,6 +119,13 @@ void Window::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
 }
 
+void Window::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!focusWidget())
+        focusNextPrevChild(true);
+}
+
 void Window::closeEvent(QCloseEvent* event)
 {
     saveLayout();

@@ -123,6 +123,7 @@ private Q_SLOTS:
     void help_in_a_tab_is_about_that_tab_data();
     void help_in_a_tab_is_about_that_tab();
     void about_names_the_program_and_the_plugin();
+    void the_keys_go_to_the_tool_bar_at_first();
     void quit_closes_the_window();
 };
 
@@ -382,6 +383,16 @@ void WindowTest::about_names_the_program_and_the_plugin()
     QVERIFY2(text.contains(QApplication::applicationName()), qPrintable(text));
     QVERIFY2(text.contains(DEVICE_PLUGIN_FILE), qPrintable(text));
     QVERIFY2(text.contains("Quandrel"), qPrintable(text));
+}
+
+void WindowTest::the_keys_go_to_the_tool_bar_at_first()
+{
+    expectWarning("does not support propagateSizeHints");
+    Workbench workbench(DEVICE_PLUGIN_FILE);
+    workbench.show();
+    const QWidget* const focus = workbench.window.focusWidget();
+    QVERIFY(focus);
+    QVERIFY(workbench.window.findChild<QToolBar*>()->isAncestorOf(focus));
 }
 
 void WindowTest::quit_closes_the_window()
