@@ -1,4 +1,5 @@
 #include "FakeRobot.h"
+#include "NoHurry.h"
 #include "Probe.h"
 #include "TestCase.h"
 
@@ -21,16 +22,6 @@ using Kind = plugin::gui::VariableKind;
 namespace {
 
 constexpr int patience = 60000;
-
-Timing noHurry()
-{
-    using namespace std::chrono_literals;
-    Timing timing;
-    timing.frame = 5ms;
-    timing.answer = 60s;
-    timing.link = {60s, 2s, 60s};
-    return timing;
-}
 
 const QString scanType = QStringLiteral("sensor_msgs/LaserScan");
 

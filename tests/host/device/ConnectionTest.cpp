@@ -1,4 +1,5 @@
 #include "FakeRobot.h"
+#include "NoHurry.h"
 #include "TestCase.h"
 
 #include "host/device/Connection.h"
@@ -16,17 +17,6 @@ using host::device::Timing;
 namespace {
 
 constexpr int patience = 60000;
-
-/// Nothing runs into these deadlines.
-Timing noHurry()
-{
-    using namespace std::chrono_literals;
-    Timing timing;
-    timing.frame = 5ms;
-    timing.answer = 60s;
-    timing.link = {60s, 2s, 60s};
-    return timing;
-}
 
 struct NoFaults
 {

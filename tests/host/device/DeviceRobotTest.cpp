@@ -1,5 +1,7 @@
 #include "FakeRobot.h"
+#include "NoHurry.h"
 #include "Probe.h"
+#include "ScanMessage.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -18,7 +20,6 @@
 #include <memory>
 
 using host::device::Device;
-using host::device::Timing;
 using olm::core::LaserScanMessage;
 using FloatVector = olm::core::Vector<float>;
 using SizeVector = olm::core::Vector<unsigned int>;
@@ -27,30 +28,6 @@ using Kind = plugin::gui::VariableKind;
 namespace {
 
 constexpr int patience = 60000;
-
-Timing noHurry()
-{
-    using namespace std::chrono_literals;
-    Timing timing;
-    timing.frame = 5ms;
-    timing.answer = 60s;
-    timing.link = {60s, 2s, 60s};
-    return timing;
-}
-
-QCborMap scanMessage(int number)
-{
-    const QCborMap stamp{{QStringLiteral("secs"), 1}, {QStringLiteral("nsecs"), 0}};
-    QCborMap message{
-        {QStringLiteral("header"), QCborMap{{QStringLiteral("seq"), number},
-                                            {QStringLiteral("stamp"), stamp},
-                                            {QStringLiteral("frame_id"), QStringLiteral("laser")}}},
-        {QStringLiteral("ranges"), QCborArray{1, 2, 3}}};
-    for (const char* field : {"angle_min", "angle_max", "angle_increment", "time_increment",
-                              "scan_time", "range_min", "range_max"})
-        message.insert(QLatin1String(field), 0.5);
-    return message;
-}
 
 /// axis0 to axis8 at 10, 20, ... 90.
 QCborMap jointState(int axes = 9)

@@ -1,4 +1,5 @@
 #include "FakeRobot.h"
+#include "NoHurry.h"
 #include "Probe.h"
 #include "TestCase.h"
 
@@ -15,7 +16,6 @@
 #include <memory>
 
 using host::device::Device;
-using host::device::Timing;
 using plugin::gui::DeviceDelegate;
 using plugin::gui::DeviceHistoryBundle;
 using Kind = plugin::gui::VariableKind;
@@ -23,16 +23,6 @@ using Kind = plugin::gui::VariableKind;
 namespace {
 
 constexpr int patience = 60000;
-
-Timing noHurry()
-{
-    using namespace std::chrono_literals;
-    Timing timing;
-    timing.frame = 5ms;
-    timing.answer = 60s;
-    timing.link = {60s, 2s, 60s};
-    return timing;
-}
 
 std::unique_ptr<Probe> loadProbe(Device& device)
 {

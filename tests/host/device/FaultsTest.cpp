@@ -1,5 +1,7 @@
 #include "FakeRobot.h"
+#include "NoHurry.h"
 #include "Probe.h"
+#include "ScanMessage.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -30,30 +32,6 @@ using Kind = plugin::gui::VariableKind;
 namespace {
 
 constexpr int patience = 60000;
-
-/// Nothing runs into these deadlines.
-Timing noHurry()
-{
-    Timing timing;
-    timing.frame = 5ms;
-    timing.answer = 60s;
-    timing.link = {60s, 2s, 60s};
-    return timing;
-}
-
-QCborMap scanMessage(int number)
-{
-    const QCborMap stamp{{QStringLiteral("secs"), 1}, {QStringLiteral("nsecs"), 0}};
-    QCborMap message{
-        {QStringLiteral("header"), QCborMap{{QStringLiteral("seq"), number},
-                                            {QStringLiteral("stamp"), stamp},
-                                            {QStringLiteral("frame_id"), QStringLiteral("laser")}}},
-        {QStringLiteral("ranges"), QCborArray{1, 2, 3}}};
-    for (const char* field : {"angle_min", "angle_max", "angle_increment", "time_increment",
-                              "scan_time", "range_min", "range_max"})
-        message.insert(QLatin1String(field), 0.5);
-    return message;
-}
 
 /// All axes of the arm at 10.
 QCborMap jointState()
