@@ -65,6 +65,12 @@ Window::Window(const PluginLoader& plugin, Services& services)
     translate();
 }
 
+Window::~Window()
+{
+    // Qt takes the focus away when what is left of this is no Window any more.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 DeviceView& Window::add(device::Device& device, const QString& robot)
 {
     auto* view = new DeviceView(m_plugin, device, robot);

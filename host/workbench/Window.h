@@ -30,6 +30,7 @@ class Window : public QMainWindow
 public:
     /// Both outlive the window.
     Window(const PluginLoader& plugin, Services& services);
+    ~Window() override;
 
     /// Shows one more device, which outlives the window. @p robot says where its simulated robot
     /// runs, empty for none.
