@@ -9,10 +9,6 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-# What a source forgets to include shows only without them.
-if(QUANDREL_LINT)
-  set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
-endif()
 add_compile_options(-Wall -Wextra -Wpedantic)
 add_compile_definitions(QT_NO_KEYWORDS)
 
@@ -21,7 +17,7 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 
 # A test's own code runs once and is not what is tested: no time for making it fast.
-set(QUANDREL_TEST_OPTIONS $<$<CONFIG:Release>:-O0>)
+set(QUANDREL_TEST_OPTIONS -O0)
 
 # A test's slots are in its own source, as a rule. Then one run of moc does what AUTOMOC needs a scan,
 # a run and an empty source for, in each of a hundred tests.

@@ -48,7 +48,7 @@ private:
     QLabel* m_robot; // null without one
     QLabel* m_failure;
     QLabel* m_faults; // those made on purpose
-    QTimer m_clock; // runs while connected
+    QTimer m_clock;   // runs while connected
 };
 
 } // namespace host::workbench
