@@ -1,5 +1,7 @@
 #include "host/workbench/Lamp.h"
 
+#include "host/device/Connection.h"
+
 #include <QPainter>
 
 namespace host::workbench {
@@ -13,7 +15,9 @@ void Lamp::setState(int state)
 {
     constexpr int size = 14;
     // Grey, amber and green differ in brightness too.
-    const QColor color(state < 0 ? "#8a8f94" : state < 3 ? "#e69f00" : "#1e8e3e");
+    const QColor color(state < 0                               ? "#8a8f94"
+                       : state < device::Connection::connected ? "#e69f00"
+                                                               : "#1e8e3e");
     const qreal ratio = devicePixelRatioF();
     QPixmap pixmap(qRound(size * ratio), qRound(size * ratio));
     pixmap.setDevicePixelRatio(ratio);

@@ -1,5 +1,6 @@
 #include "host/workbench/StartPage.h"
 
+#include "host/device/Connection.h"
 #include "host/workbench/Lamp.h"
 
 #include <QFrame>
@@ -90,7 +91,7 @@ void StartPage::setConnection(int state, const QString& status)
             steps += tr("<p>No robot at hand? A simulated one runs at <b>%1</b>.</p>").arg(m_robot);
         }
         m_steps->setText(steps);
-    } else if (state < 3) {
+    } else if (state < device::Connection::connected) {
         m_steps->setText(tr("<p>To give up, press the button again.</p>"));
     } else {
         m_steps->setText(tr("<p>To end the connection, press the button again.</p>"));

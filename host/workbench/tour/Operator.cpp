@@ -34,7 +34,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto patience = 30s;
-constexpr int connected = 3;
 
 /// In the tool bar, since a plugin's dialog may hold another one.
 template <class Widget>
@@ -134,11 +133,12 @@ bool Operator::enterAddress(const QString& address)
 bool Operator::waitForConnection()
 {
     const auto isSettled = [this] {
-        return m_device.connectionState() < 0 || m_device.connectionState() >= connected;
+        return m_device.connectionState() < 0 ||
+               m_device.connectionState() >= device::Connection::connected;
     };
     if (!waitUntil(isSettled))
         return fail(tr("it takes too long: %1").arg(m_device.status()));
-    return m_device.connectionState() == connected || fail(m_device.status());
+    return m_device.connectionState() == device::Connection::connected || fail(m_device.status());
 }
 
 bool Operator::waitForRobot(QWidget& window)

@@ -26,8 +26,6 @@ namespace host::workbench {
 
 namespace {
 
-constexpr int connected = 3;
-
 constexpr int baseTab = 0;
 constexpr int manipulatorTab = 1;
 constexpr int laserTab = 2;
@@ -117,9 +115,9 @@ bool PluginTour::connectRobot()
     m_operator.begin(tr("being connected"));
     const auto isSettled = [this] {
         return m_operator.device().connectionState() < 0 ||
-               m_operator.device().connectionState() >= connected;
+               m_operator.device().connectionState() >= device::Connection::connected;
     };
-    for (int frame = 0; frame < connected; ++frame) {
+    for (int frame = 0; frame < device::Connection::connected; ++frame) {
         if (!m_operator.waitUntil(
                 [&] { return m_operator.device().connectionState() == frame || isSettled(); }))
             return m_operator.fail(tr("it takes too long: %1").arg(m_operator.device().status()));

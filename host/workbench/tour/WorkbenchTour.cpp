@@ -19,9 +19,6 @@ namespace host::workbench {
 
 namespace {
 
-constexpr int connected = 3;
-constexpr int passive = 4;
-
 } // namespace
 
 WorkbenchTour::WorkbenchTour(Operator& person, const PluginLoader& plugin, Services& services)
@@ -126,12 +123,13 @@ bool WorkbenchTour::showFaults()
 {
     m_operator.begin(tr("making faults"));
     device::Device& device = m_operator.device();
-    return chooseFault("controller", "faults-menu") &&
-           (m_operator.waitUntil([&] { return device.connectionState() == passive; }) ||
-            m_operator.fail(device.status())) &&
-           chooseFault("freeze") && m_operator.takePicture("faults") && chooseFault("end") &&
-           (m_operator.waitUntil([&] { return device.connectionState() == connected; }) ||
-            m_operator.fail(device.status()));
+    return chooseFault("controller", "faults-menu") && (m_operator.waitUntil([&] {
+               return device.connectionState() == device::Connection::passive;
+           }) || m_operator.fail(device.status())) &&
+           chooseFault("freeze") && m_operator.takePicture("faults") &&
+           chooseFault("end") && (m_operator.waitUntil([&] {
+               return device.connectionState() == device::Connection::connected;
+           }) || m_operator.fail(device.status()));
 }
 
 bool WorkbenchTour::showTwoDevices()
@@ -152,7 +150,8 @@ bool WorkbenchTour::showTwoDevices()
     first.connectDevice();
     second.connectDevice();
     const auto areConnected = [&] {
-        return first.connectionState() == connected && second.connectionState() == connected;
+        return first.connectionState() == device::Connection::connected &&
+               second.connectionState() == device::Connection::connected;
     };
     return (m_operator.waitUntil(areConnected) ||
             m_operator.fail(first.status() + ' ' + second.status())) &&

@@ -194,6 +194,7 @@ void WindowTest::a_missing_plugin_leaves_a_card_and_a_window_that_works()
     QCOMPARE(cards.first()->accessibleName(), QString("The plugin was not found"));
     QVERIFY(!workbench.window.findChild<QToolBar*>());
     QVERIFY(!workbench.window.findChild<StartPage*>());
+    QVERIFY(!workbench.window.findChild<QLabel*>("status")->isVisible()); // nothing can connect
     QVERIFY(!QApplication::activeModalWidget());
     QVERIFY(workbench.window.close());
 }
