@@ -42,6 +42,7 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
       m_faults(label("faults"))
 {
     m_words->setWordWrap(true);
+    m_words->setAlignment(Qt::AlignTop); // beside the lamp, however much room there is
     m_words->setMinimumWidth(24 * m_words->fontMetrics().averageCharWidth());
     m_failure->setWordWrap(true);
     m_faults->setWordWrap(true);
