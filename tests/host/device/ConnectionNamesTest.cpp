@@ -1,6 +1,7 @@
 #include "FakeRobot.h"
 #include "NoHurry.h"
 #include "Probe.h"
+#include "Settle.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -71,14 +72,7 @@ struct Fixture
                QTest::qWaitFor([&] { return device.connectionState() == state; }, patience);
     }
 
-    /// Whether all that was sent until now has arrived on both sides.
-    bool settle()
-    {
-        const auto settled = [this] { return probe->count("1000 settled"); };
-        const int lines = settled();
-        robot.log(QStringLiteral("base"), QStringLiteral("settled"));
-        return QTest::qWaitFor([&] { return settled() > lines; }, patience);
-    }
+    bool settle() { return ::settle(device, robot, *probe, patience); }
 
     bool isCalled(const char* call)
     {
@@ -250,6 +244,11 @@ void ConnectionNamesTest::words_about_a_topic_name_it_as_the_robot_does()
     QCOMPARE(words.size(), 2);
     QVERIFY2(words[0].contains("topic /base_scan is"), qPrintable(words[0]));
     QVERIFY2(words[1].contains("topic /arm/joints is"), qPrintable(words[1]));
+
+    QVERIFY(f.device.names().set("/scan", "/other_scan"));
+    f.robot.publish("/other_scan", {}); // just as wrong
+    QVERIFY(f.settle());
+    QCOMPARE(f.probe->calls.filter("topic /other_scan is").size(), 1);
 }
 
 void ConnectionNamesTest::names_are_the_devices_and_are_remembered()

@@ -2,6 +2,7 @@
 #include "NoHurry.h"
 #include "Probe.h"
 #include "ScanMessage.h"
+#include "Settle.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -52,13 +53,7 @@ struct Fixture
                QTest::qWaitFor([&] { return device.connectionState() == state; }, patience);
     }
 
-    /// Whether all that was sent until now has arrived on both sides.
-    bool settle()
-    {
-        const int lines = count("1000 settled");
-        robot.log(QStringLiteral("base"), QStringLiteral("settled"));
-        return QTest::qWaitFor([&] { return count("1000 settled") > lines; }, patience);
-    }
+    bool settle() { return ::settle(device, robot, *probe, patience); }
 
     int count(const char* call) const { return probe->count(call); }
 
