@@ -7,10 +7,6 @@
         <source>has %1 numbers for %2 names</source>
         <translation>hat %1 Zahlen für %2 Namen</translation>
     </message>
-    <message>
-        <source>A message of the topic %1 is ignored: %2.</source>
-        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
-    </message>
 </context>
 <context>
     <name>host::device::Commands</name>
@@ -126,6 +122,10 @@
     <message>
         <source>&quot;%1&quot; was not changed: the device refuses what is written.</source>
         <translation>„%1“ wurde nicht geändert: Das Gerät verweigert das Schreiben.</translation>
+    </message>
+    <message>
+        <source>A message of the topic %1 is ignored: %2.</source>
+        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
     </message>
 </context>
 <context>
@@ -314,13 +314,6 @@
     <message>
         <source>The arm&apos;s position was stored as %1.</source>
         <translation>Die Armposition wurde als %1 gespeichert.</translation>
-    </message>
-</context>
-<context>
-    <name>host::device::ScanReader</name>
-    <message>
-        <source>A message of the topic %1 is ignored: %2.</source>
-        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
     </message>
 </context>
 <context>
@@ -603,8 +596,8 @@
 <context>
     <name>host::workbench::LaserRays</name>
     <message>
-        <source>A scan is ignored: its angles are no numbers.</source>
-        <translation>Ein Scan wird übergangen: Seine Winkel sind keine Zahlen.</translation>
+        <source>its angles are no numbers</source>
+        <translation>seine Winkel sind keine Zahlen</translation>
     </message>
 </context>
 <context>

@@ -18,7 +18,7 @@ int axisOf(const QString& joint)
 
 } // namespace
 
-QString ArmPose::read(const QCborMap& jointState, const QString& topic)
+QString ArmPose::read(const QCborMap& jointState)
 {
     QString fault;
     robot::link::Fields fields(jointState, &fault);
@@ -29,7 +29,7 @@ QString ArmPose::read(const QCborMap& jointState, const QString& topic)
                     tr("has %1 numbers for %2 names").arg(positions.size()).arg(names.size()));
     }
     if (!fields.isGood())
-        return tr("A message of the topic %1 is ignored: %2.").arg(topic, fault);
+        return fault;
     for (int i = 0; i < static_cast<int>(names.size()); ++i) {
         const int axis = axisOf(names.at(i));
         if (axis >= 0)

@@ -21,9 +21,9 @@ public:
 
     using Axes = std::array<float, axisCount>;
 
-    /// A message of the wrong shape changes nothing and gives a sentence that names the field and
-    /// the robot's @p topic; otherwise the empty text.
-    QString read(const QCborMap& jointState, const QString& topic);
+    /// A message of the wrong shape changes nothing and gives what is wrong with which field;
+    /// otherwise the empty text.
+    QString read(const QCborMap& jointState);
 
     /// In the robot's units; nothing until every axis was told.
     std::optional<Axes> axes() const;

@@ -88,10 +88,6 @@ Device::Device(const QString& name, const QString& storageFolder, Services& serv
         if (m_connection.state() == Connection::connected)
             applyAllSettings();
     });
-    connect(&names(), &Names::changed, this, [this](const QString& ours) {
-        if (ours == scanTopic)
-            m_scanReader = ScanReader(names().theirs(scanTopic));
-    });
     connect(&names(), &Names::problem, this, &Device::say);
     say(names().load(storageFolder, name));
     m_connection.follow(scanTopic, QStringLiteral("sensor_msgs/LaserScan"),
@@ -350,21 +346,24 @@ void Device::onScan(const QCborMap& message)
 {
     if (m_faults.isScanFrozen())
         return;
-    QString error;
-    if (const auto scan = m_scanReader.read(message, &error))
+    QString fault;
+    if (const auto scan = m_scanReader.read(message, &fault))
         m_variables.set(VariableKind::Input, "scan", *scan);
-    report(laserLogLine, error, m_scanError);
+    report(laserLogLine, scanTopic, fault, m_scanError);
 }
 
 void Device::onJointState(const QCborMap& message)
 {
-    report(manipulatorLogLine, m_armPose.read(message, names().theirs(jointsTopic)),
-           m_armPoseError);
+    report(manipulatorLogLine, jointsTopic, m_armPose.read(message), m_armPoseError);
 }
 
-/// Says what is wrong with a stream of messages when that changes, not with each of them.
-void Device::report(DataRole log, const QString& error, QString& lastError)
+/// Says what is wrong with a topic's messages when that changes, not with each of them.
+void Device::report(DataRole log, const QString& topic, const QString& fault, QString& lastError)
 {
+    const QString error =
+        fault.isEmpty()
+            ? QString()
+            : tr("A message of the topic %1 is ignored: %2.").arg(names().theirs(topic), fault);
     if (error == lastError)
         return;
     lastError = error;

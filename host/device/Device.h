@@ -129,7 +129,8 @@ private:
     void applyAllSettings();
     void onScan(const QCborMap& message);
     void onJointState(const QCborMap& message);
-    void report(plugin::plugin::DataRole log, const QString& error, QString& lastError);
+    void report(plugin::plugin::DataRole log, const QString& topic, const QString& fault,
+                QString& lastError);
     void storePose();
     void onStateChanged(int state);
     void onWriteRefused(const Variables::Key& key);
@@ -145,7 +146,7 @@ private:
     Offer m_offer;
     CameraRate m_cameraRate;
     Commands m_commands;
-    ScanReader m_scanReader{QStringLiteral("/scan")};
+    ScanReader m_scanReader;
     QString m_scanError; // the last one said, empty since a good scan
     ArmPose m_armPose;
     QString m_armPoseError;     // likewise

@@ -24,10 +24,9 @@ olm::core::Vector<float> vector(const QVector<float>& values)
 
 } // namespace
 
-std::optional<LaserScanMessage> ScanReader::read(const QCborMap& message, QString* error)
+std::optional<LaserScanMessage> ScanReader::read(const QCborMap& message, QString* fault)
 {
-    QString fault;
-    Fields fields(message, &fault);
+    Fields fields(message, fault);
     LaserScanMessage scan;
 
     Fields header = fields.object("header");
@@ -48,10 +47,8 @@ std::optional<LaserScanMessage> ScanReader::read(const QCborMap& message, QStrin
     if (fields.has("intensities"))
         scan.intensities = vector(fields.floats("intensities"));
 
-    if (!fields.isGood()) {
-        *error = tr("A message of the topic %1 is ignored: %2.").arg(m_topic, fault);
+    if (!fields.isGood())
         return std::nullopt;
-    }
     m_count = scan.sequenceNumber;
     return scan;
 }

@@ -4,7 +4,6 @@
 #include "olm/core/LaserScanMessage.h"
 
 #include <QCborMap>
-#include <QCoreApplication>
 #include <QString>
 
 #include <optional>
@@ -15,17 +14,12 @@ namespace host::device {
 /// or of ROS 2. One reader reads one topic: where the robot does not number its scans, it does.
 class ScanReader
 {
-    Q_DECLARE_TR_FUNCTIONS(host::device::ScanReader)
-
 public:
-    explicit ScanReader(const QString& topic) : m_topic(topic) {}
-
     /// The scan, its time stamp in milliseconds modulo 2^32. A message of the wrong shape gives
-    /// nothing and, in @p error, a sentence that names topic and field.
-    std::optional<olm::core::LaserScanMessage> read(const QCborMap& message, QString* error);
+    /// nothing and, in @p fault, which was empty, what is wrong with which field.
+    std::optional<olm::core::LaserScanMessage> read(const QCborMap& message, QString* fault);
 
 private:
-    QString m_topic;
     std::uint32_t m_count = 0;
 };
 

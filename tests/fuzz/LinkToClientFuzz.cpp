@@ -150,7 +150,7 @@ private:
     }
 
     std::unique_ptr<Inbox> m_inbox = std::make_unique<Inbox>();
-    host::device::ScanReader m_scanReader{QStringLiteral("/scan")};
+    host::device::ScanReader m_scanReader;
     std::map<QString, int> m_answers;
     int m_heard = 0;
 };

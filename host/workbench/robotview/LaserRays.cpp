@@ -12,13 +12,13 @@ constexpr float farthest = 10000; // metres: no laser on a robot sees that far
 } // namespace
 
 std::optional<LaserRays> LaserRays::read(device::ScanReader& reader, const QCborMap& message,
-                                         QString* error)
+                                         QString* fault)
 {
-    const auto scan = reader.read(message, error);
+    const auto scan = reader.read(message, fault);
     if (!scan)
         return std::nullopt;
     if (!std::isfinite(scan->minimumAngle) || !std::isfinite(scan->angleIncrement)) {
-        *error = tr("A scan is ignored: its angles are no numbers.");
+        *fault = tr("its angles are no numbers");
         return std::nullopt;
     }
     LaserRays rays;

@@ -25,9 +25,9 @@ public:
     QPolygonF hits;
     QPolygonF swept; ///< what the rays passed over
 
-    /// A message of the wrong shape gives nothing and, in @p error, a sentence.
+    /// A message of the wrong shape gives nothing and, in @p fault, what is wrong.
     static std::optional<LaserRays> read(device::ScanReader& reader, const QCborMap& message,
-                                         QString* error);
+                                         QString* fault);
 };
 
 } // namespace host::workbench

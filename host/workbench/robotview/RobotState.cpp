@@ -128,13 +128,10 @@ bool RobotState::take(Topic topic, const QCborMap& message, TimePoint now, QStri
     case Odometry:
         fault = m_frames.readOdometry(message, now, &m_odometryFrame);
         break;
-    case Scan: {
-        auto rays = LaserRays::read(m_scanReader, message, error);
-        if (!rays)
-            return false;
-        m_rays = std::move(rays);
-        return true;
-    }
+    case Scan:
+        if (auto rays = LaserRays::read(m_scanReader, message, &fault))
+            m_rays = std::move(rays);
+        break;
     case JointStates:
     case ArmState:
         isNews = takeAxes(topic, message, &fault);

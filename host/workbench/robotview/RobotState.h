@@ -130,7 +130,7 @@ private:
     std::optional<GridMap> m_map;
     Frames m_frames;
     QString m_odometryFrame;
-    device::ScanReader m_scanReader{QStringLiteral("/scan")};
+    device::ScanReader m_scanReader;
     std::optional<LaserRays> m_rays;
     std::optional<Transform> m_raysPlace;
     qint64 m_raysLag = 0; // from when they were measured to when their place was; milliseconds

@@ -102,6 +102,7 @@ private Q_SLOTS:
     void rays_without_an_answer_are_left_out();
     void a_bad_scan_changes_nothing_and_is_told_of_data();
     void a_bad_scan_changes_nothing_and_is_told_of();
+    void bad_messages_are_told_of_with_the_robots_name_of_the_topic();
     void rays_stay_where_they_were_measured();
     void rays_take_the_place_of_the_moment_nearest_to_theirs();
     void the_path_is_where_the_robot_drove();
@@ -447,7 +448,22 @@ void RobotStateTest::a_bad_scan_changes_nothing_and_is_told_of()
     robot.tell(RobotState::Scan, message);
     QCOMPARE(robot.state.rays()->hits.size(), 3);
     QVERIFY(robot.state.raysPlace());
-    QVERIFY2(robot.notes().contains("is ignored: "), qPrintable(robot.notes()));
+    QVERIFY2(robot.notes().contains("topic /scan is ignored: "), qPrintable(robot.notes()));
+}
+
+void RobotStateTest::bad_messages_are_told_of_with_the_robots_name_of_the_topic()
+{
+    Robot robot;
+    for (int i = 0; i < RobotState::TopicCount; ++i) {
+        const auto topic = static_cast<RobotState::Topic>(i);
+        if (topic == RobotState::Camera)
+            continue; // there is nothing to be wrong
+        robot.state.setName(topic, "/robot_2" + QString(RobotState::info(topic).name));
+        robot.tell(topic, {});
+        const QString words = QString("topic /robot_2%1 is ignored: ");
+        QVERIFY2(robot.notes().contains(words.arg(RobotState::info(topic).name)),
+                 qPrintable(robot.notes()));
+    }
 }
 
 void RobotStateTest::rays_stay_where_they_were_measured()
