@@ -31,10 +31,9 @@ FailureCard::FailureCard(const FailureWords& failure, QWidget* parent)
       m_file(new QLineEdit)
 {
     setObjectName("FailureCard");
-    // Text and background together, so that the card is legible whatever the desktop's colours.
-    setStyleSheet("#FailureCard { background: #fcefed; border: 1px solid #e0a8a1;"
-                  " border-left: 5px solid #b3261e; }"
-                  "#FailureCard QLabel, #FailureCard QLineEdit { color: #33100d; }"
+    // A tint of the window's own colour, whatever that is, so that its text stays legible.
+    setStyleSheet("#FailureCard { background: rgba(220, 50, 40, 30);"
+                  " border: 1px solid rgba(220, 50, 40, 100); border-left: 5px solid #c8362c; }"
                   "#FailureCard QLineEdit { background: transparent; border: none; }");
 
     QFont font = m_title->font();

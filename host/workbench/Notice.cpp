@@ -11,9 +11,9 @@ namespace host::workbench {
 Notice::Notice() : m_words(new QLabel), m_close(new QToolButton)
 {
     setObjectName("Notice");
-    // Text and background together, so that it is legible whatever the desktop's colours.
-    setStyleSheet("#Notice { background: #fff4d6; border-bottom: 1px solid #d9b24c; }"
-                  "#Notice QLabel { color: #3d2e00; }");
+    // A tint of the window's own colour, whatever that is, so that its text stays legible.
+    setStyleSheet(
+        "#Notice { background: rgba(255, 170, 0, 45); border-bottom: 1px solid #d9a520; }");
     m_words->setTextFormat(Qt::PlainText);
     m_words->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_words->setWordWrap(true);

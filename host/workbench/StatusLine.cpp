@@ -46,9 +46,9 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     m_words->setMinimumWidth(24 * m_words->fontMetrics().averageCharWidth());
     m_failure->setWordWrap(true);
     m_faults->setWordWrap(true);
-    // Text and background together, so that it is legible whatever the desktop's colours.
-    m_age->setStyleSheet("[stale=\"true\"] { color: #3d2e00; background: #ffd98a; }");
-    m_faults->setStyleSheet("color: #3d2e00; background: #ffd98a; padding: 2px;");
+    // A tint of the window's own colour, whatever that is, so that its text stays legible.
+    m_age->setStyleSheet("[stale=\"true\"] { background: rgba(255, 170, 0, 90); }");
+    m_faults->setStyleSheet("background: rgba(255, 170, 0, 90); padding: 2px;");
     m_clock.setInterval(500ms);
 
     auto* times = new QHBoxLayout;
