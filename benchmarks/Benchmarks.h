@@ -16,6 +16,7 @@ void addFastCdr(Ratios& ratios);
 void addLaserRangeFinderDialog(Ratios& ratios);
 void addPositionModel(Ratios& ratios);
 void addPositionView(Ratios& ratios);
+void addWorldView(Ratios& ratios);
 
 /// @p value as something that the compiler cannot know.
 template <class T>

@@ -31,6 +31,7 @@ int main(int argc, char* argv[])
     addLaserRangeFinderDialog(ratios);
     addPositionModel(ratios);
     addPositionView(ratios);
+    addWorldView(ratios);
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
