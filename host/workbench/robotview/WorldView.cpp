@@ -260,19 +260,35 @@ void WorldView::paintMap(QPainter& painter)
     const double pixels = std::min(1.0, map.resolution * m_scale); // of the picture, a cell
     const QSize size(std::max(1, static_cast<int>(map.cells.width() * pixels)),
                      std::max(1, static_cast<int>(map.cells.height() * pixels)));
-    if (m_map.size() != size || m_mapKey != map.cells.cacheKey()) {
+    const QTransform transform =
+        QTransform::fromScale(map.resolution, map.resolution) * place->onFloor() * toPixels();
+    // Without a turn the map is mirrored at least, since its rows go up and pixels down. Qt 6.4
+    // reads beyond a picture that it has to mirror, if just its edge is in sight: it gets one that
+    // is mirrored already.
+    const bool isTurned = transform.type() > QTransform::TxScale;
+    Qt::Orientations flips;
+    flips.setFlag(Qt::Horizontal, !isTurned && transform.m11() < 0);
+    flips.setFlag(Qt::Vertical, !isTurned && transform.m22() < 0);
+    if (m_map.size() != size || m_mapKey != map.cells.cacheKey() || m_mapFlips != flips) {
         m_mapKey = map.cells.cacheKey();
+        m_mapFlips = flips;
         QImage coloured = map.cells;
         coloured.setColorTable(mapColours(palette()));
         coloured = coloured.convertToFormat(QImage::Format_RGB32);
         if (coloured.size() != size)
             coloured = coloured.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        m_map = QPixmap::fromImage(coloured);
+        m_map = QPixmap::fromImage(
+            coloured.mirrored(flips.testFlag(Qt::Horizontal), flips.testFlag(Qt::Vertical)));
+    }
+    const QRectF cells(map.cells.rect());
+    const QRectF picture(m_map.rect());
+    if (!isTurned) {
+        painter.drawPixmap(transform.mapRect(cells), m_map, picture);
+        return;
     }
     painter.save();
-    painter.setTransform(QTransform::fromScale(map.resolution, map.resolution) * place->onFloor() *
-                         toPixels());
-    painter.drawPixmap(QRectF(map.cells.rect()), m_map, QRectF(m_map.rect()));
+    painter.setTransform(transform);
+    painter.drawPixmap(cells, m_map, picture);
     painter.restore();
 }
 

@@ -69,12 +69,13 @@ private:
 
     const RobotState& m_state;
     Mode m_mode = Mode::ShowAll;
-    QPointF m_centre;     // of the view, in the world
-    double m_scale = 50;  // pixels a metre
-    QPoint m_dragged;     // where the mouse was
-    QPixmap m_map;        // in colours, and with no more cells than pixels
-    qint64 m_mapKey = 0;  // of the map's cells
-    QTimer m_timer{this}; // runs only while something is to be painted
+    QPointF m_centre;            // of the view, in the world
+    double m_scale = 50;         // pixels a metre
+    QPoint m_dragged;            // where the mouse was
+    QPixmap m_map;               // in colours, and with no more cells than pixels
+    qint64 m_mapKey = 0;         // of the map's cells
+    Qt::Orientations m_mapFlips; // along which the picture is mirrored
+    QTimer m_timer{this};        // runs only while something is to be painted
 };
 
 } // namespace host::workbench

@@ -16,6 +16,12 @@ namespace {
 constexpr int patience = 30000;
 constexpr double pi = 3.14159265358979323846;
 
+QCborMap with(QCborMap message, const char* field, const QCborValue& value)
+{
+    message[QString(field)] = value;
+    return message;
+}
+
 /// Counts how often it is painted.
 class CountingView : public WorldView
 {
@@ -101,6 +107,9 @@ private Q_SLOTS:
     void it_shows_all_at_first();
     void map_robot_and_rays_are_where_they_are_told();
     void a_turned_map_is_shown_turned();
+    void a_map_is_shown_by_halves_turned_and_mirrored_data();
+    void a_map_is_shown_by_halves_turned_and_mirrored();
+    void a_map_turned_by_next_to_nothing_stays_as_it_is();
     void walls_are_seen_on_a_map_with_more_cells_than_pixels();
     void what_is_old_is_grey();
     void a_robot_without_a_map_is_shown_with_what_is_about_it();
@@ -113,6 +122,7 @@ private Q_SLOTS:
     void zooming_has_limits();
     void it_shows_all_again_when_told();
     void far_away_places_do_no_harm();
+    void a_map_that_just_leaves_the_sight_does_no_harm();
     void it_is_painted_thirty_times_a_second_at_most();
 };
 
@@ -150,6 +160,54 @@ void WorldViewTest::a_turned_map_is_shown_turned()
     QCOMPARE(world.colourAt(0.5, 3.5), QColor(Qt::black)); // the wall is at the upper end now
     QCOMPARE(world.colourAt(1.5, 3.5), QColor(Qt::black));
     QCOMPARE(world.colourAt(0.5, 2.5), QColor(Qt::white));
+}
+
+void WorldViewTest::a_map_is_shown_by_halves_turned_and_mirrored_data()
+{
+    QTest::addColumn<QCborMap>("origin");
+    QTest::addColumn<QPointF>("wall");
+    const auto origin = [](double x, double y, double i, double j, double k, double w) {
+        return QCborMap{
+            {"position", message::vector(x, y)},
+            {"orientation", QCborMap{{"x", i}, {"y", j}, {"z", k}, {"w", w}}},
+        };
+    };
+    QTest::newRow("as it is") << origin(0, 0, 0, 0, 0, 1) << QPointF(3.5, 0.5);
+    QTest::newRow("turned by half") << origin(4, 2, 0, 0, 1, 0) << QPointF(0.5, 1.5);
+    QTest::newRow("about x") << origin(0, 2, 1, 0, 0, 0) << QPointF(3.5, 1.5);
+    QTest::newRow("about y") << origin(4, 0, 0, 1, 0, 0) << QPointF(0.5, 0.5);
+}
+
+void WorldViewTest::a_map_is_shown_by_halves_turned_and_mirrored()
+{
+    QFETCH(const QCborMap, origin);
+    QFETCH(const QPointF, wall);
+    World world;
+    world.view.grab();
+    world.tell(RobotState::Map, message::map("map", 4, 2, 1, origin, {0, 0, 0, 100, 0, 0, 0, 0}));
+    for (const double x : {0.5, 3.5}) {
+        for (const double y : {0.5, 1.5}) {
+            const bool isWall = wall == QPointF(x, y);
+            QCOMPARE(world.colourAt(x, y), QColor(isWall ? Qt::black : Qt::white));
+        }
+    }
+}
+
+void WorldViewTest::a_map_turned_by_next_to_nothing_stays_as_it_is()
+{
+    World world;
+    QCborMap map = message::map("map", 610, 610, 1, message::pose(1000, 0, 2e-11), {});
+    QCborArray data;
+    for (int i = 0; i < 610 * 610; ++i)
+        data.append(i < 610 * 305 ? 100 : 0); // the lower half
+    map[QString("data")] = data;
+    world.tell(RobotState::Map, map);
+    world.view.grab();                            // all is in sight now
+    for (const double scale : {0.0497, 0.0503}) { // the turn is less than Qt sees, and more
+        world.view.zoom(scale / world.view.toPixels().m11(), QPointF(212, 212));
+        QCOMPARE(world.colourAt(1305, 100), QColor(Qt::black));
+        QCOMPARE(world.colourAt(1305, 510), QColor(Qt::white));
+    }
 }
 
 void WorldViewTest::walls_are_seen_on_a_map_with_more_cells_than_pixels()
@@ -340,6 +398,33 @@ void WorldViewTest::far_away_places_do_no_harm()
     for (int i = 0; i < 40; ++i) {
         world.view.grab();
         world.view.zoom(1.5, {0, 0});
+    }
+}
+
+void WorldViewTest::a_map_that_just_leaves_the_sight_does_no_harm()
+{
+    World w;
+    w.view.zoom(1, {}); // it stays where it is from now on
+    const QTransform toWorld = w.view.toPixels().inverted();
+    QCborMap map = message::map("map", 2, 17, 0.1498, {}, {});
+    QCborArray data;
+    for (int i = 0; i < 2 * 17; ++i)
+        data.append(100);
+    map[QString("data")] = data;
+    for (const double turn : {0.0, pi}) {
+        for (double pixel = -1; pixel < 1; pixel += 1 / 32.0) {
+            for (const QPointF& place :
+                 {QPointF(212, pixel), QPointF(212, 424 + pixel), QPointF(pixel, 212),
+                  QPointF(424 + pixel, 212), QPointF(pixel, pixel)}) {
+                const QPointF corner = toWorld.map(place);
+                const QCborMap info = map[QString("info")].toMap();
+                w.tell(RobotState::Map,
+                       with(map, "info",
+                            with(info, "origin", message::pose(corner.x(), corner.y(), turn))));
+                QVERIFY(w.state.mapPlace());
+                QVERIFY(!w.view.grab().isNull());
+            }
+        }
     }
 }
 
