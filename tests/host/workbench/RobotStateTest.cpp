@@ -105,6 +105,8 @@ private Q_SLOTS:
     void bad_messages_are_told_of_with_the_robots_name_of_the_topic();
     void rays_stay_where_they_were_measured();
     void rays_take_the_place_of_the_moment_nearest_to_theirs();
+    void each_scan_has_a_place_of_its_own();
+    void rays_are_placed_anew_in_another_world();
     void the_path_is_where_the_robot_drove();
     void the_path_does_not_guess_the_way_between();
     void the_path_begins_anew_in_another_world();
@@ -491,6 +493,32 @@ void RobotStateTest::rays_take_the_place_of_the_moment_nearest_to_theirs()
     robot.tell(RobotState::Transforms,
                message::transforms({message::transform("odom", "base_link", 3, 0, 0, 1030)}));
     QCOMPARE(seen(robot.state.raysPlace()), QPointF(2, 0));
+}
+
+void RobotStateTest::each_scan_has_a_place_of_its_own()
+{
+    Robot robot;
+    for (const int second : {1, 2}) {
+        const int stamp = second * 1000;
+        robot.tell(
+            RobotState::Transforms,
+            message::transforms({message::transform("odom", "base_link", second, 0, 0, stamp)}));
+        robot.tell(RobotState::Scan, message::scan("base_link", 0, 0.1, {1}, stamp));
+        QCOMPARE(seen(robot.state.raysPlace()), QPointF(second, 0));
+    }
+    robot.tell(RobotState::Scan, message::scan("nowhere", 0, 0.1, {1}, 2000));
+    QVERIFY(!robot.state.raysPlace());
+}
+
+void RobotStateTest::rays_are_placed_anew_in_another_world()
+{
+    Robot robot;
+    robot.tell(RobotState::Odometry, message::odometry("odom", "base_link", 1, 0, 0));
+    robot.tell(RobotState::Scan, message::scan("base_link", 0, 0.1, {1}));
+    QCOMPARE(seen(robot.state.raysPlace()), QPointF(1, 0));
+    robot.tell(RobotState::StaticTransforms,
+               message::transforms({message::transform("map", "odom", 100, 0, 0)}));
+    QCOMPARE(seen(robot.state.raysPlace()), QPointF(101, 0));
 }
 
 void RobotStateTest::the_path_is_where_the_robot_drove()
