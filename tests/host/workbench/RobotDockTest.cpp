@@ -101,6 +101,7 @@ private Q_SLOTS:
     void it_is_hidden_at_first_and_follows_nothing();
     void it_follows_while_it_is_shown();
     void it_follows_only_what_the_robot_publishes();
+    void a_topic_of_other_messages_is_not_followed();
     void a_topic_is_followed_by_the_robots_name_for_it();
     void a_robot_that_cannot_tell_its_topics_is_followed_on_all();
     void what_the_robot_publishes_later_is_found_later();
@@ -168,6 +169,23 @@ void RobotDockTest::it_follows_only_what_the_robot_publishes()
     QCOMPARE(robot.subscriberCount("/map", "nav_msgs/OccupancyGrid", "cbor"), 0);
     QTRY_VERIFY_WITH_TIMEOUT(workbench.notes().contains("No map: the robot does not publish /map."),
                              patience);
+    // No more often than it is painted; but none of those that are not told again.
+    QCOMPARE(robot.lastSubscription("/odom").value(QLatin1String("throttle_rate")).toInteger(), 33);
+}
+
+void RobotDockTest::a_topic_of_other_messages_is_not_followed()
+{
+    FakeRobot robot;
+    robot.obey();
+    robot.answer("/rosapi/topics", {{"topics", QCborArray{"/odom", "/map"}},
+                                    {"types", QCborArray{"nav_msgs/Odometry", "std_msgs/Bool"}}});
+    Workbench workbench(robot.address());
+    workbench.dock->show();
+    workbench.join();
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/odom", "nav_msgs/Odometry", "cbor"), 1,
+                              patience);
+    workbench.waitForRobot();
+    QCOMPARE(robot.subscriberCount("/map", "nav_msgs/OccupancyGrid", "cbor"), 0);
 }
 
 void RobotDockTest::a_topic_is_followed_by_the_robots_name_for_it()
@@ -216,6 +234,12 @@ void RobotDockTest::what_the_robot_publishes_later_is_found_later()
     QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount("/map", "nav_msgs/OccupancyGrid", "cbor"), 1,
                               patience);
     QCOMPARE(robot.subscriberCount("/odom", "nav_msgs/Odometry", "cbor"), 1);
+
+    QStringList all;
+    for (int i = 0; i < RobotState::TopicCount; ++i)
+        all << RobotState::info(static_cast<RobotState::Topic>(i)).name;
+    publish(robot, all);
+    QTRY_VERIFY_WITH_TIMEOUT(!timer->isActive(), patience); // nothing is left to ask for
 }
 
 void RobotDockTest::the_table_tells_targets_places_and_switches()
@@ -239,6 +263,8 @@ void RobotDockTest::the_table_tells_targets_places_and_switches()
     QCOMPARE(workbench.cell(0, RobotModel::NameColumn), QString("axis0"));
     QCOMPARE(workbench.cell(8), QString("300.0°"));
     QCOMPARE(workbench.cell(8, RobotModel::TargetColumn), QString("–"));
+    QCOMPARE(workbench.cell(RobotModel::FirstLineRow, RobotModel::NameColumn),
+             QString("Supply line 1"));
     QTRY_COMPARE_WITH_TIMEOUT(workbench.cell(RobotModel::SecondLineRow), QString("on"), patience);
     QCOMPARE(workbench.cell(RobotModel::FirstLineRow), QString("–"));
     QTRY_COMPARE_WITH_TIMEOUT(workbench.cell(RobotModel::ThirdLineRow), QString("off"), patience);
@@ -252,6 +278,9 @@ void RobotDockTest::the_table_tells_targets_places_and_switches()
     QVERIFY(!dot(RobotModel::SecondLineRow).isNull());
     QVERIFY(dot(RobotModel::SecondLineRow) != dot(RobotModel::ThirdLineRow));
     QVERIFY(dot(RobotModel::FirstLineRow).isNull()); // nothing is known of it
+    for (const int column : {RobotModel::NameColumn, RobotModel::TargetColumn})
+        QVERIFY(
+            !workbench.index(RobotModel::SecondLineRow, column).data(Qt::DecorationRole).isValid());
 }
 
 void RobotDockTest::a_state_told_before_is_known_when_the_dock_opens()
@@ -381,6 +410,7 @@ void RobotDockTest::the_simulated_robot_is_shown_whole()
     workbench.dock->show();
     workbench.join();
     QTRY_COMPARE_WITH_TIMEOUT(workbench.notes(), QString(), patience);
+    QVERIFY(!workbench.part<QLabel>("notes")->isVisible()); // which takes room
     QTRY_COMPARE_WITH_TIMEOUT(workbench.cell(0), QString("0.0°"), patience);
     QTRY_COMPARE_WITH_TIMEOUT(workbench.cell(8, RobotModel::TargetColumn), QString("0.0°"),
                               patience);

@@ -93,6 +93,7 @@ private Q_SLOTS:
     void a_leading_slash_of_a_frame_does_not_matter();
     void odometry_alone_places_the_robot();
     void transforms_go_before_odometry();
+    void the_robot_is_its_base_link_rather_than_its_footprint();
     void a_map_that_the_robot_has_no_place_on_is_not_shown();
     void a_bad_transform_changes_nothing_and_is_told_of_data();
     void a_bad_transform_changes_nothing_and_is_told_of();
@@ -298,6 +299,15 @@ void RobotStateTest::transforms_go_before_odometry()
     QCOMPARE(seen(robot.state.robotPlace()), QPointF(5, 6));
 }
 
+void RobotStateTest::the_robot_is_its_base_link_rather_than_its_footprint()
+{
+    Robot robot;
+    robot.tell(RobotState::Transforms,
+               message::transforms({message::transform("odom", "base_footprint", 1, 0, 0),
+                                    message::transform("base_footprint", "base_link", 0.5, 0, 0)}));
+    QCOMPARE(seen(robot.state.robotPlace()), QPointF(1.5, 0));
+}
+
 void RobotStateTest::a_map_that_the_robot_has_no_place_on_is_not_shown()
 {
     Robot robot;
@@ -404,6 +414,12 @@ void RobotStateTest::bad_odometry_changes_nothing_and_is_told_of()
         QCOMPARE(seen(robot.state.robotPlace()), QPointF(1, 2));
         QVERIFY2(robot.notes().contains("topic /odom is ignored: "), qPrintable(robot.notes()));
     }
+
+    Robot other; // which calls itself as no other does
+    other.tell(RobotState::Odometry, message::odometry("odom", "its_base", 1, 2, 0));
+    other.tell(RobotState::Odometry, message::odometry("its_base", "odom", 1, 2, 0));
+    QVERIFY2(other.notes().contains("topic /odom is ignored: "), qPrintable(other.notes()));
+    QCOMPARE(seen(other.state.robotPlace()), QPointF(1, 2));
 }
 
 void RobotStateTest::rays_without_an_answer_are_left_out()
@@ -418,6 +434,10 @@ void RobotStateTest::rays_without_an_answer_are_left_out()
     QCOMPARE(QLineF({0, 0}, rays.hits[1]).length(), 2.0);
     QCOMPARE(rays.swept.size(), 4); // back to the laser between them
     QCOMPARE(rays.swept[2], QPointF(0, 0));
+    robot.tell(RobotState::Scan, message::scan("laser", 0, 0.1, {1, 3, 2}));
+    QCOMPARE(robot.state.rays()->reach, 3.0);
+    robot.tell(RobotState::Scan, with(message::scan("laser", 0, 0.1, {0, 1}), "range_min", 0));
+    QCOMPARE(robot.state.rays()->hits.size(), 1);
     robot.tell(RobotState::Scan, message::scan("laser", 0, 0.1, {}));
     QVERIFY(robot.state.rays()->hits.isEmpty());
     // A laser without limits is still one on the earth.
@@ -492,6 +512,11 @@ void RobotStateTest::rays_take_the_place_of_the_moment_nearest_to_theirs()
     QCOMPARE(seen(robot.state.raysPlace()), QPointF(2, 0));
     robot.tell(RobotState::Transforms,
                message::transforms({message::transform("odom", "base_link", 3, 0, 0, 1030)}));
+    QCOMPARE(seen(robot.state.raysPlace()), QPointF(2, 0));
+
+    for (const int x : {4, 5}) // a robot without a clock: all its moments are equally near
+        robot.tell(RobotState::Transforms,
+                   message::transforms({message::transform("odom", "base_link", x, 0, 0, 1000)}));
     QCOMPARE(seen(robot.state.raysPlace()), QPointF(2, 0));
 }
 
@@ -569,6 +594,7 @@ void RobotStateTest::a_long_path_takes_bounded_room()
     QVERIFY(path.lines().last().x2() > 0.1 * steps - 10);
     for (int i = 1; i < path.lines().size(); ++i)
         QCOMPARE(path.lines()[i].p1(), path.lines()[i - 1].p2());
+    QVERIFY(path.lines().last().length() > 0.15); // coarser than what is added now, too
 
     path.clear();
     for (int i = 0; i <= 2 * Path::mostLines; ++i) { // single lines, that none can be left out of
@@ -636,7 +662,11 @@ void RobotStateTest::what_is_old_says_so()
           "The axes' positions are 12 s old.", "The axes' targets are 12 s old."})
         QVERIFY2(robot.notes().contains(note), qPrintable(robot.notes()));
     QCOMPARE(robot.notes().count("old"), 4); // a state does not grow old
-    robot.now += 3min;
+    robot.now += 107s;
+    QVERIFY2(robot.notes().contains("The position is 119 s old."), qPrintable(robot.notes()));
+    robot.now += 1s;
+    QVERIFY2(robot.notes().contains("The position is 2 min old."), qPrintable(robot.notes()));
+    robot.now += 1min;
     QVERIFY2(robot.notes().contains("The position is 3 min old."), qPrintable(robot.notes()));
     robot.tell(RobotState::Odometry, message::odometry("odom", "base_link", 1, 2, 0));
     QVERIFY2(!robot.notes().contains("position is"), qPrintable(robot.notes()));
@@ -667,6 +697,7 @@ void RobotStateTest::nothing_is_called_missing_before_it_is_due()
     state.setPublished(RobotState::Scan, true, now);
     state.setPublished(RobotState::JointStates, true, now);
     QCOMPARE(state.notes(now + 2s), QStringList());
+    state.setPublished(RobotState::Map, true, now + 2s); // that was known
     QCOMPARE(state.notes(now + 3s).first(), QString("No map: nothing fit has come on /map yet."));
 }
 
@@ -676,8 +707,14 @@ void RobotStateTest::the_picture_outlives_the_link_and_the_switches_do_not()
     robot.now -= 1h; // when it was seen last
     robot.tell(RobotState::Map, goodMap());
     robot.tell(RobotState::Torque, message::truth(true));
+    for (int frame = 0; frame < 20; ++frame) {
+        robot.now += 100ms;
+        robot.tell(RobotState::Camera, {});
+    }
+    QVERIFY(robot.state.cameraRate(robot.now) > 0);
     robot.state.end(robot.now + 1h);
     QVERIFY(!robot.state.isConnected());
+    QCOMPARE(robot.state.cameraRate(robot.now), 0U);
     QVERIFY(robot.state.mapPlace());
     QVERIFY(!robot.state.isSet(RobotState::Torque));
     const QDateTime seen = QDateTime::currentDateTime().addSecs(-3600);

@@ -106,6 +106,9 @@ class WorldViewTest : public TestCase
 private Q_SLOTS:
     void it_shows_all_at_first();
     void map_robot_and_rays_are_where_they_are_told();
+    void the_robot_is_in_sight_beside_its_map();
+    void the_path_is_painted_whichever_way_it_was_driven();
+    void the_scale_has_a_bar_of_a_round_length();
     void a_turned_map_is_shown_turned();
     void a_map_is_shown_by_halves_turned_and_mirrored_data();
     void a_map_is_shown_by_halves_turned_and_mirrored();
@@ -150,6 +153,46 @@ void WorldViewTest::map_robot_and_rays_are_where_they_are_told()
     const QColor swept = world.colourAt(1.3, 1.2);
     QVERIFY2(swept.red() > swept.blue() && swept.blue() > 150, qPrintable(swept.name()));
     QCOMPARE(world.colourAt(2.8, 1.8), QColor(Qt::white));
+}
+
+void WorldViewTest::the_robot_is_in_sight_beside_its_map()
+{
+    World world;
+    world.tell(RobotState::Odometry, message::odometry("map", "base_link", 10, -3, 0));
+    world.view.grab();
+    QVERIFY(world.view.rect().contains(world.pixelOf(10, -3)));
+    QVERIFY(world.view.rect().contains(world.pixelOf(0, 2)));
+}
+
+void WorldViewTest::the_path_is_painted_whichever_way_it_was_driven()
+{
+    World world;
+    const std::vector<QPointF> corners{{1, 1}, {3, 1}, {3, 1.5}, {1, 1.5}, {1, 0.5}};
+    for (const QPointF& corner : corners)
+        world.tell(RobotState::Odometry,
+                   message::odometry("map", "base_link", corner.x(), corner.y(), 0));
+    for (std::size_t i = 1; i < corners.size(); ++i) {
+        const QPointF middle = (corners[i - 1] + corners[i]) / 2;
+        const QPoint pixel = world.pixelOf(middle.x(), middle.y());
+        const QImage picture = world.view.grab().toImage();
+        int bluest = 255; // a line may lie between two pixels
+        for (int x = -1; x <= 1; ++x) {
+            for (int y = -1; y <= 1; ++y)
+                bluest = std::min(bluest, picture.pixelColor(pixel + QPoint(x, y)).red());
+        }
+        QVERIFY2(bluest == 0, qPrintable(QStringLiteral("%1 %2").arg(i).arg(bluest)));
+    }
+}
+
+void WorldViewTest::the_scale_has_a_bar_of_a_round_length()
+{
+    World world;
+    const QImage picture = world.view.grab().toImage();
+    const int bottom = world.view.height() - 8;
+    int end = 8;
+    while (picture.pixelColor(end, bottom) == QColor(Qt::black))
+        ++end;
+    QCOMPARE(end - 1 - 8, 50); // half a metre; the next one is too long
 }
 
 void WorldViewTest::a_turned_map_is_shown_turned()
