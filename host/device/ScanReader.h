@@ -11,7 +11,7 @@
 namespace host::device {
 
 /// Makes the plugin's scans of a robot's sensor_msgs/LaserScan messages, with the header of ROS 1
-/// or of ROS 2. One reader reads one topic: where the robot does not number its scans, it does.
+/// or of ROS 2. Where the robot does not number its scans, the reader does.
 class ScanReader
 {
 public:

@@ -169,7 +169,7 @@ void RobotDockTest::it_follows_only_what_the_robot_publishes()
     QCOMPARE(robot.subscriberCount("/map", "nav_msgs/OccupancyGrid", "cbor"), 0);
     QTRY_VERIFY_WITH_TIMEOUT(workbench.notes().contains("No map: the robot does not publish /map."),
                              patience);
-    // No more often than it is painted; but none of those that are not told again.
+    // No more often than it is painted.
     QCOMPARE(robot.lastSubscription("/odom").value(QLatin1String("throttle_rate")).toInteger(), 33);
 }
 

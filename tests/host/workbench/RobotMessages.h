@@ -11,6 +11,13 @@
 /// What a robot sends, as ROS's messages; metres and radians.
 namespace message {
 
+/// The message with another value of one field.
+inline QCborMap with(QCborMap message, const char* field, const QCborValue& value)
+{
+    message[QString(field)] = value;
+    return message;
+}
+
 inline QCborMap header(const QString& frame, int milliseconds = 0)
 {
     return {{"stamp",

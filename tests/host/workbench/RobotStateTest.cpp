@@ -9,6 +9,7 @@
 
 using namespace host::workbench;
 using namespace std::chrono_literals;
+using message::with;
 
 Q_DECLARE_METATYPE(QCborMap)
 
@@ -35,12 +36,6 @@ struct Robot
     RobotState::TimePoint now = RobotState::Clock::now();
     RobotState state;
 };
-
-QCborMap with(QCborMap message, const char* field, const QCborValue& value)
-{
-    message[QString(field)] = value;
-    return message;
-}
 
 QCborMap goodMap()
 {
