@@ -1,10 +1,10 @@
 #include "Benchmarks.h"
-#include "FakeHost.h"
 #include "LaserRangeFinderDialog.h"
 #include "Ratios.h"
 #include "Scan.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/HistoryBundleContent.h"
+#include "tests/src/FakeHost.h"
 
 #include <QCoreApplication>
 #include <QFormLayout>

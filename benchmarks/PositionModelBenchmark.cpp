@@ -1,10 +1,10 @@
 #include "Benchmarks.h"
 #include "PositionModel.h"
-#include "Positions.h"
 #include "QuietHost.h"
 #include "Ratios.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/HistoryBundleContent.h"
+#include "tests/src/Positions.h"
 
 #include <vector>
 

@@ -2,9 +2,9 @@
 #include "PositionDelegate.h"
 #include "PositionModel.h"
 #include "PositionView.h"
-#include "Positions.h"
 #include "QuietHost.h"
 #include "Ratios.h"
+#include "tests/src/Positions.h"
 
 #include <QHeaderView>
 #include <QImage>

@@ -1,8 +1,8 @@
 #ifndef QUANDREL_QUIETHOST_H
 #define QUANDREL_QUIETHOST_H
 
-#include "FakeHost.h"
 #include "olm/core/Vector.h"
+#include "tests/src/FakeHost.h"
 
 #include <string>
 #include <unordered_map>

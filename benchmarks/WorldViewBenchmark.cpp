@@ -1,10 +1,10 @@
 #include "Benchmarks.h"
 #include "Ratios.h"
-#include "RobotMessages.h"
 #include "Scan.h"
+#include "tests/host/workbench/robotview/RobotMessages.h"
 
 #include "host/workbench/robotview/WorldView.h"
-#include "robot/link/Message.h"
+#include "rosbridge/protocol/Codec.h"
 
 #include <QCborArray>
 #include <QGraphicsPolygonItem>
@@ -17,7 +17,7 @@
 // A room of 10 x 10 metres, the robot on a long way through it, and a whole sweep of its laser. All
 // sides paint it into a picture of the size that the dock has in a large window.
 
-using namespace host::workbench;
+using namespace host::workbench::robotview;
 
 namespace {
 
@@ -43,7 +43,7 @@ QCborMap sweep()
         ranges.append(scan.ranges[i]);
     QCborMap sweep = message::scan("base_link", scan.minimumAngle, scan.angleIncrement, {});
     sweep[QLatin1String("range_max")] = double(scan.maximumRange);
-    sweep[QLatin1String("ranges")] = robot::link::typedArray(ranges);
+    sweep[QLatin1String("ranges")] = rosbridge::protocol::typedArray(ranges);
     return sweep;
 }
 
@@ -160,8 +160,9 @@ void readScan(benchmark::State& state)
 /// What has to be done with every message that comes.
 void decodeScan(benchmark::State& state)
 {
-    const QByteArray bytes = robot::link::encodeBinary(sweep());
-    measure(state, [&] { benchmark::DoNotOptimize(robot::link::decodeBinary(bytes, nullptr)); });
+    const QByteArray bytes = rosbridge::protocol::encodeBinary(sweep());
+    measure(state,
+            [&] { benchmark::DoNotOptimize(rosbridge::protocol::decodeBinary(bytes, nullptr)); });
 }
 
 } // namespace

@@ -8,7 +8,7 @@ endif()
 find_program(CLANG_FORMAT clang-format REQUIRED)
 find_program(RUN_CLANG_TIDY run-clang-tidy REQUIRED)
 
-set(code_folders src host robot tests benchmarks)
+set(code_folders src host robot rosbridge tests benchmarks)
 list(TRANSFORM code_folders PREPEND "${PROJECT_SOURCE_DIR}/")
 set(code_globs)
 foreach(folder IN LISTS code_folders)
@@ -23,6 +23,6 @@ add_test(NAME tidy
   COMMAND sh -c [[mkdir -p lint &&
     sed -E 's# (-Winvalid-pch )?-include [^ ]*/cmake_pch\.hxx##g' compile_commands.json >lint/compile_commands.json &&
     exec "$0" -quiet -p lint "$1"]]
-    "${RUN_CLANG_TIDY}" "^${PROJECT_SOURCE_DIR}/(src|host|robot|tests|benchmarks)/"
+    "${RUN_CLANG_TIDY}" "^${PROJECT_SOURCE_DIR}/(src|host|robot|rosbridge|tests|benchmarks)/"
   WORKING_DIRECTORY "${PROJECT_BINARY_DIR}")
 set_tests_properties(tidy PROPERTIES RUN_SERIAL ON TIMEOUT 1500)

@@ -19,38 +19,23 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 # A test's own code runs once and is not what is tested: no time for making it fast.
 set(QUANDREL_TEST_OPTIONS -O0)
 
-# A test's slots are in its own source, as a rule. Then one run of moc does what AUTOMOC needs a scan,
-# a run and an empty source for, in each of a hundred tests.
-function(quandrel_test_moc name)
-  set(with_slots)
-  foreach(source IN LISTS ARGN)
-    file(STRINGS "${source}" found REGEX "Q_OBJECT" LIMIT_COUNT 1)
-    if(found)
-      list(APPEND with_slots "${source}")
-    endif()
+# quandrel_tests(<program> SOURCES <files>... LIBRARIES <targets>...)
+# One program for the test classes of a folder and those below it, since linking a program for each
+# takes longer than running it. CTest runs each class, named as its source <Class>Test.cpp, in a
+# process of its own, on Qt's offscreen platform.
+function(quandrel_tests program)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${program} ${arg_SOURCES})
+  target_link_libraries(${program} PRIVATE test-support ${arg_LIBRARIES})
+  target_precompile_headers(${program} REUSE_FROM test-headers)
+  target_compile_options(${program} PRIVATE ${QUANDREL_TEST_OPTIONS})
+  set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}")
+  list(FILTER arg_SOURCES INCLUDE REGEX "Test\\.cpp$")
+  foreach(source IN LISTS arg_SOURCES)
+    cmake_path(GET source STEM class)
+    add_test(NAME ${class} COMMAND ${program} ${class})
+    quandrel_test_environment(${class})
   endforeach()
-  if(NOT with_slots STREQUAL "${name}.cpp")
-    return()
-  endif()
-  set(moc "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
-  qt_generate_moc(${name}.cpp "${moc}" TARGET ${name})
-  target_sources(${name} PRIVATE "${moc}")
-  target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
-  set_target_properties(${name} PROPERTIES AUTOMOC OFF)
-endfunction()
-
-# quandrel_test(NAME <name> SOURCES <files>... LIBRARIES <targets>...)
-# A QtTest executable, run by CTest on Qt's offscreen platform. <name> mirrors the tested class.
-function(quandrel_test)
-  cmake_parse_arguments(arg "" "NAME" "SOURCES;LIBRARIES" ${ARGN})
-  add_executable(${arg_NAME} ${arg_SOURCES})
-  target_link_libraries(${arg_NAME} PRIVATE test-support ${arg_LIBRARIES})
-  target_precompile_headers(${arg_NAME} REUSE_FROM test-headers)
-  target_compile_options(${arg_NAME} PRIVATE ${QUANDREL_TEST_OPTIONS})
-  set_target_properties(${arg_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}")
-  quandrel_test_moc(${arg_NAME} ${arg_SOURCES})
-  add_test(NAME ${arg_NAME} COMMAND ${arg_NAME})
-  quandrel_test_environment(${arg_NAME})
 endfunction()
 
 # No display, no user settings, and plain C sorting and numbers unless a test sets its own.

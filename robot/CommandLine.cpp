@@ -80,7 +80,8 @@ void CommandLine::finish(Action action, const QString& text)
 void CommandLine::readAddress(const QString& text)
 {
     QString error;
-    const std::optional<link::Address> address = link::Address::parse(text, &error);
+    const std::optional<rosbridge::protocol::Address> address =
+        rosbridge::protocol::Address::parse(text, &error);
     if (address)
         m_address = *address;
     else

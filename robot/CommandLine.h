@@ -2,7 +2,7 @@
 #define ROBOT_COMMANDLINE_H
 
 #include "robot/LaserLogOptions.h"
-#include "robot/link/Address.h"
+#include "rosbridge/protocol/Address.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -30,7 +30,7 @@ public:
 
     QString text() const { return m_text; }
 
-    link::Address address() const { return m_address; }
+    rosbridge::protocol::Address address() const { return m_address; }
 
     quint32 seed() const { return m_seed; } ///< drawn if none was given
 
@@ -48,7 +48,7 @@ private:
 
     Action m_action = Action::Run;
     QString m_text;
-    link::Address m_address;
+    rosbridge::protocol::Address m_address;
     quint32 m_seed;
     QStringList m_allowedOrigins;
     LaserLogOptions m_laserLog;

@@ -13,21 +13,21 @@ namespace robot {
 
 using simulation::Simulation;
 
-Robot::Robot(quint32 seed, const Limits& limits, QObject* parent)
+Robot::Robot(quint32 seed, const rosbridge::server::Limits& limits, QObject* parent)
     : QObject(parent),
       m_seed(seed),
       m_simulation(std::make_unique<Simulation>(seed)),
       m_network(m_clock, limits)
 {
-    auto laser = std::make_unique<LaserNode>(m_network, m_simulation->laser());
+    auto laser = std::make_unique<nodes::LaserNode>(m_network, m_simulation->laser());
     m_laser = laser.get();
-    m_nodes.push_back(std::make_unique<ClockNode>(m_network, m_clock));
-    m_nodes.push_back(std::make_unique<MapNode>(m_network));
-    m_nodes.push_back(std::make_unique<DriveNode>(m_network, m_simulation->driveBase()));
-    m_nodes.push_back(std::make_unique<TransformNode>(m_network, m_simulation->driveBase()));
+    m_nodes.push_back(std::make_unique<nodes::ClockNode>(m_network, m_clock));
+    m_nodes.push_back(std::make_unique<nodes::MapNode>(m_network));
+    m_nodes.push_back(std::make_unique<nodes::DriveNode>(m_network, m_simulation->driveBase()));
+    m_nodes.push_back(std::make_unique<nodes::TransformNode>(m_network, m_simulation->driveBase()));
     m_nodes.push_back(std::move(laser));
-    m_nodes.push_back(std::make_unique<CameraNode>(m_network));
-    m_nodes.push_back(std::make_unique<ArmNode>(m_network));
+    m_nodes.push_back(std::make_unique<nodes::CameraNode>(m_network));
+    m_nodes.push_back(std::make_unique<nodes::ArmNode>(m_network));
 
     connect(&m_timer, &QTimer::timeout, this, &Robot::step);
     m_timer.setTimerType(Qt::PreciseTimer);
@@ -45,7 +45,7 @@ bool Robot::setLaserLog(const QString& file, double rate, QStringList* problems,
 void Robot::step()
 {
     m_laser->publish(m_simulation->step(m_clock.advance()));
-    for (const std::unique_ptr<Node>& node : m_nodes)
+    for (const std::unique_ptr<nodes::Node>& node : m_nodes)
         node->step(m_simulation->world().time());
 }
 

@@ -1,9 +1,9 @@
 #ifndef ROBOT_ROBOT_H
 #define ROBOT_ROBOT_H
 
-#include "robot/Clock.h"
-#include "robot/Network.h"
-#include "robot/endpoint/Limits.h"
+#include "robot/network/Clock.h"
+#include "robot/network/Network.h"
+#include "rosbridge/server/Limits.h"
 
 #include <QObject>
 #include <QStringList>
@@ -12,14 +12,16 @@
 #include <memory>
 #include <vector>
 
-namespace robot {
+namespace robot::simulation {
+class Simulation;
+} // namespace robot::simulation
 
+namespace robot::nodes {
 class LaserNode;
 class Node;
+} // namespace robot::nodes
 
-namespace simulation {
-class Simulation;
-}
+namespace robot {
 
 /// The simulated robot behind its rosbridge endpoint: advances its world as time passes, and lets
 /// its parts publish what comes of it. Needs an event loop and nothing else; there may be several
@@ -30,7 +32,9 @@ class Robot : public QObject
 
 public:
     /// The same @p seed gives the same world.
-    explicit Robot(quint32 seed, const Limits& limits = Limits(), QObject* parent = nullptr);
+    explicit Robot(quint32 seed,
+                   const rosbridge::server::Limits& limits = rosbridge::server::Limits(),
+                   QObject* parent = nullptr);
     ~Robot() override;
 
     quint32 seed() const { return m_seed; }
@@ -40,7 +44,7 @@ public:
 
     /// See Network.
     void setAllowedOrigins(const QStringList& origins) { m_network.setAllowedOrigins(origins); }
-    bool listen(const link::Address& address, QString* error)
+    bool listen(const rosbridge::protocol::Address& address, QString* error)
     {
         return m_network.listen(address, error);
     }
@@ -51,11 +55,12 @@ private:
     void step();
 
     quint32 m_seed;
-    Clock m_clock;
+    network::Clock m_clock;
     std::unique_ptr<simulation::Simulation> m_simulation;
-    std::vector<std::unique_ptr<Node>> m_nodes; // before the network: its last clients command them
-    LaserNode* m_laser = nullptr;               // one of the nodes
-    Network m_network;
+    std::vector<std::unique_ptr<nodes::Node>>
+        m_nodes;                         // before the network: its last clients command them
+    nodes::LaserNode* m_laser = nullptr; // one of the nodes
+    network::Network m_network;
     QTimer m_timer;
 };
 

@@ -53,7 +53,7 @@ int main(int argc, char** argv)
         for (const QString& problem : std::as_const(problems))
             print(stderr, QStringLiteral("quandrel-robot: %1").arg(problem));
     }
-    robot::link::Address address = commandLine.address();
+    rosbridge::protocol::Address address = commandLine.address();
     if (!robot.listen(address, &error)) {
         print(stderr, QStringLiteral("quandrel-robot: %1").arg(error));
         return EXIT_FAILURE;

@@ -18,7 +18,7 @@ INCLUDE = ["-I", ".", "-I", "src/platform", "-I", "host/framework"]
 # A plugin's widgets ask their host with trans(), and Qt with tr().
 COMPONENTS = {
     "device_quandrel_gui": ["-tr-function-alias", "tr+=trans", "src"],
-    "workbench": ["host", "robot"],
+    "workbench": ["host", "robot", "rosbridge"],
 }
 # Said of every trans() of another object; the text is found all the same.
 HARMLESS = "Cannot invoke tr() like this"

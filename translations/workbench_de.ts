@@ -2,14 +2,30 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
-    <name>host::device::ArmPose</name>
+    <name>host::device::Device</name>
     <message>
-        <source>has %1 numbers for %2 names</source>
-        <translation>hat %1 Zahlen für %2 Namen</translation>
+        <source>The stored setting &quot;%1&quot; in %2 is of another type than this program expects. The default is used: set it again, or correct the file.</source>
+        <translation>Die gespeicherte Einstellung „%1“ in %2 ist von einem anderen Typ, als dieses Programm erwartet. Es gilt die Vorgabe: Stellen Sie sie neu ein, oder berichtigen Sie die Datei.</translation>
+    </message>
+    <message>
+        <source>Scans are shown as they arrive while the device is connected.</source>
+        <translation>Solange das Gerät verbunden ist, werden die Scans angezeigt, wie sie eintreffen.</translation>
+    </message>
+    <message>
+        <source>The arm&apos;s position was not stored: the robot has not told where all axes are. Connect to a robot with an arm and try again.</source>
+        <translation>Die Armposition wurde nicht gespeichert: Der Roboter hat nicht mitgeteilt, wo alle Achsen stehen. Verbinden Sie sich mit einem Roboter mit Arm und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not changed: the device refuses what is written.</source>
+        <translation>„%1“ wurde nicht geändert: Das Gerät verweigert das Schreiben.</translation>
+    </message>
+    <message>
+        <source>A message of the topic %1 is ignored: %2.</source>
+        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
     </message>
 </context>
 <context>
-    <name>host::device::Commands</name>
+    <name>host::device::connection::Commands</name>
     <message>
         <source>Disable the drive system</source>
         <translation>Antrieb abschalten</translation>
@@ -60,18 +76,7 @@
     </message>
 </context>
 <context>
-    <name>host::device::ConfigStorage</name>
-    <message>
-        <source>&quot;%1&quot; is not an object with a type and a value</source>
-        <translation>„%1“ ist kein Objekt mit Typ und Wert</translation>
-    </message>
-    <message>
-        <source>the value of &quot;%1&quot; is not of its type</source>
-        <translation>der Wert von „%1“ ist nicht von seinem Typ</translation>
-    </message>
-</context>
-<context>
-    <name>host::device::Connection</name>
+    <name>host::device::connection::Connection</name>
     <message>
         <source>Not connected.</source>
         <translation>Nicht verbunden.</translation>
@@ -106,65 +111,22 @@
     </message>
 </context>
 <context>
-    <name>host::device::Device</name>
+    <name>host::device::connection::Offer</name>
     <message>
-        <source>The stored setting &quot;%1&quot; in %2 is of another type than this program expects. The default is used: set it again, or correct the file.</source>
-        <translation>Die gespeicherte Einstellung „%1“ in %2 ist von einem anderen Typ, als dieses Programm erwartet. Es gilt die Vorgabe: Stellen Sie sie neu ein, oder berichtigen Sie die Datei.</translation>
+        <source>This robot does not offer %1. What stands in brackets does not work; if the robot has other names for it, enter them in Robot &gt; Names….</source>
+        <translation>Dieser Roboter bietet nicht an: %1. Was in Klammern steht, geht nicht; hat der Roboter andere Namen dafür, tragen Sie sie unter „Roboter &gt; Namen…“ ein.</translation>
     </message>
     <message>
-        <source>Scans are shown as they arrive while the device is connected.</source>
-        <translation>Solange das Gerät verbunden ist, werden die Scans angezeigt, wie sie eintreffen.</translation>
+        <source>%1 as %2, but as %3 (%4)</source>
+        <translation>%1 als %2, sondern als %3 (%4)</translation>
     </message>
     <message>
-        <source>The arm&apos;s position was not stored: the robot has not told where all axes are. Connect to a robot with an arm and try again.</source>
-        <translation>Die Armposition wurde nicht gespeichert: Der Roboter hat nicht mitgeteilt, wo alle Achsen stehen. Verbinden Sie sich mit einem Roboter mit Arm und versuchen Sie es erneut.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; was not changed: the device refuses what is written.</source>
-        <translation>„%1“ wurde nicht geändert: Das Gerät verweigert das Schreiben.</translation>
-    </message>
-    <message>
-        <source>A message of the topic %1 is ignored: %2.</source>
-        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
-    <name>host::device::Faults</name>
-    <message>
-        <source>next connection refused</source>
-        <translation>nächste Verbindung wird abgewiesen</translation>
-    </message>
-    <message>
-        <source>another client in control</source>
-        <translation>ein anderer Client hat die Kontrolle</translation>
-    </message>
-    <message>
-        <source>answers %1 s late</source>
-        <translation>Antworten %1 s verspätet</translation>
-    </message>
-    <message>
-        <source>one message in %1 dropped</source>
-        <translation>eine von %1 Nachrichten geht verloren</translation>
-    </message>
-    <message>
-        <source>scan frozen</source>
-        <translation>Scan eingefroren</translation>
-    </message>
-    <message>
-        <source>writes refused</source>
-        <translation>Schreiben wird verweigert</translation>
-    </message>
-    <message>
-        <source>wrong type: %1</source>
-        <translation>falscher Typ: %1</translation>
-    </message>
-    <message>
-        <source>Faults are on: %1</source>
-        <translation>Störungen sind eingeschaltet: %1</translation>
-    </message>
-</context>
-<context>
-    <name>host::device::Names</name>
+    <name>host::device::connection::Remappings</name>
     <message>
         <source>the laser&apos;s scans</source>
         <translation>die Scans des Lasers</translation>
@@ -287,22 +249,60 @@
     </message>
 </context>
 <context>
-    <name>host::device::Offer</name>
+    <name>host::device::faults::Faults</name>
     <message>
-        <source>This robot does not offer %1. What stands in brackets does not work; if the robot has other names for it, enter them in Robot &gt; Names….</source>
-        <translation>Dieser Roboter bietet nicht an: %1. Was in Klammern steht, geht nicht; hat der Roboter andere Namen dafür, tragen Sie sie unter „Roboter &gt; Namen…“ ein.</translation>
+        <source>next connection refused</source>
+        <translation>nächste Verbindung wird abgewiesen</translation>
     </message>
     <message>
-        <source>%1 as %2, but as %3 (%4)</source>
-        <translation>%1 als %2, sondern als %3 (%4)</translation>
+        <source>another client in control</source>
+        <translation>ein anderer Client hat die Kontrolle</translation>
     </message>
     <message>
-        <source>%1 (%2)</source>
-        <translation>%1 (%2)</translation>
+        <source>answers %1 s late</source>
+        <translation>Antworten %1 s verspätet</translation>
+    </message>
+    <message>
+        <source>one message in %1 dropped</source>
+        <translation>eine von %1 Nachrichten geht verloren</translation>
+    </message>
+    <message>
+        <source>scan frozen</source>
+        <translation>Scan eingefroren</translation>
+    </message>
+    <message>
+        <source>writes refused</source>
+        <translation>Schreiben wird verweigert</translation>
+    </message>
+    <message>
+        <source>wrong type: %1</source>
+        <translation>falscher Typ: %1</translation>
+    </message>
+    <message>
+        <source>Faults are on: %1</source>
+        <translation>Störungen sind eingeschaltet: %1</translation>
     </message>
 </context>
 <context>
-    <name>host::device::PositionStore</name>
+    <name>host::device::readers::ArmPose</name>
+    <message>
+        <source>has %1 numbers for %2 names</source>
+        <translation>hat %1 Zahlen für %2 Namen</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::variables::ConfigStorage</name>
+    <message>
+        <source>&quot;%1&quot; is not an object with a type and a value</source>
+        <translation>„%1“ ist kein Objekt mit Typ und Wert</translation>
+    </message>
+    <message>
+        <source>the value of &quot;%1&quot; is not of its type</source>
+        <translation>der Wert von „%1“ ist nicht von seinem Typ</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::variables::PositionStore</name>
     <message>
         <source>The arm&apos;s position was not stored: all %1 positions are in use. Remove one and try again.</source>
         <translation>Die Armposition wurde nicht gespeichert: Alle %1 Positionen sind belegt. Entfernen Sie eine und versuchen Sie es erneut.</translation>
@@ -317,7 +317,7 @@
     </message>
 </context>
 <context>
-    <name>host::device::SettingsFile</name>
+    <name>host::device::variables::SettingsFile</name>
     <message>
         <source>The stored settings in %1 cannot be read (%2). The defaults are used, and changes are not stored: make the file readable and start again.</source>
         <translation>Die gespeicherten Einstellungen in %1 können nicht gelesen werden (%2). Es gelten die Vorgaben, und Änderungen werden nicht gespeichert: Machen Sie die Datei lesbar und starten Sie neu.</translation>
@@ -348,87 +348,144 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::Appearance</name>
+    <name>host::workbench::Options</name>
     <message>
-        <source>As the &amp;system</source>
-        <translation>Wie das &amp;System</translation>
+        <source>Show this help and end.</source>
+        <translation>Zeigt diese Hilfe und endet.</translation>
     </message>
     <message>
-        <source>&amp;Dark</source>
-        <translation>&amp;Dunkel</translation>
+        <source>Show the version and end.</source>
+        <translation>Zeigt die Version und endet.</translation>
     </message>
     <message>
-        <source>&amp;Light</source>
-        <translation>&amp;Hell</translation>
+        <source>Load the device plugin FILE instead of the one beside this program.</source>
+        <translation>Lädt das Geräte-Plugin FILE anstelle dessen, das neben diesem Programm liegt.</translation>
     </message>
     <message>
-        <source>The appearance could not be stored in %1, so the next start will not know it: make room or the folder writable, and choose it again.</source>
-        <translation>Das Aussehen konnte nicht in %1 gespeichert werden, der nächste Start kennt es also nicht: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar und wählen Sie es noch einmal.</translation>
+        <source>Do not start the simulated robot.</source>
+        <translation>Startet den simulierten Roboter nicht.</translation>
+    </message>
+    <message>
+        <source>Language of the texts: %1 (default: the one chosen last, or the system&apos;s).</source>
+        <translation>Sprache der Texte: %1 (Vorgabe: die zuletzt gewählte oder die des Systems).</translation>
+    </message>
+    <message>
+        <source>Shows a device plugin at work, with a simulated robot to connect to.</source>
+        <translation>Zeigt ein Geräte-Plugin bei der Arbeit, mit einem simulierten Roboter zum Verbinden.</translation>
+    </message>
+    <message>
+        <source>Use --help for the options.</source>
+        <translation>Die Optionen zeigt --help.</translation>
+    </message>
+    <message>
+        <source>Unexpected argument &quot;%1&quot;.</source>
+        <translation>Unerwartetes Argument „%1“.</translation>
+    </message>
+    <message>
+        <source>--%1 needs a value that is not empty.</source>
+        <translation>--%1 braucht einen Wert, der nicht leer ist.</translation>
+    </message>
+    <message>
+        <source>--language: &quot;%1&quot; is not a language of this program. Choose one of %2.</source>
+        <translation>--language: „%1“ ist keine Sprache dieses Programms. Wählen Sie eine von %2.</translation>
+    </message>
+    <message>
+        <source>--laser-log needs the simulated robot, which --no-robot leaves out: give one of them.</source>
+        <translation>--laser-log braucht den simulierten Roboter, den --no-robot weglässt: Geben Sie nur eines von beiden an.</translation>
+    </message>
+    <message>
+        <source>Operate the window without a person, write pictures of it to the folder DIR, and end. Stored settings are left alone.</source>
+        <translation>Bedient das Fenster ohne eine Person, schreibt Bilder davon in den Ordner DIR und endet. Gespeicherte Einstellungen bleiben unberührt.</translation>
+    </message>
+    <message>
+        <source>Name of the device, under which its settings are kept (default: %1). Given several times, it shows as many devices side by side.</source>
+        <translation>Name des Geräts, unter dem seine Einstellungen aufbewahrt werden (Vorgabe: %1). Mehrmals angegeben, zeigt es ebenso viele Geräte nebeneinander.</translation>
+    </message>
+    <message>
+        <source>Address of the robot: host, host:port or [IPv6]:port (default: the simulated robot&apos;s). The second is that of the second device, and so on.</source>
+        <translation>Adresse des Roboters: Rechner, Rechner:Port oder [IPv6]:Port (Vorgabe: die des simulierten Roboters). Die zweite ist die des zweiten Geräts und so weiter.</translation>
+    </message>
+    <message>
+        <source>--device: there are two of the name &quot;%1&quot;. Give each device a name of its own.</source>
+        <translation>--device: Es gibt zwei mit dem Namen „%1“. Geben Sie jedem Gerät einen eigenen Namen.</translation>
+    </message>
+    <message>
+        <source>--address: there are more addresses than devices. Name a further device with --device for each.</source>
+        <translation>--address: Es gibt mehr Adressen als Geräte. Nennen Sie für jede mit --device ein weiteres Gerät.</translation>
+    </message>
+    <message>
+        <source>Use the robot&apos;s topic or service THEIRS where this program says OURS, as in /scan:=/base_scan. It is remembered for each device shown. May be given several times.</source>
+        <translation>Das Topic oder den Service THEIRS des Roboters verwenden, wo dieses Programm OURS sagt, wie in /scan:=/base_scan. Es wird für jedes gezeigte Gerät gemerkt. Darf mehrmals angegeben werden.</translation>
+    </message>
+    <message>
+        <source>Show everything larger by FACTOR, %1 to %2 (default: %1).</source>
+        <translation>Alles um FACTOR größer zeigen, %1 bis %2 (Vorgabe: %1).</translation>
+    </message>
+    <message>
+        <source>Appearance of the windows: %1 (default: the one chosen last, or the system&apos;s).</source>
+        <translation>Aussehen der Fenster: %1 (Vorgabe: das zuletzt gewählte oder das des Systems).</translation>
+    </message>
+    <message>
+        <source>--appearance: &quot;%1&quot; is not an appearance of this program. Choose one of %2.</source>
+        <translation>--appearance: „%1“ ist kein Aussehen dieses Programms. Wählen Sie eines von %2.</translation>
+    </message>
+    <message>
+        <source>--scale: &quot;%1&quot; is not a factor. Give a number from %2 to %3, such as 1.5.</source>
+        <translation>--scale: „%1“ ist kein Faktor. Geben Sie eine Zahl von %2 bis %3 an, etwa 1.5.</translation>
     </message>
 </context>
 <context>
-    <name>host::workbench::AppearanceMenu</name>
+    <name>host::workbench::TableFile</name>
     <message>
-        <source>&amp;Appearance</source>
-        <translation>A&amp;ussehen</translation>
+        <source>%1 was not written: %2. Choose another folder, or make room in this one.</source>
+        <translation>%1 wurde nicht geschrieben: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie in diesem Platz.</translation>
     </message>
 </context>
 <context>
-    <name>host::workbench::DeviceView</name>
+    <name>host::workbench::ValueText</name>
     <message>
-        <source>&amp;View</source>
-        <translation>&amp;Ansicht</translation>
+        <source>&quot;%1&quot; is no number that fits: write one as in -0.5, 1e-3, inf or nan.</source>
+        <translation>„%1“ ist keine passende Zahl: Schreiben Sie eine wie -0.5, 1e-3, inf oder nan.</translation>
     </message>
     <message>
-        <source>Device</source>
-        <translation>Gerät</translation>
+        <source>&quot;%1&quot; is no whole number from %2 to %3.</source>
+        <translation>„%1“ ist keine ganze Zahl von %2 bis %3.</translation>
     </message>
     <message>
-        <source>The plugin has no tool bar</source>
-        <translation>Das Plugin hat keine Werkzeugleiste</translation>
+        <source>&quot;%1&quot; is no truth value: write true or false.</source>
+        <translation>„%1“ ist kein Wahrheitswert: Schreiben Sie true oder false.</translation>
     </message>
     <message>
-        <source>Asked for the widget &quot;toolbar&quot;, it gave none. Without it there is no way to connect.</source>
-        <translation>Nach dem Widget „toolbar“ gefragt, lieferte es keines. Ohne dieses gibt es keinen Weg zu einer Verbindung.</translation>
+        <source>A std::string holds Latin-1, which has no &quot;%1&quot;: leave it out, or choose QString.</source>
+        <translation>Ein std::string enthält Latin-1, und darin gibt es kein „%1“: Lassen Sie es weg, oder wählen Sie QString.</translation>
     </message>
     <message>
-        <source>Choose a plugin made for this device with --plugin.</source>
-        <translation>Wählen Sie mit --plugin ein Plugin, das für dieses Gerät gemacht ist.</translation>
+        <source>Number %1: %2 Numbers are separated by commas.</source>
+        <translation>Zahl Nr. %1: %2 Zahlen werden durch Kommas getrennt.</translation>
     </message>
     <message>
-        <source>an exception of an unknown type</source>
-        <translation>eine Ausnahme unbekannten Typs</translation>
+        <source>A list of texts is written as in [&quot;first&quot;, &quot;second&quot;].</source>
+        <translation>Eine Liste von Texten schreibt man wie [&quot;erster&quot;, &quot;zweiter&quot;].</translation>
     </message>
     <message>
-        <source>A widget of the plugin failed</source>
-        <translation>Ein Widget des Plugins ist gescheitert</translation>
+        <source>empty</source>
+        <translation>leer</translation>
     </message>
     <message>
-        <source>The widget &quot;%1&quot; ended while it was being built: %2.</source>
-        <translation>Das Widget „%1“ brach während seines Aufbaus ab: %2.</translation>
+        <source>An empty value has no text: remove it, or choose another type.</source>
+        <translation>Ein leerer Wert hat keinen Text: Entfernen Sie den Text, oder wählen Sie einen anderen Typ.</translation>
     </message>
     <message>
-        <source>The rest of the window goes on without it. Ask the maker of the plugin for a repaired version.</source>
-        <translation>Der Rest des Fensters läuft ohne es weiter. Bitten Sie den Hersteller des Plugins um eine reparierte Version.</translation>
+        <source>[%1, … %2 in all]</source>
+        <translation>[%1, … insgesamt %2]</translation>
     </message>
     <message>
-        <source>&amp;Robot</source>
-        <translation>&amp;Roboter</translation>
-    </message>
-    <message>
-        <source>&amp;Names…</source>
-        <translation>&amp;Namen…</translation>
+        <source>scan %1 of %2, ranges: %3</source>
+        <translation>Scan %1 von %2, Entfernungen: %3</translation>
     </message>
 </context>
 <context>
-    <name>host::workbench::FailureCard</name>
-    <message>
-        <source>File of the plugin</source>
-        <translation>Datei des Plugins</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::FaultsMenu</name>
+    <name>host::workbench::faults::FaultsMenu</name>
     <message>
         <source>%1 ms</source>
         <translation>%1 ms</translation>
@@ -535,73 +592,7 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::Frames</name>
-    <message>
-        <source>is empty: no frame is named</source>
-        <translation>ist leer: Es ist kein Koordinatensystem genannt</translation>
-    </message>
-    <message>
-        <source>the field &quot;transforms&quot; is no array</source>
-        <translation>das Feld „transforms“ ist keine Liste</translation>
-    </message>
-    <message>
-        <source>in its element %1, %2</source>
-        <translation>in ihrem Element %1, %2</translation>
-    </message>
-    <message>
-        <source>the frame &quot;%1&quot; is an ancestor of its own</source>
-        <translation>das Koordinatensystem „%1“ ist sein eigener Vorfahr</translation>
-    </message>
-    <message>
-        <source>it makes more than %1 frames</source>
-        <translation>sie ergibt mehr als %1 Koordinatensysteme</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::GridMap</name>
-    <message>
-        <source>is %1, which is no cell&apos;s edge in metres</source>
-        <translation>ist %1, was keine Kantenlänge einer Zelle in Metern ist</translation>
-    </message>
-    <message>
-        <source>has %1 cells, not %2 x %3</source>
-        <translation>hat %1 Zellen, nicht %2 x %3</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::HelpPanel</name>
-    <message>
-        <source>This link leads out of the program: %1</source>
-        <translation>Dieser Verweis führt aus dem Programm hinaus: %1</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::Language</name>
-    <message>
-        <source>Pseudo (for developers)</source>
-        <translation>Pseudo (für Entwickler)</translation>
-    </message>
-    <message>
-        <source>The language could not be stored in %1, so the next start will not know it: make room or the folder writable, and choose it again.</source>
-        <translation>Die Sprache konnte nicht in %1 gespeichert werden, beim nächsten Start ist sie vergessen: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar, und wählen Sie sie erneut.</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::LanguageMenu</name>
-    <message>
-        <source>&amp;Language</source>
-        <translation>&amp;Sprache</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::LaserRays</name>
-    <message>
-        <source>its angles are no numbers</source>
-        <translation>seine Winkel sind keine Zahlen</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::MessageDialog</name>
+    <name>host::workbench::faults::MessageDialog</name>
     <message>
         <source>Line of the base log</source>
         <translation>Zeile im Protokoll der Basis</translation>
@@ -676,7 +667,14 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::NamesDialog</name>
+    <name>host::workbench::help::HelpPanel</name>
+    <message>
+        <source>This link leads out of the program: %1</source>
+        <translation>Dieser Verweis führt aus dem Programm hinaus: %1</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::names::NamesDialog</name>
     <message>
         <source>Names at the robot of %1</source>
         <translation>Namen beim Roboter von %1</translation>
@@ -751,164 +749,14 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::Notice</name>
+    <name>host::workbench::plugin::FailureCard</name>
     <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
+        <source>File of the plugin</source>
+        <translation>Datei des Plugins</translation>
     </message>
 </context>
 <context>
-    <name>host::workbench::Operator</name>
-    <message>
-        <source>making the folder</source>
-        <translation>Anlegen des Ordners</translation>
-    </message>
-    <message>
-        <source>%1 is not a folder and cannot be made one</source>
-        <translation>%1 ist kein Ordner und kann nicht angelegt werden</translation>
-    </message>
-    <message>
-        <source>showing the window</source>
-        <translation>Zeigen des Fensters</translation>
-    </message>
-    <message>
-        <source>the plugin&apos;s tool bar has no connect button or no address field</source>
-        <translation>der Werkzeugleiste des Plugins fehlt der Verbindungsknopf oder das Adressfeld</translation>
-    </message>
-    <message>
-        <source>the plugin&apos;s dialog has no such tab</source>
-        <translation>der Dialog des Plugins hat keinen solchen Reiter</translation>
-    </message>
-    <message>
-        <source>the tab does not open</source>
-        <translation>der Reiter geht nicht auf</translation>
-    </message>
-    <message>
-        <source>the address field stays disabled</source>
-        <translation>das Adressfeld bleibt gesperrt</translation>
-    </message>
-    <message>
-        <source>the address field does not take the keys: it holds &quot;%1&quot;</source>
-        <translation>das Adressfeld nimmt die Tasten nicht an: darin steht „%1“</translation>
-    </message>
-    <message>
-        <source>it takes too long: %1</source>
-        <translation>es dauert zu lange: %1</translation>
-    </message>
-    <message>
-        <source>no menu and no dialog appears</source>
-        <translation>es erscheint weder ein Menü noch ein Dialog</translation>
-    </message>
-    <message>
-        <source>the window does not appear on the screen</source>
-        <translation>das Fenster erscheint nicht auf dem Bildschirm</translation>
-    </message>
-    <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
-        <source>it was interrupted.</source>
-        <translation>sie wurde unterbrochen.</translation>
-    </message>
-    <message>
-        <source>The tour ended at &quot;%1&quot;: %2</source>
-        <translation>Die Tour endete bei „%1“: %2</translation>
-    </message>
-    <message>
-        <source>the dock does not show the robot</source>
-        <translation>der Bereich zeigt den Roboter nicht</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::Options</name>
-    <message>
-        <source>Show this help and end.</source>
-        <translation>Zeigt diese Hilfe und endet.</translation>
-    </message>
-    <message>
-        <source>Show the version and end.</source>
-        <translation>Zeigt die Version und endet.</translation>
-    </message>
-    <message>
-        <source>Load the device plugin FILE instead of the one beside this program.</source>
-        <translation>Lädt das Geräte-Plugin FILE anstelle dessen, das neben diesem Programm liegt.</translation>
-    </message>
-    <message>
-        <source>Do not start the simulated robot.</source>
-        <translation>Startet den simulierten Roboter nicht.</translation>
-    </message>
-    <message>
-        <source>Language of the texts: %1 (default: the one chosen last, or the system&apos;s).</source>
-        <translation>Sprache der Texte: %1 (Vorgabe: die zuletzt gewählte oder die des Systems).</translation>
-    </message>
-    <message>
-        <source>Shows a device plugin at work, with a simulated robot to connect to.</source>
-        <translation>Zeigt ein Geräte-Plugin bei der Arbeit, mit einem simulierten Roboter zum Verbinden.</translation>
-    </message>
-    <message>
-        <source>Use --help for the options.</source>
-        <translation>Die Optionen zeigt --help.</translation>
-    </message>
-    <message>
-        <source>Unexpected argument &quot;%1&quot;.</source>
-        <translation>Unerwartetes Argument „%1“.</translation>
-    </message>
-    <message>
-        <source>--%1 needs a value that is not empty.</source>
-        <translation>--%1 braucht einen Wert, der nicht leer ist.</translation>
-    </message>
-    <message>
-        <source>--language: &quot;%1&quot; is not a language of this program. Choose one of %2.</source>
-        <translation>--language: „%1“ ist keine Sprache dieses Programms. Wählen Sie eine von %2.</translation>
-    </message>
-    <message>
-        <source>--laser-log needs the simulated robot, which --no-robot leaves out: give one of them.</source>
-        <translation>--laser-log braucht den simulierten Roboter, den --no-robot weglässt: Geben Sie nur eines von beiden an.</translation>
-    </message>
-    <message>
-        <source>Operate the window without a person, write pictures of it to the folder DIR, and end. Stored settings are left alone.</source>
-        <translation>Bedient das Fenster ohne eine Person, schreibt Bilder davon in den Ordner DIR und endet. Gespeicherte Einstellungen bleiben unberührt.</translation>
-    </message>
-    <message>
-        <source>Name of the device, under which its settings are kept (default: %1). Given several times, it shows as many devices side by side.</source>
-        <translation>Name des Geräts, unter dem seine Einstellungen aufbewahrt werden (Vorgabe: %1). Mehrmals angegeben, zeigt es ebenso viele Geräte nebeneinander.</translation>
-    </message>
-    <message>
-        <source>Address of the robot: host, host:port or [IPv6]:port (default: the simulated robot&apos;s). The second is that of the second device, and so on.</source>
-        <translation>Adresse des Roboters: Rechner, Rechner:Port oder [IPv6]:Port (Vorgabe: die des simulierten Roboters). Die zweite ist die des zweiten Geräts und so weiter.</translation>
-    </message>
-    <message>
-        <source>--device: there are two of the name &quot;%1&quot;. Give each device a name of its own.</source>
-        <translation>--device: Es gibt zwei mit dem Namen „%1“. Geben Sie jedem Gerät einen eigenen Namen.</translation>
-    </message>
-    <message>
-        <source>--address: there are more addresses than devices. Name a further device with --device for each.</source>
-        <translation>--address: Es gibt mehr Adressen als Geräte. Nennen Sie für jede mit --device ein weiteres Gerät.</translation>
-    </message>
-    <message>
-        <source>Use the robot&apos;s topic or service THEIRS where this program says OURS, as in /scan:=/base_scan. It is remembered for each device shown. May be given several times.</source>
-        <translation>Das Topic oder den Service THEIRS des Roboters verwenden, wo dieses Programm OURS sagt, wie in /scan:=/base_scan. Es wird für jedes gezeigte Gerät gemerkt. Darf mehrmals angegeben werden.</translation>
-    </message>
-    <message>
-        <source>Show everything larger by FACTOR, %1 to %2 (default: %1).</source>
-        <translation>Alles um FACTOR größer zeigen, %1 bis %2 (Vorgabe: %1).</translation>
-    </message>
-    <message>
-        <source>Appearance of the windows: %1 (default: the one chosen last, or the system&apos;s).</source>
-        <translation>Aussehen der Fenster: %1 (Vorgabe: das zuletzt gewählte oder das des Systems).</translation>
-    </message>
-    <message>
-        <source>--appearance: &quot;%1&quot; is not an appearance of this program. Choose one of %2.</source>
-        <translation>--appearance: „%1“ ist kein Aussehen dieses Programms. Wählen Sie eines von %2.</translation>
-    </message>
-    <message>
-        <source>--scale: &quot;%1&quot; is not a factor. Give a number from %2 to %3, such as 1.5.</source>
-        <translation>--scale: „%1“ ist kein Faktor. Geben Sie eine Zahl von %2 bis %3 an, etwa 1.5.</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::PluginAccess</name>
+    <name>host::workbench::plugin::PluginAccess</name>
     <message>
         <source>Connect or disconnect</source>
         <translation>Verbinden oder trennen</translation>
@@ -931,7 +779,14 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::PluginLoader</name>
+    <name>host::workbench::plugin::PluginEnvironment</name>
+    <message>
+        <source>Help: %1</source>
+        <translation>Hilfe: %1</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::plugin::PluginLoader</name>
     <message>
         <source>Check the path given with --plugin. Without that option the workbench loads the one that came with it.</source>
         <translation>Prüfen Sie den Pfad hinter --plugin. Ohne diese Option lädt die Werkbank das mitgelieferte Plugin.</translation>
@@ -1006,7 +861,354 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::PluginTour</name>
+    <name>host::workbench::preferences::Appearance</name>
+    <message>
+        <source>As the &amp;system</source>
+        <translation>Wie das &amp;System</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>The appearance could not be stored in %1, so the next start will not know it: make room or the folder writable, and choose it again.</source>
+        <translation>Das Aussehen konnte nicht in %1 gespeichert werden, der nächste Start kennt es also nicht: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar und wählen Sie es noch einmal.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::preferences::AppearanceMenu</name>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>A&amp;ussehen</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::preferences::Language</name>
+    <message>
+        <source>Pseudo (for developers)</source>
+        <translation>Pseudo (für Entwickler)</translation>
+    </message>
+    <message>
+        <source>The language could not be stored in %1, so the next start will not know it: make room or the folder writable, and choose it again.</source>
+        <translation>Die Sprache konnte nicht in %1 gespeichert werden, beim nächsten Start ist sie vergessen: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar, und wählen Sie sie erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::preferences::LanguageMenu</name>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::robotview::GridMap</name>
+    <message>
+        <source>is %1, which is no cell&apos;s edge in metres</source>
+        <translation>ist %1, was keine Kantenlänge einer Zelle in Metern ist</translation>
+    </message>
+    <message>
+        <source>has %1 cells, not %2 x %3</source>
+        <translation>hat %1 Zellen, nicht %2 x %3</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::robotview::LaserRays</name>
+    <message>
+        <source>its angles are no numbers</source>
+        <translation>seine Winkel sind keine Zahlen</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::robotview::RobotDock</name>
+    <message>
+        <source>Robot</source>
+        <translation>Roboter</translation>
+    </message>
+    <message>
+        <source>Keep the robot in the middle</source>
+        <translation>Den Roboter in der Mitte halten</translation>
+    </message>
+    <message>
+        <source>Show the whole map, or all that there is</source>
+        <translation>Die ganze Karte zeigen, oder alles, was da ist</translation>
+    </message>
+    <message>
+        <source>The robot&apos;s world from above</source>
+        <translation>Die Welt des Roboters von oben</translation>
+    </message>
+    <message>
+        <source>The wheel, + and - zoom; dragging and the arrow keys move; Home shows all.</source>
+        <translation>Das Mausrad, + und - vergrößern und verkleinern; Ziehen und die Pfeiltasten verschieben; Pos1 zeigt alles.</translation>
+    </message>
+    <message>
+        <source>Parts of the robot</source>
+        <translation>Teile des Roboters</translation>
+    </message>
+    <message>
+        <source>Follow the ro&amp;bot</source>
+        <translation>Dem Ro&amp;boter folgen</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w all</source>
+        <translation>Alles &amp;zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::robotview::RobotModel</name>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>%1 old</source>
+        <translation>%1 alt</translation>
+    </message>
+    <message>
+        <source>Part</source>
+        <translation>Teil</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>Present</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>Supply line %1</source>
+        <translation>Versorgungsleitung %1</translation>
+    </message>
+    <message>
+        <source>Torque</source>
+        <translation>Drehmoment</translation>
+    </message>
+    <message>
+        <source>Drive</source>
+        <translation>Antrieb</translation>
+    </message>
+    <message>
+        <source>no picture for %1</source>
+        <translation>kein Bild seit %1</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>enabled</source>
+        <translation>eingeschaltet</translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation>abgeschaltet</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>ein</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::robotview::RobotState</name>
+    <message>
+        <source>A message of the topic %1 is ignored: %2.</source>
+        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
+    </message>
+    <message>
+        <source>has %1 numbers for %2 names</source>
+        <translation>hat %1 Zahlen für %2 Namen</translation>
+    </message>
+    <message>
+        <source>has %1, which is no position</source>
+        <translation>hat %1, was keine Position ist</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>Not connected: last seen %1.</source>
+        <translation>Nicht verbunden: zuletzt gesehen um %1.</translation>
+    </message>
+    <message>
+        <source>Not connected.</source>
+        <translation>Nicht verbunden.</translation>
+    </message>
+    <message>
+        <source>No map</source>
+        <translation>Keine Karte</translation>
+    </message>
+    <message>
+        <source>The map is not shown: the robot does not tell where it is in the map&apos;s frame &quot;%1&quot;.</source>
+        <translation>Die Karte wird nicht gezeigt: Der Roboter sagt nicht, wo er im Koordinatensystem „%1“ der Karte ist.</translation>
+    </message>
+    <message>
+        <source>No position</source>
+        <translation>Keine Position</translation>
+    </message>
+    <message>
+        <source>The position is %1 old.</source>
+        <translation>Die Position ist %1 alt.</translation>
+    </message>
+    <message>
+        <source>No laser</source>
+        <translation>Kein Laser</translation>
+    </message>
+    <message>
+        <source>The laser is not shown: the robot does not tell where its frame &quot;%1&quot; is.</source>
+        <translation>Der Laser wird nicht gezeigt: Der Roboter sagt nicht, wo dessen Koordinatensystem „%1“ ist.</translation>
+    </message>
+    <message>
+        <source>The laser&apos;s scan is %1 old.</source>
+        <translation>Der Scan des Lasers ist %1 alt.</translation>
+    </message>
+    <message>
+        <source>No axes of the arm</source>
+        <translation>Keine Achsen des Arms</translation>
+    </message>
+    <message>
+        <source>The axes&apos; positions are %1 old.</source>
+        <translation>Die Positionen der Achsen sind %1 alt.</translation>
+    </message>
+    <message>
+        <source>The axes&apos; targets are %1 old.</source>
+        <translation>Die Ziele der Achsen sind %1 alt.</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> oder </translation>
+    </message>
+    <message>
+        <source>%1: the robot does not publish %2.</source>
+        <translation>%1: Der Roboter veröffentlicht %2 nicht.</translation>
+    </message>
+    <message>
+        <source>%1: nothing fit has come on %2 yet.</source>
+        <translation>%1: Auf %2 kam noch nichts Brauchbares.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::robotview::Transform</name>
+    <message>
+        <source>is %1, which is no place in metres</source>
+        <translation>ist %1, was kein Ort in Metern ist</translation>
+    </message>
+    <message>
+        <source>is no turn: the sum of its squares is %1, not 1</source>
+        <translation>ist keine Drehung: Die Summe der Quadrate ist %1, nicht 1</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::robotview::TransformTree</name>
+    <message>
+        <source>is empty: no frame is named</source>
+        <translation>ist leer: Es ist kein Koordinatensystem genannt</translation>
+    </message>
+    <message>
+        <source>the field &quot;transforms&quot; is no array</source>
+        <translation>das Feld „transforms“ ist keine Liste</translation>
+    </message>
+    <message>
+        <source>in its element %1, %2</source>
+        <translation>in ihrem Element %1, %2</translation>
+    </message>
+    <message>
+        <source>the frame &quot;%1&quot; is an ancestor of its own</source>
+        <translation>das Koordinatensystem „%1“ ist sein eigener Vorfahr</translation>
+    </message>
+    <message>
+        <source>it makes more than %1 frames</source>
+        <translation>sie ergibt mehr als %1 Koordinatensysteme</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::robotview::WorldView</name>
+    <message>
+        <source>%1 m</source>
+        <translation>%1 m</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::tour::Operator</name>
+    <message>
+        <source>making the folder</source>
+        <translation>Anlegen des Ordners</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder and cannot be made one</source>
+        <translation>%1 ist kein Ordner und kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>showing the window</source>
+        <translation>Zeigen des Fensters</translation>
+    </message>
+    <message>
+        <source>the plugin&apos;s tool bar has no connect button or no address field</source>
+        <translation>der Werkzeugleiste des Plugins fehlt der Verbindungsknopf oder das Adressfeld</translation>
+    </message>
+    <message>
+        <source>the plugin&apos;s dialog has no such tab</source>
+        <translation>der Dialog des Plugins hat keinen solchen Reiter</translation>
+    </message>
+    <message>
+        <source>the tab does not open</source>
+        <translation>der Reiter geht nicht auf</translation>
+    </message>
+    <message>
+        <source>the address field stays disabled</source>
+        <translation>das Adressfeld bleibt gesperrt</translation>
+    </message>
+    <message>
+        <source>the address field does not take the keys: it holds &quot;%1&quot;</source>
+        <translation>das Adressfeld nimmt die Tasten nicht an: darin steht „%1“</translation>
+    </message>
+    <message>
+        <source>it takes too long: %1</source>
+        <translation>es dauert zu lange: %1</translation>
+    </message>
+    <message>
+        <source>no menu and no dialog appears</source>
+        <translation>es erscheint weder ein Menü noch ein Dialog</translation>
+    </message>
+    <message>
+        <source>the window does not appear on the screen</source>
+        <translation>das Fenster erscheint nicht auf dem Bildschirm</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>it was interrupted.</source>
+        <translation>sie wurde unterbrochen.</translation>
+    </message>
+    <message>
+        <source>The tour ended at &quot;%1&quot;: %2</source>
+        <translation>Die Tour endete bei „%1“: %2</translation>
+    </message>
+    <message>
+        <source>the dock does not show the robot</source>
+        <translation>der Bereich zeigt den Roboter nicht</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::tour::PluginTour</name>
     <message>
         <source>connecting</source>
         <translation>Verbinden</translation>
@@ -1109,256 +1311,7 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::RobotDock</name>
-    <message>
-        <source>Robot</source>
-        <translation>Roboter</translation>
-    </message>
-    <message>
-        <source>Keep the robot in the middle</source>
-        <translation>Den Roboter in der Mitte halten</translation>
-    </message>
-    <message>
-        <source>Show the whole map, or all that there is</source>
-        <translation>Die ganze Karte zeigen, oder alles, was da ist</translation>
-    </message>
-    <message>
-        <source>The robot&apos;s world from above</source>
-        <translation>Die Welt des Roboters von oben</translation>
-    </message>
-    <message>
-        <source>The wheel, + and - zoom; dragging and the arrow keys move; Home shows all.</source>
-        <translation>Das Mausrad, + und - vergrößern und verkleinern; Ziehen und die Pfeiltasten verschieben; Pos1 zeigt alles.</translation>
-    </message>
-    <message>
-        <source>Parts of the robot</source>
-        <translation>Teile des Roboters</translation>
-    </message>
-    <message>
-        <source>Follow the ro&amp;bot</source>
-        <translation>Dem Ro&amp;boter folgen</translation>
-    </message>
-    <message>
-        <source>Sho&amp;w all</source>
-        <translation>Alles &amp;zeigen</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::RobotModel</name>
-    <message>
-        <source>%1°</source>
-        <translation>%1°</translation>
-    </message>
-    <message>
-        <source>%1 old</source>
-        <translation>%1 alt</translation>
-    </message>
-    <message>
-        <source>Part</source>
-        <translation>Teil</translation>
-    </message>
-    <message>
-        <source>Target</source>
-        <translation>Ziel</translation>
-    </message>
-    <message>
-        <source>Present</source>
-        <translation>Jetzt</translation>
-    </message>
-    <message>
-        <source>Camera</source>
-        <translation>Kamera</translation>
-    </message>
-    <message>
-        <source>Supply line %1</source>
-        <translation>Versorgungsleitung %1</translation>
-    </message>
-    <message>
-        <source>Torque</source>
-        <translation>Drehmoment</translation>
-    </message>
-    <message>
-        <source>Drive</source>
-        <translation>Antrieb</translation>
-    </message>
-    <message>
-        <source>no picture for %1</source>
-        <translation>kein Bild seit %1</translation>
-    </message>
-    <message>
-        <source>%1 Hz</source>
-        <translation>%1 Hz</translation>
-    </message>
-    <message>
-        <source>enabled</source>
-        <translation>eingeschaltet</translation>
-    </message>
-    <message>
-        <source>disabled</source>
-        <translation>abgeschaltet</translation>
-    </message>
-    <message>
-        <source>on</source>
-        <translation>ein</translation>
-    </message>
-    <message>
-        <source>off</source>
-        <translation>aus</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::RobotState</name>
-    <message>
-        <source>A message of the topic %1 is ignored: %2.</source>
-        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
-    </message>
-    <message>
-        <source>has %1 numbers for %2 names</source>
-        <translation>hat %1 Zahlen für %2 Namen</translation>
-    </message>
-    <message>
-        <source>has %1, which is no position</source>
-        <translation>hat %1, was keine Position ist</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
-    </message>
-    <message>
-        <source>%1 min</source>
-        <translation>%1 min</translation>
-    </message>
-    <message>
-        <source>Not connected: last seen %1.</source>
-        <translation>Nicht verbunden: zuletzt gesehen um %1.</translation>
-    </message>
-    <message>
-        <source>Not connected.</source>
-        <translation>Nicht verbunden.</translation>
-    </message>
-    <message>
-        <source>No map</source>
-        <translation>Keine Karte</translation>
-    </message>
-    <message>
-        <source>The map is not shown: the robot does not tell where it is in the map&apos;s frame &quot;%1&quot;.</source>
-        <translation>Die Karte wird nicht gezeigt: Der Roboter sagt nicht, wo er im Koordinatensystem „%1“ der Karte ist.</translation>
-    </message>
-    <message>
-        <source>No position</source>
-        <translation>Keine Position</translation>
-    </message>
-    <message>
-        <source>The position is %1 old.</source>
-        <translation>Die Position ist %1 alt.</translation>
-    </message>
-    <message>
-        <source>No laser</source>
-        <translation>Kein Laser</translation>
-    </message>
-    <message>
-        <source>The laser is not shown: the robot does not tell where its frame &quot;%1&quot; is.</source>
-        <translation>Der Laser wird nicht gezeigt: Der Roboter sagt nicht, wo dessen Koordinatensystem „%1“ ist.</translation>
-    </message>
-    <message>
-        <source>The laser&apos;s scan is %1 old.</source>
-        <translation>Der Scan des Lasers ist %1 alt.</translation>
-    </message>
-    <message>
-        <source>No axes of the arm</source>
-        <translation>Keine Achsen des Arms</translation>
-    </message>
-    <message>
-        <source>The axes&apos; positions are %1 old.</source>
-        <translation>Die Positionen der Achsen sind %1 alt.</translation>
-    </message>
-    <message>
-        <source>The axes&apos; targets are %1 old.</source>
-        <translation>Die Ziele der Achsen sind %1 alt.</translation>
-    </message>
-    <message>
-        <source> or </source>
-        <translation> oder </translation>
-    </message>
-    <message>
-        <source>%1: the robot does not publish %2.</source>
-        <translation>%1: Der Roboter veröffentlicht %2 nicht.</translation>
-    </message>
-    <message>
-        <source>%1: nothing fit has come on %2 yet.</source>
-        <translation>%1: Auf %2 kam noch nichts Brauchbares.</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::Services</name>
-    <message>
-        <source>Help: %1</source>
-        <translation>Hilfe: %1</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::StartPage</name>
-    <message>
-        <source>This plugin brings no dialog of its own: all it offers is in the tool bar.</source>
-        <translation>Dieses Plugin bringt keinen eigenen Dialog mit: Alles, was es bietet, steht in der Werkzeugleiste.</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;How to begin:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Write the robot&apos;s address into the field in the tool bar.&lt;/li&gt;&lt;li&gt;Press the connect button beside it.&lt;/li&gt;&lt;/ol&gt;</source>
-        <translation>&lt;p&gt;So fangen Sie an:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Schreiben Sie die Adresse des Roboters in das Feld in der Werkzeugleiste.&lt;/li&gt;&lt;li&gt;Drücken Sie den Verbindungsknopf daneben.&lt;/li&gt;&lt;/ol&gt;</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;No robot at hand? A simulated one runs at &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Kein Roboter zur Hand? Ein simulierter läuft unter &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;To give up, press the button again.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Um aufzugeben, drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;To end the connection, press the button again.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Um die Verbindung zu beenden, drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::StatusLine</name>
-    <message>
-        <source>How long ago the robot sent anything that it sends all the time.</source>
-        <translation>Wie lange es her ist, dass der Roboter etwas von dem gesendet hat, was er ständig sendet.</translation>
-    </message>
-    <message>
-        <source>Simulated robot: %1</source>
-        <translation>Simulierter Roboter: %1</translation>
-    </message>
-    <message>
-        <source>Last error, %1: %2</source>
-        <translation>Letzter Fehler, %1: %2</translation>
-    </message>
-    <message>
-        <source>Connected for %1:%2:%3</source>
-        <translation>Verbunden seit %1:%2:%3</translation>
-    </message>
-    <message>
-        <source>No data yet</source>
-        <translation>Noch keine Daten</translation>
-    </message>
-    <message>
-        <source>Data is up to date</source>
-        <translation>Daten sind aktuell</translation>
-    </message>
-    <message>
-        <source>Newest data: %1 s old</source>
-        <translation>Neueste Daten: %1 s alt</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::TableFile</name>
-    <message>
-        <source>%1 was not written: %2. Choose another folder, or make room in this one.</source>
-        <translation>%1 wurde nicht geschrieben: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie in diesem Platz.</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::Tour</name>
+    <name>host::workbench::tour::Tour</name>
     <message>
         <source>showing a missing plugin</source>
         <translation>Zeigen eines fehlenden Plugins</translation>
@@ -1369,336 +1322,7 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::TrafficDock</name>
-    <message>
-        <source>Traffic</source>
-        <translation>Aufrufe</translation>
-    </message>
-    <message>
-        <source>Part of a call, a widget, an argument, …</source>
-        <translation>Teil eines Aufrufs, eines Widgets, eines Arguments …</translation>
-    </message>
-    <message>
-        <source>Filter of the calls</source>
-        <translation>Filter der Aufrufe</translation>
-    </message>
-    <message>
-        <source>Calls between host and plugin</source>
-        <translation>Aufrufe zwischen Host und Plugin</translation>
-    </message>
-    <message>
-        <source>&amp;Pause</source>
-        <translation>&amp;Pause</translation>
-    </message>
-    <message>
-        <source>Leave the list as it is; calls are kept meanwhile.</source>
-        <translation>Die Liste bleibt, wie sie ist; Aufrufe werden unterdessen weiter festgehalten.</translation>
-    </message>
-    <message>
-        <source>&amp;Clear</source>
-        <translation>Leere&amp;n</translation>
-    </message>
-    <message>
-        <source>Forget all calls.</source>
-        <translation>Vergisst alle Aufrufe.</translation>
-    </message>
-    <message>
-        <source>Save the calls that are shown as comma-separated values.</source>
-        <translation>Speichert die angezeigten Aufrufe als durch Komma getrennte Werte.</translation>
-    </message>
-    <message>
-        <source>Save the calls</source>
-        <translation>Aufrufe speichern</translation>
-    </message>
-    <message>
-        <source>Comma-separated values (*.csv)</source>
-        <translation>Durch Komma getrennte Werte (*.csv)</translation>
-    </message>
-    <message>
-        <source>&amp;Save …</source>
-        <translation>Spei&amp;chern …</translation>
-    </message>
-    <message>
-        <source>Fil&amp;ter:</source>
-        <translation>Fil&amp;ter:</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::TrafficModel</name>
-    <message>
-        <source>threw an exception</source>
-        <translation>warf eine Ausnahme</translation>
-    </message>
-    <message>
-        <source>under way</source>
-        <translation>läuft noch</translation>
-    </message>
-    <message>
-        <source>%1 ms: too long</source>
-        <translation>%1 ms: zu lang</translation>
-    </message>
-    <message>
-        <source>%1 ms</source>
-        <translation>%1 ms</translation>
-    </message>
-    <message>
-        <source>The window did not react for %1 ms: a call should end within %2 ms.</source>
-        <translation>Das Fenster reagierte %1 ms lang nicht: Ein Aufruf sollte innerhalb von %2 ms enden.</translation>
-    </message>
-    <message>
-        <source>Time</source>
-        <translation>Zeit</translation>
-    </message>
-    <message>
-        <source>Direction</source>
-        <translation>Richtung</translation>
-    </message>
-    <message>
-        <source>Call</source>
-        <translation>Aufruf</translation>
-    </message>
-    <message>
-        <source>Widget</source>
-        <translation>Widget</translation>
-    </message>
-    <message>
-        <source>Arguments</source>
-        <translation>Argumente</translation>
-    </message>
-    <message>
-        <source>Result</source>
-        <translation>Ergebnis</translation>
-    </message>
-    <message>
-        <source>Took</source>
-        <translation>Dauer</translation>
-    </message>
-    <message>
-        <source>host → plugin</source>
-        <translation>Host → Plugin</translation>
-    </message>
-    <message>
-        <source>plugin → host</source>
-        <translation>Plugin → Host</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::Transform</name>
-    <message>
-        <source>is %1, which is no place in metres</source>
-        <translation>ist %1, was kein Ort in Metern ist</translation>
-    </message>
-    <message>
-        <source>is no turn: the sum of its squares is %1, not 1</source>
-        <translation>ist keine Drehung: Die Summe der Quadrate ist %1, nicht 1</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::ValueText</name>
-    <message>
-        <source>&quot;%1&quot; is no number that fits: write one as in -0.5, 1e-3, inf or nan.</source>
-        <translation>„%1“ ist keine passende Zahl: Schreiben Sie eine wie -0.5, 1e-3, inf oder nan.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no whole number from %2 to %3.</source>
-        <translation>„%1“ ist keine ganze Zahl von %2 bis %3.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no truth value: write true or false.</source>
-        <translation>„%1“ ist kein Wahrheitswert: Schreiben Sie true oder false.</translation>
-    </message>
-    <message>
-        <source>A std::string holds Latin-1, which has no &quot;%1&quot;: leave it out, or choose QString.</source>
-        <translation>Ein std::string enthält Latin-1, und darin gibt es kein „%1“: Lassen Sie es weg, oder wählen Sie QString.</translation>
-    </message>
-    <message>
-        <source>Number %1: %2 Numbers are separated by commas.</source>
-        <translation>Zahl Nr. %1: %2 Zahlen werden durch Kommas getrennt.</translation>
-    </message>
-    <message>
-        <source>A list of texts is written as in [&quot;first&quot;, &quot;second&quot;].</source>
-        <translation>Eine Liste von Texten schreibt man wie [&quot;erster&quot;, &quot;zweiter&quot;].</translation>
-    </message>
-    <message>
-        <source>empty</source>
-        <translation>leer</translation>
-    </message>
-    <message>
-        <source>An empty value has no text: remove it, or choose another type.</source>
-        <translation>Ein leerer Wert hat keinen Text: Entfernen Sie den Text, oder wählen Sie einen anderen Typ.</translation>
-    </message>
-    <message>
-        <source>[%1, … %2 in all]</source>
-        <translation>[%1, … insgesamt %2]</translation>
-    </message>
-    <message>
-        <source>scan %1 of %2, ranges: %3</source>
-        <translation>Scan %1 von %2, Entfernungen: %3</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::VariableModel</name>
-    <message>
-        <source>input</source>
-        <translation>Eingang</translation>
-    </message>
-    <message>
-        <source>output</source>
-        <translation>Ausgang</translation>
-    </message>
-    <message>
-        <source>state</source>
-        <translation>Zustand</translation>
-    </message>
-    <message>
-        <source>config</source>
-        <translation>Einstellung</translation>
-    </message>
-    <message>
-        <source>Kind</source>
-        <translation>Art</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>Type</source>
-        <translation>Typ</translation>
-    </message>
-    <message>
-        <source>Value</source>
-        <translation>Wert</translation>
-    </message>
-    <message>
-        <source>Registered</source>
-        <translation>Registriert</translation>
-    </message>
-    <message>
-        <source>Written by</source>
-        <translation>Geschrieben von</translation>
-    </message>
-    <message>
-        <source>Written at</source>
-        <translation>Geschrieben um</translation>
-    </message>
-    <message>
-        <source>yes</source>
-        <translation>ja</translation>
-    </message>
-    <message>
-        <source>no</source>
-        <translation>nein</translation>
-    </message>
-    <message>
-        <source>this dock</source>
-        <translation>diesem Fenster</translation>
-    </message>
-    <message>
-        <source>the device</source>
-        <translation>dem Gerät</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::VariablesDock</name>
-    <message>
-        <source>Variables</source>
-        <translation>Variablen</translation>
-    </message>
-    <message>
-        <source>Part of a name, a value, …</source>
-        <translation>Teil eines Namens, eines Werts …</translation>
-    </message>
-    <message>
-        <source>Filter of the variables</source>
-        <translation>Filter der Variablen</translation>
-    </message>
-    <message>
-        <source>Variables of the device</source>
-        <translation>Variablen des Geräts</translation>
-    </message>
-    <message>
-        <source>Type of the new value</source>
-        <translation>Typ des neuen Werts</translation>
-    </message>
-    <message>
-        <source>New value</source>
-        <translation>Neuer Wert</translation>
-    </message>
-    <message>
-        <source>Set the variable as the device would: the plugin is told, nothing is stored, and no robot hears of it.</source>
-        <translation>Setzt die Variable, wie das Gerät es täte: Das Plugin erfährt davon, nichts wird gespeichert, und kein Roboter erfährt davon.</translation>
-    </message>
-    <message>
-        <source>No variable chosen</source>
-        <translation>Keine Variable gewählt</translation>
-    </message>
-    <message>
-        <source>F&amp;ilter:</source>
-        <translation>F&amp;ilter:</translation>
-    </message>
-    <message>
-        <source>T&amp;ype:</source>
-        <translation>T&amp;yp:</translation>
-    </message>
-    <message>
-        <source>Valu&amp;e:</source>
-        <translation>W&amp;ert:</translation>
-    </message>
-    <message>
-        <source>Set</source>
-        <translation>Setzen</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::Window</name>
-    <message>
-        <source>%1 - device workbench</source>
-        <translation>%1 – Geräte-Werkbank</translation>
-    </message>
-    <message>
-        <source>&amp;File</source>
-        <translation>&amp;Datei</translation>
-    </message>
-    <message>
-        <source>&amp;Quit</source>
-        <translation>&amp;Beenden</translation>
-    </message>
-    <message>
-        <source>&amp;Help</source>
-        <translation>&amp;Hilfe</translation>
-    </message>
-    <message>
-        <source>&amp;Context help</source>
-        <translation>&amp;Kontexthilfe</translation>
-    </message>
-    <message>
-        <source>C&amp;ontents</source>
-        <translation>&amp;Inhalt</translation>
-    </message>
-    <message>
-        <source>&amp;About</source>
-        <translation>Ü&amp;ber</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;%1 %2, with Qt %3.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;%1 %2, mit Qt %3.&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;Plugin: %1 by %2.&lt;/p&gt;&lt;p&gt;%3&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Plugin: %1 von %2.&lt;/p&gt;&lt;p&gt;%3&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>About</source>
-        <translation>Über</translation>
-    </message>
-    <message>
-        <source>Device workbench</source>
-        <translation>Geräte-Werkbank</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::WorkbenchTour</name>
+    <name>host::workbench::tour::WorkbenchTour</name>
     <message>
         <source>connecting again</source>
         <translation>erneutes Verbinden</translation>
@@ -1765,10 +1389,386 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::WorldView</name>
+    <name>host::workbench::traffic::TrafficDock</name>
     <message>
-        <source>%1 m</source>
-        <translation>%1 m</translation>
+        <source>Traffic</source>
+        <translation>Aufrufe</translation>
+    </message>
+    <message>
+        <source>Part of a call, a widget, an argument, …</source>
+        <translation>Teil eines Aufrufs, eines Widgets, eines Arguments …</translation>
+    </message>
+    <message>
+        <source>Filter of the calls</source>
+        <translation>Filter der Aufrufe</translation>
+    </message>
+    <message>
+        <source>Calls between host and plugin</source>
+        <translation>Aufrufe zwischen Host und Plugin</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>Leave the list as it is; calls are kept meanwhile.</source>
+        <translation>Die Liste bleibt, wie sie ist; Aufrufe werden unterdessen weiter festgehalten.</translation>
+    </message>
+    <message>
+        <source>&amp;Clear</source>
+        <translation>Leere&amp;n</translation>
+    </message>
+    <message>
+        <source>Forget all calls.</source>
+        <translation>Vergisst alle Aufrufe.</translation>
+    </message>
+    <message>
+        <source>Save the calls that are shown as comma-separated values.</source>
+        <translation>Speichert die angezeigten Aufrufe als durch Komma getrennte Werte.</translation>
+    </message>
+    <message>
+        <source>Save the calls</source>
+        <translation>Aufrufe speichern</translation>
+    </message>
+    <message>
+        <source>Comma-separated values (*.csv)</source>
+        <translation>Durch Komma getrennte Werte (*.csv)</translation>
+    </message>
+    <message>
+        <source>&amp;Save …</source>
+        <translation>Spei&amp;chern …</translation>
+    </message>
+    <message>
+        <source>Fil&amp;ter:</source>
+        <translation>Fil&amp;ter:</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::traffic::TrafficModel</name>
+    <message>
+        <source>threw an exception</source>
+        <translation>warf eine Ausnahme</translation>
+    </message>
+    <message>
+        <source>under way</source>
+        <translation>läuft noch</translation>
+    </message>
+    <message>
+        <source>%1 ms: too long</source>
+        <translation>%1 ms: zu lang</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>The window did not react for %1 ms: a call should end within %2 ms.</source>
+        <translation>Das Fenster reagierte %1 ms lang nicht: Ein Aufruf sollte innerhalb von %2 ms enden.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Call</source>
+        <translation>Aufruf</translation>
+    </message>
+    <message>
+        <source>Widget</source>
+        <translation>Widget</translation>
+    </message>
+    <message>
+        <source>Arguments</source>
+        <translation>Argumente</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Took</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>host → plugin</source>
+        <translation>Host → Plugin</translation>
+    </message>
+    <message>
+        <source>plugin → host</source>
+        <translation>Plugin → Host</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::variables::VariableModel</name>
+    <message>
+        <source>input</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>output</source>
+        <translation>Ausgang</translation>
+    </message>
+    <message>
+        <source>state</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>config</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Registered</source>
+        <translation>Registriert</translation>
+    </message>
+    <message>
+        <source>Written by</source>
+        <translation>Geschrieben von</translation>
+    </message>
+    <message>
+        <source>Written at</source>
+        <translation>Geschrieben um</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>this dock</source>
+        <translation>diesem Fenster</translation>
+    </message>
+    <message>
+        <source>the device</source>
+        <translation>dem Gerät</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::variables::VariablesDock</name>
+    <message>
+        <source>Variables</source>
+        <translation>Variablen</translation>
+    </message>
+    <message>
+        <source>Part of a name, a value, …</source>
+        <translation>Teil eines Namens, eines Werts …</translation>
+    </message>
+    <message>
+        <source>Filter of the variables</source>
+        <translation>Filter der Variablen</translation>
+    </message>
+    <message>
+        <source>Variables of the device</source>
+        <translation>Variablen des Geräts</translation>
+    </message>
+    <message>
+        <source>Type of the new value</source>
+        <translation>Typ des neuen Werts</translation>
+    </message>
+    <message>
+        <source>New value</source>
+        <translation>Neuer Wert</translation>
+    </message>
+    <message>
+        <source>Set the variable as the device would: the plugin is told, nothing is stored, and no robot hears of it.</source>
+        <translation>Setzt die Variable, wie das Gerät es täte: Das Plugin erfährt davon, nichts wird gespeichert, und kein Roboter erfährt davon.</translation>
+    </message>
+    <message>
+        <source>No variable chosen</source>
+        <translation>Keine Variable gewählt</translation>
+    </message>
+    <message>
+        <source>F&amp;ilter:</source>
+        <translation>F&amp;ilter:</translation>
+    </message>
+    <message>
+        <source>T&amp;ype:</source>
+        <translation>T&amp;yp:</translation>
+    </message>
+    <message>
+        <source>Valu&amp;e:</source>
+        <translation>W&amp;ert:</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Setzen</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::window::DeviceView</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>The plugin has no tool bar</source>
+        <translation>Das Plugin hat keine Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>Asked for the widget &quot;toolbar&quot;, it gave none. Without it there is no way to connect.</source>
+        <translation>Nach dem Widget „toolbar“ gefragt, lieferte es keines. Ohne dieses gibt es keinen Weg zu einer Verbindung.</translation>
+    </message>
+    <message>
+        <source>Choose a plugin made for this device with --plugin.</source>
+        <translation>Wählen Sie mit --plugin ein Plugin, das für dieses Gerät gemacht ist.</translation>
+    </message>
+    <message>
+        <source>an exception of an unknown type</source>
+        <translation>eine Ausnahme unbekannten Typs</translation>
+    </message>
+    <message>
+        <source>A widget of the plugin failed</source>
+        <translation>Ein Widget des Plugins ist gescheitert</translation>
+    </message>
+    <message>
+        <source>The widget &quot;%1&quot; ended while it was being built: %2.</source>
+        <translation>Das Widget „%1“ brach während seines Aufbaus ab: %2.</translation>
+    </message>
+    <message>
+        <source>The rest of the window goes on without it. Ask the maker of the plugin for a repaired version.</source>
+        <translation>Der Rest des Fensters läuft ohne es weiter. Bitten Sie den Hersteller des Plugins um eine reparierte Version.</translation>
+    </message>
+    <message>
+        <source>&amp;Robot</source>
+        <translation>&amp;Roboter</translation>
+    </message>
+    <message>
+        <source>&amp;Names…</source>
+        <translation>&amp;Namen…</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::window::Notice</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::window::StartPage</name>
+    <message>
+        <source>This plugin brings no dialog of its own: all it offers is in the tool bar.</source>
+        <translation>Dieses Plugin bringt keinen eigenen Dialog mit: Alles, was es bietet, steht in der Werkzeugleiste.</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;How to begin:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Write the robot&apos;s address into the field in the tool bar.&lt;/li&gt;&lt;li&gt;Press the connect button beside it.&lt;/li&gt;&lt;/ol&gt;</source>
+        <translation>&lt;p&gt;So fangen Sie an:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Schreiben Sie die Adresse des Roboters in das Feld in der Werkzeugleiste.&lt;/li&gt;&lt;li&gt;Drücken Sie den Verbindungsknopf daneben.&lt;/li&gt;&lt;/ol&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;No robot at hand? A simulated one runs at &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Kein Roboter zur Hand? Ein simulierter läuft unter &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;To give up, press the button again.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Um aufzugeben, drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;To end the connection, press the button again.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Um die Verbindung zu beenden, drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::window::StatusLine</name>
+    <message>
+        <source>How long ago the robot sent anything that it sends all the time.</source>
+        <translation>Wie lange es her ist, dass der Roboter etwas von dem gesendet hat, was er ständig sendet.</translation>
+    </message>
+    <message>
+        <source>Simulated robot: %1</source>
+        <translation>Simulierter Roboter: %1</translation>
+    </message>
+    <message>
+        <source>Last error, %1: %2</source>
+        <translation>Letzter Fehler, %1: %2</translation>
+    </message>
+    <message>
+        <source>Connected for %1:%2:%3</source>
+        <translation>Verbunden seit %1:%2:%3</translation>
+    </message>
+    <message>
+        <source>No data yet</source>
+        <translation>Noch keine Daten</translation>
+    </message>
+    <message>
+        <source>Data is up to date</source>
+        <translation>Daten sind aktuell</translation>
+    </message>
+    <message>
+        <source>Newest data: %1 s old</source>
+        <translation>Neueste Daten: %1 s alt</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::window::Window</name>
+    <message>
+        <source>%1 - device workbench</source>
+        <translation>%1 – Geräte-Werkbank</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Context help</source>
+        <translation>&amp;Kontexthilfe</translation>
+    </message>
+    <message>
+        <source>C&amp;ontents</source>
+        <translation>&amp;Inhalt</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>Ü&amp;ber</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;%1 %2, with Qt %3.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;%1 %2, mit Qt %3.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;Plugin: %1 by %2.&lt;/p&gt;&lt;p&gt;%3&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Plugin: %1 von %2.&lt;/p&gt;&lt;p&gt;%3&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Device workbench</source>
+        <translation>Geräte-Werkbank</translation>
     </message>
 </context>
 <context>
@@ -1828,63 +1828,6 @@ Hilfe gibt quandrel-robot --help.</translation>
     <message>
         <source>points must be a list of one point; send the next one when it is due</source>
         <translation>points muss eine Liste mit einem Punkt sein; senden Sie den nächsten, wenn er an der Reihe ist</translation>
-    </message>
-</context>
-<context>
-    <name>robot::ArmNode</name>
-    <message>
-        <source>data must be true or false</source>
-        <translation>data muss true oder false sein</translation>
-    </message>
-    <message>
-        <source>control was given back: the arm stops</source>
-        <translation>die Steuerung wurde abgegeben: Der Arm hält an</translation>
-    </message>
-</context>
-<context>
-    <name>robot::CameraNode</name>
-    <message>
-        <source>config must be an object with the list strs</source>
-        <translation>config muss ein Objekt mit der Liste strs sein</translation>
-    </message>
-    <message>
-        <source>config has no field &quot;%1&quot;; it has %2</source>
-        <translation>config hat kein Feld „%1“; es hat %2</translation>
-    </message>
-    <message>
-        <source>config.%1 must be a list</source>
-        <translation>config.%1 muss eine Liste sein</translation>
-    </message>
-    <message>
-        <source>the camera has no parameter &quot;%1&quot; in config.%2; it has &quot;%3&quot; in config.strs</source>
-        <translation>die Kamera hat keinen Parameter „%1“ in config.%2; sie hat „%3“ in config.strs</translation>
-    </message>
-    <message>
-        <source>the value of &quot;%1&quot; must be text, for example &quot;%2&quot;</source>
-        <translation>der Wert von „%1“ muss Text sein, zum Beispiel „%2“</translation>
-    </message>
-</context>
-<context>
-    <name>robot::ClientSession</name>
-    <message>
-        <source>more than %1 messages a second</source>
-        <translation>mehr als %1 Nachrichten je Sekunde</translation>
-    </message>
-    <message>
-        <source>it does not read its answers</source>
-        <translation>er liest seine Antworten nicht</translation>
-    </message>
-    <message>
-        <source>this client reads too slowly: messages of topics are dropped</source>
-        <translation>dieser Client liest zu langsam: Nachrichten von Topics werden verworfen</translation>
-    </message>
-    <message>
-        <source>it did not answer for %1 s</source>
-        <translation>er hat %1 s lang nicht geantwortet</translation>
-    </message>
-    <message>
-        <source>it closed the connection</source>
-        <translation>er hat die Verbindung geschlossen</translation>
     </message>
 </context>
 <context>
@@ -1951,134 +1894,6 @@ Hilfe gibt quandrel-robot --help.</translation>
     </message>
 </context>
 <context>
-    <name>robot::Control</name>
-    <message>
-        <source>this client is already in control</source>
-        <translation>dieser Client hat die Steuerung schon</translation>
-    </message>
-    <message>
-        <source>this client is in control</source>
-        <translation>dieser Client hat die Steuerung</translation>
-    </message>
-    <message>
-        <source>this client is not in control</source>
-        <translation>dieser Client hat die Steuerung nicht</translation>
-    </message>
-    <message>
-        <source>control is released</source>
-        <translation>die Steuerung ist abgegeben</translation>
-    </message>
-    <message>
-        <source>no client is in control; call /control/acquire first</source>
-        <translation>kein Client hat die Steuerung; rufen Sie zuerst /control/acquire auf</translation>
-    </message>
-    <message>
-        <source>%1 is in control; it has to call /control/release first</source>
-        <translation>%1 hat die Steuerung und muss zuerst /control/release aufrufen</translation>
-    </message>
-</context>
-<context>
-    <name>robot::Conversation</name>
-    <message>
-        <source>this robot does not know the operation</source>
-        <translation>dieser Roboter kennt die Operation nicht</translation>
-    </message>
-    <message>
-        <source>level must be none, error, warning or info</source>
-        <translation>level muss none, error, warning oder info sein</translation>
-    </message>
-    <message>
-        <source>the level is &quot;%1&quot;</source>
-        <translation>die Stufe ist „%1“</translation>
-    </message>
-    <message>
-        <source>the type of &quot;%1&quot; is %2, not %3</source>
-        <translation>der Typ von „%1“ ist %2, nicht %3</translation>
-    </message>
-    <message>
-        <source>a client may advertise at most %1 topics</source>
-        <translation>ein Client darf höchstens %1 Topics anmelden</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is advertised</source>
-        <translation>„%1“ ist angemeldet</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no longer advertised</source>
-        <translation>„%1“ ist nicht mehr angemeldet</translation>
-    </message>
-    <message>
-        <source>this client did not advertise &quot;%1&quot;</source>
-        <translation>dieser Client hat „%1“ nicht angemeldet</translation>
-    </message>
-    <message>
-        <source>the robot takes commands on &quot;%1&quot; and publishes nothing there</source>
-        <translation>der Roboter nimmt auf „%1“ Befehle an und veröffentlicht dort nichts</translation>
-    </message>
-    <message>
-        <source>a client may have at most %1 subscriptions</source>
-        <translation>ein Client darf höchstens %1 Abonnements haben</translation>
-    </message>
-    <message>
-        <source>queue_length is reduced to %1, the most there is</source>
-        <translation>queue_length ist auf %1 verringert, mehr gibt es nicht</translation>
-    </message>
-    <message>
-        <source>fragment_size is ignored, messages come whole</source>
-        <translation>fragment_size wird nicht beachtet, Nachrichten kommen ganz</translation>
-    </message>
-    <message>
-        <source>subscribed to &quot;%1&quot;</source>
-        <translation>„%1“ ist abonniert</translation>
-    </message>
-    <message>
-        <source>there is no such subscription to &quot;%1&quot;</source>
-        <translation>es gibt kein solches Abonnement von „%1“</translation>
-    </message>
-    <message>
-        <source>unsubscribed from &quot;%1&quot;</source>
-        <translation>„%1“ ist abbestellt</translation>
-    </message>
-    <message>
-        <source>the robot called no service of this client</source>
-        <translation>der Roboter hat keinen Dienst dieses Clients aufgerufen</translation>
-    </message>
-    <message>
-        <source>the compression &quot;%1&quot; is unknown here; use none or cbor</source>
-        <translation>die Kompression „%1“ ist hier unbekannt; verwenden Sie none oder cbor</translation>
-    </message>
-</context>
-<context>
-    <name>robot::DriveNode</name>
-    <message>
-        <source>data must be true, to stand still, or false, to move again</source>
-        <translation>data muss true sein, um stillzustehen, oder false, um wieder zu fahren</translation>
-    </message>
-    <message>
-        <source>the drive is disabled, the robot stands still</source>
-        <translation>der Antrieb ist ausgeschaltet, der Roboter steht still</translation>
-    </message>
-    <message>
-        <source>the drive is enabled</source>
-        <translation>der Antrieb ist eingeschaltet</translation>
-    </message>
-</context>
-<context>
-    <name>robot::Endpoint</name>
-    <message>
-        <source>the robot shuts down</source>
-        <translation>der Roboter fährt herunter</translation>
-    </message>
-    <message>
-        <source>client %1 (%2)</source>
-        <translation>Client %1 (%2)</translation>
-    </message>
-    <message>
-        <source>the robot serves at most %1 clients</source>
-        <translation>der Roboter bedient höchstens %1 Clients</translation>
-    </message>
-</context>
-<context>
     <name>robot::LaserLogOptions</name>
     <message>
         <source>Replay the laser scans recorded in &lt;file&gt;, over and over, in place of the simulated laser.</source>
@@ -2110,17 +1925,6 @@ Hilfe gibt quandrel-robot --help.</translation>
     </message>
 </context>
 <context>
-    <name>robot::LaserNode</name>
-    <message>
-        <source>%1: %2 further lines cannot be read</source>
-        <translation>%1: %2 weitere Zeilen können nicht gelesen werden</translation>
-    </message>
-    <message>
-        <source>replaying %1: %2 scans, at %3 times the speed they were recorded at</source>
-        <translation>%1 wird abgespielt: %2 Scans, mit dem %3-Fachen der Geschwindigkeit, mit der sie aufgenommen wurden</translation>
-    </message>
-</context>
-<context>
     <name>robot::Messages</name>
     <message>
         <source>a geometry_msgs/Twist has no field &quot;%1&quot;; there it has %2</source>
@@ -2136,7 +1940,34 @@ Hilfe gibt quandrel-robot --help.</translation>
     </message>
 </context>
 <context>
-    <name>robot::Network</name>
+    <name>robot::network::Control</name>
+    <message>
+        <source>this client is already in control</source>
+        <translation>dieser Client hat die Steuerung schon</translation>
+    </message>
+    <message>
+        <source>this client is in control</source>
+        <translation>dieser Client hat die Steuerung</translation>
+    </message>
+    <message>
+        <source>this client is not in control</source>
+        <translation>dieser Client hat die Steuerung nicht</translation>
+    </message>
+    <message>
+        <source>control is released</source>
+        <translation>die Steuerung ist abgegeben</translation>
+    </message>
+    <message>
+        <source>no client is in control; call /control/acquire first</source>
+        <translation>kein Client hat die Steuerung; rufen Sie zuerst /control/acquire auf</translation>
+    </message>
+    <message>
+        <source>%1 is in control; it has to call /control/release first</source>
+        <translation>%1 hat die Steuerung und muss zuerst /control/release aufrufen</translation>
+    </message>
+</context>
+<context>
+    <name>robot::network::Network</name>
     <message>
         <source>cannot listen on %1: no such host; give an address of this computer</source>
         <translation>auf %1 kann nicht gelauscht werden: kein solcher Host; geben Sie eine Adresse dieses Rechners an</translation>
@@ -2171,34 +2002,7 @@ Hilfe gibt quandrel-robot --help.</translation>
     </message>
 </context>
 <context>
-    <name>robot::Request</name>
-    <message>
-        <source>%1 must be there, and not empty</source>
-        <translation>%1 muss da und darf nicht leer sein</translation>
-    </message>
-    <message>
-        <source>%1 must be a whole number from 0 to %2</source>
-        <translation>%1 muss eine ganze Zahl von 0 bis %2 sein</translation>
-    </message>
-    <message>
-        <source>%1 must be an object</source>
-        <translation>%1 muss ein Objekt sein</translation>
-    </message>
-    <message>
-        <source>%1 must be text</source>
-        <translation>%1 muss Text sein</translation>
-    </message>
-    <message>
-        <source>%1 is longer than %2 characters</source>
-        <translation>%1 ist länger als %2 Zeichen</translation>
-    </message>
-    <message>
-        <source>id must be a finite number, or text of at most %1 characters</source>
-        <translation>id muss eine endliche Zahl sein oder Text von höchstens %1 Zeichen</translation>
-    </message>
-</context>
-<context>
-    <name>robot::RosApi</name>
+    <name>robot::network::RosApi</name>
     <message>
         <source>topic must be text</source>
         <translation>topic muss Text sein</translation>
@@ -2213,311 +2017,63 @@ Hilfe gibt quandrel-robot --help.</translation>
     </message>
 </context>
 <context>
-    <name>robot::ServiceRegistry</name>
+    <name>robot::nodes::ArmNode</name>
     <message>
-        <source>this robot has no service &quot;%1&quot;; /rosapi/services lists them</source>
-        <translation>dieser Roboter hat keinen Dienst „%1“; /rosapi/services listet sie auf</translation>
+        <source>data must be true or false</source>
+        <translation>data muss true oder false sein</translation>
     </message>
     <message>
-        <source>args of &quot;%1&quot; must be an object, or a list of at most %2 values</source>
-        <translation>args von „%1“ muss ein Objekt sein oder eine Liste von höchstens %2 Werten</translation>
-    </message>
-</context>
-<context>
-    <name>robot::TopicRegistry</name>
-    <message>
-        <source>this robot has no topic &quot;%1&quot;; /rosapi/topics lists them</source>
-        <translation>dieser Roboter hat kein Topic „%1“; /rosapi/topics listet sie auf</translation>
-    </message>
-    <message>
-        <source>the robot itself publishes &quot;%1&quot; and takes no message there</source>
-        <translation>der Roboter selbst veröffentlicht „%1“ und nimmt dort keine Nachricht an</translation>
+        <source>control was given back: the arm stops</source>
+        <translation>die Steuerung wurde abgegeben: Der Arm hält an</translation>
     </message>
 </context>
 <context>
-    <name>robot::link::Address</name>
+    <name>robot::nodes::CameraNode</name>
     <message>
-        <source>The robot&apos;s address is empty: write a host name or an IP address, for example %1:%2.</source>
-        <translation>Die Adresse des Roboters ist leer: Schreiben Sie einen Hostnamen oder eine IP-Adresse, zum Beispiel %1:%2.</translation>
+        <source>config must be an object with the list strs</source>
+        <translation>config muss ein Objekt mit der Liste strs sein</translation>
     </message>
     <message>
-        <source>The address &quot;%1&quot; contains a blank: remove it.</source>
-        <translation>Die Adresse „%1“ enthält ein Leerzeichen: Entfernen Sie es.</translation>
+        <source>config has no field &quot;%1&quot;; it has %2</source>
+        <translation>config hat kein Feld „%1“; es hat %2</translation>
     </message>
     <message>
-        <source>The address &quot;%1&quot; lacks the closing bracket: write [IPv6 address] or [IPv6 address]:port.</source>
-        <translation>Der Adresse „%1“ fehlt die schließende Klammer: Schreiben Sie [IPv6-Adresse] oder [IPv6-Adresse]:Port.</translation>
+        <source>config.%1 must be a list</source>
+        <translation>config.%1 muss eine Liste sein</translation>
     </message>
     <message>
-        <source>The address &quot;%1&quot; is not understood: brackets hold an IPv6 address, and only &quot;:port&quot; may follow them.</source>
-        <translation>Die Adresse „%1“ ist nicht zu verstehen: Klammern enthalten eine IPv6-Adresse, und nur „:Port“ darf ihnen folgen.</translation>
+        <source>the camera has no parameter &quot;%1&quot; in config.%2; it has &quot;%3&quot; in config.strs</source>
+        <translation>die Kamera hat keinen Parameter „%1“ in config.%2; sie hat „%3“ in config.strs</translation>
     </message>
     <message>
-        <source>The address &quot;%1&quot; can be read in two ways: put the IPv6 address in brackets, [IPv6 address] or [IPv6 address]:port.</source>
-        <translation>Die Adresse „%1“ lässt sich auf zwei Arten lesen: Setzen Sie die IPv6-Adresse in Klammern, [IPv6-Adresse] oder [IPv6-Adresse]:Port.</translation>
-    </message>
-    <message>
-        <source>The address &quot;%1&quot; is not understood: write a host name or an IP address, followed by &quot;:port&quot; if the port is not %2.</source>
-        <translation>Die Adresse „%1“ ist nicht zu verstehen: Schreiben Sie einen Hostnamen oder eine IP-Adresse, gefolgt von „:Port“, wenn der Port nicht %2 ist.</translation>
-    </message>
-    <message>
-        <source>The port &quot;%1&quot; in the address &quot;%2&quot; is not valid: write a number from 1 to 65535.</source>
-        <translation>Der Port „%1“ in der Adresse „%2“ ist nicht gültig: Schreiben Sie eine Zahl von 1 bis 65535.</translation>
+        <source>the value of &quot;%1&quot; must be text, for example &quot;%2&quot;</source>
+        <translation>der Wert von „%1“ muss Text sein, zum Beispiel „%2“</translation>
     </message>
 </context>
 <context>
-    <name>robot::link::CborCheck</name>
+    <name>robot::nodes::DriveNode</name>
     <message>
-        <source>data follows the message&apos;s end</source>
-        <translation>auf das Ende der Nachricht folgen Daten</translation>
+        <source>data must be true, to stand still, or false, to move again</source>
+        <translation>data muss true sein, um stillzustehen, oder false, um wieder zu fahren</translation>
     </message>
     <message>
-        <source>a field&apos;s name is not text</source>
-        <translation>der Name eines Feldes ist kein Text</translation>
+        <source>the drive is disabled, the robot stands still</source>
+        <translation>der Antrieb ist ausgeschaltet, der Roboter steht still</translation>
     </message>
     <message>
-        <source>only arrays and objects may be of open length</source>
-        <translation>nur Listen und Objekte dürfen von offener Länge sein</translation>
-    </message>
-    <message>
-        <source>the simple value %1 has no meaning here</source>
-        <translation>der einfache Wert %1 hat hier keine Bedeutung</translation>
-    </message>
-    <message>
-        <source>the field &quot;%1&quot; is given twice</source>
-        <translation>das Feld „%1“ ist zweimal angegeben</translation>
-    </message>
-    <message>
-        <source>the tag %1 is not that of a typed array</source>
-        <translation>das Tag %1 ist nicht das einer getypten Liste</translation>
-    </message>
-    <message>
-        <source>a typed array is not made of a byte string</source>
-        <translation>eine getypte Liste besteht nicht aus einer Bytefolge</translation>
-    </message>
-    <message>
-        <source>an end that nothing waits for</source>
-        <translation>ein Ende, auf das nichts wartet</translation>
-    </message>
-    <message>
-        <source>the data ends too early</source>
-        <translation>die Daten enden zu früh</translation>
-    </message>
-    <message>
-        <source>the message nests deeper than %1 levels</source>
-        <translation>die Nachricht ist tiefer als %1 Ebenen geschachtelt</translation>
-    </message>
-    <message>
-        <source>a byte that CBOR does not define</source>
-        <translation>ein Byte, das CBOR nicht kennt</translation>
-    </message>
-    <message>
-        <source>%1, at byte %2</source>
-        <translation>%1, bei Byte %2</translation>
+        <source>the drive is enabled</source>
+        <translation>der Antrieb ist eingeschaltet</translation>
     </message>
 </context>
 <context>
-    <name>robot::link::Client</name>
+    <name>robot::nodes::LaserNode</name>
     <message>
-        <source>The link to %1 was closed on request.</source>
-        <translation>Die Verbindung mit %1 wurde auf Wunsch geschlossen.</translation>
+        <source>%1: %2 further lines cannot be read</source>
+        <translation>%1: %2 weitere Zeilen können nicht gelesen werden</translation>
     </message>
     <message>
-        <source>The service %1 was not called: there is no link.</source>
-        <translation>Der Dienst %1 wurde nicht aufgerufen: Es gibt keine Verbindung.</translation>
-    </message>
-    <message>
-        <source>The service %1 did not answer within %2 s.</source>
-        <translation>Der Dienst %1 hat nicht innerhalb von %2 s geantwortet.</translation>
-    </message>
-    <message>
-        <source>The link to %1 is lost: the robot has not answered for %2 s. Check the network and whether the robot is switched on.</source>
-        <translation>Die Verbindung mit %1 ist verloren: Der Roboter antwortet seit %2 s nicht. Prüfen Sie das Netz und ob der Roboter eingeschaltet ist.</translation>
-    </message>
-    <message>
-        <source>%1 accepts a connection but has not answered for %2 s. Check whether the port is the robot&apos;s, or restart the robot&apos;s program.</source>
-        <translation>%1 nimmt eine Verbindung an, antwortet aber seit %2 s nicht. Prüfen Sie, ob der Port der des Roboters ist, oder starten Sie das Programm des Roboters neu.</translation>
-    </message>
-    <message>
-        <source>%1 has not answered for %2 s. Check the address, the network and whether the robot is switched on.</source>
-        <translation>%1 antwortet seit %2 s nicht. Prüfen Sie die Adresse, das Netz und ob der Roboter eingeschaltet ist.</translation>
-    </message>
-    <message>
-        <source>%1 answers, but not as a robot: %2. Check whether the port is the robot&apos;s.</source>
-        <translation>%1 antwortet, aber nicht als Roboter: %2. Prüfen Sie, ob der Port der des Roboters ist.</translation>
-    </message>
-    <message>
-        <source>%1 refuses the connection. Check the port and whether the robot&apos;s program is running.</source>
-        <translation>%1 weist die Verbindung ab. Prüfen Sie den Port und ob das Programm des Roboters läuft.</translation>
-    </message>
-    <message>
-        <source>There is no host &quot;%1&quot;. Check the address and the network.</source>
-        <translation>Es gibt keinen Host „%1“. Prüfen Sie die Adresse und das Netz.</translation>
-    </message>
-    <message>
-        <source>%1 cannot be reached: %2. Check the address and the network.</source>
-        <translation>%1 ist nicht zu erreichen: %2. Prüfen Sie die Adresse und das Netz.</translation>
-    </message>
-    <message>
-        <source>The link to %1 was closed, as one end did not understand the other: %2. Check whether both have the same version.</source>
-        <translation>Die Verbindung mit %1 wurde geschlossen, da ein Ende das andere nicht verstand: %2. Prüfen Sie, ob beide dieselbe Version haben.</translation>
-    </message>
-    <message>
-        <source>The link to %1 is lost: the robot closed it or cannot be reached any more. Check the network and whether the robot&apos;s program is running.</source>
-        <translation>Die Verbindung mit %1 ist verloren: Der Roboter hat sie geschlossen oder ist nicht mehr zu erreichen. Prüfen Sie das Netz und ob das Programm des Roboters läuft.</translation>
-    </message>
-    <message>
-        <source>The service %1 did not answer: %2</source>
-        <translation>Der Dienst %1 hat nicht geantwortet: %2</translation>
-    </message>
-</context>
-<context>
-    <name>robot::link::Fields</name>
-    <message>
-        <source>is %1, not a number</source>
-        <translation>ist %1, keine Zahl</translation>
-    </message>
-    <message>
-        <source>is %1, not a whole number from %2 to %3</source>
-        <translation>ist %1, keine ganze Zahl von %2 bis %3</translation>
-    </message>
-    <message>
-        <source>is %1, not true or false</source>
-        <translation>ist %1, nicht true oder false</translation>
-    </message>
-    <message>
-        <source>is %1, not text</source>
-        <translation>ist %1, kein Text</translation>
-    </message>
-    <message>
-        <source>is %1, not an array of texts</source>
-        <translation>ist %1, keine Liste von Texten</translation>
-    </message>
-    <message>
-        <source>has %1 as element %2, not text</source>
-        <translation>hat als Element %2 %1, keinen Text</translation>
-    </message>
-    <message>
-        <source>cannot be read: %1</source>
-        <translation>kann nicht gelesen werden: %1</translation>
-    </message>
-    <message>
-        <source>is %1, not an object</source>
-        <translation>ist %1, kein Objekt</translation>
-    </message>
-    <message>
-        <source>the field &quot;%1&quot; %2</source>
-        <translation>das Feld „%1“ %2</translation>
-    </message>
-    <message>
-        <source>is missing</source>
-        <translation>fehlt</translation>
-    </message>
-</context>
-<context>
-    <name>robot::link::Inbox</name>
-    <message>
-        <source>the op &quot;%1&quot; is not one for a client</source>
-        <translation>die Operation „%1“ ist keine für einen Client</translation>
-    </message>
-    <message>
-        <source>&quot;publish&quot; needs a text &quot;topic&quot; and an object &quot;msg&quot;</source>
-        <translation>„publish“ braucht einen Text „topic“ und ein Objekt „msg“</translation>
-    </message>
-    <message>
-        <source>&quot;service_response&quot; needs a text &quot;id&quot; and a true or false &quot;result&quot;</source>
-        <translation>„service_response“ braucht einen Text „id“ und ein wahres oder falsches „result“</translation>
-    </message>
-    <message>
-        <source>The service %1 failed: %2</source>
-        <translation>Der Dienst %1 ist gescheitert: %2</translation>
-    </message>
-    <message>
-        <source>The service %1 failed and did not say why.</source>
-        <translation>Der Dienst %1 ist gescheitert und sagte nicht, warum.</translation>
-    </message>
-    <message>
-        <source>&quot;status&quot; needs a text &quot;level&quot; and a text &quot;msg&quot;</source>
-        <translation>„status“ braucht einen Text „level“ und einen Text „msg“</translation>
-    </message>
-</context>
-<context>
-    <name>robot::link::Message</name>
-    <message>
-        <source>the message has %1 bytes, the limit is %2</source>
-        <translation>die Nachricht hat %1 Bytes, die Grenze ist %2</translation>
-    </message>
-    <message>
-        <source>the message has no text field &quot;op&quot;</source>
-        <translation>die Nachricht hat kein Textfeld „op“</translation>
-    </message>
-    <message>
-        <source>a value with the tag %1 is no array of numbers that can be read here</source>
-        <translation>ein Wert mit dem Tag %1 ist keine Zahlenliste, die hier gelesen werden kann</translation>
-    </message>
-    <message>
-        <source>the typed array has %1 bytes, not a multiple of its element&apos;s %2</source>
-        <translation>die getypte Liste hat %1 Bytes, kein Vielfaches der %2 ihres Elements</translation>
-    </message>
-    <message>
-        <source>a truth value</source>
-        <translation>ein Wahrheitswert</translation>
-    </message>
-    <message>
-        <source>a number</source>
-        <translation>eine Zahl</translation>
-    </message>
-    <message>
-        <source>text</source>
-        <translation>Text</translation>
-    </message>
-    <message>
-        <source>a byte string</source>
-        <translation>eine Bytefolge</translation>
-    </message>
-    <message>
-        <source>an array</source>
-        <translation>eine Liste</translation>
-    </message>
-    <message>
-        <source>an object</source>
-        <translation>ein Objekt</translation>
-    </message>
-    <message>
-        <source>nothing</source>
-        <translation>nichts</translation>
-    </message>
-    <message>
-        <source>the message nests deeper than %1 levels</source>
-        <translation>die Nachricht ist tiefer als %1 Ebenen geschachtelt</translation>
-    </message>
-    <message>
-        <source>the text is not valid JSON: %1, at byte %2</source>
-        <translation>der Text ist kein gültiges JSON: %1, bei Byte %2</translation>
-    </message>
-    <message>
-        <source>the message is not a JSON object</source>
-        <translation>die Nachricht ist kein JSON-Objekt</translation>
-    </message>
-    <message>
-        <source>the message gives a field twice</source>
-        <translation>die Nachricht gibt ein Feld zweimal an</translation>
-    </message>
-    <message>
-        <source>the data is not valid CBOR: %1, at byte %2</source>
-        <translation>die Daten sind kein gültiges CBOR: %1, bei Byte %2</translation>
-    </message>
-    <message>
-        <source>the message is %1, not an object</source>
-        <translation>die Nachricht ist %1, kein Objekt</translation>
-    </message>
-    <message>
-        <source>found %1, not an array of numbers</source>
-        <translation>gefunden: %1, keine Zahlenliste</translation>
-    </message>
-    <message>
-        <source>element %1 is %2, not a number</source>
-        <translation>Element %1 ist %2, keine Zahl</translation>
+        <source>replaying %1: %2 scans, at %3 times the speed they were recorded at</source>
+        <translation>%1 wird abgespielt: %2 Scans, mit dem %3-Fachen der Geschwindigkeit, mit der sie aufgenommen wurden</translation>
     </message>
 </context>
 <context>
@@ -2706,6 +2262,450 @@ Hilfe gibt quandrel-robot --help.</translation>
     <message>
         <source>The velocity command linear.x = %1, angular.z = %2 is refused: both must be finite numbers.</source>
         <translation>Der Geschwindigkeitsbefehl linear.x = %1, angular.z = %2 wird abgewiesen: Beide müssen endliche Zahlen sein.</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::client::Client</name>
+    <message>
+        <source>The link to %1 was closed on request.</source>
+        <translation>Die Verbindung mit %1 wurde auf Wunsch geschlossen.</translation>
+    </message>
+    <message>
+        <source>The service %1 was not called: there is no link.</source>
+        <translation>Der Dienst %1 wurde nicht aufgerufen: Es gibt keine Verbindung.</translation>
+    </message>
+    <message>
+        <source>The service %1 did not answer within %2 s.</source>
+        <translation>Der Dienst %1 hat nicht innerhalb von %2 s geantwortet.</translation>
+    </message>
+    <message>
+        <source>The link to %1 is lost: the robot has not answered for %2 s. Check the network and whether the robot is switched on.</source>
+        <translation>Die Verbindung mit %1 ist verloren: Der Roboter antwortet seit %2 s nicht. Prüfen Sie das Netz und ob der Roboter eingeschaltet ist.</translation>
+    </message>
+    <message>
+        <source>%1 accepts a connection but has not answered for %2 s. Check whether the port is the robot&apos;s, or restart the robot&apos;s program.</source>
+        <translation>%1 nimmt eine Verbindung an, antwortet aber seit %2 s nicht. Prüfen Sie, ob der Port der des Roboters ist, oder starten Sie das Programm des Roboters neu.</translation>
+    </message>
+    <message>
+        <source>%1 has not answered for %2 s. Check the address, the network and whether the robot is switched on.</source>
+        <translation>%1 antwortet seit %2 s nicht. Prüfen Sie die Adresse, das Netz und ob der Roboter eingeschaltet ist.</translation>
+    </message>
+    <message>
+        <source>%1 answers, but not as a robot: %2. Check whether the port is the robot&apos;s.</source>
+        <translation>%1 antwortet, aber nicht als Roboter: %2. Prüfen Sie, ob der Port der des Roboters ist.</translation>
+    </message>
+    <message>
+        <source>%1 refuses the connection. Check the port and whether the robot&apos;s program is running.</source>
+        <translation>%1 weist die Verbindung ab. Prüfen Sie den Port und ob das Programm des Roboters läuft.</translation>
+    </message>
+    <message>
+        <source>There is no host &quot;%1&quot;. Check the address and the network.</source>
+        <translation>Es gibt keinen Host „%1“. Prüfen Sie die Adresse und das Netz.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be reached: %2. Check the address and the network.</source>
+        <translation>%1 ist nicht zu erreichen: %2. Prüfen Sie die Adresse und das Netz.</translation>
+    </message>
+    <message>
+        <source>The link to %1 was closed, as one end did not understand the other: %2. Check whether both have the same version.</source>
+        <translation>Die Verbindung mit %1 wurde geschlossen, da ein Ende das andere nicht verstand: %2. Prüfen Sie, ob beide dieselbe Version haben.</translation>
+    </message>
+    <message>
+        <source>The link to %1 is lost: the robot closed it or cannot be reached any more. Check the network and whether the robot&apos;s program is running.</source>
+        <translation>Die Verbindung mit %1 ist verloren: Der Roboter hat sie geschlossen oder ist nicht mehr zu erreichen. Prüfen Sie das Netz und ob das Programm des Roboters läuft.</translation>
+    </message>
+    <message>
+        <source>The service %1 did not answer: %2</source>
+        <translation>Der Dienst %1 hat nicht geantwortet: %2</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::client::Inbox</name>
+    <message>
+        <source>the op &quot;%1&quot; is not one for a client</source>
+        <translation>die Operation „%1“ ist keine für einen Client</translation>
+    </message>
+    <message>
+        <source>&quot;publish&quot; needs a text &quot;topic&quot; and an object &quot;msg&quot;</source>
+        <translation>„publish“ braucht einen Text „topic“ und ein Objekt „msg“</translation>
+    </message>
+    <message>
+        <source>&quot;service_response&quot; needs a text &quot;id&quot; and a true or false &quot;result&quot;</source>
+        <translation>„service_response“ braucht einen Text „id“ und ein wahres oder falsches „result“</translation>
+    </message>
+    <message>
+        <source>The service %1 failed: %2</source>
+        <translation>Der Dienst %1 ist gescheitert: %2</translation>
+    </message>
+    <message>
+        <source>The service %1 failed and did not say why.</source>
+        <translation>Der Dienst %1 ist gescheitert und sagte nicht, warum.</translation>
+    </message>
+    <message>
+        <source>&quot;status&quot; needs a text &quot;level&quot; and a text &quot;msg&quot;</source>
+        <translation>„status“ braucht einen Text „level“ und einen Text „msg“</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::protocol::Address</name>
+    <message>
+        <source>The robot&apos;s address is empty: write a host name or an IP address, for example %1:%2.</source>
+        <translation>Die Adresse des Roboters ist leer: Schreiben Sie einen Hostnamen oder eine IP-Adresse, zum Beispiel %1:%2.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; contains a blank: remove it.</source>
+        <translation>Die Adresse „%1“ enthält ein Leerzeichen: Entfernen Sie es.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; lacks the closing bracket: write [IPv6 address] or [IPv6 address]:port.</source>
+        <translation>Der Adresse „%1“ fehlt die schließende Klammer: Schreiben Sie [IPv6-Adresse] oder [IPv6-Adresse]:Port.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; is not understood: brackets hold an IPv6 address, and only &quot;:port&quot; may follow them.</source>
+        <translation>Die Adresse „%1“ ist nicht zu verstehen: Klammern enthalten eine IPv6-Adresse, und nur „:Port“ darf ihnen folgen.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; can be read in two ways: put the IPv6 address in brackets, [IPv6 address] or [IPv6 address]:port.</source>
+        <translation>Die Adresse „%1“ lässt sich auf zwei Arten lesen: Setzen Sie die IPv6-Adresse in Klammern, [IPv6-Adresse] oder [IPv6-Adresse]:Port.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; is not understood: write a host name or an IP address, followed by &quot;:port&quot; if the port is not %2.</source>
+        <translation>Die Adresse „%1“ ist nicht zu verstehen: Schreiben Sie einen Hostnamen oder eine IP-Adresse, gefolgt von „:Port“, wenn der Port nicht %2 ist.</translation>
+    </message>
+    <message>
+        <source>The port &quot;%1&quot; in the address &quot;%2&quot; is not valid: write a number from 1 to 65535.</source>
+        <translation>Der Port „%1“ in der Adresse „%2“ ist nicht gültig: Schreiben Sie eine Zahl von 1 bis 65535.</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::protocol::CborCheck</name>
+    <message>
+        <source>data follows the message&apos;s end</source>
+        <translation>auf das Ende der Nachricht folgen Daten</translation>
+    </message>
+    <message>
+        <source>a field&apos;s name is not text</source>
+        <translation>der Name eines Feldes ist kein Text</translation>
+    </message>
+    <message>
+        <source>only arrays and objects may be of open length</source>
+        <translation>nur Listen und Objekte dürfen von offener Länge sein</translation>
+    </message>
+    <message>
+        <source>the simple value %1 has no meaning here</source>
+        <translation>der einfache Wert %1 hat hier keine Bedeutung</translation>
+    </message>
+    <message>
+        <source>the field &quot;%1&quot; is given twice</source>
+        <translation>das Feld „%1“ ist zweimal angegeben</translation>
+    </message>
+    <message>
+        <source>the tag %1 is not that of a typed array</source>
+        <translation>das Tag %1 ist nicht das einer getypten Liste</translation>
+    </message>
+    <message>
+        <source>a typed array is not made of a byte string</source>
+        <translation>eine getypte Liste besteht nicht aus einer Bytefolge</translation>
+    </message>
+    <message>
+        <source>an end that nothing waits for</source>
+        <translation>ein Ende, auf das nichts wartet</translation>
+    </message>
+    <message>
+        <source>the data ends too early</source>
+        <translation>die Daten enden zu früh</translation>
+    </message>
+    <message>
+        <source>the message nests deeper than %1 levels</source>
+        <translation>die Nachricht ist tiefer als %1 Ebenen geschachtelt</translation>
+    </message>
+    <message>
+        <source>a byte that CBOR does not define</source>
+        <translation>ein Byte, das CBOR nicht kennt</translation>
+    </message>
+    <message>
+        <source>%1, at byte %2</source>
+        <translation>%1, bei Byte %2</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::protocol::Codec</name>
+    <message>
+        <source>the message has %1 bytes, the limit is %2</source>
+        <translation>die Nachricht hat %1 Bytes, die Grenze ist %2</translation>
+    </message>
+    <message>
+        <source>the message has no text field &quot;op&quot;</source>
+        <translation>die Nachricht hat kein Textfeld „op“</translation>
+    </message>
+    <message>
+        <source>a value with the tag %1 is no array of numbers that can be read here</source>
+        <translation>ein Wert mit dem Tag %1 ist keine Zahlenliste, die hier gelesen werden kann</translation>
+    </message>
+    <message>
+        <source>the typed array has %1 bytes, not a multiple of its element&apos;s %2</source>
+        <translation>die getypte Liste hat %1 Bytes, kein Vielfaches der %2 ihres Elements</translation>
+    </message>
+    <message>
+        <source>a truth value</source>
+        <translation>ein Wahrheitswert</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>eine Zahl</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>a byte string</source>
+        <translation>eine Bytefolge</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>eine Liste</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>ein Objekt</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>the message nests deeper than %1 levels</source>
+        <translation>die Nachricht ist tiefer als %1 Ebenen geschachtelt</translation>
+    </message>
+    <message>
+        <source>the text is not valid JSON: %1, at byte %2</source>
+        <translation>der Text ist kein gültiges JSON: %1, bei Byte %2</translation>
+    </message>
+    <message>
+        <source>the message is not a JSON object</source>
+        <translation>die Nachricht ist kein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>the message gives a field twice</source>
+        <translation>die Nachricht gibt ein Feld zweimal an</translation>
+    </message>
+    <message>
+        <source>the data is not valid CBOR: %1, at byte %2</source>
+        <translation>die Daten sind kein gültiges CBOR: %1, bei Byte %2</translation>
+    </message>
+    <message>
+        <source>the message is %1, not an object</source>
+        <translation>die Nachricht ist %1, kein Objekt</translation>
+    </message>
+    <message>
+        <source>found %1, not an array of numbers</source>
+        <translation>gefunden: %1, keine Zahlenliste</translation>
+    </message>
+    <message>
+        <source>element %1 is %2, not a number</source>
+        <translation>Element %1 ist %2, keine Zahl</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::protocol::Fields</name>
+    <message>
+        <source>is %1, not a number</source>
+        <translation>ist %1, keine Zahl</translation>
+    </message>
+    <message>
+        <source>is %1, not a whole number from %2 to %3</source>
+        <translation>ist %1, keine ganze Zahl von %2 bis %3</translation>
+    </message>
+    <message>
+        <source>is %1, not true or false</source>
+        <translation>ist %1, nicht true oder false</translation>
+    </message>
+    <message>
+        <source>is %1, not text</source>
+        <translation>ist %1, kein Text</translation>
+    </message>
+    <message>
+        <source>is %1, not an array of texts</source>
+        <translation>ist %1, keine Liste von Texten</translation>
+    </message>
+    <message>
+        <source>has %1 as element %2, not text</source>
+        <translation>hat als Element %2 %1, keinen Text</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>is %1, not an object</source>
+        <translation>ist %1, kein Objekt</translation>
+    </message>
+    <message>
+        <source>the field &quot;%1&quot; %2</source>
+        <translation>das Feld „%1“ %2</translation>
+    </message>
+    <message>
+        <source>is missing</source>
+        <translation>fehlt</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::server::ClientSession</name>
+    <message>
+        <source>more than %1 messages a second</source>
+        <translation>mehr als %1 Nachrichten je Sekunde</translation>
+    </message>
+    <message>
+        <source>it does not read its answers</source>
+        <translation>er liest seine Antworten nicht</translation>
+    </message>
+    <message>
+        <source>this client reads too slowly: messages of topics are dropped</source>
+        <translation>dieser Client liest zu langsam: Nachrichten von Topics werden verworfen</translation>
+    </message>
+    <message>
+        <source>it did not answer for %1 s</source>
+        <translation>er hat %1 s lang nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>it closed the connection</source>
+        <translation>er hat die Verbindung geschlossen</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::server::Conversation</name>
+    <message>
+        <source>this robot does not know the operation</source>
+        <translation>dieser Roboter kennt die Operation nicht</translation>
+    </message>
+    <message>
+        <source>level must be none, error, warning or info</source>
+        <translation>level muss none, error, warning oder info sein</translation>
+    </message>
+    <message>
+        <source>the level is &quot;%1&quot;</source>
+        <translation>die Stufe ist „%1“</translation>
+    </message>
+    <message>
+        <source>the type of &quot;%1&quot; is %2, not %3</source>
+        <translation>der Typ von „%1“ ist %2, nicht %3</translation>
+    </message>
+    <message>
+        <source>a client may advertise at most %1 topics</source>
+        <translation>ein Client darf höchstens %1 Topics anmelden</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is advertised</source>
+        <translation>„%1“ ist angemeldet</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no longer advertised</source>
+        <translation>„%1“ ist nicht mehr angemeldet</translation>
+    </message>
+    <message>
+        <source>this client did not advertise &quot;%1&quot;</source>
+        <translation>dieser Client hat „%1“ nicht angemeldet</translation>
+    </message>
+    <message>
+        <source>the robot takes commands on &quot;%1&quot; and publishes nothing there</source>
+        <translation>der Roboter nimmt auf „%1“ Befehle an und veröffentlicht dort nichts</translation>
+    </message>
+    <message>
+        <source>a client may have at most %1 subscriptions</source>
+        <translation>ein Client darf höchstens %1 Abonnements haben</translation>
+    </message>
+    <message>
+        <source>queue_length is reduced to %1, the most there is</source>
+        <translation>queue_length ist auf %1 verringert, mehr gibt es nicht</translation>
+    </message>
+    <message>
+        <source>fragment_size is ignored, messages come whole</source>
+        <translation>fragment_size wird nicht beachtet, Nachrichten kommen ganz</translation>
+    </message>
+    <message>
+        <source>subscribed to &quot;%1&quot;</source>
+        <translation>„%1“ ist abonniert</translation>
+    </message>
+    <message>
+        <source>there is no such subscription to &quot;%1&quot;</source>
+        <translation>es gibt kein solches Abonnement von „%1“</translation>
+    </message>
+    <message>
+        <source>unsubscribed from &quot;%1&quot;</source>
+        <translation>„%1“ ist abbestellt</translation>
+    </message>
+    <message>
+        <source>the robot called no service of this client</source>
+        <translation>der Roboter hat keinen Dienst dieses Clients aufgerufen</translation>
+    </message>
+    <message>
+        <source>the compression &quot;%1&quot; is unknown here; use none or cbor</source>
+        <translation>die Kompression „%1“ ist hier unbekannt; verwenden Sie none oder cbor</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::server::Endpoint</name>
+    <message>
+        <source>the robot shuts down</source>
+        <translation>der Roboter fährt herunter</translation>
+    </message>
+    <message>
+        <source>client %1 (%2)</source>
+        <translation>Client %1 (%2)</translation>
+    </message>
+    <message>
+        <source>the robot serves at most %1 clients</source>
+        <translation>der Roboter bedient höchstens %1 Clients</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::server::Request</name>
+    <message>
+        <source>%1 must be there, and not empty</source>
+        <translation>%1 muss da und darf nicht leer sein</translation>
+    </message>
+    <message>
+        <source>%1 must be a whole number from 0 to %2</source>
+        <translation>%1 muss eine ganze Zahl von 0 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>%1 must be an object</source>
+        <translation>%1 muss ein Objekt sein</translation>
+    </message>
+    <message>
+        <source>%1 must be text</source>
+        <translation>%1 muss Text sein</translation>
+    </message>
+    <message>
+        <source>%1 is longer than %2 characters</source>
+        <translation>%1 ist länger als %2 Zeichen</translation>
+    </message>
+    <message>
+        <source>id must be a finite number, or text of at most %1 characters</source>
+        <translation>id muss eine endliche Zahl sein oder Text von höchstens %1 Zeichen</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::server::ServiceRegistry</name>
+    <message>
+        <source>this robot has no service &quot;%1&quot;; /rosapi/services lists them</source>
+        <translation>dieser Roboter hat keinen Dienst „%1“; /rosapi/services listet sie auf</translation>
+    </message>
+    <message>
+        <source>args of &quot;%1&quot; must be an object, or a list of at most %2 values</source>
+        <translation>args von „%1“ muss ein Objekt sein oder eine Liste von höchstens %2 Werten</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::server::TopicRegistry</name>
+    <message>
+        <source>this robot has no topic &quot;%1&quot;; /rosapi/topics lists them</source>
+        <translation>dieser Roboter hat kein Topic „%1“; /rosapi/topics listet sie auf</translation>
+    </message>
+    <message>
+        <source>the robot itself publishes &quot;%1&quot; and takes no message there</source>
+        <translation>der Roboter selbst veröffentlicht „%1“ und nimmt dort keine Nachricht an</translation>
     </message>
 </context>
 </TS>

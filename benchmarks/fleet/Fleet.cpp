@@ -1,6 +1,6 @@
 #include "Fleet.h"
 
-#include "host/workbench/DeviceView.h"
+#include "host/workbench/window/DeviceView.h"
 #include "olm/core/Vector.h"
 
 #include <QDockWidget>
@@ -48,7 +48,7 @@ bool Fleet::connectAll()
     for (auto& device : m_devices)
         device.connectDevice();
     const auto isReady = [](const host::device::Device& device) {
-        return device.connectionState() == host::device::Connection::connected &&
+        return device.connectionState() == host::device::connection::Connection::connected &&
                !device.read(VariableKind::Input, "scan").isEmpty();
     };
     for (const auto& device : m_devices) {

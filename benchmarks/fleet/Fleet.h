@@ -4,9 +4,9 @@
 #include "RobotProcess.h"
 
 #include "host/device/Device.h"
-#include "host/workbench/PluginLoader.h"
-#include "host/workbench/Services.h"
-#include "host/workbench/Window.h"
+#include "host/workbench/plugin/PluginEnvironment.h"
+#include "host/workbench/plugin/PluginLoader.h"
+#include "host/workbench/window/Window.h"
 
 #include <QTemporaryDir>
 
@@ -32,10 +32,10 @@ public:
 private:
     QTemporaryDir m_settings;
     std::deque<RobotProcess> m_robots;
-    host::workbench::Services m_services;
-    host::workbench::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
+    host::workbench::plugin::PluginEnvironment m_services;
+    host::workbench::plugin::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
     std::deque<host::device::Device> m_devices;
-    host::workbench::Window m_window{m_plugin, m_services};
+    host::workbench::window::Window m_window{m_plugin, m_services};
 };
 
 #endif

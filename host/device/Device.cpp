@@ -1,12 +1,13 @@
 #include "host/device/Device.h"
 
-#include "host/device/ClassName.h"
-#include "host/device/ConfigDefaults.h"
-#include "host/device/MessageRole.h"
-#include "host/device/PositionStore.h"
-#include "host/device/Services.h"
+#include "host/device/Environment.h"
 #include "host/device/SimulationDirectExecRole.h"
-#include "host/device/TracedCall.h"
+#include "host/device/connection/MessageRole.h"
+#include "host/device/trace/ClassName.h"
+#include "host/device/trace/TracedCall.h"
+#include "host/device/variables/ConfigDefaults.h"
+#include "host/device/variables/Latin1.h"
+#include "host/device/variables/PositionStore.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/HostCall.h"
@@ -35,16 +36,6 @@ constexpr const char* addressName = "ipAddress";
 const QString scanTopic = QStringLiteral("/scan");
 const QString jointsTopic = QStringLiteral("/joint_states");
 
-std::string toBytes(const QString& text)
-{
-    return text.toLatin1().toStdString();
-}
-
-QString toText(const std::string& bytes)
-{
-    return QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size()));
-}
-
 bool haveSameType(const Device::Variant& a, const Device::Variant& b)
 {
     // By name, as Variant::get() compares.
@@ -53,8 +44,8 @@ bool haveSameType(const Device::Variant& a, const Device::Variant& b)
 
 } // namespace
 
-Device::Device(const QString& name, const QString& storageFolder, Services& services,
-               const Timing& timing, QObject* parent)
+Device::Device(const QString& name, const QString& storageFolder, Environment& services,
+               const connection::Timing& timing, QObject* parent)
     : QObject(parent),
       m_name(name),
       m_services(services),
@@ -67,29 +58,31 @@ Device::Device(const QString& name, const QString& storageFolder, Services& serv
     loadConfig();
     m_variables.set(VariableKind::State, "connectedToSimulator", false);
 
-    connect(&m_variables, &Variables::changed, this, &Device::deliver);
-    connect(&m_connection, &Connection::stateChanged, this, &Device::onStateChanged);
-    connect(&m_connection, &Connection::statusChanged, this, &Device::statusChanged);
-    connect(&m_connection, &Connection::message, this,
+    connect(&m_variables, &variables::Variables::changed, this, &Device::deliver);
+    connect(&m_connection, &connection::Connection::stateChanged, this, &Device::onStateChanged);
+    connect(&m_connection, &connection::Connection::statusChanged, this, &Device::statusChanged);
+    connect(&m_connection, &connection::Connection::message, this,
             [this](DataRole role, const QString& text) { sendMessage(role, text); });
-    connect(&m_connection, &Connection::simulatorChanged, this, [this](bool isSimulator) {
-        m_variables.set(VariableKind::State, "connectedToSimulator", isSimulator);
-    });
-    connect(&m_cameraRate, &CameraRate::changed, this, [this](unsigned int rate) {
+    connect(&m_connection, &connection::Connection::simulatorChanged, this,
+            [this](bool isSimulator) {
+                m_variables.set(VariableKind::State, "connectedToSimulator", isSimulator);
+            });
+    connect(&m_cameraRate, &readers::CameraRate::changed, this, [this](unsigned int rate) {
         m_variables.set(VariableKind::Input, "cameraFrequency", rate);
     });
-    connect(&m_commands, &Commands::message, this,
+    connect(&m_commands, &connection::Commands::message, this,
             [this](DataRole role, const QString& text) { sendMessage(role, text); });
-    connect(&m_faults, &Faults::wrongTypeChanged, &m_variables, &Variables::repeat);
-    connect(&m_faults, &Faults::writeRefused, this, &Device::onWriteRefused);
-    connect(&m_offer, &Offer::message, this,
+    connect(&m_faults, &faults::Faults::wrongTypeChanged, &m_variables,
+            &variables::Variables::repeat);
+    connect(&m_faults, &faults::Faults::writeRefused, this, &Device::onWriteRefused);
+    connect(&m_offer, &connection::Offer::message, this,
             [this](DataRole role, const QString& text) { sendMessage(role, text); });
-    connect(&m_offer, &Offer::ready, this, [this] {
-        if (m_connection.state() == Connection::connected)
+    connect(&m_offer, &connection::Offer::ready, this, [this] {
+        if (m_connection.state() == connection::Connection::connected)
             applyAllSettings();
     });
-    connect(&names(), &Names::problem, this, &Device::say);
-    say(names().load(storageFolder, name));
+    connect(&remappings(), &connection::Remappings::problem, this, &Device::say);
+    say(remappings().load(storageFolder, name));
     m_connection.follow(scanTopic, QStringLiteral("sensor_msgs/LaserScan"),
                         [this](const QCborMap& message) { onScan(message); });
     m_connection.follow(jointsTopic, QStringLiteral("sensor_msgs/JointState"),
@@ -103,7 +96,7 @@ void Device::loadConfig()
     say(m_storage.load());
     for (const auto& [name, value] : m_storage.values())
         m_variables.set(VariableKind::Config, name.c_str(), value);
-    for (const ConfigDefault& variable : configDefaults()) {
+    for (const variables::ConfigDefault& variable : variables::configDefaults()) {
         const char* const name = variable.name.c_str();
         const Variant stored = m_variables.value(VariableKind::Config, name);
         if (haveSameType(stored, variable.value))
@@ -128,12 +121,13 @@ DeviceWidget* Device::loadWidget(const plugin::gui::Interface& factory, const ch
 
 DeviceWidget* Device::build(const plugin::gui::Interface& factory, const char* widgetName)
 {
-    const Arguments arguments{{"device", std::string(factoryName)},
-                              {"widget", std::string(widgetName)}};
-    TracedCall call(m_traffic, {Call::Direction::ToPlugin, "loadDeviceWidget", nullptr,
-                                std::make_shared<const Arguments>(arguments)});
+    const trace::Arguments arguments{{"device", std::string(factoryName)},
+                                     {"widget", std::string(widgetName)}};
+    trace::TracedCall call(m_traffic,
+                           {trace::PluginCall::Direction::ToPlugin, "loadDeviceWidget", nullptr,
+                            std::make_shared<const trace::Arguments>(arguments)});
     DeviceWidget* const widget = factory.loadDeviceWidget(factoryName, widgetName, m_tracedHost);
-    call.answer(widget ? Variant(className(typeid(*widget))) : Variant());
+    call.answer(widget ? Variant(trace::className(typeid(*widget))) : Variant());
     return widget;
 }
 
@@ -152,7 +146,7 @@ void Device::setDefaultAddress(const QString& address)
 
 void Device::overrideAddress(const QString& address)
 {
-    m_variables.set(VariableKind::Config, addressName, toBytes(address));
+    m_variables.set(VariableKind::Config, addressName, variables::toLatin1(address));
 }
 
 void Device::registerInput(const char* name, bool on)
@@ -191,13 +185,13 @@ Device::Variant Device::read(VariableKind kind, const char* name) const
 void Device::write(VariableKind kind, const char* name, const Variant& value)
 {
     const QWidget* const widget = plugin::gui::HostCall::caller();
-    m_variables.set(kind, name, value, widget ? className(typeid(*widget)) : QString());
+    m_variables.set(kind, name, value, widget ? trace::className(typeid(*widget)) : QString());
     if (kind != VariableKind::Config)
         return;
     m_storage.set(name, value);
     if (!m_variables.isInTransaction())
         say(m_storage.save());
-    if (m_connection.state() >= Connection::connected)
+    if (m_connection.state() >= connection::Connection::connected)
         applySetting(name, value);
 }
 
@@ -226,7 +220,7 @@ void Device::endTransaction()
 bool Device::connectDevice()
 {
     const auto address = read(VariableKind::Config, addressName).get<std::string>();
-    return m_connection.open(toText(address));
+    return m_connection.open(variables::fromLatin1(address));
 }
 
 bool Device::disconnectDevice()
@@ -310,7 +304,7 @@ void Device::say(const QString& problem)
 void Device::deliver(const plugin::gui::HistoryBundleContent& content)
 {
     plugin::gui::HistoryBundleContent seen;
-    Arguments arguments;
+    trace::Arguments arguments;
     content.forEach([&](VariableKind kind, const std::string& name, const Variant& value) {
         arguments.push_back({name, m_faults.seen(kind, name, value)});
         seen.insert(kind, name, arguments.back().value);
@@ -335,7 +329,7 @@ void Device::applyAllSettings()
     m_commands.sendOffered([this] {
         for (const char* name : {"disableDriveSystem", "camera_resolution"})
             applySetting(name, read(VariableKind::Config, name));
-        for (int line = 0; line < Commands::lineCount; ++line) {
+        for (int line = 0; line < connection::Commands::lineCount; ++line) {
             const QByteArray name = QByteArray("line") + QByteArray::number(line) + "_enabled";
             m_commands.enableLine(line, read(VariableKind::Config, name.constData()).toBool());
         }
@@ -349,21 +343,20 @@ void Device::onScan(const QCborMap& message)
     QString fault;
     if (const auto scan = m_scanReader.read(message, &fault))
         m_variables.set(VariableKind::Input, "scan", *scan);
-    report(laserLogLine, scanTopic, fault, m_scanError);
+    report(connection::laserLogLine, scanTopic, fault, m_scanError);
 }
 
 void Device::onJointState(const QCborMap& message)
 {
-    report(manipulatorLogLine, jointsTopic, m_armPose.read(message), m_armPoseError);
+    report(connection::manipulatorLogLine, jointsTopic, m_armPose.read(message), m_armPoseError);
 }
 
 /// Says what is wrong with a topic's messages when that changes, not with each of them.
 void Device::report(DataRole log, const QString& topic, const QString& fault, QString& lastError)
 {
-    const QString error =
-        fault.isEmpty()
-            ? QString()
-            : tr("A message of the topic %1 is ignored: %2.").arg(names().theirs(topic), fault);
+    const QString error = fault.isEmpty() ? QString()
+                                          : tr("A message of the topic %1 is ignored: %2.")
+                                                .arg(remappings().theirs(topic), fault);
     if (error == lastError)
         return;
     lastError = error;
@@ -373,24 +366,24 @@ void Device::report(DataRole log, const QString& topic, const QString& fault, QS
 
 void Device::storePose()
 {
-    const std::optional<ArmPose::Axes> pose = m_armPose.axes();
-    sendMessage(manipulatorLogLine,
-                pose ? PositionStore(*this).add(*pose)
+    const std::optional<readers::ArmPose::Axes> pose = m_armPose.axes();
+    sendMessage(connection::manipulatorLogLine,
+                pose ? variables::PositionStore(*this).add(*pose)
                      : tr("The arm's position was not stored: the robot has not told where all "
                           "axes are. Connect to a robot with an arm and try again."));
 }
 
 void Device::onStateChanged(int state)
 {
-    if (state == Connection::notConnected) {
+    if (state == connection::Connection::notConnected) {
         m_armPose.forget();
         m_cameraRate.reset();
     }
     Q_EMIT connectionStateChanged(state);
-    sendMessage(connectionStateMessage, state);
-    if (m_isConnected && state == Connection::connected)
+    sendMessage(connection::connectionStateMessage, state);
+    if (m_isConnected && state == connection::Connection::connected)
         applyAllSettings(); // the other client is gone
-    const bool isConnected = state >= Connection::connected;
+    const bool isConnected = state >= connection::Connection::connected;
     if (isConnected == m_isConnected)
         return;
     m_isConnected = isConnected;
@@ -401,11 +394,12 @@ void Device::onStateChanged(int state)
 }
 
 /// The widget is told that what it wrote does not hold.
-void Device::onWriteRefused(const Variables::Key& key)
+void Device::onWriteRefused(const variables::Variables::Key& key)
 {
     m_variables.repeat(key);
-    sendMessage(baseLogLine, tr("\"%1\" was not changed: the device refuses what is written.")
-                                 .arg(QLatin1String(key.second.c_str())));
+    sendMessage(connection::baseLogLine,
+                tr("\"%1\" was not changed: the device refuses what is written.")
+                    .arg(QLatin1String(key.second.c_str())));
 }
 
 void Device::sendMessage(DataRole role, const Variant& value)
@@ -415,7 +409,7 @@ void Device::sendMessage(DataRole role, const Variant& value)
 }
 
 /// In the order of the calls, out of the event loop.
-void Device::notify(const char* what, const Arguments& arguments,
+void Device::notify(const char* what, const trace::Arguments& arguments,
                     const std::function<void(DeviceWidget&)>& call)
 {
     QMetaObject::invokeMethod(

@@ -1,19 +1,19 @@
 #ifndef HOST_DEVICE_DEVICE_H
 #define HOST_DEVICE_DEVICE_H
 
-#include "host/device/ArmPose.h"
-#include "host/device/CameraRate.h"
-#include "host/device/Commands.h"
-#include "host/device/ConfigStorage.h"
-#include "host/device/Connection.h"
-#include "host/device/Faults.h"
-#include "host/device/Offer.h"
-#include "host/device/ScanReader.h"
-#include "host/device/Timing.h"
-#include "host/device/TracedHost.h"
-#include "host/device/Traffic.h"
-#include "host/device/Variables.h"
 #include "host/device/WidgetList.h"
+#include "host/device/connection/Commands.h"
+#include "host/device/connection/Connection.h"
+#include "host/device/connection/Offer.h"
+#include "host/device/connection/Timing.h"
+#include "host/device/faults/Faults.h"
+#include "host/device/readers/ArmPose.h"
+#include "host/device/readers/CameraRate.h"
+#include "host/device/readers/ScanReader.h"
+#include "host/device/trace/TracedHost.h"
+#include "host/device/trace/Traffic.h"
+#include "host/device/variables/ConfigStorage.h"
+#include "host/device/variables/Variables.h"
 #include "plugin/gui/DeviceHost.h"
 #include "plugin/plugin/DataRole.h"
 
@@ -28,7 +28,7 @@ class Interface;
 
 namespace host::device {
 
-class Services;
+class Environment;
 
 /// One Quandrel robot as the plugin's widgets see it: its variables, its stored configuration
 /// and its connection. Widgets are notified out of the event loop only, never within a call of
@@ -42,8 +42,8 @@ public:
 
     /// @p name is shown to people and is the key of what is stored in @p storageFolder, which is
     /// made where it is missing. @p services outlives the device.
-    Device(const QString& name, const QString& storageFolder, Services& services,
-           const Timing& timing = {}, QObject* parent = nullptr);
+    Device(const QString& name, const QString& storageFolder, Environment& services,
+           const connection::Timing& timing = {}, QObject* parent = nullptr);
     /// All widgets are gone by now.
     ~Device() override;
 
@@ -69,22 +69,22 @@ public:
     QString status() const { return m_connection.status(); }
 
     /// For views that follow topics of their own.
-    Connection& connection() { return m_connection; }
+    connection::Connection& connection() { return m_connection; }
 
     /// What the robot calls what the device uses of it; remembered beside the configuration.
-    Names& names() { return m_connection.names(); }
+    connection::Remappings& remappings() { return m_connection.remappings(); }
 
     /// What the robot has of that.
-    Offer& offer() { return m_offer; }
+    connection::Offer& offer() { return m_offer; }
 
     /// For developers' tools: what they set here counts as set by the device, and is not stored.
-    Variables& variables() { return m_variables; }
+    variables::Variables& variables() { return m_variables; }
 
     /// All calls between this device and its widgets.
-    Traffic& traffic() { return m_traffic; }
+    trace::Traffic& traffic() { return m_traffic; }
 
     /// What goes wrong on purpose.
-    Faults& faults() { return m_faults; }
+    faults::Faults& faults() { return m_faults; }
 
     /// Tells all widgets, out of the event loop. Developers' tools may send what no device would.
     void sendMessage(plugin::plugin::DataRole role, const Variant& value);
@@ -133,26 +133,26 @@ private:
                 QString& lastError);
     void storePose();
     void onStateChanged(int state);
-    void onWriteRefused(const Variables::Key& key);
-    void notify(const char* what, const Arguments& arguments,
+    void onWriteRefused(const variables::Variables::Key& key);
+    void notify(const char* what, const trace::Arguments& arguments,
                 const std::function<void(plugin::gui::DeviceWidget&)>& call);
 
     QString m_name;
-    Services& m_services;
-    Variables m_variables;
-    ConfigStorage m_storage;
-    Faults m_faults;
-    Connection m_connection;
-    Offer m_offer;
-    CameraRate m_cameraRate;
-    Commands m_commands;
-    ScanReader m_scanReader;
+    Environment& m_services;
+    variables::Variables m_variables;
+    variables::ConfigStorage m_storage;
+    faults::Faults m_faults;
+    connection::Connection m_connection;
+    connection::Offer m_offer;
+    readers::CameraRate m_cameraRate;
+    connection::Commands m_commands;
+    readers::ScanReader m_scanReader;
     QString m_scanError; // the last one said, empty since a good scan
-    ArmPose m_armPose;
+    readers::ArmPose m_armPose;
     QString m_armPoseError;     // likewise
     bool m_isConnected = false; // as the widgets were told
-    Traffic m_traffic;
-    TracedHost m_tracedHost{*this, m_traffic, m_faults}; // what the widgets are built on
+    trace::Traffic m_traffic;
+    trace::TracedHost m_tracedHost{*this, m_traffic, m_faults}; // what the widgets are built on
     WidgetList m_widgets{m_traffic};
     int m_loads = 0; // loadWidget() calls under way
 };

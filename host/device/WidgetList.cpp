@@ -1,7 +1,7 @@
 #include "host/device/WidgetList.h"
 
-#include "host/device/ClassName.h"
-#include "host/device/TracedCall.h"
+#include "host/device/trace/ClassName.h"
+#include "host/device/trace/TracedCall.h"
 #include "plugin/gui/DeviceWidget.h"
 
 #include <QDebug>
@@ -31,16 +31,16 @@ void WidgetList::translateNew()
     forEach(true, "translate", {}, [](Widget& widget) { widget.translate(); });
 }
 
-void WidgetList::deliver(const char* what, Arguments arguments,
+void WidgetList::deliver(const char* what, trace::Arguments arguments,
                          const std::function<void(Widget&)>& notify)
 {
     forEach(false, what, std::move(arguments), notify);
 }
 
-void WidgetList::forEach(bool isNew, const char* what, Arguments arguments,
+void WidgetList::forEach(bool isNew, const char* what, trace::Arguments arguments,
                          const std::function<void(Widget&)>& notify)
 {
-    const auto shared = std::make_shared<const Arguments>(std::move(arguments));
+    const auto shared = std::make_shared<const trace::Arguments>(std::move(arguments));
     ++m_deliveries;
     // By index, and not beyond the present end: a handler may append.
     const std::size_t end = m_entries.size();
@@ -49,7 +49,7 @@ void WidgetList::forEach(bool isNew, const char* what, Arguments arguments,
         if (!widget || m_entries[i].isNew != isNew)
             continue;
         m_entries[i].isNew = false;
-        call({Call::Direction::ToPlugin, what, widget, shared}, *widget, notify);
+        call({trace::PluginCall::Direction::ToPlugin, what, widget, shared}, *widget, notify);
     }
     if (--m_deliveries > 0)
         return;
@@ -58,15 +58,16 @@ void WidgetList::forEach(bool isNew, const char* what, Arguments arguments,
                     m_entries.end());
 }
 
-void WidgetList::call(const Call& call, Widget& widget, const std::function<void(Widget&)>& notify)
+void WidgetList::call(const trace::PluginCall& call, Widget& widget,
+                      const std::function<void(Widget&)>& notify)
 {
     // The handler may delete the widget.
     const auto warn = [&call](const char* reason) {
-        qWarning("%s::%s threw an exception: %s", qPrintable(className(*call.widgetClass)),
+        qWarning("%s::%s threw an exception: %s", qPrintable(trace::className(*call.widgetClass)),
                  call.name, reason);
     };
     try {
-        const TracedCall traced(m_traffic, call);
+        const trace::TracedCall traced(m_traffic, call);
         notify(widget);
     } catch (const std::exception& exception) {
         warn(exception.what());

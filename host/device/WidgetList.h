@@ -1,7 +1,7 @@
 #ifndef HOST_DEVICE_WIDGETLIST_H
 #define HOST_DEVICE_WIDGETLIST_H
 
-#include "host/device/Call.h"
+#include "host/device/trace/PluginCall.h"
 
 #include <functional>
 #include <memory>
@@ -11,9 +11,11 @@ namespace plugin::gui {
 class DeviceWidget;
 }
 
-namespace host::device {
-
+namespace host::device::trace {
 class Traffic;
+} // namespace host::device::trace
+
+namespace host::device {
 
 /// The widgets of one device, whatever their place in the widget tree, and how one is called.
 /// A handler may delete widgets, its own too, and build new ones; an exception that leaves it
@@ -24,7 +26,7 @@ public:
     using Widget = plugin::gui::DeviceWidget;
 
     /// The calls of widgets are noted in @p traffic, which outlives the list.
-    explicit WidgetList(Traffic& traffic) : m_traffic(traffic) {}
+    explicit WidgetList(trace::Traffic& traffic) : m_traffic(traffic) {}
 
     /// @p widget is still under construction and gets nothing before translateNew().
     void add(Widget& widget);
@@ -35,7 +37,8 @@ public:
     void translateNew();
     /// Calls @p notify with each welcomed widget; @p what names the notification, and
     /// @p arguments are what it gives each of them.
-    void deliver(const char* what, Arguments arguments, const std::function<void(Widget&)>& notify);
+    void deliver(const char* what, trace::Arguments arguments,
+                 const std::function<void(Widget&)>& notify);
 
 private:
     struct Entry
@@ -44,11 +47,12 @@ private:
         bool isNew;
     };
 
-    void forEach(bool isNew, const char* what, Arguments arguments,
+    void forEach(bool isNew, const char* what, trace::Arguments arguments,
                  const std::function<void(Widget&)>& notify);
-    void call(const Call& call, Widget& widget, const std::function<void(Widget&)>& notify);
+    void call(const trace::PluginCall& call, Widget& widget,
+              const std::function<void(Widget&)>& notify);
 
-    Traffic& m_traffic;
+    trace::Traffic& m_traffic;
     std::vector<Entry> m_entries; // a removed one is null until no delivery is under way
     int m_deliveries = 0;         // under way, within each other
 };

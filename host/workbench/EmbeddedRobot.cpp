@@ -2,7 +2,7 @@
 
 namespace host::workbench {
 
-using robot::link::Address;
+using rosbridge::protocol::Address;
 
 namespace {
 

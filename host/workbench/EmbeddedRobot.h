@@ -2,7 +2,7 @@
 #define HOST_WORKBENCH_EMBEDDEDROBOT_H
 
 #include "robot/Robot.h"
-#include "robot/link/Address.h"
+#include "rosbridge/protocol/Address.h"
 
 #include <QString>
 
@@ -15,7 +15,8 @@ class EmbeddedRobot
 public:
     /// Starts at once, on any free port where @p port is taken. The same @p seed makes the same
     /// world at every start.
-    explicit EmbeddedRobot(quint16 port = robot::link::Address::defaultPort, quint32 seed = 1);
+    explicit EmbeddedRobot(quint16 port = rosbridge::protocol::Address::defaultPort,
+                           quint32 seed = 1);
 
     /// Where it listens; empty if it could not start.
     QString address() const;

@@ -1,7 +1,7 @@
 #include "host/workbench/Options.h"
 
-#include "host/workbench/Appearance.h"
-#include "host/workbench/Language.h"
+#include "host/workbench/preferences/Appearance.h"
+#include "host/workbench/preferences/Language.h"
 
 #include <QCommandLineParser>
 
@@ -70,12 +70,12 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
     const QCommandLineOption language(
         "language",
         tr("Language of the texts: %1 (default: the one chosen last, or the system's).")
-            .arg(Language::codes().join(", ")),
+            .arg(preferences::Language::codes().join(", ")),
         "CODE");
     const QCommandLineOption appearance(
         "appearance",
         tr("Appearance of the windows: %1 (default: the one chosen last, or the system's).")
-            .arg(Appearance::codes().join(", ")),
+            .arg(preferences::Appearance::codes().join(", ")),
         "NAME");
     const QCommandLineOption scale = scaleOption();
     const QCommandLineOption tour(
@@ -116,16 +116,18 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
         options.robot = !parser.isSet(noRobot);
         options.tourFolder = parser.value(tour);
         options.language = parser.value(language);
-        if (parser.isSet(language) && !Language::codes().contains(options.language)) {
+        if (parser.isSet(language) && !preferences::Language::codes().contains(options.language)) {
             return refuse(tr("--language: \"%1\" is not a language of this program. Choose one of "
                              "%2.")
-                              .arg(options.language, Language::codes().join(", ")));
+                              .arg(options.language, preferences::Language::codes().join(", ")));
         }
         options.appearance = parser.value(appearance);
-        if (parser.isSet(appearance) && !Appearance::codes().contains(options.appearance)) {
-            return refuse(tr("--appearance: \"%1\" is not an appearance of this program. Choose "
-                             "one of %2.")
-                              .arg(options.appearance, Appearance::codes().join(", ")));
+        if (parser.isSet(appearance) &&
+            !preferences::Appearance::codes().contains(options.appearance)) {
+            return refuse(
+                tr("--appearance: \"%1\" is not an appearance of this program. Choose "
+                   "one of %2.")
+                    .arg(options.appearance, preferences::Appearance::codes().join(", ")));
         }
         if (parser.isSet(scale) && !factor(parser.value(scale))) {
             return refuse(tr("--scale: \"%1\" is not a factor. Give a number from %2 to %3, such "
@@ -151,13 +153,13 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString* err
             }
         }
         for (const QString& text : parser.values(address)) {
-            const auto parsed = robot::link::Address::parse(text, &reason);
+            const auto parsed = rosbridge::protocol::Address::parse(text, &reason);
             if (!parsed)
                 return refuse("--address: " + reason);
             options.addresses.append(*parsed);
         }
         for (const QString& text : parser.values(remap)) {
-            const auto mapping = device::Names::parseOption(text, &reason);
+            const auto mapping = device::connection::Remappings::parseOption(text, &reason);
             if (!mapping)
                 return refuse("--remap: " + reason);
             options.names.append(*mapping);

@@ -1,12 +1,12 @@
 #include "host/device/Device.h"
-#include "host/workbench/DeviceView.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/Options.h"
-#include "host/workbench/PluginLoader.h"
-#include "host/workbench/Services.h"
-#include "host/workbench/WheelGuard.h"
-#include "host/workbench/Window.h"
+#include "host/workbench/plugin/PluginEnvironment.h"
+#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/tour/Tour.h"
+#include "host/workbench/window/DeviceView.h"
+#include "host/workbench/window/WheelGuard.h"
+#include "host/workbench/window/Window.h"
 #include "robot/TerminationSignals.h"
 
 #include <QApplication>
@@ -36,7 +36,7 @@ struct Station
     std::optional<host::device::Device> device;
 };
 
-int show(Window& window)
+int show(window::Window& window)
 {
     const robot::TerminationSignals termination;
     QObject::connect(&termination, &robot::TerminationSignals::received, &window, [&window] {
@@ -47,7 +47,7 @@ int show(Window& window)
     return QApplication::exec();
 }
 
-int take(Tour& tour)
+int take(tour::Tour& tour)
 {
     const robot::TerminationSignals termination;
     QObject::connect(&termination, &robot::TerminationSignals::received, [&tour] { tour.stop(); });
@@ -89,9 +89,9 @@ int main(int argc, char** argv)
     QApplication::setApplicationName("device-workbench");
     QApplication::setApplicationVersion(WORKBENCH_VERSION);
 
-    const WheelGuard wheelGuard;
-    Services services;
-    services.language().use(Language::system());
+    const window::WheelGuard wheelGuard;
+    host::workbench::plugin::PluginEnvironment services;
+    services.language().use(preferences::Language::system());
     QString error;
     const std::optional<Options> options = Options::parse(arguments, &error);
     if (!options)
@@ -110,7 +110,7 @@ int main(int argc, char** argv)
     QStringList badLines; // of the recording, the same for each robot
     const std::size_t robots = options->robot ? stations.size() : 0;
     for (std::size_t i = 0; i < robots; ++i) {
-        const auto port = static_cast<quint16>(robot::link::Address::defaultPort + i);
+        const auto port = static_cast<quint16>(rosbridge::protocol::Address::defaultPort + i);
         EmbeddedRobot& robot = stations[i].robot.emplace(port, static_cast<quint32>(i + 1));
         const robot::LaserLogOptions& laserLog = options->laserLog;
         if (!laserLog.file().isEmpty() &&
@@ -132,9 +132,10 @@ int main(int argc, char** argv)
     if (!options->appearance.isEmpty())
         services.appearance().use(options->appearance);
 
-    const PluginLoader plugin(options->pluginFile.isEmpty() ? PluginLoader::defaultFile()
-                                                            : options->pluginFile);
-    Window window(plugin, services);
+    const host::workbench::plugin::PluginLoader plugin(
+        options->pluginFile.isEmpty() ? host::workbench::plugin::PluginLoader::defaultFile()
+                                      : options->pluginFile);
+    window::Window window(plugin, services);
     for (std::size_t i = 0; i < stations.size(); ++i) {
         auto& [robot, device] = stations[i];
         const auto index = static_cast<int>(i);
@@ -145,8 +146,8 @@ int main(int argc, char** argv)
         if (index < options->addresses.size())
             device->overrideAddress(options->addresses.at(index).toString());
         for (const auto& [ours, theirs] : options->names)
-            device->names().set(ours, theirs);
-        DeviceView& view = window.add(*device, robotAddress);
+            device->remappings().set(ours, theirs);
+        window::DeviceView& view = window.add(*device, robotAddress);
         if (robot && !robot->error().isEmpty())
             view.notify(robot->error());
     }
@@ -157,7 +158,7 @@ int main(int argc, char** argv)
             "main", "The standard error names further lines that cannot be read."));
     }
     if (isTour) {
-        Tour tour(options->tourFolder, window, plugin, services);
+        tour::Tour tour(options->tourFolder, window, plugin, services);
         return take(tour);
     }
     window.restoreLayout(stateFolder());

@@ -1,14 +1,14 @@
 #include "robot/nodes/ArmMessages.h"
 
-#include "robot/Clock.h"
-#include "robot/link/Message.h"
+#include "robot/network/Clock.h"
 #include "robot/nodes/Messages.h"
+#include "rosbridge/protocol/Codec.h"
 
 #include <QCborArray>
 #include <QCoreApplication>
 #include <QVector>
 
-namespace robot {
+namespace robot::nodes {
 
 using simulation::Arm;
 
@@ -53,7 +53,7 @@ QCborMap pointMessage(const QCborArray& positions, const QCborArray& velocities)
             {QStringLiteral("velocities"), velocities},
             {QStringLiteral("accelerations"), QCborArray()},
             {QStringLiteral("effort"), QCborArray()},
-            {QStringLiteral("time_from_start"), Clock::stamp(simulation::Time(0))}};
+            {QStringLiteral("time_from_start"), network::Clock::stamp(simulation::Time(0))}};
 }
 
 /// The trajectory's only point; nothing if it has none or several.
@@ -69,7 +69,8 @@ std::optional<QCborMap> onlyPoint(const QCborMap& trajectory)
 std::optional<QVector<float>> toNumbers(const QCborMap& point, const QString& field, int jointCount,
                                         QString* error)
 {
-    std::optional<QVector<float>> numbers = link::toFloats(point.value(field), error);
+    std::optional<QVector<float>> numbers =
+        rosbridge::protocol::toFloats(point.value(field), error);
     if (!numbers) {
         *error = Text::tr("points[0].%1: %2").arg(field, *error);
         return std::nullopt;
@@ -151,4 +152,4 @@ std::optional<std::vector<Arm::Movement>> toMovements(const QCborMap& trajectory
     return movements;
 }
 
-} // namespace robot
+} // namespace robot::nodes

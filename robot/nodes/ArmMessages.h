@@ -11,7 +11,7 @@
 #include <vector>
 
 /// What the arm tells and is told, as ROS's messages.
-namespace robot {
+namespace robot::nodes {
 
 /// sensor_msgs/JointState.
 QCborMap jointStateMessage(const simulation::Header& header, const simulation::Arm& arm);
@@ -25,6 +25,6 @@ QCborMap controllerStateMessage(const simulation::Header& header, const simulati
 std::optional<std::vector<simulation::Arm::Movement>> toMovements(const QCborMap& trajectory,
                                                                   QString* error);
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

@@ -1,12 +1,12 @@
 #include "robot/nodes/ArmNode.h"
 
-#include "robot/Network.h"
+#include "robot/network/Network.h"
 #include "robot/nodes/ArmMessages.h"
 #include "robot/nodes/Messages.h"
 
 #include <utility>
 
-namespace robot {
+namespace robot::nodes {
 
 using simulation::Arm;
 
@@ -26,21 +26,23 @@ const QString& armState()
 
 } // namespace
 
-ArmNode::ArmNode(Network& network) : m_network(network)
+ArmNode::ArmNode(network::Network& network) : m_network(network)
 {
     network.topics().addPublished(jointStates(), QStringLiteral("sensor_msgs/JointState"));
     network.topics().addPublished(armState(),
                                   QStringLiteral("control_msgs/JointTrajectoryControllerState"));
     network.topics().addCommand(
         QStringLiteral("/arm/command"), QStringLiteral("trajectory_msgs/JointTrajectory"),
-        Access::RequiresControl, [this](const Peer&, const QCborMap& msg) { return move(msg); });
+        rosbridge::server::Access::RequiresControl,
+        [this](const rosbridge::server::Peer&, const QCborMap& msg) { return move(msg); });
     addSwitch(QStringLiteral("/arm/torque"), m_arm.isTorqueEnabled(),
               [this](bool isOn) { return m_arm.setTorqueEnabled(isOn); });
     for (int line = 0; line < Arm::lineCount; ++line) {
         addSwitch(QStringLiteral("/arm/line%1").arg(line), m_arm.isLineEnabled(line),
                   [this, line](bool isOn) { return m_arm.setLineEnabled(line, isOn); });
     }
-    QObject::connect(&network.control(), &Control::released, &m_context, [this] { stop(); });
+    QObject::connect(&network.control(), &network::Control::released, &m_context,
+                     [this] { stop(); });
 }
 
 void ArmNode::step(simulation::Time now)
@@ -55,22 +57,22 @@ void ArmNode::addSwitch(const QString& name, bool isOn, const std::function<Answ
 {
     const QString topic = name + QStringLiteral("_enabled");
     const auto publish = [this, topic](bool isOn) { m_network.publish(topic, boolMessage(isOn)); };
-    const auto call = [this, publish, set](const Peer&, const QCborMap& args) {
+    const auto call = [this, publish, set](const rosbridge::server::Peer&, const QCborMap& args) {
         const QCborValue data = args.value(QStringLiteral("data"));
         if (!data.isBool())
-            return ServiceReply::failure(tr("data must be true or false"));
+            return rosbridge::server::ServiceReply::failure(tr("data must be true or false"));
         const Answer answer = set(data.toBool());
         report(answer);
         publish(data.toBool());
-        return ServiceReply{{{QStringLiteral("success"), answer.success},
-                             {QStringLiteral("message"), answer.message}},
-                            QString()};
+        return rosbridge::server::ServiceReply{{{QStringLiteral("success"), answer.success},
+                                                {QStringLiteral("message"), answer.message}},
+                                               QString()};
     };
     m_network.topics().addLatched(topic, QStringLiteral("std_msgs/Bool"));
     publish(isOn);
     m_network.services().add(name, {QStringLiteral("std_srvs/SetBool"),
                                     {QStringLiteral("data")},
-                                    Access::RequiresControl,
+                                    rosbridge::server::Access::RequiresControl,
                                     call});
 }
 
@@ -92,7 +94,7 @@ void ArmNode::stop()
 
 void ArmNode::report(const Answer& answer)
 {
-    m_network.log().write(answer.success ? Log::Level::Info : Log::Level::Warning,
+    m_network.log().write(answer.success ? network::Log::Level::Info : network::Log::Level::Warning,
                           QStringLiteral("manipulator"), answer.message);
 }
 
@@ -105,4 +107,4 @@ void ArmNode::publishState()
         m_network.publish(armState(), controllerStateMessage(header, m_arm));
 }
 
-} // namespace robot
+} // namespace robot::nodes

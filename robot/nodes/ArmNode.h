@@ -11,20 +11,22 @@
 
 #include <functional>
 
-namespace robot {
-
+namespace robot::network {
 class Network;
+} // namespace robot::network
+
+namespace robot::nodes {
 
 /// The arm as clients know it: where its axes are and where they go, thirty times a second, the
 /// command to move them, and a service and a latched topic for each of its switches. It stops when
 /// the client that moves it gives control back.
 class ArmNode : public Node
 {
-    Q_DECLARE_TR_FUNCTIONS(robot::ArmNode)
+    Q_DECLARE_TR_FUNCTIONS(robot::nodes::ArmNode)
 
 public:
     /// @p network must outlive the node.
-    explicit ArmNode(Network& network);
+    explicit ArmNode(network::Network& network);
 
     void step(simulation::Time now) override;
 
@@ -37,7 +39,7 @@ private:
     void report(const Answer& answer);
     void publishState();
 
-    Network& m_network;
+    network::Network& m_network;
     simulation::Arm m_arm;
     simulation::Time m_now{0};
     Beat m_beat{std::chrono::nanoseconds(std::chrono::seconds(1)) / 30};
@@ -45,6 +47,6 @@ private:
     QObject m_context; // what is connected ends with the node
 };
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

@@ -3,7 +3,7 @@
 
 #include "robot/simulation/Header.h"
 
-namespace robot {
+namespace robot::nodes {
 
 /// When something that happens at a fixed rate is due. Beats that nobody asked about in time are
 /// lost, the others stay on the grid.
@@ -27,6 +27,6 @@ private:
     simulation::Time m_next{0};
 };
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

@@ -1,12 +1,12 @@
 #include "robot/nodes/CameraNode.h"
 
-#include "robot/Network.h"
+#include "robot/network/Network.h"
 #include "robot/nodes/Messages.h"
 
 #include <QCborArray>
 #include <QStringList>
 
-namespace robot {
+namespace robot::nodes {
 
 namespace {
 
@@ -33,15 +33,16 @@ const QStringList& configLists()
 
 } // namespace
 
-CameraNode::CameraNode(Network& network) : m_network(network)
+CameraNode::CameraNode(network::Network& network) : m_network(network)
 {
     network.topics().addPublished(topic(), QStringLiteral("sensor_msgs/CameraInfo"));
-    network.services().add(
-        QStringLiteral("/camera/set_parameters"),
-        {QStringLiteral("dynamic_reconfigure/Reconfigure"),
-         {QStringLiteral("config")},
-         Access::RequiresControl,
-         [this](const Peer&, const QCborMap& args) { return setParameters(args); }});
+    network.services().add(QStringLiteral("/camera/set_parameters"),
+                           {QStringLiteral("dynamic_reconfigure/Reconfigure"),
+                            {QStringLiteral("config")},
+                            rosbridge::server::Access::RequiresControl,
+                            [this](const rosbridge::server::Peer&, const QCborMap& args) {
+                                return setParameters(args);
+                            }});
 }
 
 void CameraNode::step(simulation::Time now)
@@ -52,15 +53,16 @@ void CameraNode::step(simulation::Time now)
         m_network.publish(topic(), toMessage(*frame));
 }
 
-ServiceReply CameraNode::setParameters(const QCborMap& args)
+rosbridge::server::ServiceReply CameraNode::setParameters(const QCborMap& args)
 {
     const QCborValue config = args.value(QLatin1String("config"));
     if (!config.isMap())
-        return ServiceReply::failure(tr("config must be an object with the list strs"));
+        return rosbridge::server::ServiceReply::failure(
+            tr("config must be an object with the list strs"));
     QString error;
     const QString mode = modeIn(config.toMap(), &error);
     if (!error.isEmpty() || (!mode.isNull() && !m_camera.setResolution(mode, m_now, &error)))
-        return ServiceReply::failure(error);
+        return rosbridge::server::ServiceReply::failure(error);
     return {{{QStringLiteral("config"), this->config()}}, QString()};
 }
 
@@ -105,4 +107,4 @@ QCborMap CameraNode::config() const
     return config;
 }
 
-} // namespace robot
+} // namespace robot::nodes

@@ -1,38 +1,40 @@
 #ifndef ROBOT_NODES_CAMERANODE_H
 #define ROBOT_NODES_CAMERANODE_H
 
-#include "robot/endpoint/ServiceRegistry.h"
 #include "robot/nodes/Node.h"
 #include "robot/simulation/Camera.h"
+#include "rosbridge/server/ServiceRegistry.h"
 
 #include <QCborMap>
 #include <QCoreApplication>
 
-namespace robot {
-
+namespace robot::network {
 class Network;
+} // namespace robot::network
+
+namespace robot::nodes {
 
 /// The camera: a CameraInfo for each frame, and the resolution that can be picked.
 class CameraNode : public Node
 {
-    Q_DECLARE_TR_FUNCTIONS(robot::CameraNode)
+    Q_DECLARE_TR_FUNCTIONS(robot::nodes::CameraNode)
 
 public:
     /// @p network must stay as long as clients may come.
-    explicit CameraNode(Network& network);
+    explicit CameraNode(network::Network& network);
 
     void step(simulation::Time now) override;
 
 private:
-    ServiceReply setParameters(const QCborMap& args);
+    rosbridge::server::ServiceReply setParameters(const QCborMap& args);
     QString modeIn(const QCborMap& config, QString* error) const;
     QCborMap config() const;
 
-    Network& m_network;
+    network::Network& m_network;
     simulation::Camera m_camera;
     simulation::Time m_now{0};
 };
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

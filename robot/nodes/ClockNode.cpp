@@ -1,13 +1,13 @@
 #include "robot/nodes/ClockNode.h"
 
-#include "robot/Clock.h"
-#include "robot/Network.h"
+#include "robot/network/Clock.h"
+#include "robot/network/Network.h"
 
-namespace robot {
+namespace robot::nodes {
 
 namespace {
 
-const QString& topic()
+const QString& clockTopic()
 {
     static const QString name = QStringLiteral("/clock");
     return name;
@@ -15,15 +15,18 @@ const QString& topic()
 
 } // namespace
 
-ClockNode::ClockNode(Network& network, const Clock& clock) : m_network(network), m_clock(clock)
+ClockNode::ClockNode(network::Network& network, const network::Clock& clock)
+    : m_network(network),
+      m_clock(clock)
 {
-    network.topics().addPublished(topic(), QStringLiteral("rosgraph_msgs/Clock"));
+    network.topics().addPublished(clockTopic(), QStringLiteral("rosgraph_msgs/Clock"));
 }
 
 void ClockNode::step(simulation::Time now)
 {
     if (m_beat.isDue(now))
-        m_network.publish(topic(), {{QStringLiteral("clock"), Clock::stamp(m_clock.now())}});
+        m_network.publish(clockTopic(),
+                          {{QStringLiteral("clock"), network::Clock::stamp(m_clock.now())}});
 }
 
-} // namespace robot
+} // namespace robot::nodes

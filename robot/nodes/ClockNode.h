@@ -4,10 +4,12 @@
 #include "robot/nodes/Beat.h"
 #include "robot/nodes/Node.h"
 
-namespace robot {
-
+namespace robot::network {
 class Clock;
 class Network;
+} // namespace robot::network
+
+namespace robot::nodes {
 
 /// The simulation's time as the topic /clock, ten times a second and exact, where other parts give
 /// their messages the time of the world's last step.
@@ -15,16 +17,16 @@ class ClockNode : public Node
 {
 public:
     /// Both must stay as long as clients may come.
-    ClockNode(Network& network, const Clock& clock);
+    ClockNode(network::Network& network, const network::Clock& clock);
 
     void step(simulation::Time now) override;
 
 private:
-    Network& m_network;
-    const Clock& m_clock;
+    network::Network& m_network;
+    const network::Clock& m_clock;
     Beat m_beat{std::chrono::milliseconds(100)};
 };
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

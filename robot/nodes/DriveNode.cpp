@@ -1,10 +1,10 @@
 #include "robot/nodes/DriveNode.h"
 
-#include "robot/Network.h"
+#include "robot/network/Network.h"
 #include "robot/nodes/Messages.h"
 #include "robot/simulation/DriveBase.h"
 
-namespace robot {
+namespace robot::nodes {
 
 namespace {
 
@@ -22,21 +22,23 @@ const QString& disabledTopic()
 
 } // namespace
 
-DriveNode::DriveNode(Network& network, simulation::DriveBase& driveBase)
+DriveNode::DriveNode(network::Network& network, simulation::DriveBase& driveBase)
     : m_network(network),
       m_driveBase(driveBase)
 {
     network.topics().addPublished(odometryTopic(), QStringLiteral("nav_msgs/Odometry"));
     network.topics().addLatched(disabledTopic(), QStringLiteral("std_msgs/Bool"));
-    network.topics().addCommand(QStringLiteral("/cmd_vel"), QStringLiteral("geometry_msgs/Twist"),
-                                Access::RequiresControl,
-                                [this](const Peer&, const QCborMap& msg) { return command(msg); });
-    network.services().add(QStringLiteral("/drive/disable"),
-                           {QStringLiteral("std_srvs/SetBool"),
-                            {QStringLiteral("data")},
-                            Access::RequiresControl,
-                            [this](const Peer&, const QCborMap& args) { return disable(args); }});
-    QObject::connect(&network.control(), &Control::released,
+    network.topics().addCommand(
+        QStringLiteral("/cmd_vel"), QStringLiteral("geometry_msgs/Twist"),
+        rosbridge::server::Access::RequiresControl,
+        [this](const rosbridge::server::Peer&, const QCborMap& msg) { return command(msg); });
+    network.services().add(
+        QStringLiteral("/drive/disable"),
+        {QStringLiteral("std_srvs/SetBool"),
+         {QStringLiteral("data")},
+         rosbridge::server::Access::RequiresControl,
+         [this](const rosbridge::server::Peer&, const QCborMap& args) { return disable(args); }});
+    QObject::connect(&network.control(), &network::Control::released,
                      [&driveBase] { driveBase.endCommand(); });
     publishDisabled();
 }
@@ -59,17 +61,17 @@ QString DriveNode::command(const QCborMap& msg)
     return error;
 }
 
-ServiceReply DriveNode::disable(const QCborMap& args)
+rosbridge::server::ServiceReply DriveNode::disable(const QCborMap& args)
 {
     const QCborValue data = args.value(QLatin1String("data"));
     if (!data.isBool())
-        return ServiceReply::failure(
+        return rosbridge::server::ServiceReply::failure(
             tr("data must be true, to stand still, or false, to move again"));
     m_driveBase.setEnabled(!data.toBool());
     publishDisabled();
     const QString message = data.toBool() ? tr("the drive is disabled, the robot stands still")
                                           : tr("the drive is enabled");
-    m_network.log().write(Log::Level::Info, QStringLiteral("base"), message);
+    m_network.log().write(network::Log::Level::Info, QStringLiteral("base"), message);
     return {{{QStringLiteral("success"), true}, {QStringLiteral("message"), message}}, QString()};
 }
 
@@ -78,4 +80,4 @@ void DriveNode::publishDisabled()
     m_network.publish(disabledTopic(), boolMessage(!m_driveBase.isEnabled()));
 }
 
-} // namespace robot
+} // namespace robot::nodes

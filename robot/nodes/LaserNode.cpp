@@ -1,11 +1,11 @@
 #include "robot/nodes/LaserNode.h"
 
-#include "robot/Network.h"
+#include "robot/network/Network.h"
 #include "robot/nodes/Messages.h"
 #include "robot/recording/Recording.h"
 #include "robot/simulation/Laser.h"
 
-namespace robot {
+namespace robot::nodes {
 
 using recording::Recording;
 using recording::Replay;
@@ -13,7 +13,7 @@ using simulation::LaserScan;
 
 namespace {
 
-const QString& topic()
+const QString& scanTopic()
 {
     static const QString name = QStringLiteral("/scan");
     return name;
@@ -21,11 +21,11 @@ const QString& topic()
 
 } // namespace
 
-LaserNode::LaserNode(Network& network, simulation::Laser& laser)
+LaserNode::LaserNode(network::Network& network, simulation::Laser& laser)
     : m_network(network),
       m_laser(laser)
 {
-    network.topics().addPublished(topic(), QStringLiteral("sensor_msgs/LaserScan"));
+    network.topics().addPublished(scanTopic(), QStringLiteral("sensor_msgs/LaserScan"));
     m_laser.setOn(false);
 }
 
@@ -56,13 +56,13 @@ bool LaserNode::setLog(const QString& file, double rate, QStringList* problems, 
 void LaserNode::publish(const std::vector<LaserScan>& scans)
 {
     for (const LaserScan& scan : scans)
-        m_network.publish(topic(), toMessage(scan));
+        m_network.publish(scanTopic(), toMessage(scan));
 }
 
 void LaserNode::step(simulation::Time now)
 {
     const bool wasWanted = m_isWanted;
-    m_isWanted = m_network.hasSubscribers(topic());
+    m_isWanted = m_network.hasSubscribers(scanTopic());
     if (!m_replay) {
         m_laser.setOn(m_isWanted);
         return;
@@ -75,16 +75,16 @@ void LaserNode::step(simulation::Time now)
     while (const LaserScan* recorded = m_isWanted ? m_replay->next(m_replayTime) : nullptr) {
         LaserScan scan = *recorded;
         scan.header = {m_seq++, now, QLatin1String(simulation::Laser::frameId)};
-        m_network.publish(topic(), toMessage(scan));
+        m_network.publish(scanTopic(), toMessage(scan));
     }
 }
 
 void LaserNode::announce()
 {
     const QString laser = QStringLiteral("laser");
-    m_network.log().write(Log::Level::Info, laser, m_announcement);
+    m_network.log().write(network::Log::Level::Info, laser, m_announcement);
     for (const QString& problem : std::as_const(m_problems))
-        m_network.log().write(Log::Level::Warning, laser, problem);
+        m_network.log().write(network::Log::Level::Warning, laser, problem);
 }
 
-} // namespace robot
+} // namespace robot::nodes

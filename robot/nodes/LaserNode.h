@@ -10,23 +10,25 @@
 #include <optional>
 #include <vector>
 
-namespace robot {
-
+namespace robot::network {
 class Network;
+} // namespace robot::network
 
-namespace simulation {
+namespace robot::simulation {
 class Laser;
-}
+} // namespace robot::simulation
+
+namespace robot::nodes {
 
 /// The laser range finder as the topic /scan: what the simulated one measures or, in its place,
 /// what was recorded. It runs while somebody subscribes.
 class LaserNode : public Node
 {
-    Q_DECLARE_TR_FUNCTIONS(robot::LaserNode)
+    Q_DECLARE_TR_FUNCTIONS(robot::nodes::LaserNode)
 
 public:
     /// Both must stay as long as clients may come.
-    LaserNode(Network& network, simulation::Laser& laser);
+    LaserNode(network::Network& network, simulation::Laser& laser);
 
     /// From now on replays the scans of @p file, over and over, @p rate times as fast as they were
     /// recorded. Returns false if that cannot be done, and @p error says why; @p problems are the
@@ -41,7 +43,7 @@ public:
 private:
     void announce();
 
-    Network& m_network;
+    network::Network& m_network;
     simulation::Laser& m_laser;
     std::optional<recording::Replay> m_replay;
     QString m_announcement; // of the replay, for the log
@@ -52,6 +54,6 @@ private:
     quint32 m_seq = 0;                // of the replay
 };
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

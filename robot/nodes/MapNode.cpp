@@ -1,12 +1,12 @@
 #include "robot/nodes/MapNode.h"
 
-#include "robot/Network.h"
+#include "robot/network/Network.h"
 #include "robot/nodes/Messages.h"
 #include "robot/simulation/FloorPlan.h"
 
-namespace robot {
+namespace robot::nodes {
 
-MapNode::MapNode(Network& network)
+MapNode::MapNode(network::Network& network)
 {
     constexpr double resolution = 0.1; // metres; the plan's own grid, so nothing is rounded
     const QString topic = QStringLiteral("/map");
@@ -14,4 +14,4 @@ MapNode::MapNode(Network& network)
     network.publish(topic, toMessage(simulation::FloorPlan::occupancyGrid(resolution)));
 }
 
-} // namespace robot
+} // namespace robot::nodes

@@ -3,19 +3,21 @@
 
 #include "robot/nodes/Node.h"
 
-namespace robot {
-
+namespace robot::network {
 class Network;
+} // namespace robot::network
+
+namespace robot::nodes {
 
 /// The floor plan as the topic /map: published once, and latched for who comes later.
 class MapNode : public Node
 {
 public:
-    explicit MapNode(Network& network);
+    explicit MapNode(network::Network& network);
 
     void step(simulation::Time /*now*/) override {}
 };
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

@@ -1,11 +1,11 @@
 #include "robot/nodes/Messages.h"
 
-#include "robot/Clock.h"
-#include "robot/link/Message.h"
+#include "robot/network/Clock.h"
 #include "robot/simulation/Camera.h"
 #include "robot/simulation/DriveBase.h"
 #include "robot/simulation/LaserScan.h"
 #include "robot/simulation/OccupancyGrid.h"
+#include "rosbridge/protocol/Codec.h"
 
 #include <QCborArray>
 #include <QCoreApplication>
@@ -13,7 +13,7 @@
 
 #include <cmath>
 
-namespace robot {
+namespace robot::nodes {
 
 namespace {
 
@@ -33,7 +33,7 @@ QCborArray list(const Numbers& numbers)
 
 QCborValue floats(const std::vector<float>& numbers)
 {
-    return link::typedArray(QVector<float>(numbers.begin(), numbers.end()));
+    return rosbridge::protocol::typedArray(QVector<float>(numbers.begin(), numbers.end()));
 }
 
 /// geometry_msgs/Vector3 and Point.
@@ -116,7 +116,7 @@ Quaternion turn(double theta)
 QCborMap toMessage(const simulation::Header& header)
 {
     return {{QStringLiteral("seq"), static_cast<qint64>(header.seq)},
-            {QStringLiteral("stamp"), Clock::stamp(header.stamp)},
+            {QStringLiteral("stamp"), network::Clock::stamp(header.stamp)},
             {QStringLiteral("frame_id"), header.frame_id}};
 }
 
@@ -146,7 +146,7 @@ QCborMap toMessage(const simulation::Odometry& odometry)
 
 QCborMap toMessage(const simulation::OccupancyGrid& grid)
 {
-    const QCborMap info{{QStringLiteral("map_load_time"), Clock::stamp(grid.header.stamp)},
+    const QCborMap info{{QStringLiteral("map_load_time"), network::Clock::stamp(grid.header.stamp)},
                         {QStringLiteral("resolution"), grid.resolution},
                         {QStringLiteral("width"), static_cast<qint64>(grid.width)},
                         {QStringLiteral("height"), static_cast<qint64>(grid.height)},
@@ -206,4 +206,4 @@ std::optional<simulation::Twist> toTwist(const QCborMap& msg, QString* error)
     return simulation::Twist{*linear_x, *angular_z};
 }
 
-} // namespace robot
+} // namespace robot::nodes

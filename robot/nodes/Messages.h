@@ -10,14 +10,14 @@
 #include <optional>
 
 /// What the simulation measures and is told, as ROS's messages.
-namespace robot {
-
-namespace simulation {
+namespace robot::simulation {
 struct CameraInfo;
 struct LaserScan;
 struct OccupancyGrid;
 struct Odometry;
-} // namespace simulation
+} // namespace robot::simulation
+
+namespace robot::nodes {
 
 /// A turn in space as geometry_msgs/Quaternion.
 struct Quaternion
@@ -48,6 +48,6 @@ QCborMap transformMessage(const simulation::Header& header, const QString& child
 /// and what it must be, if a field is no number or there is none of its name.
 std::optional<simulation::Twist> toTwist(const QCborMap& msg, QString* error);
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

@@ -5,7 +5,7 @@
 
 #include <QtGlobal>
 
-namespace robot {
+namespace robot::nodes {
 
 /// One part of the robot as clients know it. Its constructor, before clients come, adds the part's
 /// topics, commands and services to the network; the robot builds it once and calls step() for as
@@ -22,6 +22,6 @@ public:
     virtual void step(simulation::Time now) = 0;
 };
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

@@ -1,6 +1,6 @@
 #include "robot/nodes/TransformNode.h"
 
-#include "robot/Network.h"
+#include "robot/network/Network.h"
 #include "robot/nodes/Messages.h"
 #include "robot/simulation/Camera.h"
 #include "robot/simulation/DriveBase.h"
@@ -9,7 +9,7 @@
 
 #include <QCborArray>
 
-namespace robot {
+namespace robot::nodes {
 
 using simulation::Camera;
 using simulation::DriveBase;
@@ -35,7 +35,7 @@ QCborMap frame(const char* parent, const char* child, const Pose2D& pose, double
 
 } // namespace
 
-TransformNode::TransformNode(Network& network, const DriveBase& driveBase)
+TransformNode::TransformNode(network::Network& network, const DriveBase& driveBase)
     : m_network(network),
       m_driveBase(driveBase)
 {
@@ -58,4 +58,4 @@ void TransformNode::step(simulation::Time now)
     m_network.publish(topic(), {{QStringLiteral("transforms"), transforms}});
 }
 
-} // namespace robot
+} // namespace robot::nodes

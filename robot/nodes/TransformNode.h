@@ -4,13 +4,15 @@
 #include "robot/nodes/Beat.h"
 #include "robot/nodes/Node.h"
 
-namespace robot {
-
+namespace robot::network {
 class Network;
+} // namespace robot::network
 
-namespace simulation {
+namespace robot::simulation {
 class DriveBase;
-}
+} // namespace robot::simulation
+
+namespace robot::nodes {
 
 /// The robot's frames as the topic /tf, from the map to the laser and the camera, so that a viewer
 /// can draw in one picture what each part measures.
@@ -18,16 +20,16 @@ class TransformNode : public Node
 {
 public:
     /// Both must stay as long as clients may come.
-    TransformNode(Network& network, const simulation::DriveBase& driveBase);
+    TransformNode(network::Network& network, const simulation::DriveBase& driveBase);
 
     void step(simulation::Time now) override;
 
 private:
-    Network& m_network;
+    network::Network& m_network;
     const simulation::DriveBase& m_driveBase;
     Beat m_beat{simulation::Time(std::chrono::seconds(1)) / 30};
 };
 
-} // namespace robot
+} // namespace robot::nodes
 
 #endif

@@ -2,9 +2,9 @@
 
 #include "Require.h"
 
-#include "robot/link/Message.h"
+#include "rosbridge/protocol/Codec.h"
 
-using namespace robot::link;
+using namespace rosbridge::protocol;
 
 std::vector<InputFrame> framesOf(const QByteArray& input)
 {

@@ -2,9 +2,9 @@
 #include "LinkInput.h"
 #include "Require.h"
 
-#include "host/device/ScanReader.h"
-#include "robot/link/Inbox.h"
-#include "robot/link/Message.h"
+#include "host/device/readers/ScanReader.h"
+#include "rosbridge/client/Inbox.h"
+#include "rosbridge/protocol/Codec.h"
 
 #include <QCborArray>
 
@@ -14,7 +14,8 @@
 #include <map>
 #include <memory>
 
-using namespace robot::link;
+using namespace rosbridge::client;
+using namespace rosbridge::protocol;
 
 namespace {
 
@@ -150,7 +151,7 @@ private:
     }
 
     std::unique_ptr<Inbox> m_inbox = std::make_unique<Inbox>();
-    host::device::ScanReader m_scanReader;
+    host::device::readers::ScanReader m_scanReader;
     std::map<QString, int> m_answers;
     int m_heard = 0;
 };

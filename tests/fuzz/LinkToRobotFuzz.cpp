@@ -2,17 +2,18 @@
 #include "LinkInput.h"
 #include "Require.h"
 
-#include "robot/RosApi.h"
-#include "robot/endpoint/Control.h"
-#include "robot/endpoint/Conversation.h"
-#include "robot/endpoint/Publication.h"
-#include "robot/endpoint/ServiceRegistry.h"
-#include "robot/endpoint/TopicRegistry.h"
-#include "robot/link/Message.h"
+#include "robot/network/Control.h"
+#include "robot/network/RosApi.h"
+#include "rosbridge/protocol/Codec.h"
+#include "rosbridge/server/Conversation.h"
+#include "rosbridge/server/Publication.h"
+#include "rosbridge/server/ServiceRegistry.h"
+#include "rosbridge/server/TopicRegistry.h"
 
 #include <cmath>
 
-using namespace robot;
+using namespace robot::network;
+using namespace rosbridge::server;
 using namespace std::chrono_literals;
 
 namespace {
@@ -82,12 +83,13 @@ public:
     /// What comes from now on answers the message with this id.
     explicit Listener(const QCborValue& id) : m_id(id) {}
 
-    void hear(const Frame& frame, Outbox::Kind kind)
+    void hear(const EncodedMessage& frame, Outbox::Kind kind)
     {
-        require(frame.bytes.size() <= link::maximumMessageSize);
-        const std::optional<QCborMap> message = frame.encoding == Encoding::Json
-                                                    ? link::decodeText(frame.bytes, nullptr)
-                                                    : link::decodeBinary(frame.bytes, nullptr);
+        require(frame.bytes.size() <= rosbridge::protocol::maximumMessageSize);
+        const std::optional<QCborMap> message =
+            frame.encoding == Encoding::Json
+                ? rosbridge::protocol::decodeText(frame.bytes, nullptr)
+                : rosbridge::protocol::decodeBinary(frame.bytes, nullptr);
         require(message.has_value());
         const QString op = message->value(QLatin1String("op")).toString();
         require((op == QLatin1String("publish")) == (kind == Outbox::Kind::Topic));
@@ -139,15 +141,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     static const Publication clock(QStringLiteral("/clock"),
                                    {{QStringLiteral("secs"), 7}, {QStringLiteral("nsecs"), 0}});
     static const Publication scan(
-        QStringLiteral("/scan"), {{QStringLiteral("ranges"), link::typedArray({1.5F, -1.0F, 8.0F})},
-                                  {QStringLiteral("data"), QByteArray(64, '\xff')}});
+        QStringLiteral("/scan"),
+        {{QStringLiteral("ranges"), rosbridge::protocol::typedArray({1.5F, -1.0F, 8.0F})},
+         {QStringLiteral("data"), QByteArray(64, '\xff')}});
 
     const Peer peer{1, QStringLiteral("client 1 (127.0.0.1:51344)")};
     const Limits bounds = limits();
     Listener listener{QCborValue(QCborValue::Undefined)};
-    Conversation conversation(
-        peer, offer.topics, offer.services, bounds,
-        [&listener](const Frame& frame, Outbox::Kind kind) { listener.hear(frame, kind); });
+    Conversation conversation(peer, offer.topics, offer.services, bounds,
+                              [&listener](const EncodedMessage& frame, Outbox::Kind kind) {
+                                  listener.hear(frame, kind);
+                              });
     Conversation::Time now{0};
     for (const InputFrame& frame :
          framesOf({reinterpret_cast<const char*>(data), static_cast<int>(size)})) {

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <cmath>
 
-using namespace host::workbench;
+using namespace host::workbench::robotview;
 using namespace std::chrono_literals;
 
 namespace {

@@ -4,8 +4,10 @@
 
 #include <QtTest>
 
+namespace command_line_test {
+
 using robot::CommandLine;
-using robot::link::Address;
+using rosbridge::protocol::Address;
 
 /// CommandLine: what quandrel-robot is asked to do.
 class CommandLineTest : public TestCase
@@ -126,6 +128,8 @@ void CommandLineTest::the_first_of_several_errors_is_told()
     QVERIFY(!commandLine.text().contains(QLatin1String("\"x\"")));
 }
 
-QTEST_GUILESS_MAIN(CommandLineTest)
+TEST_WITHOUT_WINDOWS(CommandLineTest)
+
+} // namespace command_line_test
 
 #include "CommandLineTest.moc"

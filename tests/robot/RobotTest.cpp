@@ -2,8 +2,8 @@
 #include "Watcher.h"
 
 #include "robot/Robot.h"
-#include "robot/link/Address.h"
-#include "robot/link/Message.h"
+#include "rosbridge/protocol/Address.h"
+#include "rosbridge/protocol/Codec.h"
 
 #include <QCborArray>
 #include <QDir>
@@ -13,8 +13,10 @@
 #include <algorithm>
 #include <cmath>
 
+namespace robot_test {
+
 using robot::Robot;
-using robot::link::Client;
+using rosbridge::client::Client;
 
 namespace {
 
@@ -87,7 +89,7 @@ qint64 stampOf(const QCborMap& message)
 
 QVector<float> rangesOf(const QCborMap& scan)
 {
-    return robot::link::toFloats(scan.value(QLatin1String("ranges")), nullptr)
+    return rosbridge::protocol::toFloats(scan.value(QLatin1String("ranges")), nullptr)
         .value_or(QVector<float>());
 }
 
@@ -449,6 +451,8 @@ void RobotTest::real_recordings_are_replayed()
     }
 }
 
-QTEST_GUILESS_MAIN(RobotTest)
+TEST_WITHOUT_WINDOWS(RobotTest)
+
+} // namespace robot_test
 
 #include "RobotTest.moc"

@@ -1,7 +1,7 @@
 #ifndef QUANDREL_TESTS_ROBOT_WATCHER_H
 #define QUANDREL_TESTS_ROBOT_WATCHER_H
 
-#include "robot/link/Client.h"
+#include "rosbridge/client/Client.h"
 
 #include <QCborMap>
 #include <QStringList>
@@ -15,7 +15,7 @@ constexpr int patience = 30000; // ms; many tests may share a slow machine
 class Watcher
 {
 public:
-    using Client = robot::link::Client;
+    using Client = rosbridge::client::Client;
 
     explicit Watcher(quint16 port)
     {

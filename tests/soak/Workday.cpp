@@ -1,7 +1,7 @@
 #include "Workday.h"
 
-#include "host/device/MessageRole.h"
-#include "host/workbench/DeviceView.h"
+#include "host/device/connection/MessageRole.h"
+#include "host/workbench/window/DeviceView.h"
 #include "olm/core/LaserScanMessage.h"
 #include "olm/core/Vector.h"
 #include "plugin/gui/HistoryBundleContent.h"
@@ -17,8 +17,8 @@
 
 namespace {
 
-using host::device::Connection;
 using host::device::Device;
+using host::device::connection::Connection;
 using plugin::gui::HistoryBundleContent;
 using plugin::gui::VariableKind;
 
@@ -29,9 +29,9 @@ constexpr int logLines = 5500;
 
 constexpr QSize windowSize(1600, 1000);
 
-host::device::Timing quick()
+host::device::connection::Timing quick()
 {
-    host::device::Timing timing;
+    host::device::connection::Timing timing;
     timing.frame = std::chrono::milliseconds(20);
     return timing;
 }
@@ -65,14 +65,14 @@ void waitFor(const Device& device, const char* what, const Condition& condition)
 } // namespace
 
 Workday::Station::Station(const QString& name, quint32 seed, const QString& settings,
-                          host::workbench::Services& services)
+                          host::workbench::plugin::PluginEnvironment& services)
     : robot(0, seed),
       device(name, settings, services, quick())
 {
     device.overrideAddress(robot.address());
     device.write(VariableKind::Config, "camera_resolution", quickestResolution());
-    QObject::connect(&device.variables(), &host::device::Variables::touched,
-                     [this](const host::device::Variables::Key& key) {
+    QObject::connect(&device.variables(), &host::device::variables::Variables::touched,
+                     [this](const host::device::variables::Variables::Key& key) {
                          if (key.second == "scan")
                              ++scans;
                      });
@@ -109,14 +109,15 @@ void Workday::fill()
     for (Station& station : m_stations) {
         Device& device = station.device;
         for (int i = 0; i < logLines; ++i) {
-            for (const auto log : {host::device::baseLogLine, host::device::manipulatorLogLine,
-                                   host::device::laserLogLine}) {
+            for (const auto log : {host::device::connection::baseLogLine,
+                                   host::device::connection::manipulatorLogLine,
+                                   host::device::connection::laserLogLine}) {
                 Q_EMIT device.connection().message(
                     log, QStringLiteral("Line %1: this is what a robot says now and then.").arg(i));
             }
         }
         QCoreApplication::processEvents();
-        const auto end = device.traffic().end() + host::device::Traffic::capacity;
+        const auto end = device.traffic().end() + host::device::trace::Traffic::capacity;
         while (device.traffic().end() < end)
             Q_EMIT device.variables().changed(content);
     }

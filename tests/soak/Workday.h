@@ -3,9 +3,9 @@
 
 #include "host/device/Device.h"
 #include "host/workbench/EmbeddedRobot.h"
-#include "host/workbench/PluginLoader.h"
-#include "host/workbench/Services.h"
-#include "host/workbench/Window.h"
+#include "host/workbench/plugin/PluginEnvironment.h"
+#include "host/workbench/plugin/PluginLoader.h"
+#include "host/workbench/window/Window.h"
 
 #include <QTemporaryDir>
 
@@ -32,11 +32,11 @@ private:
     struct Station
     {
         Station(const QString& name, quint32 seed, const QString& settings,
-                host::workbench::Services& services);
+                host::workbench::plugin::PluginEnvironment& services);
 
         host::workbench::EmbeddedRobot robot;
         host::device::Device device;
-        host::workbench::DeviceView* view = nullptr;
+        host::workbench::window::DeviceView* view = nullptr;
         int scans = 0;
 
         QAbstractButton& connectButton() const;
@@ -55,10 +55,10 @@ private:
     void waitForScans();
 
     QTemporaryDir m_settings;
-    host::workbench::Services m_services;
-    host::workbench::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
+    host::workbench::plugin::PluginEnvironment m_services;
+    host::workbench::plugin::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
     std::array<Station, 2> m_stations;
-    host::workbench::Window m_window{m_plugin, m_services};
+    host::workbench::window::Window m_window{m_plugin, m_services};
 };
 
 #endif

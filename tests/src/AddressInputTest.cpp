@@ -12,6 +12,8 @@
 
 #include <memory>
 
+namespace address_input_test {
+
 class AddressInputTest : public TestCase
 {
     Q_OBJECT
@@ -327,5 +329,8 @@ void AddressInputTest::the_help_action_outlives_the_menu()
     QCOMPARE(triggered, 2);
 }
 
-QTEST_MAIN(AddressInputTest)
+TEST_WITH_WINDOWS(AddressInputTest)
+
+} // namespace address_input_test
+
 #include "AddressInputTest.moc"

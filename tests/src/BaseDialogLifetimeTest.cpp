@@ -16,6 +16,8 @@
 #include <iterator>
 #include <memory>
 
+namespace base_dialog_lifetime_test {
+
 namespace {
 
 enum Moment
@@ -182,5 +184,8 @@ void BaseDialogLifetimeTest::a_tab_that_is_a_window_can_die_at_any_moment()
     QVERIFY(stage.host.widgets.isEmpty());
 }
 
-QTEST_MAIN(BaseDialogLifetimeTest)
+TEST_WITH_WINDOWS(BaseDialogLifetimeTest)
+
+} // namespace base_dialog_lifetime_test
+
 #include "BaseDialogLifetimeTest.moc"

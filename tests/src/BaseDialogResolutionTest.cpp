@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace base_dialog_resolution_test {
+
 /// The list of camera resolutions in the base tab.
 class BaseDialogResolutionTest : public TestCase
 {
@@ -184,5 +186,8 @@ void BaseDialogResolutionTest::a_host_that_throws_leaves_the_list_working()
     QCOMPARE(tab.writes(), QStringList("write config camera_resolution"));
 }
 
-QTEST_MAIN(BaseDialogResolutionTest)
+TEST_WITH_WINDOWS(BaseDialogResolutionTest)
+
+} // namespace base_dialog_resolution_test
+
 #include "BaseDialogResolutionTest.moc"

@@ -13,6 +13,8 @@
 
 #include <limits>
 
+namespace base_dialog_test {
+
 using olm::qt::log::Log;
 using olm::qt::log::View;
 
@@ -396,5 +398,8 @@ void BaseDialogTest::the_controls_connect_the_device()
     QCOMPARE(button->toolTip(), QString("Connected to 10.0.0.7."));
 }
 
-QTEST_MAIN(BaseDialogTest)
+TEST_WITH_WINDOWS(BaseDialogTest)
+
+} // namespace base_dialog_test
+
 #include "BaseDialogTest.moc"

@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+namespace connect_button_test {
+
 class ConnectButtonTest : public TestCase
 {
     Q_OBJECT
@@ -220,5 +222,8 @@ void ConnectButtonTest::the_keyboard_clicks_it_too()
     QCOMPARE(fixture.host.calls, (QStringList{"exec 1005", "disconnect"}));
 }
 
-QTEST_MAIN(ConnectButtonTest)
+TEST_WITH_WINDOWS(ConnectButtonTest)
+
+} // namespace connect_button_test
+
 #include "ConnectButtonTest.moc"

@@ -22,6 +22,20 @@
 #include <memory>
 #include <stdexcept>
 
+static QList<int> postedLevels;
+
+/// Comes before the framework's own, which shows every level alike.
+void olm::qt::log::Log::postLog(const QString& text, int level)
+{
+    postedLevels.append(level);
+    using Function = void (*)(Log*, const QString&, int);
+    static const auto next =
+        reinterpret_cast<Function>(dlsym(RTLD_NEXT, "_ZN3olm2qt3log3Log7postLogERK7QStringi"));
+    next(this, text, level);
+}
+
+namespace dialog_test {
+
 namespace {
 
 std::unique_ptr<Dialog> build(FakeHost& host)
@@ -43,19 +57,7 @@ QStringList labelsOf(const Dialog& dialog)
     return labels;
 }
 
-QList<int> postedLevels;
-
 } // namespace
-
-/// Comes before the framework's own, which shows every level alike.
-void olm::qt::log::Log::postLog(const QString& text, int level)
-{
-    postedLevels.append(level);
-    using Function = void (*)(Log*, const QString&, int);
-    static const auto next =
-        reinterpret_cast<Function>(dlsym(RTLD_NEXT, "_ZN3olm2qt3log3Log7postLogERK7QStringi"));
-    next(this, text, level);
-}
 
 class DialogTest : public TestCase
 {
@@ -217,5 +219,8 @@ void DialogTest::nothing_is_written_while_it_lives_and_dies()
     QCOMPARE(host.calls.filter("write"), QStringList());
 }
 
-QTEST_MAIN(DialogTest)
+TEST_WITH_WINDOWS(DialogTest)
+
+} // namespace dialog_test
+
 #include "DialogTest.moc"

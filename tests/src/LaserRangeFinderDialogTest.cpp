@@ -16,6 +16,8 @@
 #include <limits>
 #include <sstream>
 
+namespace laser_range_finder_dialog_test {
+
 using olm::core::LaserScanMessage;
 using olm::qt::log::Log;
 using olm::qt::log::View;
@@ -450,5 +452,8 @@ void LaserRangeFinderDialogTest::nothing_is_ever_written()
     QCOMPARE(host.calls.filter("exec").size(), 1);
 }
 
-QTEST_MAIN(LaserRangeFinderDialogTest)
+TEST_WITH_WINDOWS(LaserRangeFinderDialogTest)
+
+} // namespace laser_range_finder_dialog_test
+
 #include "LaserRangeFinderDialogTest.moc"

@@ -18,6 +18,8 @@
 #include <type_traits>
 #include <utility>
 
+namespace laser_scan_message_test {
+
 using olm::core::LaserScanMessage;
 using olm::core::Vector;
 using olm::core::variant::Variant;
@@ -409,5 +411,8 @@ void LaserScanMessageTest::the_virtual_operations_have_their_slots()
     QCOMPARE(slotOf(&LaserScanMessage::operator!=), std::size_t(5));
 }
 
-QTEST_GUILESS_MAIN(LaserScanMessageTest)
+TEST_WITHOUT_WINDOWS(LaserScanMessageTest)
+
+} // namespace laser_scan_message_test
+
 #include "LaserScanMessageTest.moc"

@@ -12,6 +12,8 @@
 #include <functional>
 #include <memory>
 
+namespace lifetime_test {
+
 /// The connection's widgets come and go at any moment a host chooses. What only a sanitizer
 /// sees is tested here for the build that has one.
 class LifetimeTest : public TestCase
@@ -289,5 +291,8 @@ void LifetimeTest::a_child_in_another_layout_lives_as_long_as_its_new_parent()
     notifyOfEverything(host);
 }
 
-QTEST_MAIN(LifetimeTest)
+TEST_WITH_WINDOWS(LifetimeTest)
+
+} // namespace lifetime_test
+
 #include "LifetimeTest.moc"

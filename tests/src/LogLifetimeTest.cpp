@@ -13,6 +13,8 @@
 
 #include <memory>
 
+namespace log_lifetime_test {
+
 using olm::qt::log::View;
 
 /// A tab's log is a member of the tab and dies before the view that shows it. What the
@@ -172,5 +174,8 @@ void LogLifetimeTest::an_exception_of_the_host_leaves_nothing_behind()
     }
 }
 
-QTEST_MAIN(LogLifetimeTest)
+TEST_WITH_WINDOWS(LogLifetimeTest)
+
+} // namespace log_lifetime_test
+
 #include "LogLifetimeTest.moc"

@@ -5,6 +5,8 @@
 #include <QCheckBox>
 #include <QtTest>
 
+namespace manipulator_dialog_start_test {
+
 /// What the arm's tab asks and tells its host while it is built.
 class ManipulatorDialogStartTest : public TestCase
 {
@@ -130,5 +132,8 @@ void ManipulatorDialogStartTest::an_exception_of_the_host_leaves_nothing_behind(
     }
 }
 
-QTEST_MAIN(ManipulatorDialogStartTest)
+TEST_WITH_WINDOWS(ManipulatorDialogStartTest)
+
+} // namespace manipulator_dialog_start_test
+
 #include "ManipulatorDialogStartTest.moc"

@@ -18,6 +18,8 @@
 
 #include <memory>
 
+namespace manipulator_dialog_test {
+
 namespace {
 
 /// The arm's tab on a host with three of five positions.
@@ -343,5 +345,8 @@ void ManipulatorDialogTest::the_connection_changes_nothing()
     }
 }
 
-QTEST_MAIN(ManipulatorDialogTest)
+TEST_WITH_WINDOWS(ManipulatorDialogTest)
+
+} // namespace manipulator_dialog_test
+
 #include "ManipulatorDialogTest.moc"

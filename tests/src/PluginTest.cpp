@@ -15,6 +15,8 @@
 #include <memory>
 #include <thread>
 
+namespace plugin_test {
+
 /// The plugin as a host has it: the shared library, loaded at run time and never linked.
 class PluginTest : public TestCase
 {
@@ -299,5 +301,8 @@ void PluginTest::an_exception_of_the_translation_passes_and_leaves_nothing()
     QVERIFY(QApplication::allWidgets().isEmpty());
 }
 
-QTEST_MAIN(PluginTest)
+TEST_WITH_WINDOWS(PluginTest)
+
+} // namespace plugin_test
+
 #include "PluginTest.moc"

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+namespace position_delegate_test {
+
 namespace {
 
 /// Shows one text in every cell, to the edit role alone, and writes down what is set.
@@ -219,5 +221,8 @@ void PositionDelegateTest::the_editor_covers_its_cell()
     QCOMPARE(edit.editor->geometry(), QRect(30, 40, 120, 25));
 }
 
-QTEST_MAIN(PositionDelegateTest)
+TEST_WITH_WINDOWS(PositionDelegateTest)
+
+} // namespace position_delegate_test
+
 #include "PositionDelegateTest.moc"

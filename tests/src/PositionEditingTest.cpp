@@ -6,6 +6,8 @@
 #include <QSpinBox>
 #include <QtTest>
 
+namespace position_editing_test {
+
 /// Cells of the table of positions edited with mouse and keyboard, down to what is written.
 class PositionEditingTest : public TestCase
 {
@@ -262,5 +264,8 @@ void PositionEditingTest::a_count_below_zero_is_an_empty_table()
     QCOMPARE(changes(table.host), QStringList());
 }
 
-QTEST_MAIN(PositionEditingTest)
+TEST_WITH_WINDOWS(PositionEditingTest)
+
+} // namespace position_editing_test
+
 #include "PositionEditingTest.moc"

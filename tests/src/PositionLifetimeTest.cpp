@@ -15,6 +15,8 @@
 #include <functional>
 #include <memory>
 
+namespace position_lifetime_test {
+
 namespace {
 
 enum Moment
@@ -334,5 +336,8 @@ void PositionLifetimeTest::a_position_that_the_device_removed_is_not_shown_befor
     QCOMPARE(changes(stage.host), QStringList());
 }
 
-QTEST_MAIN(PositionLifetimeTest)
+TEST_WITH_WINDOWS(PositionLifetimeTest)
+
+} // namespace position_lifetime_test
+
 #include "PositionLifetimeTest.moc"

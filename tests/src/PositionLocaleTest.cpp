@@ -9,6 +9,8 @@
 
 #include <sstream>
 
+namespace position_locale_test {
+
 /// Positions are named, shown and read alike whatever the locales of the process are.
 class PositionLocaleTest : public TestCase
 {
@@ -153,5 +155,8 @@ void PositionLocaleTest::the_editors_keep_to_plain_digits()
     QCOMPARE(speed.value(), QString("90 [143]"));
 }
 
-QTEST_MAIN(PositionLocaleTest)
+TEST_WITH_WINDOWS(PositionLocaleTest)
+
+} // namespace position_locale_test
+
 #include "PositionLocaleTest.moc"

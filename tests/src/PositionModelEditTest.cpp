@@ -6,6 +6,8 @@
 
 #include <limits>
 
+namespace position_model_edit_test {
+
 /// What the table of positions writes: edited cells, added and removed positions.
 class PositionModelEditTest : public TestCase
 {
@@ -393,5 +395,8 @@ void PositionModelEditTest::no_signal_is_sent_before_the_device_reports_the_chan
     QCOMPARE(changed.size() + reset.size() + inserted.size() + removed.size(), 0);
 }
 
-QTEST_MAIN(PositionModelEditTest)
+TEST_WITH_WINDOWS(PositionModelEditTest)
+
+} // namespace position_model_edit_test
+
 #include "PositionModelEditTest.moc"

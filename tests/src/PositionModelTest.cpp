@@ -7,6 +7,8 @@
 
 #include <limits>
 
+namespace position_model_test {
+
 class PositionModelTest : public TestCase
 {
     Q_OBJECT
@@ -273,5 +275,8 @@ void PositionModelTest::a_model_without_its_owner_is_empty_and_writes_nothing()
     QCOMPARE(host.calls, QStringList());
 }
 
-QTEST_MAIN(PositionModelTest)
+TEST_WITH_WINDOWS(PositionModelTest)
+
+} // namespace position_model_test
+
 #include "PositionModelTest.moc"

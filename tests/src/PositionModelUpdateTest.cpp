@@ -5,6 +5,8 @@
 
 #include <QtTest>
 
+namespace position_model_update_test {
+
 /// What the table of positions tells its views.
 class PositionModelUpdateTest : public TestCase
 {
@@ -205,5 +207,8 @@ void PositionModelUpdateTest::a_new_language_is_reported_for_both_headers()
     QCOMPARE(changed[1][2].toInt(), 3);
 }
 
-QTEST_MAIN(PositionModelUpdateTest)
+TEST_WITH_WINDOWS(PositionModelUpdateTest)
+
+} // namespace position_model_update_test
+
 #include "PositionModelUpdateTest.moc"

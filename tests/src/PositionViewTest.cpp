@@ -9,6 +9,8 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+namespace position_view_test {
+
 /// The menu of the table of positions.
 class PositionViewTest : public TestCase
 {
@@ -340,5 +342,8 @@ void PositionViewTest::a_dismissed_menu_does_nothing()
     QVERIFY(!QApplication::activeModalWidget());
 }
 
-QTEST_MAIN(PositionViewTest)
+TEST_WITH_WINDOWS(PositionViewTest)
+
+} // namespace position_view_test
+
 #include "PositionViewTest.moc"

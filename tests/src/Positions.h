@@ -2,13 +2,11 @@
 #define QUANDREL_POSITIONS_H
 
 #include "FakeHost.h"
+#include "VariantMetaType.h"
 #include "olm/core/Vector.h"
 #include "plugin/gui/DeviceWidget.h"
 
 #include <QList>
-#include <QMetaType>
-
-Q_DECLARE_METATYPE(olm::core::variant::Variant)
 
 /// Stored arm positions as a device holds them.
 

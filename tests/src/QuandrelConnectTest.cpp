@@ -2,12 +2,13 @@
 #include "Addresses.h"
 #include "Quandrel.h"
 #include "TestCase.h"
+#include "VariantMetaType.h"
 
 #include <QtTest>
 
 #include <climits>
 
-Q_DECLARE_METATYPE(olm::core::variant::Variant)
+namespace quandrel_connect_test {
 
 /// How a Quandrel stores the address and its history, connects and disconnects.
 class QuandrelConnectTest : public TestCase
@@ -266,5 +267,8 @@ void QuandrelConnectTest::toggling_uses_the_connect_operation_of_a_derived_class
     QCOMPARE(host.calls, QStringList{"exec 1005"});
 }
 
-QTEST_MAIN(QuandrelConnectTest)
+TEST_WITH_WINDOWS(QuandrelConnectTest)
+
+} // namespace quandrel_connect_test
+
 #include "QuandrelConnectTest.moc"

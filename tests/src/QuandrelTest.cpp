@@ -10,6 +10,8 @@
 
 #include <climits>
 
+namespace quandrel_test {
+
 class QuandrelTest : public TestCase
 {
     Q_OBJECT
@@ -339,5 +341,8 @@ void QuandrelTest::help_is_about_the_context_of_the_constructor()
              (QStringList{"help word", "help word", "help ", "help ", "help other", "help other"}));
 }
 
-QTEST_MAIN(QuandrelTest)
+TEST_WITH_WINDOWS(QuandrelTest)
+
+} // namespace quandrel_test
+
 #include "QuandrelTest.moc"

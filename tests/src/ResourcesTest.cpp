@@ -9,6 +9,8 @@
 #include <QtEndian>
 #include <QtTest>
 
+namespace resources_test {
+
 /// The icons that are compiled into the plugin, seen from outside while it comes and goes.
 class ResourcesTest : public TestCase
 {
@@ -165,5 +167,8 @@ void ResourcesTest::no_language_or_country_has_an_icon_of_its_own()
     }
 }
 
-QTEST_MAIN(ResourcesTest)
+TEST_WITH_WINDOWS(ResourcesTest)
+
+} // namespace resources_test
+
 #include "ResourcesTest.moc"

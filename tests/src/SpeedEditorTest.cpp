@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
+namespace speed_editor_test {
+
 /// The dialog for the speed of an axis, by itself and opened from the table.
 class SpeedEditorTest : public TestCase
 {
@@ -410,5 +412,8 @@ void SpeedEditorTest::before_the_first_press_no_cell_is_chosen()
     QCOMPARE(changes(table.host), QStringList());
 }
 
-QTEST_MAIN(SpeedEditorTest)
+TEST_WITH_WINDOWS(SpeedEditorTest)
+
+} // namespace speed_editor_test
+
 #include "SpeedEditorTest.moc"

@@ -10,6 +10,8 @@
 #include <QToolBar>
 #include <QtTest>
 
+namespace toolbar_test {
+
 class ToolbarTest : public TestCase
 {
     Q_OBJECT
@@ -113,5 +115,8 @@ void ToolbarTest::its_help_is_about_the_toolbar()
     QCOMPARE(toolbar.helpAction(), host.helpAction("toolbar"));
 }
 
-QTEST_MAIN(ToolbarTest)
+TEST_WITH_WINDOWS(ToolbarTest)
+
+} // namespace toolbar_test
+
 #include "ToolbarTest.moc"

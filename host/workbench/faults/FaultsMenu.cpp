@@ -10,11 +10,11 @@
 
 #include <set>
 
-namespace host::workbench {
+namespace host::workbench::faults {
 
-using device::Connection;
-using device::Variables;
-using plugin::gui::VariableKind;
+using device::connection::Connection;
+using device::variables::Variables;
+using ::plugin::gui::VariableKind;
 
 FaultsMenu::FaultsMenu(device::Device& device, QWidget* parent)
     : QMenu(parent),
@@ -113,7 +113,7 @@ void FaultsMenu::listVariables()
     for (const Variables::Key& key : keys) {
         const QString name = QString::fromLatin1(key.second.c_str());
         QAction* const action = m_types->addAction(QString(name).replace('&', "&&") + '\t' +
-                                                   VariableModel::kindName(key.first));
+                                                   variables::VariableModel::kindName(key.first));
         action->setObjectName(name);
         action->setCheckable(true);
         action->setChecked(m_faults.wrongTypes().count(key) > 0);
@@ -187,4 +187,4 @@ void FaultsMenu::openDialog()
     m_dialog->activateWindow();
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::faults

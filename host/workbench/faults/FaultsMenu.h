@@ -1,7 +1,7 @@
 #ifndef HOST_WORKBENCH_FAULTS_FAULTSMENU_H
 #define HOST_WORKBENCH_FAULTS_FAULTSMENU_H
 
-#include "host/device/Faults.h"
+#include "host/device/faults/Faults.h"
 
 #include <QMenu>
 
@@ -12,7 +12,7 @@ namespace host::device {
 class Device;
 }
 
-namespace host::workbench {
+namespace host::workbench::faults {
 
 class MessageDialog;
 
@@ -30,7 +30,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    using Faults = device::Faults;
+    using Faults = device::faults::Faults;
 
     struct Toggle
     {
@@ -71,6 +71,6 @@ private:
     MessageDialog* m_dialog;
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::faults
 
 #endif

@@ -1,8 +1,8 @@
 #include "host/workbench/faults/MessageDialog.h"
 
 #include "host/device/Device.h"
-#include "host/device/MessageRole.h"
-#include "host/workbench/variables/ValueText.h"
+#include "host/device/connection/MessageRole.h"
+#include "host/workbench/values/ValueText.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -16,10 +16,10 @@
 
 #include <limits>
 
-namespace host::workbench {
+namespace host::workbench::faults {
 
 using olm::core::variant::Variant;
-using plugin::plugin::DataRole;
+using ::plugin::plugin::DataRole;
 
 namespace {
 
@@ -31,17 +31,18 @@ struct KnownRole
 };
 
 constexpr KnownRole knownRoles[] = {
-    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Line of the base log"),
-     device::baseLogLine, true},
-    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Line of the manipulator log"),
-     device::manipulatorLogLine, true},
-    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Line of the laser log"),
-     device::laserLogLine, true},
-    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "Emphasised line of the base log"),
-     device::emphasisedBaseLogLine, true},
-    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "State of the connection"),
-     device::connectionStateMessage, false},
-    {QT_TRANSLATE_NOOP("host::workbench::MessageDialog", "State of the connection, for the icon"),
+    {QT_TRANSLATE_NOOP("host::workbench::faults::MessageDialog", "Line of the base log"),
+     device::connection::baseLogLine, true},
+    {QT_TRANSLATE_NOOP("host::workbench::faults::MessageDialog", "Line of the manipulator log"),
+     device::connection::manipulatorLogLine, true},
+    {QT_TRANSLATE_NOOP("host::workbench::faults::MessageDialog", "Line of the laser log"),
+     device::connection::laserLogLine, true},
+    {QT_TRANSLATE_NOOP("host::workbench::faults::MessageDialog", "Emphasised line of the base log"),
+     device::connection::emphasisedBaseLogLine, true},
+    {QT_TRANSLATE_NOOP("host::workbench::faults::MessageDialog", "State of the connection"),
+     device::connection::connectionStateMessage, false},
+    {QT_TRANSLATE_NOOP("host::workbench::faults::MessageDialog",
+                       "State of the connection, for the icon"),
      DataRole(0), false},
 };
 
@@ -70,7 +71,7 @@ MessageDialog::MessageDialog(device::Device& device, QWidget* parent)
     m_role->setObjectName("role");
     m_role->setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
     m_type->setObjectName("type");
-    m_type->addItems(enterableTypes());
+    m_type->addItems(values::enterableTypes());
     m_value->setObjectName("value");
     m_problem->setObjectName("problem");
     m_problem->setTextFormat(Qt::PlainText);
@@ -131,7 +132,7 @@ void MessageDialog::translate()
     m_role->setAccessibleName(tr("Number of the role"));
     m_typeLabel->setText(tr("&Type:"));
     m_type->setAccessibleName(tr("Type of the value"));
-    m_type->setItemText(0, enterableTypes().first());
+    m_type->setItemText(0, values::enterableTypes().first());
     m_valueLabel->setText(tr("&Value:"));
     m_value->setAccessibleName(tr("Value of the message"));
     m_send->setText(tr("&Send"));
@@ -145,14 +146,14 @@ void MessageDialog::onRoleChanged()
         index = m_meaning->count() - 1;
     else
         m_type->setCurrentIndex(
-            enterableType(knownRoles[index].isText ? Variant(QString()) : Variant(0)));
+            values::enterableType(knownRoles[index].isText ? Variant(QString()) : Variant(0)));
     m_meaning->setCurrentIndex(index);
 }
 
 void MessageDialog::send()
 {
     QString problem;
-    const auto value = fromText(m_type->currentIndex(), m_value->text(), &problem);
+    const auto value = values::fromText(m_type->currentIndex(), m_value->text(), &problem);
     m_problem->setText(problem);
     m_problem->setVisible(!value);
     if (value)
@@ -161,4 +162,4 @@ void MessageDialog::send()
     m_value->selectAll();
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::faults

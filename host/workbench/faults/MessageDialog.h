@@ -14,7 +14,7 @@ namespace host::device {
 class Device;
 }
 
-namespace host::workbench {
+namespace host::workbench::faults {
 
 /// For developers of plugins: sends all widgets of a device a message of any role, with a value
 /// of any type. It stays open, for the next one.
@@ -48,6 +48,6 @@ private:
     QPushButton* m_send;
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::faults
 
 #endif

@@ -14,10 +14,10 @@
 #include <QStringListModel>
 #include <QVBoxLayout>
 
-namespace host::workbench {
+namespace host::workbench::names {
 
-using device::Names;
-using device::Offer;
+using device::connection::Offer;
+using device::connection::Remappings;
 
 namespace {
 
@@ -70,9 +70,9 @@ NamesDialog::NamesDialog(device::Device& device, QWidget* parent)
     grid->setColumnStretch(TheirsColumn, 2);
     grid->setColumnStretch(StateColumn, 2);
     grid->setHorizontalSpacing(12);
-    m_rows.reserve(Names::all().size());
-    addSection(Names::Kind::Topic, m_topics, grid);
-    addSection(Names::Kind::Service, m_services, grid);
+    m_rows.reserve(Remappings::all().size());
+    addSection(Remappings::Kind::Topic, m_topics, grid);
+    addSection(Remappings::Kind::Service, m_services, grid);
     grid->setRowStretch(grid->rowCount(), 1);
 
     auto* area = new QScrollArea;
@@ -90,7 +90,7 @@ NamesDialog::NamesDialog(device::Device& device, QWidget* parent)
         qobject_cast<QPushButton*>(button)->setAutoDefault(false);
     m_reset->setObjectName("reset");
     connect(m_reset, &QPushButton::clicked, this, [this] {
-        m_device.names().reset();
+        m_device.remappings().reset();
         discard();
     });
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
@@ -109,17 +109,17 @@ NamesDialog::~NamesDialog()
     hide();
 }
 
-void NamesDialog::addSection(Names::Kind kind, QLabel* title, QGridLayout* grid)
+void NamesDialog::addSection(Remappings::Kind kind, QLabel* title, QGridLayout* grid)
 {
     makeBold(title, true);
     grid->addWidget(title, grid->rowCount(), 0, 1, ColumnCount);
-    for (const Names::Entry& entry : Names::all()) {
+    for (const Remappings::Entry& entry : Remappings::all()) {
         if (entry.kind == kind)
             addRow(entry, grid);
     }
 }
 
-void NamesDialog::addRow(const Names::Entry& entry, QGridLayout* grid)
+void NamesDialog::addRow(const Remappings::Entry& entry, QGridLayout* grid)
 {
     const int line = grid->rowCount();
     const Row row{entry,
@@ -198,7 +198,7 @@ void NamesDialog::translate()
 void NamesDialog::refresh()
 {
     for (const Row& row : m_rows) {
-        const QString theirs = m_device.names().theirs(row.entry.name);
+        const QString theirs = m_device.remappings().theirs(row.entry.name);
         if (!row.theirs->isModified())
             row.theirs->setText(theirs);
         makeBold(row.theirs, theirs != row.entry.name);
@@ -221,7 +221,7 @@ void NamesDialog::discard()
 void NamesDialog::check(const Row& row)
 {
     const QString text = row.theirs->text().trimmed();
-    const QString problem = text.isEmpty() ? QString() : Names::fault(text);
+    const QString problem = text.isEmpty() ? QString() : Remappings::fault(text);
     row.problem->setText(problem);
     row.problem->setVisible(!problem.isEmpty());
 }
@@ -229,15 +229,15 @@ void NamesDialog::check(const Row& row)
 void NamesDialog::take(const Row& row)
 {
     const QString text = row.theirs->text().trimmed();
-    if (!m_device.names().set(row.entry.name, text.isEmpty() ? row.entry.name : text))
+    if (!m_device.remappings().set(row.entry.name, text.isEmpty() ? row.entry.name : text))
         return;
     row.theirs->setModified(false);
-    row.theirs->setText(m_device.names().theirs(row.entry.name));
+    row.theirs->setText(m_device.remappings().theirs(row.entry.name));
 }
 
-QString NamesDialog::stateInWords(const Names::Entry& entry) const
+QString NamesDialog::stateInWords(const Remappings::Entry& entry) const
 {
-    if (m_device.connectionState() < device::Connection::connected)
+    if (m_device.connectionState() < device::connection::Connection::connected)
         return tr("not connected");
     switch (m_device.offer().state(entry)) {
     case Offer::State::Unknown:
@@ -252,4 +252,4 @@ QString NamesDialog::stateInWords(const Names::Entry& entry) const
     return {};
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::names

@@ -1,7 +1,7 @@
 #ifndef HOST_WORKBENCH_NAMES_NAMESDIALOG_H
 #define HOST_WORKBENCH_NAMES_NAMESDIALOG_H
 
-#include "host/device/Names.h"
+#include "host/device/connection/Remappings.h"
 
 #include <QDialog>
 
@@ -18,7 +18,7 @@ namespace host::device {
 class Device;
 }
 
-namespace host::workbench {
+namespace host::workbench::names {
 
 /// What the device's robot calls the topics and services that this program uses, to be looked at
 /// beside what the robot offers, and changed. Every change is in effect, and remembered, as soon as
@@ -39,7 +39,7 @@ protected:
 private:
     struct Row
     {
-        const device::Names::Entry& entry;
+        const device::connection::Remappings::Entry& entry;
         QLabel* name;
         QLabel* purpose;
         QLineEdit* theirs;
@@ -48,14 +48,14 @@ private:
         QStringListModel* candidates;
     };
 
-    void addSection(device::Names::Kind kind, QLabel* title, QGridLayout* grid);
-    void addRow(const device::Names::Entry& entry, QGridLayout* grid);
+    void addSection(device::connection::Remappings::Kind kind, QLabel* title, QGridLayout* grid);
+    void addRow(const device::connection::Remappings::Entry& entry, QGridLayout* grid);
     void translate();
     void refresh();
     void discard();
     void check(const Row& row);
     void take(const Row& row);
-    QString stateInWords(const device::Names::Entry& entry) const;
+    QString stateInWords(const device::connection::Remappings::Entry& entry) const;
 
     device::Device& m_device;
     QLabel* m_hint;
@@ -67,6 +67,6 @@ private:
     QPushButton* m_reset;
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::names
 
 #endif

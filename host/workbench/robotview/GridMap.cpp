@@ -2,7 +2,7 @@
 
 #include <QVector>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 namespace {
 
@@ -13,10 +13,10 @@ constexpr double coarsest = 100; // metres
 
 std::optional<GridMap> GridMap::read(const QCborMap& message, QString* fault)
 {
-    robot::link::Fields fields(message, fault);
+    rosbridge::protocol::Fields fields(message, fault);
     GridMap map;
     map.frame = fields.object("header").text("frame_id");
-    robot::link::Fields info = fields.object("info");
+    rosbridge::protocol::Fields info = fields.object("info");
     const int width = static_cast<int>(info.integer("width", 1, mostCells));
     const int height = static_cast<int>(info.integer("height", 1, mostCells));
     map.resolution = info.number("resolution");
@@ -41,4 +41,4 @@ std::optional<GridMap> GridMap::read(const QCborMap& message, QString* fault)
     return map;
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview

@@ -10,12 +10,12 @@
 
 #include <optional>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 /// A map out of the robot's nav_msgs/OccupancyGrid message.
 struct GridMap
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::GridMap)
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::robotview::GridMap)
 
 public:
     static constexpr int unknown = 101;
@@ -31,6 +31,6 @@ public:
     static std::optional<GridMap> read(const QCborMap& message, QString* fault);
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview
 
 #endif

@@ -3,16 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 namespace {
 
-constexpr float farthest = 10000; // metres: no laser on a robot sees that far
+constexpr float longestRange = 10000; // metres: no laser on a robot sees that far
 
 } // namespace
 
-std::optional<LaserRays> LaserRays::read(device::ScanReader& reader, const QCborMap& message,
-                                         QString* fault)
+std::optional<LaserRays> LaserRays::read(device::readers::ScanReader& reader,
+                                         const QCborMap& message, QString* fault)
 {
     const auto scan = reader.read(message, fault);
     if (!scan)
@@ -32,7 +32,7 @@ std::optional<LaserRays> LaserRays::read(device::ScanReader& reader, const QCbor
     for (int i = 0; i < count; ++i) {
         const float range = scan->ranges[i];
         if (!(range >= scan->minimumRange && range <= scan->maximumRange && range > 0 &&
-              range <= farthest)) {
+              range <= longestRange)) {
             if (rays.swept.last() != laser)
                 rays.swept.append(laser);
             continue;
@@ -47,4 +47,4 @@ std::optional<LaserRays> LaserRays::read(device::ScanReader& reader, const QCbor
     return rays;
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview

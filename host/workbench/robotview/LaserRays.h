@@ -1,7 +1,7 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_LASERRAYS_H
 #define HOST_WORKBENCH_ROBOTVIEW_LASERRAYS_H
 
-#include "host/device/ScanReader.h"
+#include "host/device/readers/ScanReader.h"
 
 #include <QCborMap>
 #include <QCoreApplication>
@@ -10,13 +10,13 @@
 
 #include <optional>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 /// What a laser saw, in metres in its own frame, out of a sensor_msgs/LaserScan message. Rays
 /// without an answer within the laser's limits are not among it.
 struct LaserRays
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::LaserRays)
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::robotview::LaserRays)
 
 public:
     QString frame;
@@ -26,10 +26,10 @@ public:
     QPolygonF swept; ///< what the rays passed over
 
     /// A message of the wrong shape gives nothing and, in @p fault, what is wrong.
-    static std::optional<LaserRays> read(device::ScanReader& reader, const QCborMap& message,
-                                         QString* fault);
+    static std::optional<LaserRays> read(device::readers::ScanReader& reader,
+                                         const QCborMap& message, QString* fault);
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview
 
 #endif

@@ -1,6 +1,6 @@
 #include "host/workbench/robotview/Path.h"
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 void Path::add(const QPointF& place)
 {
@@ -32,4 +32,4 @@ void Path::thinOut()
     m_step *= 2;
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 /// The path that the robot drove, in metres. It takes the same room however long it becomes: when
 /// it is full, it keeps every second point and is coarser from then on.
@@ -30,6 +30,6 @@ private:
     double m_step = 0.02; // metres: the shortest line
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview
 
 #endif

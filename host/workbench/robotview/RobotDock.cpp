@@ -12,7 +12,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 namespace {
 
@@ -140,4 +140,4 @@ void RobotDock::refreshTexts()
     m_notes->setVisible(!m_notes->text().isEmpty());
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview

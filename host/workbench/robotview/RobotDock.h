@@ -12,7 +12,7 @@ class QPushButton;
 class QToolButton;
 class QTreeView;
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 class WorldView;
 
@@ -46,6 +46,6 @@ private:
     QTimer m_ageTimer{this};  // runs only while the dock is shown: what does not come grows old
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview
 
 #endif

@@ -4,10 +4,10 @@
 
 #include <utility>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
-using device::Connection;
-using device::Offer;
+using device::connection::Connection;
+using device::connection::Offer;
 using Topic = RobotState::Topic;
 
 namespace {
@@ -66,9 +66,9 @@ void RobotFeed::arrange()
     for (int i = 0; i < RobotState::TopicCount; ++i) {
         const auto topic = static_cast<Topic>(i);
         const QString name = QLatin1String(RobotState::info(topic).name);
-        const Offer::State found = offer.state(*device::Names::find(name));
+        const Offer::State found = offer.state(*device::connection::Remappings::find(name));
         const bool isOffered = found != Offer::State::Missing && found != Offer::State::OtherType;
-        m_state.setName(topic, m_device.names().theirs(name));
+        m_state.setName(topic, m_device.remappings().theirs(name));
         m_state.setPublished(topic, isOffered, RobotState::Clock::now());
         if (isOffered)
             follow(topic);
@@ -99,4 +99,4 @@ void RobotFeed::leaveAll()
         m_device.connection().unfollow(std::exchange(follower, 0));
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview

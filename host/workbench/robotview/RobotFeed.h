@@ -12,7 +12,7 @@ namespace host::device {
 class Device;
 }
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 /// Keeps a robot's state new while somebody looks: follows the topics that the robot offers, and
 /// has it asked again and again for those that it does not offer yet.
@@ -47,6 +47,6 @@ private:
     QTimer m_askTimer{this};
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview
 
 #endif

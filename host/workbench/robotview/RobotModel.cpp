@@ -5,7 +5,7 @@
 #include <QPalette>
 #include <QPixmap>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 namespace {
 
@@ -162,4 +162,4 @@ std::optional<bool> RobotModel::isOn(int row) const
     }
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview

@@ -5,7 +5,7 @@
 
 #include <QAbstractTableModel>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 /// The robot's parts as a table: the arm's axes, the camera's rate, and what is switched on. What
 /// is old is grey and says its age; what was never told is a dash.
@@ -53,6 +53,6 @@ private:
     const RobotState& m_state;
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview
 
 #endif

@@ -5,9 +5,9 @@
 #include <cmath>
 #include <cstdlib>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
-using robot::link::Fields;
+using rosbridge::protocol::Fields;
 
 namespace {
 
@@ -312,4 +312,4 @@ QString RobotState::missing(const QString& what, const std::vector<Topic>& topic
                                      : QString();
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview

@@ -1,13 +1,13 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_ROBOTSTATE_H
 #define HOST_WORKBENCH_ROBOTVIEW_ROBOTSTATE_H
 
-#include "host/device/ArmPose.h"
-#include "host/device/RateMeter.h"
-#include "host/device/ScanReader.h"
-#include "host/workbench/robotview/Frames.h"
+#include "host/device/readers/ArmPose.h"
+#include "host/device/readers/RateMeter.h"
+#include "host/device/readers/ScanReader.h"
 #include "host/workbench/robotview/GridMap.h"
 #include "host/workbench/robotview/LaserRays.h"
 #include "host/workbench/robotview/Path.h"
+#include "host/workbench/robotview/TransformTree.h"
 
 #include <QCborMap>
 #include <QCoreApplication>
@@ -19,13 +19,13 @@
 #include <optional>
 #include <vector>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 /// The newest that a robot told of each thing, when it came, and what is missing. It shows a robot
 /// that tells only some of it; what is wrong changes nothing but the notes.
 class RobotState
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::RobotState)
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::robotview::RobotState)
 
 public:
     using Clock = std::chrono::steady_clock;
@@ -62,7 +62,7 @@ public:
         std::optional<float> present;
     };
 
-    static constexpr int axisCount = device::ArmPose::axisCount;
+    static constexpr int axisCount = device::readers::ArmPose::axisCount;
 
     static const TopicInfo& info(Topic topic);
     static QString axisName(int axis);
@@ -128,9 +128,9 @@ private:
     std::array<std::optional<TimePoint>, TopicCount> m_arrivals;
     std::array<QString, TopicCount> m_errors;
     std::optional<GridMap> m_map;
-    Frames m_frames;
+    TransformTree m_frames;
     QString m_odometryFrame;
-    device::ScanReader m_scanReader;
+    device::readers::ScanReader m_scanReader;
     std::optional<LaserRays> m_rays;
     std::optional<Transform> m_raysPlace;
     qint64 m_raysLag = 0; // from when they were measured to when their place was; milliseconds
@@ -138,9 +138,9 @@ private:
     Path m_path;
     std::array<Axis, axisCount> m_axes;
     std::array<std::optional<bool>, TopicCount> m_switches;
-    device::RateMeter m_camera;
+    device::readers::RateMeter m_camera;
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview
 
 #endif

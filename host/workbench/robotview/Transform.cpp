@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
-using robot::link::Fields;
+using rosbridge::protocol::Fields;
 
 namespace {
 
@@ -83,4 +83,4 @@ QTransform Transform::onFloor() const
     return {m_turn[0][0], m_turn[1][0], m_turn[0][1], m_turn[1][1], m_shift[0], m_shift[1]};
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview

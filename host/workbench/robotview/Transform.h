@@ -1,20 +1,20 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_TRANSFORM_H
 #define HOST_WORKBENCH_ROBOTVIEW_TRANSFORM_H
 
-#include "robot/link/Fields.h"
+#include "rosbridge/protocol/Fields.h"
 
 #include <QCoreApplication>
 #include <QTransform>
 
 #include <array>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 /// Where one frame is in another: a turn and a shift in space, in metres. In space, not on the
 /// floor, since a laser may be mounted upside down.
 class Transform
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::Transform)
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::robotview::Transform)
 
 public:
     /// Both frames are the same.
@@ -22,7 +22,7 @@ public:
 
     /// Reads a geometry_msgs/Pose or Transform, which name their two fields differently. Numbers
     /// that are no place or no turn are the fields' error.
-    static Transform read(robot::link::Fields fields, const char* shift, const char* turn);
+    static Transform read(rosbridge::protocol::Fields fields, const char* shift, const char* turn);
 
     /// @p inner, given in the frame whose place this is, in the frame that this is given in.
     Transform operator*(const Transform& inner) const;
@@ -36,6 +36,6 @@ private:
     std::array<double, 3> m_shift{};
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview
 
 #endif

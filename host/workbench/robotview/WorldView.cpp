@@ -11,7 +11,7 @@
 #include <chrono>
 #include <cmath>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 namespace {
 
@@ -377,4 +377,4 @@ void WorldView::paintScale(QPainter& painter) const
     painter.drawText(left + 4, bottom - 4, words);
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview

@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 
-namespace host::workbench {
+namespace host::workbench::robotview {
 
 /// The world from above: the map, the robot, the path it drove, and what its laser sees. The wheel
 /// and + and - zoom, dragging and the arrow keys move, Home shows all.
@@ -78,6 +78,6 @@ private:
     QTimer m_timer{this};        // runs only while something is to be painted
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::robotview
 
 #endif

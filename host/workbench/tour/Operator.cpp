@@ -1,8 +1,8 @@
 #include "host/workbench/tour/Operator.h"
 
 #include "host/device/Device.h"
-#include "host/workbench/Window.h"
 #include "host/workbench/tour/Hand.h"
+#include "host/workbench/window/Window.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -27,7 +27,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace host::workbench {
+namespace host::workbench::tour {
 
 namespace {
 
@@ -71,7 +71,7 @@ void paintOver(QPixmap& picture, const QWidget& window, QWidget& widget)
 
 } // namespace
 
-Operator::Operator(const QString& folder, Window& window, device::Device& device)
+Operator::Operator(const QString& folder, window::Window& window, device::Device& device)
     : m_folder(folder),
       m_window(window),
       m_device(device)
@@ -134,11 +134,12 @@ bool Operator::waitForConnection()
 {
     const auto isSettled = [this] {
         return m_device.connectionState() < 0 ||
-               m_device.connectionState() >= device::Connection::connected;
+               m_device.connectionState() >= device::connection::Connection::connected;
     };
     if (!waitUntil(isSettled))
         return fail(tr("it takes too long: %1").arg(m_device.status()));
-    return m_device.connectionState() == device::Connection::connected || fail(m_device.status());
+    return m_device.connectionState() == device::connection::Connection::connected ||
+           fail(m_device.status());
 }
 
 bool Operator::waitForRobot(QWidget& window)
@@ -236,4 +237,4 @@ bool Operator::fail(const QString& why)
     return false;
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::tour

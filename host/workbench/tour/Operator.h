@@ -14,21 +14,23 @@ namespace host::device {
 class Device;
 }
 
-namespace host::workbench {
-
+namespace host::workbench::window {
 class Window;
+} // namespace host::workbench::window
+
+namespace host::workbench::tour {
 
 /// Who goes on the tour: has a hand, patience and a camera, and says where it came to an end. What
 /// it does gives true, or false after the standard error was told why.
 class Operator
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::Operator)
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::tour::Operator)
 
 public:
     /// @p window shows @p device alone; both outlive the operator.
-    Operator(const QString& folder, Window& window, device::Device& device);
+    Operator(const QString& folder, window::Window& window, device::Device& device);
 
-    Window& window() const { return m_window; }
+    window::Window& window() const { return m_window; }
     device::Device& device() const { return m_device; }
 
     /// Makes the folder of the pictures and shows the window.
@@ -65,13 +67,13 @@ public:
 
 private:
     QString m_folder;
-    Window& m_window;
+    window::Window& m_window;
     device::Device& m_device;
     QString m_step;
     int m_pictures = 0;
     bool m_isStopped = false;
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::tour
 
 #endif

@@ -1,8 +1,8 @@
 #include "host/workbench/tour/PluginTour.h"
 
 #include "host/device/Device.h"
-#include "host/workbench/Window.h"
 #include "host/workbench/tour/Hand.h"
+#include "host/workbench/window/Window.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -22,7 +22,7 @@
 
 #include <cmath>
 
-namespace host::workbench {
+namespace host::workbench::tour {
 
 namespace {
 
@@ -115,9 +115,9 @@ bool PluginTour::connectRobot()
     m_operator.begin(tr("being connected"));
     const auto isSettled = [this] {
         return m_operator.device().connectionState() < 0 ||
-               m_operator.device().connectionState() >= device::Connection::connected;
+               m_operator.device().connectionState() >= device::connection::Connection::connected;
     };
-    for (int frame = 0; frame < device::Connection::connected; ++frame) {
+    for (int frame = 0; frame < device::connection::Connection::connected; ++frame) {
         if (!m_operator.waitUntil(
                 [&] { return m_operator.device().connectionState() == frame || isSettled(); }))
             return m_operator.fail(tr("it takes too long: %1").arg(m_operator.device().status()));
@@ -287,4 +287,4 @@ bool PluginTour::connectNowhere()
     return m_operator.takePicture("refused");
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::tour

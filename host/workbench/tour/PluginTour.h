@@ -8,12 +8,12 @@
 
 class QTableView;
 
-namespace host::workbench {
+namespace host::workbench::tour {
 
 /// The part of the tour that shows the plugin: every state of the connection and every tab.
 class PluginTour
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::PluginTour)
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::tour::PluginTour)
 
 public:
     explicit PluginTour(Operator& person);
@@ -36,6 +36,6 @@ private:
     EmbeddedRobot m_replayRobot{0}; // on any port: replays a recording
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::tour
 
 #endif

@@ -1,14 +1,15 @@
 #include "host/workbench/tour/Tour.h"
 
-#include "host/workbench/DeviceView.h"
-#include "host/workbench/PluginLoader.h"
-#include "host/workbench/Window.h"
+#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/tour/PluginTour.h"
 #include "host/workbench/tour/WorkbenchTour.h"
+#include "host/workbench/window/DeviceView.h"
+#include "host/workbench/window/Window.h"
 
-namespace host::workbench {
+namespace host::workbench::tour {
 
-Tour::Tour(const QString& folder, Window& window, const PluginLoader& plugin, Services& services)
+Tour::Tour(const QString& folder, window::Window& window, const plugin::PluginLoader& plugin,
+           plugin::PluginEnvironment& services)
     : m_window(window),
       m_plugin(plugin),
       m_services(services),
@@ -25,8 +26,9 @@ bool Tour::run()
 bool Tour::showFailure()
 {
     m_operator.begin(tr("showing a missing plugin"));
-    const PluginLoader missing(QCoreApplication::applicationDirPath() + "/libno_such_plugin.so");
-    Window window(missing, m_services);
+    const plugin::PluginLoader missing(QCoreApplication::applicationDirPath() +
+                                       "/libno_such_plugin.so");
+    window::Window window(missing, m_services);
     window.add(m_window.views().first()->device(), QString());
     if (window.failures().isEmpty())
         return m_operator.fail(tr("the plugin was found"));
@@ -34,4 +36,4 @@ bool Tour::showFailure()
     return m_operator.show(window) && m_operator.takePicture(window, "plugin-missing");
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::tour

@@ -6,23 +6,29 @@
 #include <QCoreApplication>
 #include <QString>
 
-namespace host::workbench {
-
+namespace host::workbench::plugin {
 class PluginLoader;
-class Services;
+class PluginEnvironment;
+} // namespace host::workbench::plugin
+
+namespace host::workbench::window {
 class Window;
+} // namespace host::workbench::window
+
+namespace host::workbench::tour {
 
 /// Operates the window as a person would, with mouse and keys, through every state of the
 /// connection, every tab of the dialog and every dock, and writes a picture of each. Each step
 /// waits for what it is to show, so that the pictures show it however busy the machine is.
 class Tour
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::Tour)
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::tour::Tour)
 
 public:
     /// @p window shows one device with @p plugin, which works; all of them outlive the tour.
     /// @p folder is where the pictures go, made where it is missing.
-    Tour(const QString& folder, Window& window, const PluginLoader& plugin, Services& services);
+    Tour(const QString& folder, window::Window& window, const plugin::PluginLoader& plugin,
+         plugin::PluginEnvironment& services);
 
     /// Prints the pictures' names to the standard output as they are written. False when a step
     /// could not be reached or its picture not be written: the standard error says which and
@@ -34,12 +40,12 @@ public:
 private:
     bool showFailure();
 
-    Window& m_window;
-    const PluginLoader& m_plugin;
-    Services& m_services;
+    window::Window& m_window;
+    const plugin::PluginLoader& m_plugin;
+    plugin::PluginEnvironment& m_services;
     Operator m_operator;
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::tour
 
 #endif

@@ -1,11 +1,11 @@
 #include "host/workbench/tour/WorkbenchTour.h"
 
 #include "host/device/Device.h"
-#include "host/workbench/Services.h"
-#include "host/workbench/Window.h"
 #include "host/workbench/faults/FaultsMenu.h"
 #include "host/workbench/names/NamesDialog.h"
+#include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/tour/Hand.h"
+#include "host/workbench/window/Window.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -15,13 +15,14 @@
 #include <QMenuBar>
 #include <QTemporaryDir>
 
-namespace host::workbench {
+namespace host::workbench::tour {
 
 namespace {
 
 } // namespace
 
-WorkbenchTour::WorkbenchTour(Operator& person, const PluginLoader& plugin, Services& services)
+WorkbenchTour::WorkbenchTour(Operator& person, const plugin::PluginLoader& plugin,
+                             plugin::PluginEnvironment& services)
     : m_operator(person),
       m_plugin(plugin),
       m_services(services)
@@ -81,7 +82,7 @@ bool WorkbenchTour::showHelp()
 bool WorkbenchTour::showNames()
 {
     m_operator.begin(tr("looking at the robot's names"));
-    auto* const names = m_operator.window().findChild<NamesDialog*>();
+    auto* const names = m_operator.window().findChild<names::NamesDialog*>();
     for (QAction* entry : m_operator.window().findChildren<QAction*>("names")) {
         if (!chooseFromMenu(*entry))
             return false;
@@ -124,11 +125,11 @@ bool WorkbenchTour::showFaults()
     m_operator.begin(tr("making faults"));
     device::Device& device = m_operator.device();
     return chooseFault("controller", "faults-menu") && (m_operator.waitUntil([&] {
-               return device.connectionState() == device::Connection::passive;
+               return device.connectionState() == device::connection::Connection::passive;
            }) || m_operator.fail(device.status())) &&
            chooseFault("freeze") && m_operator.takePicture("faults") &&
            chooseFault("end") && (m_operator.waitUntil([&] {
-               return device.connectionState() == device::Connection::connected;
+               return device.connectionState() == device::connection::Connection::connected;
            }) || m_operator.fail(device.status()));
 }
 
@@ -141,7 +142,7 @@ bool WorkbenchTour::showTwoDevices()
     EmbeddedRobot secondRobot(0, 2);
     first.overrideAddress(m_robot.address());
     second.overrideAddress(secondRobot.address());
-    Window window(m_plugin, m_services);
+    window::Window window(m_plugin, m_services);
     window.add(first, m_robot.address());
     window.add(second, secondRobot.address());
     m_operator.device().disconnectDevice(); // gives up control of the robot
@@ -150,8 +151,8 @@ bool WorkbenchTour::showTwoDevices()
     first.connectDevice();
     second.connectDevice();
     const auto areConnected = [&] {
-        return first.connectionState() == device::Connection::connected &&
-               second.connectionState() == device::Connection::connected;
+        return first.connectionState() == device::connection::Connection::connected &&
+               second.connectionState() == device::connection::Connection::connected;
     };
     return (m_operator.waitUntil(areConnected) ||
             m_operator.fail(first.status() + ' ' + second.status())) &&
@@ -191,10 +192,10 @@ bool WorkbenchTour::chooseFromMenu(QAction& entry, const QString& picture)
 
 bool WorkbenchTour::chooseFault(const char* name, const QString& picture)
 {
-    const auto* const menu = m_operator.window().findChild<FaultsMenu*>();
+    const auto* const menu = m_operator.window().findChild<faults::FaultsMenu*>();
     auto* const entry =
         menu ? menu->findChild<QAction*>(name, Qt::FindDirectChildrenOnly) : nullptr;
     return entry ? chooseFromMenu(*entry, picture) : m_operator.fail(tr("there is no such fault"));
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::tour

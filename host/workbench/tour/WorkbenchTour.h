@@ -9,20 +9,23 @@
 class QAction;
 class QDockWidget;
 
-namespace host::workbench {
-
+namespace host::workbench::plugin {
 class PluginLoader;
-class Services;
+class PluginEnvironment;
+} // namespace host::workbench::plugin
+
+namespace host::workbench::tour {
 
 /// The part of the tour that shows what the workbench adds to the plugin: its docks, the help, and
 /// several devices side by side.
 class WorkbenchTour
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::WorkbenchTour)
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::tour::WorkbenchTour)
 
 public:
     /// See Tour.
-    WorkbenchTour(Operator& person, const PluginLoader& plugin, Services& services);
+    WorkbenchTour(Operator& person, const plugin::PluginLoader& plugin,
+                  plugin::PluginEnvironment& services);
 
     /// Begins without a connection.
     bool run();
@@ -42,11 +45,11 @@ private:
     bool chooseFault(const char* name, const QString& picture = QString());
 
     Operator& m_operator;
-    const PluginLoader& m_plugin;
-    Services& m_services;
+    const plugin::PluginLoader& m_plugin;
+    plugin::PluginEnvironment& m_services;
     EmbeddedRobot m_robot{0};
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::tour
 
 #endif

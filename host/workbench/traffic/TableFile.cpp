@@ -5,7 +5,7 @@
 #include <QSaveFile>
 #include <QStringList>
 
-namespace host::workbench {
+namespace host::workbench::traffic {
 
 namespace {
 
@@ -43,4 +43,4 @@ QString saveTable(const QAbstractItemModel& table, const QString& fileName)
         .arg(fileName, file.errorString());
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::traffic

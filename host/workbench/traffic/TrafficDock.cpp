@@ -13,7 +13,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-namespace host::workbench {
+namespace host::workbench::traffic {
 
 namespace {
 
@@ -21,7 +21,7 @@ constexpr int fewestRows = 8;
 
 } // namespace
 
-TrafficDock::TrafficDock(device::Traffic& traffic, QWidget* parent)
+TrafficDock::TrafficDock(device::trace::Traffic& traffic, QWidget* parent)
     : QDockWidget(parent),
       m_model(traffic),
       m_filterLabel(new QLabel),
@@ -129,4 +129,4 @@ void TrafficDock::askForFile()
     dialog->show();
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::traffic

@@ -11,7 +11,7 @@ class QLineEdit;
 class QPushButton;
 class QTreeView;
 
-namespace host::workbench {
+namespace host::workbench::traffic {
 
 /// For developers of plugins: every call between the host and the plugin, in order, with what it
 /// was given and how long it took. Hidden at first; then the calls are only kept.
@@ -21,7 +21,7 @@ class TrafficDock : public QDockWidget
 
 public:
     /// @p traffic outlives the dock.
-    TrafficDock(device::Traffic& traffic, QWidget* parent);
+    TrafficDock(device::trace::Traffic& traffic, QWidget* parent);
 
 Q_SIGNALS:
     /// The calls could not be saved; with what to do.
@@ -45,6 +45,6 @@ private:
     bool m_isAtEnd = true; // the newest call is in sight
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::traffic
 
 #endif

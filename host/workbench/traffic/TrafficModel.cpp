@@ -1,7 +1,7 @@
 #include "host/workbench/traffic/TrafficModel.h"
 
-#include "host/device/ClassName.h"
-#include "host/workbench/variables/ValueText.h"
+#include "host/device/trace/ClassName.h"
+#include "host/workbench/values/ValueText.h"
 
 #include <QBrush>
 #include <QColor>
@@ -9,41 +9,41 @@
 #include <algorithm>
 #include <utility>
 
-namespace host::workbench {
+namespace host::workbench::traffic {
 
-using device::Call;
+using device::trace::PluginCall;
 
 namespace {
 
 constexpr std::chrono::milliseconds refreshInterval{100};
 
-QString widgetText(const Call& call)
+QString widgetText(const PluginCall& call)
 {
     if (!call.widgetClass)
         return {};
-    const QString className = device::className(*call.widgetClass);
+    const QString className = device::trace::className(*call.widgetClass);
     return call.widgetName.isEmpty() ? className : className + " / " + call.widgetName;
 }
 
-QString argumentsText(const Call& call)
+QString argumentsText(const PluginCall& call)
 {
     QStringList words;
-    for (const device::Argument& argument : *call.arguments) {
-        const QString value = inWords(argument.value);
+    for (const device::trace::Argument& argument : *call.arguments) {
+        const QString value = values::inWords(argument.value);
         words += argument.name.empty() ? value
                                        : QString::fromLatin1(argument.name.c_str()) + " = " + value;
     }
     return words.join(QStringLiteral(", "));
 }
 
-QString resultText(const Call& call)
+QString resultText(const PluginCall& call)
 {
     if (call.hasThrown)
         return TrafficModel::tr("threw an exception");
-    return call.result ? inWords(*call.result) : QString();
+    return call.result ? values::inWords(*call.result) : QString();
 }
 
-QString durationText(const Call& call)
+QString durationText(const PluginCall& call)
 {
     if (!call.duration)
         return TrafficModel::tr("under way");
@@ -55,12 +55,12 @@ QString durationText(const Call& call)
 
 } // namespace
 
-TrafficModel::TrafficModel(device::Traffic& traffic) : m_traffic(traffic)
+TrafficModel::TrafficModel(device::trace::Traffic& traffic) : m_traffic(traffic)
 {
     m_timer.setInterval(refreshInterval);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &TrafficModel::refresh);
-    connect(&traffic, &device::Traffic::changed, this, &TrafficModel::onChanged);
+    connect(&traffic, &device::trace::Traffic::changed, this, &TrafficModel::onChanged);
 }
 
 void TrafficModel::setActive(bool active)
@@ -93,7 +93,7 @@ int TrafficModel::columnCount(const QModelIndex& parent) const
 
 QVariant TrafficModel::data(const QModelIndex& index, int role) const
 {
-    const Call& call = *m_calls[static_cast<std::size_t>(index.row())];
+    const PluginCall& call = *m_calls[static_cast<std::size_t>(index.row())];
     switch (role) {
     case Qt::DisplayRole:
         return text(call, index.column());
@@ -101,7 +101,7 @@ QVariant TrafficModel::data(const QModelIndex& index, int role) const
         if (call.isTooLong())
             return tr("The window did not react for %1 ms: a call should end within %2 ms.")
                 .arg(*call.duration / std::chrono::milliseconds(1))
-                .arg(Call::tooLong.count());
+                .arg(PluginCall::tooLong.count());
         return index.column() == ArgumentsColumn ? argumentsText(call).toHtmlEscaped() : QVariant();
     case Qt::BackgroundRole:
         // Half transparent, so that it suits light and dark desktops.
@@ -135,14 +135,14 @@ QVariant TrafficModel::headerData(int section, Qt::Orientation orientation, int 
     }
 }
 
-QString TrafficModel::text(const Call& call, int column)
+QString TrafficModel::text(const PluginCall& call, int column)
 {
     switch (column) {
     case TimeColumn:
-        return inWords(call.began);
+        return values::inWords(call.began);
     case DirectionColumn:
-        return call.direction == Call::Direction::ToPlugin ? tr("host → plugin")
-                                                           : tr("plugin → host");
+        return call.direction == PluginCall::Direction::ToPlugin ? tr("host → plugin")
+                                                                 : tr("plugin → host");
     case CallColumn:
         return QStringLiteral("   ").repeated(call.depth) + QLatin1String(call.name);
     case WidgetColumn:
@@ -206,4 +206,4 @@ void TrafficModel::refresh()
     endInsertRows();
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::traffic

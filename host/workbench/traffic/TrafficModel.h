@@ -1,7 +1,7 @@
 #ifndef HOST_WORKBENCH_TRAFFIC_TRAFFICMODEL_H
 #define HOST_WORKBENCH_TRAFFIC_TRAFFICMODEL_H
 
-#include "host/device/Traffic.h"
+#include "host/device/trace/Traffic.h"
 
 #include <QAbstractTableModel>
 #include <QTimer>
@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-namespace host::workbench {
+namespace host::workbench::traffic {
 
 /// The calls between a device and its plugin as a table, the oldest first, for as long as
 /// somebody looks. News comes in at most ten times a second.
@@ -32,7 +32,7 @@ public:
     };
 
     /// @p traffic outlives the model. Not active, and without rows, at first.
-    explicit TrafficModel(device::Traffic& traffic);
+    explicit TrafficModel(device::trace::Traffic& traffic);
 
     /// While it is not active nothing is done. What is still kept by then is shown on return.
     void setActive(bool active);
@@ -47,22 +47,22 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    using Number = device::Traffic::Number;
+    using Number = device::trace::Traffic::Number;
 
     void onChanged();
     void update();
     void refresh();
-    static QString text(const device::Call& call, int column);
+    static QString text(const device::trace::PluginCall& call, int column);
 
-    device::Traffic& m_traffic;
+    device::trace::Traffic& m_traffic;
     bool m_isActive = false;
     bool m_isPaused = false;
-    std::deque<std::shared_ptr<const device::Call>> m_calls;
+    std::deque<std::shared_ptr<const device::trace::PluginCall>> m_calls;
     Number m_first = 0;             // the number of the first row
     std::vector<Number> m_underWay; // of the rows
     QTimer m_timer{this};           // runs only while there is news
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::traffic
 
 #endif

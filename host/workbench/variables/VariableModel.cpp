@@ -1,16 +1,16 @@
 #include "host/workbench/variables/VariableModel.h"
 
-#include "host/workbench/variables/ValueText.h"
+#include "host/workbench/values/ValueText.h"
 
 #include <QBrush>
 
 #include <algorithm>
 #include <utility>
 
-namespace host::workbench {
+namespace host::workbench::variables {
 
 using olm::core::variant::Variant;
-using plugin::gui::VariableKind;
+using ::plugin::gui::VariableKind;
 
 namespace {
 
@@ -24,11 +24,11 @@ const QString ownName = QStringLiteral("<variables>");
 
 } // namespace
 
-VariableModel::VariableModel(device::Variables& variables) : m_variables(variables)
+VariableModel::VariableModel(device::variables::Variables& variables) : m_variables(variables)
 {
     m_timer.setInterval(refreshInterval);
     connect(&m_timer, &QTimer::timeout, this, &VariableModel::refresh);
-    connect(&variables, &device::Variables::touched, this, &VariableModel::touch);
+    connect(&variables, &device::variables::Variables::touched, this, &VariableModel::touch);
 }
 
 QString VariableModel::kindName(VariableKind kind)
@@ -135,9 +135,9 @@ QString VariableModel::text(const Key& key, int column) const
     case NameColumn:
         return QString::fromLatin1(key.second.c_str());
     case TypeColumn:
-        return typeName(entry ? entry->value : Variant());
+        return values::typeName(entry ? entry->value : Variant());
     case ValueColumn:
-        return inWords(entry ? entry->value : Variant());
+        return values::inWords(entry ? entry->value : Variant());
     case RegisteredColumn:
         return m_variables.isFollowed(key) ? tr("yes") : tr("no");
     case WriterColumn:
@@ -147,7 +147,7 @@ QString VariableModel::text(const Key& key, int column) const
             return tr("this dock");
         return entry->writer.isEmpty() ? tr("the device") : entry->writer;
     case WrittenColumn:
-        return entry ? inWords(entry->written) : QString();
+        return entry ? values::inWords(entry->written) : QString();
     default:
         return {};
     }
@@ -208,4 +208,4 @@ void VariableModel::addRows(const std::set<Key>& keys)
     endInsertRows();
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::variables

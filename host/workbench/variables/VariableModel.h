@@ -1,7 +1,7 @@
 #ifndef HOST_WORKBENCH_VARIABLES_VARIABLEMODEL_H
 #define HOST_WORKBENCH_VARIABLES_VARIABLEMODEL_H
 
-#include "host/device/Variables.h"
+#include "host/device/variables/Variables.h"
 
 #include <QAbstractTableModel>
 #include <QTimer>
@@ -12,7 +12,7 @@
 #include <set>
 #include <vector>
 
-namespace host::workbench {
+namespace host::workbench::variables {
 
 /// The variables of one device as a table, one a row, for as long as somebody looks. News comes
 /// in at most ten times a second; the background of a row that changed fades within a second.
@@ -34,10 +34,10 @@ public:
     };
 
     /// @p variables outlives the model. Not active, and without rows, at first.
-    explicit VariableModel(device::Variables& variables);
+    explicit VariableModel(device::variables::Variables& variables);
 
     /// In the language of the moment.
-    static QString kindName(plugin::gui::VariableKind kind);
+    static QString kindName(::plugin::gui::VariableKind kind);
 
     /// While it is not active nothing is done. What happened meanwhile is shown on return.
     void setActive(bool active);
@@ -52,7 +52,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    using Key = device::Variables::Key;
+    using Key = device::variables::Variables::Key;
     using Clock = std::chrono::steady_clock;
 
     struct Row
@@ -66,7 +66,7 @@ private:
     void addRows(const std::set<Key>& keys);
     QString text(const Key& key, int column) const;
 
-    device::Variables& m_variables;
+    device::variables::Variables& m_variables;
     bool m_isActive = false;
     std::vector<Row> m_rows;
     std::map<Key, int> m_rowOf;
@@ -74,6 +74,6 @@ private:
     QTimer m_timer{this}; // runs only while something changed or fades
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::variables
 
 #endif

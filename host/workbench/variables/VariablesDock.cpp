@@ -1,6 +1,6 @@
 #include "host/workbench/variables/VariablesDock.h"
 
-#include "host/workbench/variables/ValueText.h"
+#include "host/workbench/values/ValueText.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -12,7 +12,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-namespace host::workbench {
+namespace host::workbench::variables {
 
 using olm::core::variant::Variant;
 
@@ -22,7 +22,7 @@ constexpr int fewestRows = 8;
 
 } // namespace
 
-VariablesDock::VariablesDock(device::Variables& variables, QWidget* parent)
+VariablesDock::VariablesDock(device::variables::Variables& variables, QWidget* parent)
     : QDockWidget(parent),
       m_model(variables),
       m_filterLabel(new QLabel),
@@ -62,7 +62,7 @@ VariablesDock::VariablesDock(device::Variables& variables, QWidget* parent)
         m_view->header()->resizeSection(column, widths[column] * character);
 
     m_type->setObjectName("type");
-    m_type->addItems(enterableTypes());
+    m_type->addItems(values::enterableTypes());
     m_typeLabel->setBuddy(m_type);
     m_value->setObjectName("value");
     m_valueLabel->setBuddy(m_value);
@@ -130,7 +130,7 @@ void VariablesDock::translate()
     m_view->setAccessibleName(tr("Variables of the device"));
     m_typeLabel->setText(tr("T&ype:"));
     m_type->setAccessibleName(tr("Type of the new value"));
-    m_type->setItemText(0, enterableTypes().first());
+    m_type->setItemText(0, values::enterableTypes().first());
     m_valueLabel->setText(tr("Valu&e:"));
     m_value->setAccessibleName(tr("New value"));
     m_set->setText(tr("Set"));
@@ -162,16 +162,16 @@ void VariablesDock::showChosen()
     if (row < 0)
         return;
     const Variant value = m_model.value(row);
-    const int type = enterableType(value);
+    const int type = values::enterableType(value);
     if (type >= 0)
         m_type->setCurrentIndex(type);
-    m_value->setText(toText(value));
+    m_value->setText(values::toText(value));
 }
 
 void VariablesDock::setChosen()
 {
     QString problem;
-    const auto value = fromText(m_type->currentIndex(), m_value->text(), &problem);
+    const auto value = values::fromText(m_type->currentIndex(), m_value->text(), &problem);
     m_problem->setText(problem);
     m_problem->setVisible(!value);
     if (value)
@@ -183,4 +183,4 @@ int VariablesDock::chosenRow() const
     return m_filtered.mapToSource(m_view->currentIndex()).row();
 }
 
-} // namespace host::workbench
+} // namespace host::workbench::variables

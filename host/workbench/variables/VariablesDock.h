@@ -12,7 +12,7 @@ class QLineEdit;
 class QPushButton;
 class QTreeView;
 
-namespace host::workbench {
+namespace host::workbench::variables {
 
 /// For developers of plugins: all variables of the device, and below them a form that sets the
 /// chosen one as the device would, in any type. Hidden at first; nothing happens while it is.
@@ -22,7 +22,7 @@ class VariablesDock : public QDockWidget
 
 public:
     /// @p variables outlives the dock.
-    VariablesDock(device::Variables& variables, QWidget* parent);
+    VariablesDock(device::variables::Variables& variables, QWidget* parent);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -48,6 +48,6 @@ private:
     QLabel* m_problem;
 };
 
-} // namespace host::workbench
+} // namespace host::workbench::variables
 
 #endif

@@ -1,9 +1,9 @@
 #include "FakeRobot.h"
 #include "NoHurry.h"
 #include "Probe.h"
-#include "ScanMessage.h"
 #include "Settle.h"
 #include "TestCase.h"
+#include "tests/host/device/readers/ScanMessage.h"
 
 #include "host/device/Device.h"
 #include "host/device/SimulationDirectExecRole.h"
@@ -11,7 +11,7 @@
 #include "olm/core/Vector.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/VariableHistoryBuffer.h"
-#include "robot/link/Message.h"
+#include "rosbridge/protocol/Codec.h"
 
 #include <QCborArray>
 #include <QSignalSpy>
@@ -19,6 +19,8 @@
 #include <QtTest>
 
 #include <memory>
+
+namespace device_robot_test {
 
 using host::device::Device;
 using olm::core::LaserScanMessage;
@@ -482,9 +484,9 @@ void DeviceRobotTest::a_position_is_stored_in_one_transaction_and_counted_last()
     f.robot.publish("/joint_states", jointState());
     QVERIFY(f.settle());
     QStringList writes;
-    host::device::Variables& variables = f.device.variables();
-    connect(&variables, &host::device::Variables::touched, &variables,
-            [&](const host::device::Variables::Key& key) {
+    host::device::variables::Variables& variables = f.device.variables();
+    connect(&variables, &host::device::variables::Variables::touched, &variables,
+            [&](const host::device::variables::Variables::Key& key) {
                 QVERIFY(variables.isInTransaction());
                 writes << QString::fromStdString(key.second);
             });
@@ -619,5 +621,8 @@ void DeviceRobotTest::a_joint_that_is_none_of_the_arms_is_ignored()
     QCOMPARE(f.config<FloatVector>("pos2")[0], 10.0F);
 }
 
-QTEST_MAIN(DeviceRobotTest)
+TEST_WITH_WINDOWS(DeviceRobotTest)
+
+} // namespace device_robot_test
+
 #include "DeviceRobotTest.moc"

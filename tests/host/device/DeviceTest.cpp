@@ -15,6 +15,8 @@
 
 #include <memory>
 
+namespace device_test {
+
 using host::device::Device;
 using plugin::gui::DeviceDelegate;
 using plugin::gui::DeviceHistoryBundle;
@@ -486,5 +488,8 @@ void DeviceTest::language_and_help_come_from_the_program_around()
     QCOMPARE(services.action.text(), QString("toolbar"));
 }
 
-QTEST_MAIN(DeviceTest)
+TEST_WITH_WINDOWS(DeviceTest)
+
+} // namespace device_test
+
 #include "DeviceTest.moc"

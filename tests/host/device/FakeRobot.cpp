@@ -1,6 +1,6 @@
 #include "FakeRobot.h"
 
-#include "robot/link/Message.h"
+#include "rosbridge/protocol/Codec.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -70,7 +70,7 @@ void FakeRobot::answerLate(const QString& service, const QCborMap& values)
 
 void FakeRobot::send(const QCborMap& message)
 {
-    const QString text = QString::fromUtf8(robot::link::encodeText(message));
+    const QString text = QString::fromUtf8(rosbridge::protocol::encodeText(message));
     for (QWebSocket* client : std::as_const(m_clients))
         client->sendTextMessage(text);
 }
@@ -136,7 +136,7 @@ void FakeRobot::subscribe(const Subscription& subscription)
 void FakeRobot::receive(QWebSocket* client, const QString& text)
 {
     QString error;
-    const auto message = robot::link::decodeText(text.toUtf8(), &error);
+    const auto message = rosbridge::protocol::decodeText(text.toUtf8(), &error);
     if (!message)
         qFatal("The fake robot does not understand %s: %s", qPrintable(text), qPrintable(error));
     const auto field = [&](const char* name) {
@@ -173,5 +173,5 @@ void FakeRobot::receive(QWebSocket* client, const QString& text)
         {QStringLiteral("values"),
          isKnown ? QCborValue(m_answers.value(service))
                  : QCborValue(QStringLiteral("Service %1 does not exist").arg(service))}};
-    client->sendTextMessage(QString::fromUtf8(robot::link::encodeText(response)));
+    client->sendTextMessage(QString::fromUtf8(rosbridge::protocol::encodeText(response)));
 }

@@ -1,13 +1,13 @@
 #ifndef HOST_DEVICE_TESTS_NOHURRY_H
 #define HOST_DEVICE_TESTS_NOHURRY_H
 
-#include "host/device/Timing.h"
+#include "host/device/connection/Timing.h"
 
 /// Nothing runs into these deadlines.
-inline host::device::Timing noHurry()
+inline host::device::connection::Timing noHurry()
 {
     using namespace std::chrono_literals;
-    host::device::Timing timing;
+    host::device::connection::Timing timing;
     timing.frame = 5ms;
     timing.answer = 60s;
     timing.link = {60s, 2s, 60s};

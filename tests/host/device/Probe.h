@@ -1,7 +1,7 @@
 #ifndef HOST_DEVICE_TESTS_PROBE_H
 #define HOST_DEVICE_TESTS_PROBE_H
 
-#include "host/device/Services.h"
+#include "host/device/Environment.h"
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/Interface.h"
 
@@ -88,7 +88,7 @@ private:
     Build m_build;
 };
 
-class TestServices : public host::device::Services
+class TestServices : public host::device::Environment
 {
 public:
     QString translate(const QString& text) const override { return text.toUpper(); }

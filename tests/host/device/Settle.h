@@ -17,7 +17,7 @@ inline bool settle(host::device::Device& device, FakeRobot& robot, const Probe& 
     // The answer comes after all that the robot was sent and has sent; its words come after those
     // that the device itself has found until then.
     device.connection().call(QStringLiteral("/settle"), {},
-                             [&robot](const robot::link::Client::Result&) {
+                             [&robot](const rosbridge::client::Client::Result&) {
                                  robot.log(QStringLiteral("base"), QStringLiteral("settled"));
                              });
     return QTest::qWaitFor([&] { return settled() > before; }, patience);

@@ -12,6 +12,8 @@
 #include <memory>
 #include <stdexcept>
 
+namespace widget_list_test {
+
 using host::device::Device;
 using plugin::gui::DeviceDelegate;
 using plugin::gui::DeviceHistoryBundle;
@@ -351,5 +353,8 @@ void WidgetListTest::two_devices_do_not_hear_each_other()
     QCOMPARE(probe->count("update"), 1);
 }
 
-QTEST_MAIN(WidgetListTest)
+TEST_WITH_WINDOWS(WidgetListTest)
+
+} // namespace widget_list_test
+
 #include "WidgetListTest.moc"

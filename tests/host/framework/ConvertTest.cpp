@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+namespace convert_test {
+
 class ConvertTest : public TestCase
 {
     Q_OBJECT
@@ -46,5 +48,8 @@ void ConvertTest::a_character_beyond_latin_1_becomes_a_question_mark()
     QCOMPARE(*bytes.begin(), std::string("a?b"));
 }
 
-QTEST_GUILESS_MAIN(ConvertTest)
+TEST_WITHOUT_WINDOWS(ConvertTest)
+
+} // namespace convert_test
+
 #include "ConvertTest.moc"

@@ -1,5 +1,6 @@
 #include "TestCase.h"
 #include "VariantLibrary.h"
+#include "VariantMetaType.h"
 #include "olm/core/Vector.h"
 
 #include <QString>
@@ -9,11 +10,11 @@
 
 #include <string>
 
+namespace cross_library_test {
+
 using olm::core::StringList;
 using olm::core::Vector;
 using olm::core::variant::Variant;
-
-Q_DECLARE_METATYPE(olm::core::variant::Variant)
 
 /// A value made in one shared library is recognised in another and in the host, although each
 /// has hidden type information of its own.
@@ -144,5 +145,8 @@ void CrossLibraryTest::cleanupTestCase()
     QCOMPARE(dlclose(m_maker), 0);
 }
 
-QTEST_GUILESS_MAIN(CrossLibraryTest)
+TEST_WITHOUT_WINDOWS(CrossLibraryTest)
+
+} // namespace cross_library_test
+
 #include "CrossLibraryTest.moc"

@@ -1,15 +1,17 @@
 #include "plugin/gui/DeviceWidget.h"
 
-#include "FakeHost.h"
 #include "TestCase.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/HistoryBundleContent.h"
 #include "plugin/gui/HostCall.h"
+#include "tests/src/FakeHost.h"
 
 #include <QApplication>
 #include <QtTest>
 
 #include <memory>
+
+namespace device_widget_test {
 
 using plugin::gui::DeviceDelegate;
 using plugin::gui::DeviceInterface;
@@ -239,5 +241,8 @@ void DeviceWidgetTest::a_host_that_refuses_a_widget_leaves_nothing()
     QCOMPARE(host.removed, 0); // it was never added
 }
 
-QTEST_MAIN(DeviceWidgetTest)
+TEST_WITH_WINDOWS(DeviceWidgetTest)
+
+} // namespace device_widget_test
+
 #include "DeviceWidgetTest.moc"

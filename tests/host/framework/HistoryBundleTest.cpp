@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+namespace history_bundle_test {
+
 using plugin::gui::DeviceHistoryBundle;
 using plugin::gui::HistoryBundleContent;
 using plugin::gui::VariableHistoryBuffer;
@@ -94,5 +96,8 @@ void HistoryBundleTest::the_host_can_go_through_its_content()
     QCOMPARE(visited, QStringList({"0z2", "3a3", "3b1"}));
 }
 
-QTEST_GUILESS_MAIN(HistoryBundleTest)
+TEST_WITHOUT_WINDOWS(HistoryBundleTest)
+
+} // namespace history_bundle_test
+
 #include "HistoryBundleTest.moc"

@@ -5,6 +5,8 @@
 #include <QTextBlock>
 #include <QtTest>
 
+namespace log_test {
+
 using olm::qt::log::Log;
 
 class LogTest : public TestCase
@@ -157,5 +159,8 @@ void LogTest::a_log_takes_no_notes_for_undoing()
     QVERIFY(!log.isUndoRedoEnabled());
 }
 
-QTEST_MAIN(LogTest)
+TEST_WITH_WINDOWS(LogTest)
+
+} // namespace log_test
+
 #include "LogTest.moc"

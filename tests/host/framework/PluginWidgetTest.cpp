@@ -1,11 +1,13 @@
 #include "plugin/gui/PluginWidget.h"
 
-#include "FakeHost.h"
 #include "TestCase.h"
+#include "tests/src/FakeHost.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QtTest>
+
+namespace plugin_widget_test {
 
 using plugin::gui::PluginWidget;
 
@@ -107,5 +109,8 @@ void PluginWidgetTest::a_press_beside_the_controls_ends_an_edit()
     QTest::mouseRelease(&widget, Qt::LeftButton, {}, QPoint(290, 190));
 }
 
-QTEST_MAIN(PluginWidgetTest)
+TEST_WITH_WINDOWS(PluginWidgetTest)
+
+} // namespace plugin_widget_test
+
 #include "PluginWidgetTest.moc"

@@ -6,6 +6,8 @@
 
 #include <type_traits>
 
+namespace string_list_test {
+
 using olm::core::StringList;
 
 class StringListTest : public TestCase
@@ -96,5 +98,8 @@ void StringListTest::equality_compares_the_elements()
     QVERIFY(StringList() == StringList());
 }
 
-QTEST_GUILESS_MAIN(StringListTest)
+TEST_WITHOUT_WINDOWS(StringListTest)
+
+} // namespace string_list_test
+
 #include "StringListTest.moc"

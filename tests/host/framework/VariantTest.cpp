@@ -1,6 +1,7 @@
 #include "olm/core/variant/Variant.h"
 
 #include "TestCase.h"
+#include "VariantMetaType.h"
 #include "olm/core/Vector.h"
 
 #include <QString>
@@ -8,12 +9,12 @@
 
 #include <limits>
 
+namespace variant_test {
+
 using olm::core::StringList;
 using olm::core::Vector;
 using olm::core::variant::Id;
 using olm::core::variant::Variant;
-
-Q_DECLARE_METATYPE(olm::core::variant::Variant)
 
 class VariantTest : public TestCase
 {
@@ -316,5 +317,8 @@ void VariantTest::conversions_may_leave_the_answer_out()
     QCOMPARE(Variant().toString(), std::string());
 }
 
-QTEST_GUILESS_MAIN(VariantTest)
+TEST_WITHOUT_WINDOWS(VariantTest)
+
+} // namespace variant_test
+
 #include "VariantTest.moc"

@@ -7,6 +7,8 @@
 #include <limits>
 #include <type_traits>
 
+namespace vector_test {
+
 using olm::core::Vector;
 
 class VectorTest : public TestCase
@@ -180,5 +182,8 @@ void VectorTest::equality_compares_the_elements()
     QVERIFY(copy != notANumber);
 }
 
-QTEST_GUILESS_MAIN(VectorTest)
+TEST_WITHOUT_WINDOWS(VectorTest)
+
+} // namespace vector_test
+
 #include "VectorTest.moc"

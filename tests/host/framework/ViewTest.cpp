@@ -1,8 +1,8 @@
 #include "olm/qt/log/View.h"
 
-#include "ContextMenu.h"
 #include "TestCase.h"
 #include "olm/qt/log/Log.h"
+#include "tests/src/ContextMenu.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
@@ -12,6 +12,8 @@
 #include <QtTest>
 
 #include <memory>
+
+namespace view_test {
 
 using olm::qt::log::Log;
 using olm::qt::log::View;
@@ -243,5 +245,8 @@ void ViewTest::the_view_may_go_before_the_log()
     QCOMPARE(log.toPlainText(), QString("shown\nshown\nshown\nalone"));
 }
 
-QTEST_MAIN(ViewTest)
+TEST_WITH_WINDOWS(ViewTest)
+
+} // namespace view_test
+
 #include "ViewTest.moc"

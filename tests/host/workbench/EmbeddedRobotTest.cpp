@@ -6,8 +6,10 @@
 #include <QTcpSocket>
 #include <QtTest>
 
+namespace embedded_robot_test {
+
 using host::workbench::EmbeddedRobot;
-using robot::link::Address;
+using rosbridge::protocol::Address;
 
 /// EmbeddedRobot: where it listens.
 class EmbeddedRobotTest : public TestCase
@@ -58,5 +60,8 @@ void EmbeddedRobotTest::it_takes_another_port_where_that_one_is_taken()
     QVERIFY(robot.address() != QString("127.0.0.1:%1").arg(other.serverPort()));
 }
 
-QTEST_GUILESS_MAIN(EmbeddedRobotTest)
+TEST_WITHOUT_WINDOWS(EmbeddedRobotTest)
+
+} // namespace embedded_robot_test
+
 #include "EmbeddedRobotTest.moc"

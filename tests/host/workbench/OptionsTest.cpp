@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+namespace options_test {
+
 using host::workbench::Options;
 
 /// Options: what the command line may say, and what is answered otherwise.
@@ -89,8 +91,8 @@ void OptionsTest::names_are_mapped_in_the_notation_of_ros()
     const auto options =
         parse({"--remap", "/scan:=/base_scan", "--remap=/arm/torque:=/torque"}, &error);
     QVERIFY2(options, qPrintable(error));
-    const QList<host::device::Names::Mapping> expected = {{"/scan", "/base_scan"},
-                                                          {"/arm/torque", "/torque"}};
+    const QList<host::device::connection::Remappings::Mapping> expected = {
+        {"/scan", "/base_scan"}, {"/arm/torque", "/torque"}};
     QCOMPARE(options->names, expected);
 }
 
@@ -220,5 +222,8 @@ void OptionsTest::a_mistake_is_refused_by_its_name()
     QVERIFY2(error.contains("--help"), qPrintable(error));
 }
 
-QTEST_GUILESS_MAIN(OptionsTest)
+TEST_WITHOUT_WINDOWS(OptionsTest)
+
+} // namespace options_test
+
 #include "OptionsTest.moc"

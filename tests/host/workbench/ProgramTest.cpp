@@ -14,6 +14,8 @@
 
 #include <csignal>
 
+namespace program_test {
+
 namespace {
 
 constexpr int patience = 45000;
@@ -363,5 +365,8 @@ void ProgramTest::a_signal_ends_the_tour_which_then_has_failed()
     QVERIFY2(error.contains("interrupted"), error.constData());
 }
 
-QTEST_GUILESS_MAIN(ProgramTest)
+TEST_WITHOUT_WINDOWS(ProgramTest)
+
+} // namespace program_test
+
 #include "ProgramTest.moc"

@@ -1,10 +1,10 @@
 #include "robot/nodes/ArmNode.h"
 #include "TestCase.h"
 
-#include "robot/Clock.h"
-#include "robot/Network.h"
 #include "robot/Robot.h"
-#include "robot/link/Client.h"
+#include "robot/network/Clock.h"
+#include "robot/network/Network.h"
+#include "rosbridge/client/Client.h"
 
 #include <QCborArray>
 #include <QEventLoop>
@@ -14,11 +14,13 @@
 #include <algorithm>
 #include <cmath>
 
-using robot::ArmNode;
-using robot::Clock;
-using robot::Limits;
-using robot::Network;
-using robot::link::Client;
+namespace arm_node_test {
+
+using robot::network::Clock;
+using robot::network::Network;
+using robot::nodes::ArmNode;
+using rosbridge::client::Client;
+using rosbridge::server::Limits;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
@@ -466,5 +468,8 @@ void ArmNodeTest::the_robot_has_an_arm()
     QCOMPARE(viewer.complaints, QStringList());
 }
 
-QTEST_GUILESS_MAIN(ArmNodeTest)
+TEST_WITHOUT_WINDOWS(ArmNodeTest)
+
+} // namespace arm_node_test
+
 #include "ArmNodeTest.moc"

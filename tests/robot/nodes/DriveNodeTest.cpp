@@ -1,26 +1,28 @@
 #include "TestCase.h"
 
-#include "robot/Clock.h"
-#include "robot/Network.h"
-#include "robot/endpoint/Publication.h"
-#include "robot/link/Message.h"
+#include "robot/network/Clock.h"
+#include "robot/network/Network.h"
 #include "robot/nodes/DriveNode.h"
 #include "robot/simulation/Simulation.h"
+#include "rosbridge/protocol/Codec.h"
+#include "rosbridge/server/Publication.h"
 
 #include <QtTest>
 
 #include <cmath>
 #include <limits>
 
+namespace drive_node_test {
+
 using namespace std::chrono_literals;
-using robot::Clock;
-using robot::DriveNode;
-using robot::Limits;
-using robot::Network;
-using robot::Peer;
-using robot::ServiceReply;
+using robot::network::Clock;
+using robot::network::Network;
+using robot::nodes::DriveNode;
 using robot::simulation::Pose2D;
 using robot::simulation::Simulation;
+using rosbridge::server::Limits;
+using rosbridge::server::Peer;
+using rosbridge::server::ServiceReply;
 
 namespace {
 
@@ -52,8 +54,9 @@ public:
     bool isDisabled()
     {
         const auto state = network.topics().find(QStringLiteral("/drive/disabled"))->last;
-        const QByteArray bytes = state->frame(state->topic(), robot::Encoding::Json).bytes;
-        const QCborMap message = robot::link::decodeText(bytes, nullptr).value();
+        const QByteArray bytes =
+            state->frame(state->topic(), rosbridge::server::Encoding::Json).bytes;
+        const QCborMap message = rosbridge::protocol::decodeText(bytes, nullptr).value();
         return message.value(QLatin1String("msg")).toMap().value(QLatin1String("data")).toBool();
     }
 
@@ -221,6 +224,8 @@ void DriveNodeTest::an_unfit_disable_is_refused_and_changes_nothing()
     QVERIFY(!scene.isDisabled());
 }
 
-QTEST_GUILESS_MAIN(DriveNodeTest)
+TEST_WITHOUT_WINDOWS(DriveNodeTest)
+
+} // namespace drive_node_test
 
 #include "DriveNodeTest.moc"

@@ -8,6 +8,8 @@
 #include <clocale>
 #include <cmath>
 
+namespace recording_test {
+
 using namespace robot::recording;
 using robot::simulation::LaserScan;
 using robot::simulation::Time;
@@ -420,5 +422,8 @@ void RecordingTest::real_recordings_are_read_with_hardly_a_bad_line()
     }
 }
 
-QTEST_GUILESS_MAIN(RecordingTest)
+TEST_WITHOUT_WINDOWS(RecordingTest)
+
+} // namespace recording_test
+
 #include "RecordingTest.moc"

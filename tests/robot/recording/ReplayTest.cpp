@@ -5,13 +5,15 @@
 
 #include <limits>
 
+Q_DECLARE_METATYPE(std::vector<int>)
+
+namespace replay_test {
+
 using namespace robot::recording;
 using robot::simulation::LaserScan;
 using robot::simulation::Time;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
-
-Q_DECLARE_METATYPE(std::vector<int>)
 
 class ReplayTest : public TestCase
 {
@@ -146,5 +148,8 @@ void ReplayTest::what_cannot_be_replayed_is_refused_with_the_reason()
     QCOMPARE(found, error);
 }
 
-QTEST_GUILESS_MAIN(ReplayTest)
+TEST_WITHOUT_WINDOWS(ReplayTest)
+
+} // namespace replay_test
+
 #include "ReplayTest.moc"

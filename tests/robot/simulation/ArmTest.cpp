@@ -7,6 +7,8 @@
 #include <limits>
 #include <vector>
 
+namespace arm_test {
+
 using robot::simulation::Arm;
 using robot::simulation::Time;
 using std::chrono::milliseconds;
@@ -399,5 +401,8 @@ void ArmTest::switching_says_what_moves_and_what_does_not()
              QStringLiteral("line 0 on; the torque is off: the arm does not move"));
 }
 
-QTEST_GUILESS_MAIN(ArmTest)
+TEST_WITHOUT_WINDOWS(ArmTest)
+
+} // namespace arm_test
+
 #include "ArmTest.moc"

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+namespace camera_test {
+
 using namespace robot::simulation;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
@@ -124,5 +126,8 @@ void CameraTest::seq_goes_on_with_another_resolution()
     QCOMPARE(camera.takeFrame(seconds(1))->header.seq, 1U);
 }
 
-QTEST_GUILESS_MAIN(CameraTest)
+TEST_WITHOUT_WINDOWS(CameraTest)
+
+} // namespace camera_test
+
 #include "CameraTest.moc"

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+namespace drive_base_test {
+
 using namespace robot::simulation;
 using std::chrono::milliseconds;
 
@@ -147,5 +149,8 @@ void DriveBaseTest::odometry_starts_at_the_robot_and_follows_it()
     QVERIFY(std::hypot(odometry.pose.x, odometry.pose.y) > 0.5);
 }
 
-QTEST_GUILESS_MAIN(DriveBaseTest)
+TEST_WITHOUT_WINDOWS(DriveBaseTest)
+
+} // namespace drive_base_test
+
 #include "DriveBaseTest.moc"

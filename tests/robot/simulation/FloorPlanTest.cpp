@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <vector>
 
+namespace floor_plan_test {
+
 using namespace robot::simulation;
 
 class FloorPlanTest : public TestCase
@@ -90,5 +92,8 @@ void FloorPlanTest::every_free_cell_can_be_reached_from_where_the_robot_starts()
     QCOMPARE(std::count(grid.data.begin(), grid.data.end(), 0), std::ptrdiff_t{0});
 }
 
-QTEST_GUILESS_MAIN(FloorPlanTest)
+TEST_WITHOUT_WINDOWS(FloorPlanTest)
+
+} // namespace floor_plan_test
+
 #include "FloorPlanTest.moc"

@@ -6,6 +6,8 @@
 
 #include <cmath>
 
+namespace laser_test {
+
 using namespace robot::simulation;
 
 class LaserTest : public TestCase
@@ -147,5 +149,8 @@ void LaserTest::the_same_seed_makes_the_same_noise()
     QVERIFY(ranges != other.takeScan()->ranges);
 }
 
-QTEST_GUILESS_MAIN(LaserTest)
+TEST_WITHOUT_WINDOWS(LaserTest)
+
+} // namespace laser_test
+
 #include "LaserTest.moc"

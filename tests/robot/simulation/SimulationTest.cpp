@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstring>
 
+namespace simulation_test {
+
 using namespace robot::simulation;
 using std::chrono::milliseconds;
 
@@ -60,5 +62,8 @@ void SimulationTest::time_that_fills_no_step_counts_next_time()
     QCOMPARE(simulation.world().time().count(), World::timeStep.count());
 }
 
-QTEST_GUILESS_MAIN(SimulationTest)
+TEST_WITHOUT_WINDOWS(SimulationTest)
+
+} // namespace simulation_test
+
 #include "SimulationTest.moc"

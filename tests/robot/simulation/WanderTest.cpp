@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace wander_test {
+
 using namespace robot::simulation;
 
 class WanderTest : public TestCase
@@ -69,5 +71,8 @@ void WanderTest::the_robot_frees_itself_after_it_was_driven_into_a_wall()
     QVERIFY(distanceToWalls(simulation.world().robotPose()) > World::robotRadius + 0.02);
 }
 
-QTEST_GUILESS_MAIN(WanderTest)
+TEST_WITHOUT_WINDOWS(WanderTest)
+
+} // namespace wander_test
+
 #include "WanderTest.moc"

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <cstring>
 
+namespace world_test {
+
 using namespace robot::simulation;
 
 class WorldTest : public TestCase
@@ -176,5 +178,8 @@ void WorldTest::people_walk_about_and_stay_inside()
         QVERIFY2(distance > 1.0, qPrintable(QString::number(distance)));
 }
 
-QTEST_GUILESS_MAIN(WorldTest)
+TEST_WITHOUT_WINDOWS(WorldTest)
+
+} // namespace world_test
+
 #include "WorldTest.moc"

@@ -1,0 +1,170 @@
+#ifndef HOST_DEVICE_CONNECTION_CONNECTION_H
+#define HOST_DEVICE_CONNECTION_CONNECTION_H
+
+#include "host/device/connection/Remappings.h"
+#include "host/device/connection/Timing.h"
+#include "plugin/plugin/DataRole.h"
+#include "rosbridge/client/Client.h"
+
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QHash>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace host::device::faults {
+class Faults;
+} // namespace host::device::faults
+
+namespace host::device::connection {
+
+/// The connection to one robot: from a text with its address to control over it, and back. A
+/// robot that grants control, or that has no control service, is connected; one that another
+/// client controls is connected passively, until it is closed and opened again. Every other end
+/// is -1, with the cause and what to try as the status and as an emphasised message. Connecting
+/// lasts for one round of the animation at least: people should see that something happens.
+class Connection : public QObject
+{
+    Q_OBJECT
+
+public:
+    // From 0 up to connected: the frames of an animation.
+    static constexpr int notConnected = -1;
+    static constexpr int connected = 3;
+    static constexpr int passive = 4;
+
+    /// @p faults outlives the connection, which takes them for the robot's.
+    Connection(const Timing& timing, faults::Faults& faults);
+    /// Says nothing any more. The robot takes the end of the link as the end of control.
+    ~Connection() override;
+
+    int state() const { return m_state; }
+
+    /// One sentence for people, in the language of the moment; what went wrong stays in the
+    /// language in which it did.
+    QString status() const { return m_status(); }
+
+    /// How long it has been connected, passively or not; none unless it is.
+    std::optional<std::chrono::milliseconds> connectedFor() const;
+
+    /// The age of the newest message of any topic that is followed; none on a link without any.
+    std::optional<std::chrono::milliseconds> dataAge() const;
+
+    /// What went wrong last, and what to try: kept when the next connection succeeds.
+    struct Failure
+    {
+        QString words; ///< empty: nothing has
+        QDateTime time;
+    };
+    const Failure& lastFailure() const { return m_lastFailure; }
+
+    /// What this robot calls the topics and services. Topics and services are ours everywhere else
+    /// here, and theirs only in words for people. A new name is in effect at once for a topic that
+    /// is followed, and at its next call for a service.
+    Remappings& remappings() { return m_remappings; }
+
+    /// Starts to connect. False, and nothing changes, unless the state is -1; false as well for
+    /// an address that cannot be understood, which is a failure like the others.
+    bool open(const QString& addressText);
+    /// Gives control back and closes, or gives up connecting: the state is -1 at once, and no
+    /// message is sent. False where there is nothing to close.
+    bool close();
+
+    /// From now on gives each message of @p topic to @p handler, on this link and on all to come,
+    /// until unfollow(). With a @p throttle, and where nobody else follows the topic more closely,
+    /// only the newest, at most that often. A robot's state that is told once, as its map, is told
+    /// anew to all followers. Returns the id for unfollow().
+    int follow(const QString& topic, const QString& type,
+               const rosbridge::client::Client::Handler& handler,
+               std::chrono::milliseconds throttle = {});
+    /// The follower hears nothing more, on this link and on all to come; also from inside its own
+    /// handler. Does nothing with an id that is unknown or was ended.
+    void unfollow(int id);
+    /// Calls a service of the robot; not while the state is -1. What comes of it is told unless
+    /// the link ends before.
+    void call(const QString& service, const QCborMap& args,
+              const rosbridge::client::Client::Callback& callback);
+
+Q_SIGNALS:
+    /// The robot is reached: its services can be called from now on. Whether it grants control is
+    /// still open, and so the state is one of connecting.
+    void opened();
+    /// Also -1 after -1, where open() could not understand the address.
+    void stateChanged(int state);
+    void statusChanged(const QString& words);
+    /// A line for a log.
+    void message(plugin::plugin::DataRole role, const QString& text);
+    /// Whether the robot that is connected runs in simulated time; false on every loss.
+    void simulatorChanged(bool isSimulator);
+    /// The robot does not let @p topic, our name, be followed; @p words say so for a log.
+    void subscriptionRefused(const QString& topic, const QString& words);
+
+private:
+    using Client = rosbridge::client::Client;
+    using Words = std::function<QString()>;
+
+    struct Followed
+    {
+        int id;
+        QString topic; // in its canonical form
+        QString type;
+        Client::Handler handler;
+        std::chrono::milliseconds throttle;
+        QString subscription; // on the link that is open
+    };
+
+    void onOpened();
+    void onStatus(const QString& level, const QString& words, const QString& id);
+    template <class Handle>
+    auto whileCurrent(const Handle& handle);
+    Client::Handler unlessDropped(const Client::Handler& handler);
+    void callOn(Client& client, const QString& service, const QCborMap& args,
+                const Client::Callback& callback, std::chrono::milliseconds timeout);
+    void subscribe(Followed& followed);
+    void subscribeAnew(const QString& topic);
+    void onSimTimeAnswered(const Client::Result& result);
+    void onAcquireAnswered(const Client::Result& result);
+    void onFrame();
+    void settle();
+    bool isGranted() const;
+    void onFaultsChanged();
+    void loseLink();
+    void onLogMessage(const QCborMap& log);
+    void enter(int state, const Words& status);
+    void leave(const Words& status);
+    void fail(const QString& words);
+    void sayGoodbye(std::unique_ptr<Client> client);
+    void setSimulator(bool isSimulator);
+
+    Timing m_timing;
+    faults::Faults& m_faults;
+    Remappings m_remappings;
+    int m_state = notConnected;
+    Words m_status;
+    QElapsedTimer m_connected;  // invalid unless the state is connected or passive
+    QElapsedTimer m_newestData; // invalid on a link without any
+    Failure m_lastFailure;
+    QString m_address;
+    std::vector<Followed> m_followed;
+    int m_lastFollower = 0;
+    QHash<QString, QString> m_subscribed; // topics by the subscriptions' ids, ended ones too
+    std::unique_ptr<Client> m_client;     // as long as the state is not -1
+    bool m_hasControl = false;
+    bool m_isSimulator = false;
+    QTimer m_frameTimer;
+    bool m_isFirstRound = false; // of the frames
+    Client::Result m_acquireResult;
+    bool m_isAcquireAnswered = false;
+    QTimer m_acquireDeadline;
+};
+
+} // namespace host::device::connection
+
+#endif

@@ -1,0 +1,220 @@
+#include "host/device/connection/Offer.h"
+
+#include "host/device/connection/Connection.h"
+#include "host/device/connection/MessageRole.h"
+
+#include <QCborArray>
+
+namespace host::device::connection {
+
+namespace {
+
+using Kind = Remappings::Kind;
+
+/// ROS 2 writes "sensor_msgs/msg/LaserScan".
+QString asInRos1(const QString& type)
+{
+    return QString(type).replace(QLatin1String("/msg/"), QLatin1String("/"));
+}
+
+/// Nothing where it is no list.
+std::optional<QStringList> texts(const QCborMap& values, const char* field)
+{
+    const QCborValue list = values.value(QLatin1String(field));
+    if (!list.isArray())
+        return std::nullopt;
+    QStringList texts;
+    const QCborArray array = list.toArray();
+    for (const QCborValue text : array)
+        texts.append(text.toString());
+    return texts;
+}
+
+} // namespace
+
+Offer::Offer(Connection& connection) : m_connection(connection)
+{
+    connect(&connection, &Connection::opened, this, [this] {
+        m_isLinked = true;
+        ask();
+    });
+    connect(&connection, &Connection::stateChanged, this, &Offer::onStateChanged);
+    connect(&connection, &Connection::subscriptionRefused, this, &Offer::onRefused);
+    connect(&connection.remappings(), &Remappings::changed, this, &Offer::onRenamed);
+}
+
+Offer::State Offer::state(const Remappings::Entry& entry) const
+{
+    if (m_refused.contains(entry.name) && !m_lists.topics)
+        return State::Missing;
+    const QString theirs = m_connection.remappings().theirs(entry.name);
+    if (entry.kind == Kind::Service) {
+        if (!m_lists.services)
+            return State::Unknown;
+        return m_lists.services->contains(theirs) ? State::Offered : State::Missing;
+    }
+    if (!m_lists.topics)
+        return State::Unknown;
+    if (!m_lists.topics->contains(theirs) || m_lists.silent.contains(theirs))
+        return State::Missing;
+    const QString type = typeOf(entry.name);
+    return type.isEmpty() || type == entry.type ? State::Offered : State::OtherType;
+}
+
+bool Offer::lacks(const QString& service) const
+{
+    const Remappings::Entry* const entry = Remappings::find(service);
+    return entry && state(*entry) == State::Missing;
+}
+
+QString Offer::typeOf(const QString& topic) const
+{
+    return m_lists.topics ? m_lists.topics->value(m_connection.remappings().theirs(topic))
+                          : QString();
+}
+
+QStringList Offer::candidates(const Remappings::Entry& entry) const
+{
+    QStringList names;
+    if (entry.kind == Kind::Topic && m_lists.topics)
+        names = m_lists.topics->keys(entry.type);
+    else if (entry.kind == Kind::Service && m_lists.services)
+        names = m_lists.services->values();
+    names.sort();
+    return names;
+}
+
+void Offer::ask()
+{
+    if (!m_isLinked)
+        return;
+    const auto round = std::make_shared<Round>();
+    call(round, QStringLiteral("/rosapi/topics"), {}, [](Lists& lists, const QCborMap& values) {
+        const auto names = texts(values, "topics");
+        const QStringList types = texts(values, "types").value_or(QStringList());
+        if (!names)
+            return;
+        lists.topics.emplace();
+        for (int i = 0; i < static_cast<int>(names->size()); ++i)
+            lists.topics->insert(names->at(i), asInRos1(types.value(i)));
+    });
+    call(round, QStringLiteral("/rosapi/services"), {}, [](Lists& lists, const QCborMap& values) {
+        if (const auto names = texts(values, "services"))
+            lists.services = QSet<QString>(names->begin(), names->end());
+    });
+}
+
+void Offer::call(const std::shared_ptr<Round>& round, const QString& service, const QCborMap& args,
+                 const Take& take)
+{
+    ++round->waiting;
+    m_connection.call(service, args,
+                      [this, round, take](const rosbridge::client::Client::Result& result) {
+                          if (result.ok)
+                              take(round->lists, result.values);
+                          if (--round->waiting > 0)
+                              return;
+                          if (!round->hasPublishers)
+                              askForPublishers(round);
+                          if (round->waiting == 0)
+                              finish(round->lists);
+                      });
+}
+
+/// In the list of topics are also those that are only listened to, be it by us.
+void Offer::askForPublishers(const std::shared_ptr<Round>& round)
+{
+    round->hasPublishers = true;
+    const Remappings& names = m_connection.remappings();
+    const QString service = QStringLiteral("/rosapi/publishers");
+    const Lists& lists = round->lists;
+    if (!lists.topics || !lists.services || !lists.services->contains(names.theirs(service)))
+        return;
+    for (const Remappings::Entry& entry : Remappings::all()) {
+        const QString topic = names.theirs(entry.name);
+        if (entry.kind == Kind::Topic && lists.topics->contains(topic))
+            call(round, service, {{QStringLiteral("topic"), topic}},
+                 [topic](Lists& lists, const QCborMap& values) {
+                     const auto publishers = texts(values, "publishers");
+                     if (publishers && publishers->isEmpty())
+                         lists.silent.insert(topic);
+                 });
+    }
+}
+
+void Offer::finish(const Lists& lists)
+{
+    m_lists = lists;
+    m_isAnswered = true;
+    report();
+    Q_EMIT changed();
+}
+
+void Offer::onStateChanged(int state)
+{
+    if (state == Connection::notConnected) {
+        m_lists = {};
+        m_refused.clear();
+        m_isLinked = m_isAnswered = m_isReported = false;
+        Q_EMIT changed();
+    }
+    report();
+}
+
+/// What is known of the old name says nothing about the new one.
+void Offer::onRenamed(const QString& ours)
+{
+    m_refused.remove(ours);
+    Q_EMIT changed();
+    ask();
+}
+
+/// Until the report it may be one of those that are missing anyway.
+void Offer::onRefused(const QString& topic, const QString& words)
+{
+    const bool isNews = !m_refused.contains(topic) && !isMissed(topic);
+    m_refused.insert(topic, words);
+    if (m_isReported && isNews)
+        Q_EMIT message(baseLogLine, words);
+}
+
+bool Offer::isMissed(const QString& ours) const
+{
+    const Remappings::Entry* const entry = Remappings::find(ours);
+    const State found = entry ? state(*entry) : State::Unknown;
+    return found == State::Missing || found == State::OtherType;
+}
+
+void Offer::report()
+{
+    if (!m_isAnswered || m_isReported || m_connection.state() < Connection::connected)
+        return;
+    m_isReported = true;
+    QStringList missed;
+    for (const Remappings::Entry& entry : Remappings::all()) {
+        if (entry.isRequired && isMissed(entry.name))
+            missed += inWords(entry);
+    }
+    if (!missed.isEmpty())
+        Q_EMIT message(baseLogLine,
+                       tr("This robot does not offer %1. What stands in brackets does not work; if "
+                          "the robot has other names for it, enter them in Robot > Names….")
+                           .arg(missed.join(QStringLiteral(", "))));
+    for (auto refused = m_refused.cbegin(); refused != m_refused.cend(); ++refused) {
+        if (!isMissed(refused.key()))
+            Q_EMIT message(baseLogLine, refused.value());
+    }
+    Q_EMIT ready();
+}
+
+/// A name that the robot does not have, and what that means.
+QString Offer::inWords(const Remappings::Entry& entry) const
+{
+    const QString name = m_connection.remappings().theirs(entry.name);
+    if (state(entry) == State::OtherType)
+        return tr("%1 as %2, but as %3 (%4)")
+            .arg(name, entry.type, typeOf(entry.name), entry.purpose());
+    return tr("%1 (%2)").arg(name, entry.purpose());
+}
+
+} // namespace host::device::connection

@@ -1,0 +1,220 @@
+#include "host/device/connection/Remappings.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace host::device::connection {
+
+namespace {
+
+/// One line of the tables.
+struct Row
+{
+    const char* name = nullptr;
+    const char* type = nullptr;
+    const char* purpose = nullptr;
+    bool isRequired = true;
+};
+
+constexpr const char* boolean = "std_msgs/Bool";
+constexpr const char* setBool = "std_srvs/SetBool";
+constexpr const char* trigger = "std_srvs/Trigger";
+
+// clang-format off
+const Row topics[] = {
+    {"/scan", "sensor_msgs/LaserScan",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the laser's scans")},
+    {"/camera/camera_info", "sensor_msgs/CameraInfo",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the camera's rate")},
+    {"/joint_states", "sensor_msgs/JointState",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the arm is, and storing that")},
+    {"/arm/state", "control_msgs/JointTrajectoryControllerState",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the arm is going")},
+    {"/arm/torque_enabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether the arm's torque is on")},
+    {"/arm/line0_enabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether supply line 1 is on")},
+    {"/arm/line1_enabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether supply line 2 is on")},
+    {"/arm/line2_enabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether supply line 3 is on")},
+    {"/drive/disabled", boolean,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether the drive is disabled")},
+    {"/odom", "nav_msgs/Odometry",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the robot is")},
+    {"/map", "nav_msgs/OccupancyGrid",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the map")},
+    {"/tf", "tf2_msgs/TFMessage",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the robot and its laser are on the map")},
+    {"/tf_static", "tf2_msgs/TFMessage",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "frames that do not move, if there are any"),
+     false},
+    {"/rosout", "rosgraph_msgs/Log",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the robot's own lines in the logs")},
+};
+
+const Row services[] = {
+    {"/control/acquire", trigger,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "being the only one in control")},
+    {"/control/release", trigger,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "giving control back")},
+    {"/drive/disable", setBool,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "disabling the drive")},
+    {"/camera/set_parameters", "dynamic_reconfigure/Reconfigure",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "setting the camera's resolution")},
+    {"/arm/torque", setBool,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching the arm's torque")},
+    {"/arm/line0", setBool,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching supply line 1")},
+    {"/arm/line1", setBool,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching supply line 2")},
+    {"/arm/line2", setBool,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching supply line 3")},
+    {"/rosapi/topics", "rosapi/Topics",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing which topics there are")},
+    {"/rosapi/services", "rosapi/Services",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing which services there are")},
+    {"/rosapi/publishers", "rosapi/Publishers",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing which topics are published, and not "
+                                              "just listened to"),
+     false},
+    {"/rosapi/get_param", "rosapi/GetParam",
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing whether the robot is simulated")},
+};
+// clang-format on
+
+std::vector<Remappings::Entry> makeAll()
+{
+    std::vector<Remappings::Entry> entries;
+    const auto add = [&](Remappings::Kind kind, const Row& row) {
+        entries.push_back(
+            {kind, QLatin1String(row.name), QLatin1String(row.type), row.purpose, row.isRequired});
+    };
+    for (const Row& row : topics)
+        add(Remappings::Kind::Topic, row);
+    for (const Row& row : services)
+        add(Remappings::Kind::Service, row);
+    return entries;
+}
+
+QString unknown(const QString& ours)
+{
+    QStringList known;
+    for (const Remappings::Entry& entry : Remappings::all())
+        known += entry.name;
+    return Remappings::tr("\"%1\" is not a name that this program uses: choose one of %2.")
+        .arg(ours, known.join(QStringLiteral(", ")));
+}
+
+} // namespace
+
+const std::vector<Remappings::Entry>& Remappings::all()
+{
+    static const std::vector<Entry> entries = makeAll();
+    return entries;
+}
+
+const Remappings::Entry* Remappings::find(const QString& ours)
+{
+    const auto entry = std::find_if(all().begin(), all().end(),
+                                    [&](const Entry& each) { return each.name == ours; });
+    return entry == all().end() ? nullptr : &*entry;
+}
+
+QString Remappings::fault(const QString& theirs)
+{
+    static const QRegularExpression name(QStringLiteral("\\A(/[A-Za-z_][A-Za-z0-9_]*)+\\z"));
+    if (name.match(theirs).hasMatch())
+        return {};
+    return tr("\"%1\" cannot be the name of a topic or service: write it as in /front/scan, each "
+              "part after a \"/\", of letters from A to Z, digits and \"_\", and not beginning "
+              "with a digit.")
+        .arg(theirs);
+}
+
+std::optional<Remappings::Mapping> Remappings::parseOption(const QString& text, QString* error)
+{
+    const QString sign = QStringLiteral(":=");
+    const QString ours = text.section(sign, 0, 0);
+    const QString theirs = text.section(sign, 1);
+    if (!text.contains(sign))
+        *error = tr("\"%1\" is no mapping of a name: write our name, \":=\" and the robot's, as in "
+                    "/scan:=/base_scan.")
+                     .arg(text);
+    else if (Remappings().set(ours, theirs, error))
+        return Mapping(ours, theirs);
+    return std::nullopt;
+}
+
+QString Remappings::load(const QString& folder, const QString& deviceName)
+{
+    m_file.emplace(folder, deviceName, QStringLiteral(".names"));
+    QString problem = m_file->load([](const QJsonObject& entries) -> QString {
+        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+            if (!find(entry.key()))
+                continue;
+            if (!entry->isString())
+                return tr("the name for \"%1\" is not text").arg(entry.key());
+            QString fault = Remappings::fault(entry->toString());
+            if (!fault.isEmpty())
+                return fault;
+        }
+        return {};
+    });
+    const QJsonObject stored = m_file->entries();
+    for (const Entry& entry : all()) {
+        if (!stored.contains(entry.name))
+            continue;
+        m_theirs.insert(entry.name, stored.value(entry.name).toString());
+        Q_EMIT changed(entry.name);
+    }
+    return problem;
+}
+
+QString Remappings::theirs(const QString& ours) const
+{
+    return m_theirs.value(ours, ours);
+}
+
+bool Remappings::set(const QString& ours, const QString& theirs, QString* error)
+{
+    const QString why = find(ours) ? fault(theirs) : unknown(ours);
+    if (!why.isEmpty()) {
+        if (error)
+            *error = why;
+        return false;
+    }
+    if (theirs == this->theirs(ours))
+        return true;
+    if (theirs == ours)
+        m_theirs.remove(ours);
+    else
+        m_theirs.insert(ours, theirs);
+    remember(ours);
+    Q_EMIT changed(ours);
+    return true;
+}
+
+void Remappings::reset()
+{
+    const QStringList mapped = m_theirs.keys();
+    for (const QString& ours : mapped)
+        set(ours, ours);
+}
+
+void Remappings::remember(const QString& ours)
+{
+    if (!m_file)
+        return;
+    if (m_theirs.contains(ours))
+        m_file->insert(ours, m_theirs.value(ours));
+    else
+        m_file->remove(ours);
+    const QString words = m_file->save();
+    if (!words.isEmpty())
+        Q_EMIT problem(words);
+}
+
+} // namespace host::device::connection

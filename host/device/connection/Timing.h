@@ -1,0 +1,20 @@
+#ifndef HOST_DEVICE_CONNECTION_TIMING_H
+#define HOST_DEVICE_CONNECTION_TIMING_H
+
+#include "rosbridge/client/Client.h"
+
+#include <chrono>
+
+namespace host::device::connection {
+
+/// How long a connection waits; tests are less patient than people.
+struct Timing
+{
+    std::chrono::milliseconds frame{300};   ///< one frame of the connecting animation
+    std::chrono::milliseconds answer{5000}; ///< for each answer of the robot's services
+    rosbridge::client::Client::Timeouts link;
+};
+
+} // namespace host::device::connection
+
+#endif

@@ -1,0 +1,46 @@
+#include "host/device/readers/CameraRate.h"
+
+#include "host/device/connection/Connection.h"
+
+namespace host::device::readers {
+
+CameraRate::CameraRate(connection::Connection& connection)
+{
+    m_timer.setInterval(std::chrono::milliseconds(250));
+    connect(&m_timer, &QTimer::timeout, this, &CameraRate::measure);
+    connection.follow(QStringLiteral("/camera/camera_info"),
+                      QStringLiteral("sensor_msgs/CameraInfo"),
+                      [this](const QCborMap&) { onFrame(); });
+}
+
+void CameraRate::reset()
+{
+    m_timer.stop();
+    m_meter = {};
+    setRate(0);
+}
+
+void CameraRate::onFrame()
+{
+    m_meter.arrived(std::chrono::steady_clock::now());
+    if (!m_timer.isActive())
+        m_timer.start();
+}
+
+void CameraRate::measure()
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (m_meter.isSilent(now))
+        m_timer.stop();
+    setRate(m_meter.rate(now));
+}
+
+void CameraRate::setRate(unsigned int rate)
+{
+    if (rate == m_rate)
+        return;
+    m_rate = rate;
+    Q_EMIT changed(rate);
+}
+
+} // namespace host::device::readers

@@ -1,0 +1,44 @@
+#ifndef HOST_DEVICE_READERS_CAMERARATE_H
+#define HOST_DEVICE_READERS_CAMERARATE_H
+
+#include "host/device/readers/RateMeter.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace host::device::connection {
+class Connection;
+} // namespace host::device::connection
+
+namespace host::device::readers {
+
+/// The rate at which the camera's frames arrive, measured here: what the robot says of its camera
+/// does not tell what the link lets through.
+class CameraRate : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Follows the camera on every link of @p connection, which outlives it.
+    explicit CameraRate(connection::Connection& connection);
+
+    /// The link is over: the rate is 0 at once, not when the frames are missed.
+    void reset();
+
+Q_SIGNALS:
+    /// Frames a second; 0 when they stopped.
+    void changed(unsigned int rate);
+
+private:
+    void onFrame();
+    void measure();
+    void setRate(unsigned int rate);
+
+    RateMeter m_meter;
+    QTimer m_timer; // runs only while frames arrive
+    unsigned int m_rate = 0;
+};
+
+} // namespace host::device::readers
+
+#endif

@@ -1,0 +1,20 @@
+#include "host/device/trace/TracedCall.h"
+
+#include <exception>
+
+namespace host::device::trace {
+
+TracedCall::TracedCall(Traffic& traffic, PluginCall call)
+    : m_traffic(traffic),
+      m_call(traffic.callBegan(std::move(call))),
+      m_exceptions(std::uncaught_exceptions())
+{
+}
+
+TracedCall::~TracedCall()
+{
+    m_traffic.callEnded(*m_call, std::chrono::steady_clock::now() - m_began,
+                        std::uncaught_exceptions() > m_exceptions);
+}
+
+} // namespace host::device::trace

@@ -1,0 +1,50 @@
+#ifndef HOST_DEVICE_TRACE_TRAFFIC_H
+#define HOST_DEVICE_TRACE_TRAFFIC_H
+
+#include "host/device/trace/PluginCall.h"
+
+#include <QObject>
+
+#include <deque>
+#include <memory>
+
+namespace host::device::trace {
+
+/// The newest calls between the host and its plugin, in the order in which they began. It keeps
+/// them whether anybody looks or not: what a plugin does while it starts is over by then.
+class Traffic : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Number = quint64;
+
+    static constexpr std::size_t capacity = 10000;
+
+    /// The calls that are kept: from the oldest one's number to that after the newest one's.
+    Number begin() const { return m_first; }
+    Number end() const { return m_first + m_calls.size(); }
+
+    /// @p number is in the range. A call that is under way still changes.
+    std::shared_ptr<const PluginCall> call(Number number) const;
+
+    /// Numbers are not used again.
+    void clear();
+
+    /// For TracedCall alone.
+    std::shared_ptr<PluginCall> callBegan(PluginCall call);
+    void callEnded(PluginCall& call, std::chrono::nanoseconds duration, bool hasThrown);
+
+Q_SIGNALS:
+    /// A call began or ended. Within the call itself: whoever listens does next to nothing.
+    void changed();
+
+private:
+    std::deque<std::shared_ptr<PluginCall>> m_calls;
+    Number m_first = 0;
+    int m_depth = 0;
+};
+
+} // namespace host::device::trace
+
+#endif

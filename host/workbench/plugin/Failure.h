@@ -1,0 +1,28 @@
+#ifndef HOST_WORKBENCH_PLUGIN_FAILURE_H
+#define HOST_WORKBENCH_PLUGIN_FAILURE_H
+
+#include <QString>
+
+#include <functional>
+
+namespace host::workbench::plugin {
+
+/// Why a plugin, or a part of it, is missing from the window, in a person's words: shown as a
+/// card, and as text where nobody looks at a window.
+struct Failure
+{
+    QString title;  ///< what happened
+    QString reason; ///< why
+    QString advice; ///< what to do about it
+    QString file;   ///< the plugin's path, absolute
+
+    /// All four on one line each.
+    QString text() const { return title + '\n' + reason + '\n' + advice + '\n' + file; }
+};
+
+/// Puts a failure into words, in the language of the moment.
+using FailureWords = std::function<Failure()>;
+
+} // namespace host::workbench::plugin
+
+#endif

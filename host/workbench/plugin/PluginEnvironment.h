@@ -1,0 +1,43 @@
+#ifndef HOST_WORKBENCH_PLUGIN_PLUGINENVIRONMENT_H
+#define HOST_WORKBENCH_PLUGIN_PLUGINENVIRONMENT_H
+
+#include "host/device/Environment.h"
+#include "host/workbench/preferences/Appearance.h"
+#include "host/workbench/preferences/Language.h"
+
+#include <QHash>
+#include <QObject>
+
+namespace host::workbench::plugin {
+
+/// What the workbench gives the widgets of a plugin beside their device: the language, the
+/// appearance, and one help action for each context word. It opens no help itself: the window does.
+class PluginEnvironment : public QObject, public device::Environment
+{
+    Q_OBJECT
+
+public:
+    PluginEnvironment();
+
+    preferences::Language& language() { return m_language; }
+    preferences::Appearance& appearance() { return m_appearance; }
+
+    QString translate(const QString& text) const override;
+    QString currentLanguage() const override;
+    QAction* helpAction(const QString& context) override;
+
+Q_SIGNALS:
+    /// Someone triggered the help action of @p context.
+    void helpRequested(const QString& context);
+
+private:
+    void translateHelpActions();
+
+    preferences::Language m_language;
+    preferences::Appearance m_appearance;
+    QHash<QString, QAction*> m_helpActions;
+};
+
+} // namespace host::workbench::plugin
+
+#endif

@@ -1,0 +1,140 @@
+#include "host/workbench/plugin/PluginLoader.h"
+
+#include "plugin/gui/Interface.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <dlfcn.h>
+
+#include <exception>
+
+namespace host::workbench::plugin {
+
+namespace {
+
+using Factory = void (*)(::plugin::gui::Interface**);
+
+constexpr const char* factoryName = "pluginGuiInterface";
+
+bool isElf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.read(4) == QByteArray("\177ELF");
+}
+
+} // namespace
+
+PluginLoader::PluginLoader(const QString& file) : m_file(QFileInfo(file).absoluteFilePath())
+{
+    load();
+}
+
+PluginLoader::~PluginLoader()
+{
+    if (!m_interface)
+        return;
+    try {
+        m_interface->deinit();
+    } catch (const std::exception& e) {
+        qWarning("%s: deinit() threw: %s", qPrintable(m_file), e.what());
+    } catch (...) {
+        qWarning("%s: deinit() threw", qPrintable(m_file));
+    }
+}
+
+QString PluginLoader::defaultFile()
+{
+    return QCoreApplication::applicationDirPath() + "/libdevice_quandrel_gui.so";
+}
+
+std::optional<Failure> PluginLoader::failure() const
+{
+    return m_failure ? std::make_optional(m_failure()) : std::nullopt;
+}
+
+void PluginLoader::load()
+{
+    const auto fail = [this](auto title, auto reason) {
+        m_failure = [file = m_file, title, reason] {
+            return Failure{title(), reason(),
+                           tr("Check the path given with --plugin. Without that option the "
+                              "workbench loads the one that came with it."),
+                           file};
+        };
+    };
+    const QFileInfo info(m_file);
+    if (!info.exists()) {
+        fail([] { return tr("The plugin was not found"); },
+             [] { return tr("There is no such file."); });
+        return;
+    }
+    if (!info.isFile() || !info.isReadable()) {
+        fail([] { return tr("The plugin cannot be read"); },
+             [isFile = info.isFile()] {
+                 return isFile ? tr("You have no permission to read the file.")
+                               : tr("The path names a folder, not a file.");
+             });
+        return;
+    }
+    if (!isElf(m_file)) {
+        fail([] { return tr("This is not a plugin"); },
+             [] { return tr("The file is not a shared library."); });
+        return;
+    }
+
+    // All symbols at once: one that is missing is reported here, not by a crash later.
+    void* library = dlopen(QFile::encodeName(m_file).constData(), RTLD_NOW | RTLD_LOCAL);
+    if (!library) {
+        QString error = QString::fromLocal8Bit(dlerror());
+        error.remove(m_file + ": ");
+        m_failure = [file = m_file, error] {
+            return Failure{tr("The plugin could not be loaded"),
+                           tr("The system's loader says: %1.").arg(error),
+                           tr("Build the plugin again for this version of the host and of Qt, and "
+                              "install the libraries it needs; \"ldd -r\" on the file lists what "
+                              "is missing."),
+                           file};
+        };
+        return;
+    }
+    void* factory = dlsym(library, factoryName);
+    if (!factory) {
+        fail([] { return tr("This is not a device plugin"); },
+             [] { return tr("The library does not export the function %1.").arg(factoryName); });
+        return;
+    }
+    start(factory);
+}
+
+void PluginLoader::start(void* factory)
+{
+    const auto fail = [this](auto reason) {
+        m_failure = [file = m_file, reason] {
+            return Failure{tr("The plugin failed to start"), reason(),
+                           tr("Ask the maker of the plugin for a repaired version, or choose "
+                              "another plugin with --plugin."),
+                           file};
+        };
+    };
+    const char* function = factoryName;
+    try {
+        ::plugin::gui::Interface* interface = nullptr;
+        reinterpret_cast<Factory>(factory)(&interface);
+        if (!interface) {
+            fail([] { return tr("Its function %1 gave no interface object.").arg(factoryName); });
+            return;
+        }
+        function = "init";
+        interface->init();
+        m_interface = interface;
+    } catch (const std::exception& e) {
+        fail([function, what = QString::fromUtf8(e.what())] {
+            return tr("Its function %1 threw: %2.").arg(function, what);
+        });
+    } catch (...) {
+        fail([function] { return tr("Its function %1 threw something unknown.").arg(function); });
+    }
+}
+
+} // namespace host::workbench::plugin

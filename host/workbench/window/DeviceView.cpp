@@ -1,0 +1,225 @@
+#include "host/workbench/window/DeviceView.h"
+
+#include "host/device/Device.h"
+#include "host/workbench/faults/FaultsMenu.h"
+#include "host/workbench/names/NamesDialog.h"
+#include "host/workbench/plugin/FailureCard.h"
+#include "host/workbench/plugin/PluginAccess.h"
+#include "host/workbench/plugin/PluginLoader.h"
+#include "host/workbench/robotview/RobotDock.h"
+#include "host/workbench/traffic/TrafficDock.h"
+#include "host/workbench/variables/VariablesDock.h"
+#include "host/workbench/window/Notice.h"
+#include "host/workbench/window/StartPage.h"
+#include "host/workbench/window/StatusLine.h"
+#include "plugin/gui/DeviceWidget.h"
+#include "plugin/gui/Interface.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <exception>
+
+namespace host::workbench::window {
+
+using ::plugin::gui::DeviceWidget;
+
+DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& device,
+                       const QString& robot)
+    : m_plugin(plugin),
+      m_device(device),
+      m_robot(robot),
+      m_viewMenu(new QMenu(this)),
+      m_robotMenu(new QMenu(this)),
+      m_faultsMenu(new faults::FaultsMenu(device, this)),
+      m_names(m_robotMenu->addAction(QString())),
+      m_name(new QLabel(device.name())),
+      m_notice(new Notice),
+      m_status(new StatusLine(device, robot)),
+      m_namesDialog(new names::NamesDialog(device, this))
+{
+    setWindowFlags(Qt::Widget);
+    setContextMenuPolicy(Qt::NoContextMenu); // its entries would hide the tool bar for good
+    setFocusPolicy(Qt::ClickFocus); // a press anywhere in the view makes it the current one
+    setAccessibleName(device.name());
+
+    m_name->setObjectName("name");
+    m_name->setTextFormat(Qt::PlainText);
+    m_name->setAlignment(Qt::AlignCenter);
+    m_name->setMargin(4);
+    m_name->setAutoFillBackground(true);
+    m_name->hide();
+    setMenuWidget(m_name);
+
+    auto* middle = new QWidget;
+    m_middle = new QVBoxLayout(middle);
+    m_middle->setContentsMargins(0, 0, 0, 0);
+    m_middle->addWidget(m_notice);
+    setCentralWidget(middle);
+
+    addDocks();
+    m_names->setObjectName("names");
+    connect(m_names, &QAction::triggered, m_namesDialog, [this] {
+        m_namesDialog->show();
+        m_namesDialog->raise();
+        m_namesDialog->activateWindow();
+    });
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->addWidget(m_status, 1);
+    addPlugin();
+
+    connect(&device, &device::Device::connectionStateChanged, this, &DeviceView::showConnection);
+    connect(&device, &device::Device::statusChanged, this, &DeviceView::showConnection);
+    connect(&device, &device::Device::problem, this, &DeviceView::notify);
+    translate();
+}
+
+QList<plugin::Failure> DeviceView::failures() const
+{
+    QList<plugin::Failure> failures;
+    for (const plugin::FailureWords& failure : m_failures)
+        failures << failure();
+    return failures;
+}
+
+QList<QMenu*> DeviceView::menus() const
+{
+    return {m_viewMenu, m_robotMenu, m_faultsMenu};
+}
+
+void DeviceView::setNameShown(bool isShown)
+{
+    m_name->setVisible(isShown);
+}
+
+void DeviceView::setCurrent(bool isCurrent)
+{
+    m_name->setBackgroundRole(isCurrent ? QPalette::Highlight : QPalette::Mid);
+    m_name->setForegroundRole(isCurrent ? QPalette::HighlightedText : QPalette::WindowText);
+}
+
+void DeviceView::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        translate();
+        m_device.translateWidgets();
+    }
+    QMainWindow::changeEvent(event);
+}
+
+void DeviceView::translate()
+{
+    m_viewMenu->setTitle(tr("&View"));
+    m_robotMenu->setTitle(tr("&Robot"));
+    m_names->setText(tr("&Names…"));
+    if (m_toolBar)
+        m_toolBar->setWindowTitle(tr("Device"));
+    showConnection();
+}
+
+void DeviceView::notify(const QString& words)
+{
+    m_notice->add(words);
+}
+
+void DeviceView::addDocks()
+{
+    auto* robot = new robotview::RobotDock(m_device, this);
+    auto* variables = new variables::VariablesDock(m_device.variables(), this);
+    auto* traffic = new traffic::TrafficDock(m_device.traffic(), this);
+    for (QDockWidget* dock : std::initializer_list<QDockWidget*>{robot, variables, traffic}) {
+        addDockWidget(dock == robot ? Qt::RightDockWidgetArea : Qt::BottomDockWidgetArea, dock);
+        m_viewMenu->addAction(dock->toggleViewAction());
+        connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool isOpened) {
+            if (!isOpened)
+                return;
+            dock->raise();
+            dock->setFocus();
+        });
+    }
+    tabifyDockWidget(variables, traffic);
+    robot->setVisible(!m_plugin.failure()); // the others are for developers
+    connect(traffic, &traffic::TrafficDock::problem, this, &DeviceView::notify);
+}
+
+void DeviceView::addPlugin()
+{
+    if (m_plugin.failure()) {
+        m_middle->addStretch(2);
+        addFailure([this] { return *m_plugin.failure(); });
+        m_middle->addStretch(3);
+        m_status->hide(); // nothing can be connected
+        return;
+    }
+
+    DeviceWidget* toolBarWidget = loadWidget("toolbar");
+    if (toolBarWidget) {
+        m_toolBar = new QToolBar;
+        m_toolBar->setObjectName("toolBar");
+        m_toolBar->setMovable(false);
+        m_toolBar->addWidget(toolBarWidget);
+        addToolBar(m_toolBar);
+    } else if (m_failures.isEmpty()) {
+        addFailure([file = m_plugin.file()] {
+            return plugin::Failure{
+                tr("The plugin has no tool bar"),
+                tr("Asked for the widget \"toolbar\", it gave none. Without it there is "
+                   "no way to connect."),
+                tr("Choose a plugin made for this device with --plugin."), file};
+        });
+    }
+
+    if (DeviceWidget* dialog = loadWidget("dialog")) {
+        m_middle->addWidget(dialog, 1);
+    } else if (m_failures.isEmpty()) {
+        m_startPage = new StartPage(m_device.name(), m_robot);
+        m_middle->addWidget(m_startPage, 1);
+    } else {
+        m_middle->addStretch();
+    }
+}
+
+DeviceWidget* DeviceView::loadWidget(const char* name)
+{
+    QString what; // empty: unknown
+    try {
+        DeviceWidget* const widget = m_device.loadWidget(*m_plugin.interface(), name);
+        if (widget)
+            new plugin::PluginAccess(*widget); // a child
+        return widget;
+    } catch (const std::exception& e) {
+        what = QString::fromUtf8(e.what());
+    } catch (...) {
+    }
+    addFailure([what, name, file = m_plugin.file()] {
+        const QString reason = what.isEmpty() ? tr("an exception of an unknown type") : what;
+        return plugin::Failure{
+            tr("A widget of the plugin failed"),
+            tr("The widget \"%1\" ended while it was being built: %2.").arg(name, reason),
+            tr("The rest of the window goes on without it. Ask the maker of the plugin "
+               "for a repaired version."),
+            file};
+    });
+    return nullptr;
+}
+
+void DeviceView::addFailure(const plugin::FailureWords& failure)
+{
+    m_failures.append(failure);
+    auto* frame = new QVBoxLayout;
+    frame->setContentsMargins(24, 12, 24, 12);
+    frame->addWidget(new plugin::FailureCard(failure));
+    m_middle->addLayout(frame);
+}
+
+void DeviceView::showConnection()
+{
+    if (m_startPage)
+        m_startPage->setConnection(m_device.connectionState(), m_device.status());
+}
+
+} // namespace host::workbench::window

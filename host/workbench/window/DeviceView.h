@@ -1,0 +1,96 @@
+#ifndef HOST_WORKBENCH_WINDOW_DEVICEVIEW_H
+#define HOST_WORKBENCH_WINDOW_DEVICEVIEW_H
+
+#include "host/workbench/plugin/Failure.h"
+
+#include <QList>
+#include <QMainWindow>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QToolBar;
+class QVBoxLayout;
+
+namespace host::device {
+class Device;
+}
+
+namespace plugin::gui {
+class DeviceWidget;
+}
+
+namespace host::workbench::names {
+class NamesDialog;
+} // namespace host::workbench::names
+
+namespace host::workbench::plugin {
+class PluginLoader;
+} // namespace host::workbench::plugin
+
+namespace host::workbench::window {
+
+class Notice;
+class StartPage;
+class StatusLine;
+
+/// One device: the plugin's tool bar, its dialog or the page that stands in for it, how the
+/// connection stands, and the docks that look into the device. A main window of its own within
+/// the window, so that each device has its docks where somebody left them. What the plugin fails
+/// to bring is replaced by a card that says why. It never opens a modal box.
+class DeviceView : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// @p robot says where the device's simulated robot runs, empty for none. The others outlive
+    /// the view.
+    DeviceView(const plugin::PluginLoader& plugin, device::Device& device, const QString& robot);
+
+    device::Device& device() const { return m_device; }
+
+    /// What the plugin failed to bring, in the order of the cards and the language of the moment.
+    QList<plugin::Failure> failures() const;
+
+    /// Menus about this device, owned by the view, to be shown in the window's menu bar.
+    QList<QMenu*> menus() const;
+
+    /// Whether the device's name stands above it, and whether marked as the one that the menus
+    /// are about.
+    void setNameShown(bool isShown);
+    void setCurrent(bool isCurrent);
+
+    /// Tells what a person should know of, until it is put away.
+    void notify(const QString& words);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void translate();
+    void addDocks();
+    void addPlugin();
+    ::plugin::gui::DeviceWidget* loadWidget(const char* name);
+    void addFailure(const plugin::FailureWords& failure);
+    void showConnection();
+
+    const plugin::PluginLoader& m_plugin;
+    device::Device& m_device;
+    QString m_robot;
+    QList<plugin::FailureWords> m_failures;
+    QMenu* m_viewMenu;
+    QMenu* m_robotMenu;
+    QMenu* m_faultsMenu;
+    QAction* m_names;
+    QLabel* m_name;
+    QToolBar* m_toolBar = nullptr; // the plugin's; null without one
+    QVBoxLayout* m_middle;
+    Notice* m_notice;
+    StartPage* m_startPage = nullptr;
+    StatusLine* m_status;
+    names::NamesDialog* m_namesDialog;
+};
+
+} // namespace host::workbench::window
+
+#endif

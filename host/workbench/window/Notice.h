@@ -1,0 +1,35 @@
+#ifndef HOST_WORKBENCH_WINDOW_NOTICE_H
+#define HOST_WORKBENCH_WINDOW_NOTICE_H
+
+#include <QFrame>
+
+class QLabel;
+class QToolButton;
+
+namespace host::workbench::window {
+
+/// A strip at the window's top for what a person should know and may then put away: unlike the
+/// status it stays until it is closed. Hidden until it has something to say.
+class Notice : public QFrame
+{
+    Q_OBJECT
+
+public:
+    Notice();
+
+    /// Below what it says already, if it was not closed since.
+    void add(const QString& words);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void translate();
+
+    QLabel* m_words;
+    QToolButton* m_close;
+};
+
+} // namespace host::workbench::window
+
+#endif

@@ -1,0 +1,254 @@
+#include "host/workbench/window/Window.h"
+
+#include "host/device/Device.h"
+#include "host/workbench/help/HelpPages.h"
+#include "host/workbench/help/HelpPanel.h"
+#include "host/workbench/plugin/PluginEnvironment.h"
+#include "host/workbench/plugin/PluginLoader.h"
+#include "host/workbench/preferences/AppearanceMenu.h"
+#include "host/workbench/preferences/LanguageMenu.h"
+#include "host/workbench/window/DeviceArea.h"
+#include "host/workbench/window/DeviceView.h"
+#include "host/workbench/window/FocusFrame.h"
+#include "host/workbench/window/TabOrder.h"
+#include "olm/qt/log/View.h"
+#include "plugin/gui/Interface.h"
+#include "plugin/gui/PluginWidget.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QUrl>
+
+namespace host::workbench::window {
+
+namespace {
+
+constexpr QSize sizeForOne(1000, 640);
+constexpr int mostInSight = 2; // before anybody resizes the window
+
+QString layoutKey(const DeviceView& view)
+{
+    return "docks/" + QString::fromLatin1(QUrl::toPercentEncoding(view.device().name()));
+}
+
+/// The help of a tab is that of the log which is shown in it. Null where none is.
+QAction* helpOfLog(const QWidget& around)
+{
+    for (const auto* log : around.findChildren<const olm::qt::log::View*>()) {
+        if (log->isVisible() && !log->actions().isEmpty())
+            return log->actions().first();
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Window::Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& services)
+    : m_plugin(plugin),
+      m_services(services),
+      m_devices(new DeviceArea),
+      m_help(new help::HelpPanel(services.language(), this))
+{
+    setContextMenuPolicy(Qt::NoContextMenu);
+    addDockWidget(Qt::RightDockWidgetArea, m_help);
+
+    setCentralWidget(m_devices);
+    addMenus();
+    new FocusFrame(*this); // a child
+    connect(&services, &plugin::PluginEnvironment::helpRequested, this, &Window::showHelp);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget*, const QWidget* focus) { onFocusChanged(focus); });
+    translate();
+}
+
+Window::~Window()
+{
+    // Qt takes the focus away when what is left of this is no Window any more.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
+DeviceView& Window::add(device::Device& device, const QString& robot)
+{
+    auto* view = new DeviceView(m_plugin, device, robot);
+    m_views.append(view);
+    m_devices->add(view);
+    resize(sizeForOne.width() * qMin(int(m_views.size()), mostInSight), sizeForOne.height());
+    for (QMenu* menu : view->menus())
+        menuBar()->insertMenu(m_languageMenu->menuAction(), menu);
+    for (DeviceView* each : std::as_const(m_views))
+        each->setNameShown(m_views.size() > 1);
+    setCurrent(m_current ? *m_current : *view);
+    translate();
+    return *view;
+}
+
+void Window::restoreLayout(const QString& folder)
+{
+    m_layoutFile = QDir(folder).filePath("window.ini");
+    const QSettings layout(m_layoutFile, QSettings::IniFormat);
+    restoreGeometry(layout.value("geometry").toByteArray());
+    m_devices->restoreState(layout.value("devices").toByteArray());
+    for (DeviceView* view : std::as_const(m_views))
+        view->restoreState(layout.value(layoutKey(*view)).toByteArray());
+}
+
+void Window::saveLayout()
+{
+    if (m_layoutFile.isEmpty())
+        return;
+    QSettings layout(m_layoutFile, QSettings::IniFormat);
+    layout.setValue("geometry", saveGeometry());
+    layout.setValue("devices", m_devices->saveState());
+    for (const DeviceView* view : std::as_const(m_views))
+        layout.setValue(layoutKey(*view), view->saveState());
+}
+
+QList<plugin::Failure> Window::failures() const
+{
+    return m_views.isEmpty() ? QList<plugin::Failure>() : m_views.first()->failures();
+}
+
+void Window::notify(const QString& words)
+{
+    if (m_current)
+        m_current->notify(words);
+}
+
+void Window::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        translate();
+    QMainWindow::changeEvent(event);
+}
+
+void Window::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!focusWidget())
+        focusNextPrevChild(true);
+}
+
+void Window::closeEvent(QCloseEvent* event)
+{
+    saveLayout();
+    QMainWindow::closeEvent(event);
+}
+
+bool Window::focusNextPrevChild(bool next)
+{
+    QWidget* const stop = TabOrder(*this).next(focusWidget(), next);
+    if (stop)
+        stop->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return stop;
+}
+
+void Window::translate()
+{
+    QStringList names;
+    for (const DeviceView* view : std::as_const(m_views))
+        names << view->device().name();
+    setWindowTitle(names.isEmpty() ? tr("Device workbench")
+                                   : tr("%1 - device workbench").arg(names.join(", ")));
+    m_fileMenu->setTitle(tr("&File"));
+    m_quit->setText(tr("&Quit"));
+    m_helpMenu->setTitle(tr("&Help"));
+    m_contextHelp->setText(tr("&Context help"));
+    m_contents->setText(tr("C&ontents"));
+    m_about->setText(tr("&About"));
+    if (m_help->isVisible() && !m_help->hasPage())
+        showAbout();
+}
+
+void Window::addMenus()
+{
+    m_fileMenu = menuBar()->addMenu(QString());
+    m_quit = m_fileMenu->addAction(QString());
+    m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(m_quit, &QAction::triggered, this, &QWidget::close);
+
+    auto* languages = new preferences::LanguageMenu(m_services.language(), this);
+    m_languageMenu = languages;
+    menuBar()->addMenu(languages);
+    auto* appearances = new preferences::AppearanceMenu(m_services.appearance(), this);
+    menuBar()->addMenu(appearances);
+    for (const preferences::PreferenceMenu* choices :
+         {static_cast<preferences::PreferenceMenu*>(languages),
+          static_cast<preferences::PreferenceMenu*>(appearances)})
+        connect(choices, &preferences::PreferenceMenu::problem, this, &Window::notify);
+
+    m_helpMenu = menuBar()->addMenu(QString());
+    m_contextHelp = m_helpMenu->addAction(QString());
+    m_contextHelp->setShortcut(QKeySequence(Qt::Key_F1));
+    connect(m_contextHelp, &QAction::triggered, this, &Window::showHelpOfFocus);
+    m_contents = m_helpMenu->addAction(QString());
+    connect(m_contents, &QAction::triggered, this, &Window::showMainHelp);
+    m_about = m_helpMenu->addAction(QString());
+    connect(m_about, &QAction::triggered, this, &Window::showAbout);
+}
+
+void Window::setCurrent(DeviceView& view)
+{
+    m_current = &view;
+    for (DeviceView* each : std::as_const(m_views)) {
+        each->setCurrent(each == m_current);
+        for (QMenu* menu : each->menus())
+            menu->menuAction()->setVisible(each == m_current); // no shortcuts of hidden menus
+    }
+}
+
+void Window::onFocusChanged(const QWidget* focus)
+{
+    for (DeviceView* view : std::as_const(m_views)) {
+        if (focus && view->isAncestorOf(focus) && view != m_current)
+            setCurrent(*view);
+    }
+}
+
+void Window::showHelp(const QString& context)
+{
+    m_help->openPage(help::helpPage(context));
+}
+
+void Window::showMainHelp()
+{
+    m_help->openPage(help::mainHelpPage);
+}
+
+void Window::showHelpOfFocus()
+{
+    QAction* help = nullptr;
+    for (const QWidget* widget = focusWidget(); widget && !help; widget = widget->parentWidget()) {
+        const auto* plugin = dynamic_cast<const ::plugin::gui::PluginWidget*>(widget);
+        if (plugin && plugin->helpContext().isEmpty())
+            help = helpOfLog(*widget);
+        else if (plugin)
+            help = m_services.helpAction(plugin->helpContext());
+    }
+    if (!help && m_current) // nothing of the plugin's has the focus: what it shows, then
+        help = helpOfLog(*m_current);
+    if (help)
+        help->trigger();
+    else
+        showMainHelp();
+}
+
+void Window::showAbout()
+{
+    QString text = tr("<p>%1 %2, with Qt %3.</p>")
+                       .arg(QApplication::applicationName(), QApplication::applicationVersion(),
+                            QLatin1String(qVersion()));
+    if (const ::plugin::gui::Interface* interface = m_plugin.interface()) {
+        const auto& info = interface->info();
+        text += tr("<p>Plugin: %1 by %2.</p><p>%3</p>")
+                    .arg(QString::fromLatin1(info.name().c_str()).toHtmlEscaped(),
+                         QString::fromLatin1(info.vendor().c_str()).toHtmlEscaped(),
+                         m_plugin.file().toHtmlEscaped());
+    }
+    m_help->openText(tr("About"), text);
+}
+
+} // namespace host::workbench::window

@@ -1,0 +1,92 @@
+#ifndef HOST_WORKBENCH_WINDOW_WINDOW_H
+#define HOST_WORKBENCH_WINDOW_WINDOW_H
+
+#include "host/workbench/plugin/Failure.h"
+
+#include <QList>
+#include <QMainWindow>
+
+class QAction;
+class QMenu;
+
+namespace host::device {
+class Device;
+}
+
+namespace host::workbench::help {
+class HelpPanel;
+} // namespace host::workbench::help
+
+namespace host::workbench::plugin {
+class PluginLoader;
+class PluginEnvironment;
+} // namespace host::workbench::plugin
+
+namespace host::workbench::window {
+
+class DeviceArea;
+class DeviceView;
+
+/// All devices of the workbench side by side, with the menus and the help. The menus about a
+/// device are those of the one which has the focus, or had it last.
+class Window : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Both outlive the window.
+    Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& services);
+    ~Window() override;
+
+    /// Shows one more device, which outlives the window. @p robot says where its simulated robot
+    /// runs, empty for none.
+    DeviceView& add(device::Device& device, const QString& robot);
+
+    const QList<DeviceView*>& views() const { return m_views; }
+
+    /// Puts window and docks back to where they were when the window was closed last, and keeps
+    /// their places in @p folder when it is closed again.
+    void restoreLayout(const QString& folder);
+
+    /// What the plugin failed to bring, for the first device.
+    QList<plugin::Failure> failures() const;
+
+    /// Tells what a person should know of, until it is put away.
+    void notify(const QString& words);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void translate();
+    void addMenus();
+    void setCurrent(DeviceView& view);
+    void onFocusChanged(const QWidget* focus);
+    void saveLayout();
+    void showHelp(const QString& context);
+    void showMainHelp();
+    void showHelpOfFocus();
+    void showAbout();
+
+    const plugin::PluginLoader& m_plugin;
+    plugin::PluginEnvironment& m_services;
+    DeviceArea* m_devices;
+    QList<DeviceView*> m_views;
+    DeviceView* m_current = nullptr; // null as long as there is no device
+    QString m_layoutFile;            // empty: nothing is kept
+    QMenu* m_fileMenu = nullptr;
+    QMenu* m_languageMenu = nullptr;
+    QMenu* m_helpMenu = nullptr;
+    QAction* m_quit = nullptr;
+    QAction* m_contextHelp = nullptr;
+    QAction* m_contents = nullptr;
+    QAction* m_about = nullptr;
+    help::HelpPanel* m_help;
+};
+
+} // namespace host::workbench::window
+
+#endif

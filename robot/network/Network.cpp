@@ -1,0 +1,138 @@
+#include "robot/network/Network.h"
+
+#include "rosbridge/protocol/Address.h"
+
+#include <QHostAddress>
+#include <QHostInfo>
+
+#include <algorithm>
+
+namespace robot::network {
+
+namespace {
+
+/// The host's address, preferably IPv4, as clients that are given a name try that as well; a
+/// null one if there is none.
+QHostAddress addressOf(const QString& host)
+{
+    const QHostAddress literal(host);
+    if (!literal.isNull())
+        return literal;
+    const QList<QHostAddress> addresses = QHostInfo::fromName(host).addresses();
+    const auto v4 = std::find_if(addresses.cbegin(), addresses.cend(), [](const auto& address) {
+        return address.protocol() == QAbstractSocket::IPv4Protocol;
+    });
+    return v4 != addresses.cend() ? *v4 : addresses.value(0);
+}
+
+rosbridge::server::ServiceReply trigger(const Control::Answer& answer)
+{
+    return {
+        {{QStringLiteral("success"), answer.success}, {QStringLiteral("message"), answer.message}},
+        QString()};
+}
+
+} // namespace
+
+Network::Network(const Clock& clock, const rosbridge::server::Limits& limits)
+    : m_topics(m_control),
+      m_services(m_control),
+      m_rosApi(m_topics, m_services, {{QStringLiteral("/use_sim_time"), true}}),
+      m_endpoint(m_topics, m_services, limits),
+      m_log(m_endpoint, clock)
+{
+    m_topics.addPublished(QLatin1String(Log::topic), QLatin1String(Log::type));
+    m_rosApi.addTo(m_services);
+    addControlServices();
+    keepLog();
+    connect(&m_endpoint, &rosbridge::server::Endpoint::left, &m_control,
+            [this](const rosbridge::server::Peer& peer) { m_control.leave(peer); });
+}
+
+Network::~Network()
+{
+    close(); // while there is still a log to write that clients left
+}
+
+void Network::setAllowedOrigins(const QStringList& origins)
+{
+    m_endpoint.setAllowedOrigins(origins);
+}
+
+bool Network::listen(const rosbridge::protocol::Address& address, QString* error)
+{
+    const QHostAddress host = addressOf(address.host);
+    if (host.isNull()) {
+        *error = tr("cannot listen on %1: no such host; give an address of this computer")
+                     .arg(address.toString());
+        return false;
+    }
+    if (m_endpoint.listen(host, address.port))
+        return true;
+    *error = tr("cannot listen on %1: %2; choose another address or port, or end the program "
+                "that uses it")
+                 .arg(address.toString(), m_endpoint.errorString());
+    return false;
+}
+
+void Network::close()
+{
+    m_endpoint.close();
+}
+
+void Network::publish(const QString& topic, const QCborMap& msg)
+{
+    Q_ASSERT(m_topics.find(topic) && !m_topics.find(topic)->handler);
+    m_endpoint.publish(topic, msg);
+}
+
+void Network::addControlServices()
+{
+    const QString type = QStringLiteral("std_srvs/Trigger");
+    m_services.add(QStringLiteral("/control/acquire"),
+                   {type,
+                    {},
+                    rosbridge::server::Access::Anyone,
+                    [this](const rosbridge::server::Peer& caller, const QCborMap&) {
+                        return trigger(m_control.acquire(caller));
+                    }});
+    m_services.add(QStringLiteral("/control/release"),
+                   {type,
+                    {},
+                    rosbridge::server::Access::Anyone,
+                    [this](const rosbridge::server::Peer& caller, const QCborMap&) {
+                        return trigger(m_control.release(caller));
+                    }});
+}
+
+void Network::keepLog()
+{
+    const QString base = QStringLiteral("base");
+    connect(&m_endpoint, &rosbridge::server::Endpoint::joined, this,
+            [this, base](const rosbridge::server::Peer& peer) {
+                m_log.write(Log::Level::Info, base, tr("%1 joined").arg(peer.name));
+            });
+    connect(&m_endpoint, &rosbridge::server::Endpoint::left, this,
+            [this, base](const rosbridge::server::Peer& peer, const QString& why) {
+                m_log.write(Log::Level::Info, base, tr("%1 left: %2").arg(peer.name, why));
+            });
+    connect(&m_endpoint, &rosbridge::server::Endpoint::originRefused, this,
+            [this, base](const QString& origin) {
+                m_log.write(Log::Level::Warning, base, tr("a page of %1 was refused").arg(origin));
+            });
+    connect(&m_control, &Control::acquired, this,
+            [this, base](const rosbridge::server::Peer& peer) {
+                m_log.write(Log::Level::Info, base, tr("%1 took control").arg(peer.name));
+            });
+    connect(&m_control, &Control::released, this,
+            [this, base](const rosbridge::server::Peer& peer) {
+                m_log.write(Log::Level::Info, base, tr("%1 released control").arg(peer.name));
+            });
+    connect(&m_control, &Control::refused, this,
+            [this, base](const rosbridge::server::Peer& peer, const QString& reason) {
+                m_log.write(Log::Level::Warning, base,
+                            tr("%1 was refused control: %2").arg(peer.name, reason));
+            });
+}
+
+} // namespace robot::network

@@ -1,0 +1,78 @@
+#ifndef ROBOT_NETWORK_NETWORK_H
+#define ROBOT_NETWORK_NETWORK_H
+
+#include "robot/network/Control.h"
+#include "robot/network/Log.h"
+#include "robot/network/RosApi.h"
+#include "rosbridge/server/Endpoint.h"
+#include "rosbridge/server/Limits.h"
+#include "rosbridge/server/ServiceRegistry.h"
+#include "rosbridge/server/TopicRegistry.h"
+
+#include <QCborMap>
+#include <QObject>
+#include <QStringList>
+
+namespace rosbridge::protocol {
+struct Address;
+} // namespace rosbridge::protocol
+
+namespace robot::network {
+
+class Clock;
+
+/// What the robot's parts share to deal with clients: their topics and services, who is in control,
+/// the log, and the endpoint that serves them. Knows nothing of what the robot is or does.
+class Network : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p clock gives the log its stamps and must outlive the network.
+    Network(const Clock& clock, const rosbridge::server::Limits& limits);
+    ~Network() override;
+
+    /// See Endpoint::setAllowedOrigins(); none at first.
+    void setAllowedOrigins(const QStringList& origins);
+
+    /// Starts to serve. Looks up a host name, which may take a while; port 0 takes any free one.
+    /// On failure returns false, and @p error says what to do about it.
+    bool listen(const rosbridge::protocol::Address& address, QString* error);
+
+    /// The one clients connect to; 0 if not listening.
+    quint16 port() const { return m_endpoint.port(); }
+
+    /// Stops serving; listen() may be called again.
+    void close();
+
+    /// For the parts to add theirs, before clients come.
+    rosbridge::server::TopicRegistry& topics() { return m_topics; }
+    rosbridge::server::ServiceRegistry& services() { return m_services; }
+
+    /// Tells when the client in control gives it back, which ends what it had commanded.
+    const Control& control() const { return m_control; }
+
+    /// The robot's diary, where each part writes under its own name.
+    Log& log() { return m_log; }
+
+    /// Sends @p msg to all who subscribed to @p topic, a published topic's canonical name.
+    void publish(const QString& topic, const QCborMap& msg);
+
+    /// Whether anybody would get a message of @p topic now; else it need not be made.
+    bool hasSubscribers(const QString& topic) const { return m_endpoint.hasSubscribers(topic); }
+
+private:
+    void addControlServices();
+    void keepLog();
+
+    Control m_control;
+    rosbridge::server::TopicRegistry m_topics;
+    rosbridge::server::ServiceRegistry m_services;
+    RosApi m_rosApi;
+    rosbridge::server::Endpoint m_endpoint;
+    Log m_log;
+};
+
+} // namespace robot::network
+
+#endif

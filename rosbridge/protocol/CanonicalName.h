@@ -1,0 +1,15 @@
+#ifndef ROSBRIDGE_PROTOCOL_CANONICALNAME_H
+#define ROSBRIDGE_PROTOCOL_CANONICALNAME_H
+
+#include <QString>
+
+namespace rosbridge::protocol {
+
+/// The one spelling of a topic's or service's name, "/scan": rosbridge takes a name with and
+/// without the leading slash for the same. Both ends compare and look up names in this form.
+/// An empty name stays empty.
+QString canonicalName(const QString& name);
+
+} // namespace rosbridge::protocol
+
+#endif

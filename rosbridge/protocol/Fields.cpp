@@ -1,0 +1,119 @@
+#include "rosbridge/protocol/Fields.h"
+
+#include "rosbridge/protocol/Codec.h"
+
+#include <QCborArray>
+
+#include <cmath>
+#include <limits>
+
+namespace rosbridge::protocol {
+
+Fields::Fields(const QCborMap& message, QString* error) : Fields(message, QString(), error) {}
+
+Fields::Fields(const QCborMap& message, const QString& path, QString* error)
+    : m_message(message),
+      m_path(path),
+      m_error(error)
+{
+}
+
+bool Fields::has(const char* name) const
+{
+    return m_message.contains(QLatin1String(name));
+}
+
+double Fields::number(const char* name)
+{
+    const QCborValue found = value(name);
+    if (found.isNull())
+        return std::numeric_limits<double>::quiet_NaN();
+    if (found.isInteger() || found.isDouble())
+        return found.toDouble();
+    fail(name, tr("is %1, not a number").arg(kindOf(found)));
+    return 0.0;
+}
+
+float Fields::floatNumber(const char* name)
+{
+    return toFloat(number(name));
+}
+
+qint64 Fields::integer(const char* name, qint64 minimum, qint64 maximum)
+{
+    const double number = this->number(name);
+    // A whole number may come as a double; a count that is no number at all is a fault here.
+    if (!(number >= static_cast<double>(minimum) && number <= static_cast<double>(maximum)) ||
+        std::trunc(number) != number) {
+        fail(name, tr("is %1, not a whole number from %2 to %3")
+                       .arg(QString::number(number))
+                       .arg(minimum)
+                       .arg(maximum));
+        return 0;
+    }
+    return static_cast<qint64>(number);
+}
+
+bool Fields::truth(const char* name)
+{
+    const QCborValue found = value(name);
+    if (!found.isBool())
+        fail(name, tr("is %1, not true or false").arg(kindOf(found)));
+    return found.toBool();
+}
+
+QString Fields::text(const char* name)
+{
+    const QCborValue found = value(name);
+    if (!found.isString())
+        fail(name, tr("is %1, not text").arg(kindOf(found)));
+    return found.toString();
+}
+
+QStringList Fields::texts(const char* name)
+{
+    const QCborValue found = value(name);
+    if (!found.isArray())
+        fail(name, tr("is %1, not an array of texts").arg(kindOf(found)));
+    QStringList texts;
+    const QCborArray array = found.toArray();
+    for (const QCborValue element : array) {
+        if (!element.isString())
+            fail(name, tr("has %1 as element %2, not text").arg(kindOf(element)).arg(texts.size()));
+        texts.append(element.toString());
+    }
+    return texts;
+}
+
+QVector<float> Fields::floats(const char* name)
+{
+    QString why;
+    const auto floats = toFloats(value(name), &why);
+    if (!floats)
+        fail(name, tr("cannot be read: %1").arg(why));
+    return floats.value_or(QVector<float>());
+}
+
+Fields Fields::object(const char* name)
+{
+    const QCborValue found = value(name);
+    if (!found.isMap())
+        fail(name, tr("is %1, not an object").arg(kindOf(found)));
+    return {found.toMap(), m_path + QLatin1String(name) + QLatin1Char('.'), m_error};
+}
+
+void Fields::fail(const char* name, const QString& why)
+{
+    if (isGood())
+        *m_error = tr("the field \"%1\" %2").arg(m_path + QLatin1String(name), why);
+}
+
+QCborValue Fields::value(const char* name)
+{
+    QCborValue found = m_message.value(QLatin1String(name));
+    if (found.isUndefined())
+        fail(name, tr("is missing"));
+    return found;
+}
+
+} // namespace rosbridge::protocol

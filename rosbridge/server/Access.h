@@ -1,0 +1,15 @@
+#ifndef ROSBRIDGE_SERVER_ACCESS_H
+#define ROSBRIDGE_SERVER_ACCESS_H
+
+namespace rosbridge::server {
+
+/// Whom a command topic or a service obeys.
+enum class Access
+{
+    Anyone,
+    RequiresControl, ///< only the client in control
+};
+
+} // namespace rosbridge::server
+
+#endif

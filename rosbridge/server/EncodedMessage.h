@@ -1,0 +1,27 @@
+#ifndef ROSBRIDGE_SERVER_ENCODEDMESSAGE_H
+#define ROSBRIDGE_SERVER_ENCODEDMESSAGE_H
+
+#include <QByteArray>
+#include <QCborMap>
+
+namespace rosbridge::server {
+
+/// The two wire forms of a message, which rosbridge calls the compressions "none" and "cbor".
+enum class Encoding
+{
+    Json, ///< a text frame
+    Cbor, ///< a binary frame
+};
+
+/// One encoded message; copies share the bytes.
+struct EncodedMessage
+{
+    Encoding encoding = Encoding::Json;
+    QByteArray bytes;
+};
+
+EncodedMessage encode(const QCborMap& message, Encoding encoding);
+
+} // namespace rosbridge::server
+
+#endif

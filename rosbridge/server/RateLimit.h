@@ -1,0 +1,28 @@
+#ifndef ROSBRIDGE_SERVER_RATELIMIT_H
+#define ROSBRIDGE_SERVER_RATELIMIT_H
+
+#include <chrono>
+
+namespace rosbridge::server {
+
+/// A token bucket: so many events a second for long, and a burst after a pause.
+class RateLimit
+{
+public:
+    using Time = std::chrono::milliseconds; ///< since any fixed moment
+
+    RateLimit(int perSecond, int burst);
+
+    /// Counts one event at @p now; false if it is one too many.
+    bool allow(Time now);
+
+private:
+    double m_perMillisecond;
+    double m_burst;
+    double m_left;
+    Time m_last{0};
+};
+
+} // namespace rosbridge::server
+
+#endif

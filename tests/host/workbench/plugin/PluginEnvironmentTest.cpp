@@ -1,0 +1,56 @@
+#include "TestCase.h"
+
+#include "host/workbench/plugin/PluginEnvironment.h"
+
+#include <QAction>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace plugin_environment_test {
+
+using host::workbench::plugin::PluginEnvironment;
+
+/// PluginEnvironment; that its texts follow the language is shown with it, in LanguageTest.
+class PluginEnvironmentTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void there_is_one_help_action_for_each_context();
+    void a_help_action_asks_for_help_on_its_context();
+    void a_text_without_translation_stays_as_it_is();
+};
+
+void PluginEnvironmentTest::there_is_one_help_action_for_each_context()
+{
+    PluginEnvironment services;
+    QAction* action = services.helpAction("toolbar");
+    QVERIFY(action);
+    QCOMPARE(action->text(), QString("Help: Connecting"));
+    QCOMPARE(services.helpAction("toolbar"), action);
+    QVERIFY(services.helpAction("") != action);
+    QVERIFY(services.helpAction("unheard of"));
+}
+
+void PluginEnvironmentTest::a_help_action_asks_for_help_on_its_context()
+{
+    PluginEnvironment services;
+    const QSignalSpy requests(&services, &PluginEnvironment::helpRequested);
+    services.helpAction("toolbar")->trigger();
+    QCOMPARE(requests.count(), 1);
+    QCOMPARE(requests.at(0).at(0).toString(), QString("toolbar"));
+}
+
+void PluginEnvironmentTest::a_text_without_translation_stays_as_it_is()
+{
+    const PluginEnvironment services;
+    QCOMPARE(services.translate("Connected to %1."), QString("Connected to %1."));
+    QCOMPARE(services.translate(QString::fromUtf8("Größe")), QString::fromUtf8("Größe"));
+    QCOMPARE(services.currentLanguage(), QString("en"));
+}
+
+TEST_WITH_WINDOWS(PluginEnvironmentTest)
+
+} // namespace plugin_environment_test
+
+#include "PluginEnvironmentTest.moc"

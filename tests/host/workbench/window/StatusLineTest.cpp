@@ -1,0 +1,177 @@
+#include "TestCase.h"
+
+#include "host/device/Device.h"
+#include "host/workbench/EmbeddedRobot.h"
+#include "host/workbench/plugin/PluginEnvironment.h"
+#include "host/workbench/window/StatusLine.h"
+#include "tests/host/device/FakeRobot.h"
+
+#include <QLabel>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace status_line_test {
+
+using namespace host::workbench::plugin;
+using namespace host::workbench::window;
+using host::device::Device;
+using host::workbench::EmbeddedRobot;
+
+namespace {
+
+constexpr int patience = 30000;
+
+struct Fixture
+{
+    explicit Fixture(const QString& address, const QString& robot = QString())
+        : device("Quandrel", settings.path(), services, timing()),
+          line(device, robot)
+    {
+        device.overrideAddress(address);
+        line.show();
+    }
+
+    static host::device::connection::Timing timing()
+    {
+        host::device::connection::Timing timing;
+        timing.frame = std::chrono::milliseconds(20);
+        return timing;
+    }
+
+    QLabel& label(const char* name) const { return *line.findChild<QLabel*>(name); }
+    QString text(const char* name) const { return label(name).text(); }
+
+    const QTemporaryDir settings;
+    PluginEnvironment services;
+    Device device;
+    StatusLine line;
+};
+
+/// Answers no handshake; what a link was opened to can be cut with close().
+struct Refusal
+{
+    Refusal() { socket.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress); }
+
+    QString address() const { return QString("127.0.0.1:%1").arg(socket.localPort()); }
+
+    QTcpSocket socket; // bound and not listening, so that nobody else opens the port
+};
+
+} // namespace
+
+/// StatusLine: what people are told about a connection, with the simulated robot.
+class StatusLineTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void without_a_connection_there_are_words_and_no_times();
+    void a_connection_tells_whom_and_for_how_long();
+    void data_that_stops_is_marked_as_stale_with_its_age();
+    void a_failure_is_the_status_until_the_next_attempt_and_then_the_last_error();
+    void faults_on_purpose_are_named_as_long_as_they_are_on();
+    void the_simulated_robot_is_named_if_there_is_one();
+};
+
+void StatusLineTest::without_a_connection_there_are_words_and_no_times()
+{
+    const Fixture fixture("127.0.0.1:1");
+    QCOMPARE(fixture.text("status"), QString("Not connected."));
+    QVERIFY(fixture.label("duration").isHidden());
+    QVERIFY(fixture.label("age").isHidden());
+    QVERIFY(fixture.label("failure").isHidden());
+}
+
+void StatusLineTest::a_connection_tells_whom_and_for_how_long()
+{
+    const EmbeddedRobot robot(0);
+    Fixture fixture(robot.address());
+    QVERIFY(fixture.device.connectDevice());
+    QVERIFY(fixture.text("status").contains(robot.address()));
+    QVERIFY(fixture.label("duration").isHidden());
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
+    QVERIFY(!fixture.label("duration").isHidden());
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("Data is up to date"), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(QRegularExpression("^Connected for 0:00:0[1-9]$")
+                                 .match(fixture.text("duration"))
+                                 .hasMatch(),
+                             patience);
+
+    QVERIFY(fixture.device.disconnectDevice());
+    QVERIFY(fixture.label("duration").isHidden());
+    QVERIFY(fixture.label("age").isHidden());
+    QVERIFY(!fixture.device.connection().dataAge());
+    QVERIFY(!fixture.device.connection().connectedFor());
+    QVERIFY(fixture.label("failure").isHidden());
+}
+
+void StatusLineTest::data_that_stops_is_marked_as_stale_with_its_age()
+{
+    FakeRobot robot;
+    robot.obey();
+    Fixture fixture(robot.address());
+    QVERIFY(fixture.device.connectDevice());
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
+    QCOMPARE(fixture.text("age"), QString("No data yet"));
+    QVERIFY(!fixture.label("age").property("stale").toBool());
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.label("age").property("stale").toBool(), patience);
+
+    robot.publish("/joint_states", {});
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("Data is up to date"), patience);
+    QVERIFY(!fixture.label("age").property("stale").toBool());
+    const QImage fresh = fixture.label("age").grab().toImage();
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("Newest data: 2 s old"), patience);
+    QVERIFY(fixture.label("age").property("stale").toBool());
+    const QColor background = fixture.label("age").grab().toImage().pixelColor(0, 0);
+    QVERIFY(background != fresh.pixelColor(0, 0));
+
+    robot.drop();
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.label("age").isHidden(), patience);
+}
+
+void StatusLineTest::a_failure_is_the_status_until_the_next_attempt_and_then_the_last_error()
+{
+    const Refusal refusal;
+    Fixture fixture(refusal.address());
+    QVERIFY(fixture.device.connectDevice());
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.text("status").contains("Check the port"), patience);
+    QVERIFY(fixture.label("failure").isHidden());
+
+    const EmbeddedRobot robot(0);
+    fixture.device.overrideAddress(robot.address());
+    QVERIFY(fixture.device.connectDevice());
+    QVERIFY(!fixture.label("failure").isHidden());
+    QVERIFY(fixture.text("failure").startsWith("Last error, "));
+    QVERIFY(fixture.text("failure").contains(refusal.address()));
+    QVERIFY(fixture.text("failure").contains("Check the port"));
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
+    QVERIFY(!fixture.label("failure").isHidden());
+}
+
+void StatusLineTest::faults_on_purpose_are_named_as_long_as_they_are_on()
+{
+    Fixture fixture("127.0.0.1:1");
+    QVERIFY(fixture.label("faults").isHidden());
+    fixture.device.faults().setScanFrozen(true);
+    QVERIFY(!fixture.label("faults").isHidden());
+    QCOMPARE(fixture.text("faults"), fixture.device.faults().summary());
+    QVERIFY(fixture.text("faults").contains("scan"));
+    fixture.device.faults().endAll();
+    QVERIFY(fixture.label("faults").isHidden());
+}
+
+void StatusLineTest::the_simulated_robot_is_named_if_there_is_one()
+{
+    const Fixture with("127.0.0.1:1", "127.0.0.1:4711");
+    QCOMPARE(with.text("robot"), QString("Simulated robot: 127.0.0.1:4711"));
+    const Fixture without("127.0.0.1:1");
+    QVERIFY(!without.line.findChild<QLabel*>("robot"));
+}
+
+TEST_WITH_WINDOWS(StatusLineTest)
+
+} // namespace status_line_test
+
+#include "StatusLineTest.moc"
