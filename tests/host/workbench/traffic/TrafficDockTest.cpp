@@ -305,7 +305,7 @@ void TrafficDockTest::a_file_holds_the_table()
     const QString time = cell(model, 0, TrafficModel::TimeColumn);
     QCOMPARE(
         QString::fromUtf8(file.readAll()),
-        "\"Time\",\"Took\",\"Direction\",\"PluginCall\",\"Widget\",\"Arguments\",\"Result\"\r\n\"" +
+        "\"Time\",\"Took\",\"Direction\",\"Call\",\"Widget\",\"Arguments\",\"Result\"\r\n\"" +
             time +
             u8"\",\"7.000 ms\",\"plugin \u2192 host\",\"a\",\"\",\"\"\"\u03c0, "
             u8"\\\"\"x\\\"\"\"\"\",\"\"\r\n");
