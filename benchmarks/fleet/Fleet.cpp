@@ -32,7 +32,7 @@ Fleet::Fleet(int robots, bool hasDocks)
         m_robots.emplace_back(i + 1);
     for (int i = 0; i < robots; ++i) {
         auto& device = m_devices.emplace_back(QStringLiteral("Robot %1").arg(i + 1),
-                                              m_settings.path(), m_services);
+                                              m_settings.path(), m_environment);
         device.overrideAddress(m_robots[static_cast<std::size_t>(i)].address());
         device.write(VariableKind::Config, "camera_resolution", quickestResolution());
         m_window.add(device, QString());

@@ -32,10 +32,10 @@ public:
 private:
     QTemporaryDir m_settings;
     std::deque<RobotProcess> m_robots;
-    host::workbench::plugin::PluginEnvironment m_services;
+    host::workbench::plugin::PluginEnvironment m_environment;
     host::workbench::plugin::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
     std::deque<host::device::Device> m_devices;
-    host::workbench::window::Window m_window{m_plugin, m_services};
+    host::workbench::window::Window m_window{m_plugin, m_environment};
 };
 
 #endif

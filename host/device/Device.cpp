@@ -44,11 +44,11 @@ bool haveSameType(const Device::Variant& a, const Device::Variant& b)
 
 } // namespace
 
-Device::Device(const QString& name, const QString& storageFolder, Environment& services,
+Device::Device(const QString& name, const QString& storageFolder, Environment& environment,
                const connection::Timing& timing, QObject* parent)
     : QObject(parent),
       m_name(name),
-      m_services(services),
+      m_environment(environment),
       m_storage(storageFolder, name),
       m_connection(timing, m_faults),
       m_offer(m_connection),
@@ -261,17 +261,17 @@ Device::Variant Device::simulationDirectExec(const Variant& role, const Variant&
 
 QString Device::translate(const QString& text) const
 {
-    return m_services.translate(text);
+    return m_environment.translate(text);
 }
 
 QString Device::currentLanguage() const
 {
-    return m_services.currentLanguage();
+    return m_environment.currentLanguage();
 }
 
 QAction* Device::helpAction(const QString& context) const
 {
-    return m_services.helpAction(context);
+    return m_environment.helpAction(context);
 }
 
 void Device::widgetAdded(DeviceWidget& widget)

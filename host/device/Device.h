@@ -41,8 +41,8 @@ public:
     using Variant = olm::core::variant::Variant;
 
     /// @p name is shown to people and is the key of what is stored in @p storageFolder, which is
-    /// made where it is missing. @p services outlives the device.
-    Device(const QString& name, const QString& storageFolder, Environment& services,
+    /// made where it is missing. @p environment outlives the device.
+    Device(const QString& name, const QString& storageFolder, Environment& environment,
            const connection::Timing& timing = {}, QObject* parent = nullptr);
     /// All widgets are gone by now.
     ~Device() override;
@@ -138,7 +138,7 @@ private:
                 const std::function<void(plugin::gui::DeviceWidget&)>& call);
 
     QString m_name;
-    Environment& m_services;
+    Environment& m_environment;
     variables::Variables m_variables;
     variables::ConfigStorage m_storage;
     faults::Faults m_faults;

@@ -90,8 +90,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(WORKBENCH_VERSION);
 
     const window::WheelGuard wheelGuard;
-    host::workbench::plugin::PluginEnvironment services;
-    services.language().use(preferences::Language::system());
+    host::workbench::plugin::PluginEnvironment environment;
+    environment.language().use(preferences::Language::system());
     QString error;
     const std::optional<Options> options = Options::parse(arguments, &error);
     if (!options)
@@ -125,21 +125,21 @@ int main(int argc, char** argv)
     const QString settings =
         isTour ? tourSettings.path()
                : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    services.language().restore(settings);
+    environment.language().restore(settings);
     if (!options->language.isEmpty())
-        services.language().use(options->language);
-    services.appearance().restore(settings);
+        environment.language().use(options->language);
+    environment.appearance().restore(settings);
     if (!options->appearance.isEmpty())
-        services.appearance().use(options->appearance);
+        environment.appearance().use(options->appearance);
 
     const host::workbench::plugin::PluginLoader plugin(
         options->pluginFile.isEmpty() ? host::workbench::plugin::PluginLoader::defaultFile()
                                       : options->pluginFile);
-    window::Window window(plugin, services);
+    window::Window window(plugin, environment);
     for (std::size_t i = 0; i < stations.size(); ++i) {
         auto& [robot, device] = stations[i];
         const auto index = static_cast<int>(i);
-        device.emplace(options->devices.at(index), settings, services);
+        device.emplace(options->devices.at(index), settings, environment);
         const QString robotAddress = robot ? robot->address() : QString();
         if (!robotAddress.isEmpty())
             device->setDefaultAddress(robotAddress);
@@ -158,7 +158,7 @@ int main(int argc, char** argv)
             "main", "The standard error names further lines that cannot be read."));
     }
     if (isTour) {
-        tour::Tour tour(options->tourFolder, window, plugin, services);
+        tour::Tour tour(options->tourFolder, window, plugin, environment);
         return take(tour);
     }
     window.restoreLayout(stateFolder());

@@ -65,9 +65,9 @@ void waitFor(const Device& device, const char* what, const Condition& condition)
 } // namespace
 
 Workday::Station::Station(const QString& name, quint32 seed, const QString& settings,
-                          host::workbench::plugin::PluginEnvironment& services)
+                          host::workbench::plugin::PluginEnvironment& environment)
     : robot(0, seed),
-      device(name, settings, services, quick())
+      device(name, settings, environment, quick())
 {
     device.overrideAddress(robot.address());
     device.write(VariableKind::Config, "camera_resolution", quickestResolution());
@@ -85,8 +85,8 @@ QAbstractButton& Workday::Station::connectButton() const
 }
 
 Workday::Workday()
-    : m_stations{Station("Left", 1, m_settings.path(), m_services),
-                 Station("Right", 2, m_settings.path(), m_services)}
+    : m_stations{Station("Left", 1, m_settings.path(), m_environment),
+                 Station("Right", 2, m_settings.path(), m_environment)}
 {
     for (Station& station : m_stations) {
         station.view = &m_window.add(station.device, station.robot.address());
@@ -181,7 +181,7 @@ void Workday::changeSettings()
 void Workday::changeLanguage()
 {
     for (const char* code : {"de", "en"}) {
-        m_services.language().use(QString::fromLatin1(code));
+        m_environment.language().use(QString::fromLatin1(code));
         waitForScans();
     }
 }
@@ -189,7 +189,7 @@ void Workday::changeLanguage()
 void Workday::useHelp()
 {
     for (const char* context : {"rangefinder", "manipulator"}) {
-        m_services.helpAction(QString::fromLatin1(context))->trigger();
+        m_environment.helpAction(QString::fromLatin1(context))->trigger();
         waitFor(m_stations[0].device, "help shown",
                 [this] { return m_window.findChild<QDockWidget*>("HelpPanel")->isVisible(); });
     }

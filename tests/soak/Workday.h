@@ -32,7 +32,7 @@ private:
     struct Station
     {
         Station(const QString& name, quint32 seed, const QString& settings,
-                host::workbench::plugin::PluginEnvironment& services);
+                host::workbench::plugin::PluginEnvironment& environment);
 
         host::workbench::EmbeddedRobot robot;
         host::device::Device device;
@@ -55,10 +55,10 @@ private:
     void waitForScans();
 
     QTemporaryDir m_settings;
-    host::workbench::plugin::PluginEnvironment m_services;
+    host::workbench::plugin::PluginEnvironment m_environment;
     host::workbench::plugin::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
     std::array<Station, 2> m_stations;
-    host::workbench::window::Window m_window{m_plugin, m_services};
+    host::workbench::window::Window m_window{m_plugin, m_environment};
 };
 
 #endif

@@ -9,10 +9,10 @@
 namespace host::workbench::tour {
 
 Tour::Tour(const QString& folder, window::Window& window, const plugin::PluginLoader& plugin,
-           plugin::PluginEnvironment& services)
+           plugin::PluginEnvironment& environment)
     : m_window(window),
       m_plugin(plugin),
-      m_services(services),
+      m_environment(environment),
       m_operator(folder, window, window.views().first()->device())
 {
 }
@@ -20,7 +20,7 @@ Tour::Tour(const QString& folder, window::Window& window, const plugin::PluginLo
 bool Tour::run()
 {
     return m_operator.start() && PluginTour(m_operator).run() &&
-           WorkbenchTour(m_operator, m_plugin, m_services).run() && showFailure();
+           WorkbenchTour(m_operator, m_plugin, m_environment).run() && showFailure();
 }
 
 bool Tour::showFailure()
@@ -28,7 +28,7 @@ bool Tour::showFailure()
     m_operator.begin(tr("showing a missing plugin"));
     const plugin::PluginLoader missing(QCoreApplication::applicationDirPath() +
                                        "/libno_such_plugin.so");
-    window::Window window(missing, m_services);
+    window::Window window(missing, m_environment);
     window.add(m_window.views().first()->device(), QString());
     if (window.failures().isEmpty())
         return m_operator.fail(tr("the plugin was found"));

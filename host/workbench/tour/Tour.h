@@ -28,7 +28,7 @@ public:
     /// @p window shows one device with @p plugin, which works; all of them outlive the tour.
     /// @p folder is where the pictures go, made where it is missing.
     Tour(const QString& folder, window::Window& window, const plugin::PluginLoader& plugin,
-         plugin::PluginEnvironment& services);
+         plugin::PluginEnvironment& environment);
 
     /// Prints the pictures' names to the standard output as they are written. False when a step
     /// could not be reached or its picture not be written: the standard error says which and
@@ -42,7 +42,7 @@ private:
 
     window::Window& m_window;
     const plugin::PluginLoader& m_plugin;
-    plugin::PluginEnvironment& m_services;
+    plugin::PluginEnvironment& m_environment;
     Operator m_operator;
 };
 

@@ -22,10 +22,10 @@ namespace {
 } // namespace
 
 WorkbenchTour::WorkbenchTour(Operator& person, const plugin::PluginLoader& plugin,
-                             plugin::PluginEnvironment& services)
+                             plugin::PluginEnvironment& environment)
     : m_operator(person),
       m_plugin(plugin),
-      m_services(services)
+      m_environment(environment)
 {
 }
 
@@ -137,12 +137,12 @@ bool WorkbenchTour::showTwoDevices()
 {
     m_operator.begin(tr("showing two devices"));
     const QTemporaryDir settings;
-    device::Device first(tr("Robot in the hall"), settings.path(), m_services);
-    device::Device second(tr("Robot in the yard"), settings.path(), m_services);
+    device::Device first(tr("Robot in the hall"), settings.path(), m_environment);
+    device::Device second(tr("Robot in the yard"), settings.path(), m_environment);
     EmbeddedRobot secondRobot(0, 2);
     first.overrideAddress(m_robot.address());
     second.overrideAddress(secondRobot.address());
-    window::Window window(m_plugin, m_services);
+    window::Window window(m_plugin, m_environment);
     window.add(first, m_robot.address());
     window.add(second, secondRobot.address());
     m_operator.device().disconnectDevice(); // gives up control of the robot

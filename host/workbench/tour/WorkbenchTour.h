@@ -25,7 +25,7 @@ class WorkbenchTour
 public:
     /// See Tour.
     WorkbenchTour(Operator& person, const plugin::PluginLoader& plugin,
-                  plugin::PluginEnvironment& services);
+                  plugin::PluginEnvironment& environment);
 
     /// Begins without a connection.
     bool run();
@@ -46,7 +46,7 @@ private:
 
     Operator& m_operator;
     const plugin::PluginLoader& m_plugin;
-    plugin::PluginEnvironment& m_services;
+    plugin::PluginEnvironment& m_environment;
     EmbeddedRobot m_robot{0};
 };
 

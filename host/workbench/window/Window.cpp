@@ -47,11 +47,11 @@ QAction* helpOfLog(const QWidget& around)
 
 } // namespace
 
-Window::Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& services)
+Window::Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& environment)
     : m_plugin(plugin),
-      m_services(services),
+      m_environment(environment),
       m_devices(new DeviceArea),
-      m_help(new help::HelpPanel(services.language(), this))
+      m_help(new help::HelpPanel(environment.language(), this))
 {
     setContextMenuPolicy(Qt::NoContextMenu);
     addDockWidget(Qt::RightDockWidgetArea, m_help);
@@ -59,7 +59,7 @@ Window::Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& se
     setCentralWidget(m_devices);
     addMenus();
     new FocusFrame(*this); // a child
-    connect(&services, &plugin::PluginEnvironment::helpRequested, this, &Window::showHelp);
+    connect(&environment, &plugin::PluginEnvironment::helpRequested, this, &Window::showHelp);
     connect(qApp, &QApplication::focusChanged, this,
             [this](const QWidget*, const QWidget* focus) { onFocusChanged(focus); });
     translate();
@@ -170,10 +170,10 @@ void Window::addMenus()
     m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
 
-    auto* languages = new preferences::LanguageMenu(m_services.language(), this);
+    auto* languages = new preferences::LanguageMenu(m_environment.language(), this);
     m_languageMenu = languages;
     menuBar()->addMenu(languages);
-    auto* appearances = new preferences::AppearanceMenu(m_services.appearance(), this);
+    auto* appearances = new preferences::AppearanceMenu(m_environment.appearance(), this);
     menuBar()->addMenu(appearances);
     for (const preferences::PreferenceMenu* choices :
          {static_cast<preferences::PreferenceMenu*>(languages),
@@ -226,7 +226,7 @@ void Window::showHelpOfFocus()
         if (plugin && plugin->helpContext().isEmpty())
             help = helpOfLog(*widget);
         else if (plugin)
-            help = m_services.helpAction(plugin->helpContext());
+            help = m_environment.helpAction(plugin->helpContext());
     }
     if (!help && m_current) // nothing of the plugin's has the focus: what it shows, then
         help = helpOfLog(*m_current);

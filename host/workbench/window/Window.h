@@ -35,7 +35,7 @@ class Window : public QMainWindow
 
 public:
     /// Both outlive the window.
-    Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& services);
+    Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& environment);
     ~Window() override;
 
     /// Shows one more device, which outlives the window. @p robot says where its simulated robot
@@ -72,7 +72,7 @@ private:
     void showAbout();
 
     const plugin::PluginLoader& m_plugin;
-    plugin::PluginEnvironment& m_services;
+    plugin::PluginEnvironment& m_environment;
     DeviceArea* m_devices;
     QList<DeviceView*> m_views;
     DeviceView* m_current = nullptr; // null as long as there is no device

@@ -100,9 +100,9 @@ struct Fixture
     }
 
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
-    Device device{"robot", folder.path(), services, noHurry()};
+    Device device{"robot", folder.path(), environment, noHurry()};
     const Factory factory{[](const char*, const char*, plugin::gui::DeviceDelegate& delegate) {
         return new Probe(delegate);
     }};
@@ -462,8 +462,8 @@ void DeviceRobotTest::the_present_pose_becomes_a_position_and_is_kept()
     f.exec(1007);
     QVERIFY(f.hears("1001 The arm's position was stored as Pos3."));
 
-    TestServices services;
-    const Device restarted("robot", f.folder.path(), services);
+    TestEnvironment environment;
+    const Device restarted("robot", f.folder.path(), environment);
     for (const Device* device : {&std::as_const(f.device), &restarted}) {
         QCOMPARE(device->read(Kind::Config, "num_pos").get<int>(), 3);
         QCOMPARE(device->read(Kind::Config, "pos2_name").get<std::string>(), std::string("Pos3"));

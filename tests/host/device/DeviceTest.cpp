@@ -75,8 +75,8 @@ private Q_SLOTS:
 void DeviceTest::it_begins_with_the_variables_it_always_has()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    const Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    const Device device("robot", folder.path(), environment);
     QCOMPARE(device.name(), QString("robot"));
     QCOMPARE(device.connectionState(), -1);
     QCOMPARE(device.status(), QString("Not connected."));
@@ -94,8 +94,8 @@ void DeviceTest::it_begins_with_the_variables_it_always_has()
 void DeviceTest::a_widget_reads_and_writes_through_its_device()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    Device device("robot", folder.path(), environment);
     const auto probe = loadProbe(device);
     probe->writeInput("a", 1);
     probe->writeOutput("a", 2);
@@ -116,8 +116,8 @@ void DeviceTest::a_widget_reads_and_writes_through_its_device()
 void DeviceTest::a_widget_gets_bundles_of_what_it_registered()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    Device device("robot", folder.path(), environment);
     const auto probe = loadProbe(device);
     QList<int> values;
     probe->onUpdate = [&](const DeviceHistoryBundle& bundle) {
@@ -146,13 +146,13 @@ void DeviceTest::a_widget_gets_bundles_of_what_it_registered()
 void DeviceTest::the_default_address_is_where_none_is_stored()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     {
-        Device device("robot", folder.path(), services);
+        Device device("robot", folder.path(), environment);
         device.setDefaultAddress("localhost:1234");
         QCOMPARE(addressOf(device), std::string("localhost:1234"));
     }
-    Device device("robot", folder.path(), services);
+    Device device("robot", folder.path(), environment);
     QCOMPARE(addressOf(device), std::string("127.0.0.1:9090")); // it was not stored
     device.write(Kind::Config, "ipAddress", std::string("10.0.0.1"));
     device.setDefaultAddress("localhost:1234");
@@ -162,15 +162,15 @@ void DeviceTest::the_default_address_is_where_none_is_stored()
 void DeviceTest::an_overriding_address_goes_before_the_stored_one_and_leaves_it()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     {
-        Device device("robot", folder.path(), services);
+        Device device("robot", folder.path(), environment);
         device.write(Kind::Config, "ipAddress", std::string("10.0.0.1"));
         device.overrideAddress("10.0.0.2");
         QCOMPARE(addressOf(device), std::string("10.0.0.2"));
         device.write(Kind::Config, "other", 7); // stores all that is to be stored
     }
-    const Device device("robot", folder.path(), services);
+    const Device device("robot", folder.path(), environment);
     QCOMPARE(addressOf(device), std::string("10.0.0.1"));
     QCOMPARE(device.read(Kind::Config, "other").get<int>(), 7);
 }
@@ -178,18 +178,18 @@ void DeviceTest::an_overriding_address_goes_before_the_stored_one_and_leaves_it(
 void DeviceTest::configuration_is_stored_when_a_write_ends()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    Device device("robot", folder.path(), environment);
     device.write(Kind::Config, "ipAddress", std::string("10.0.0.1"));
-    const Device later("robot", folder.path(), services);
+    const Device later("robot", folder.path(), environment);
     QCOMPARE(addressOf(later), std::string("10.0.0.1"));
 }
 
 void DeviceTest::configuration_is_stored_when_a_transaction_ends()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    Device device("robot", folder.path(), environment);
     device.beginTransaction("Set IP Address");
     device.write(Kind::Config, "ipAddress", std::string("10.0.0.1"));
     olm::core::StringList history;
@@ -197,7 +197,7 @@ void DeviceTest::configuration_is_stored_when_a_transaction_ends()
     device.write(Kind::Config, "ipAddressHistory", history);
     QVERIFY(QDir(folder.path()).isEmpty());
     device.endTransaction();
-    const Device later("robot", folder.path(), services);
+    const Device later("robot", folder.path(), environment);
     QCOMPARE(addressOf(later), std::string("10.0.0.1"));
     QVERIFY(later.read(Kind::Config, "ipAddressHistory").get<olm::core::StringList>() == history);
 }
@@ -205,8 +205,8 @@ void DeviceTest::configuration_is_stored_when_a_transaction_ends()
 void DeviceTest::other_kinds_of_variables_are_not_stored()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    Device device("robot", folder.path(), environment);
     device.write(Kind::Input, "a", 1);
     device.write(Kind::Output, "b", 2);
     device.write(Kind::State, "c", 3);
@@ -216,12 +216,12 @@ void DeviceTest::other_kinds_of_variables_are_not_stored()
 void DeviceTest::a_stored_value_of_another_type_is_not_used_and_said()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     QFile file(folder.filePath("robot.json"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(R"({"ipAddress": {"type": "int", "value": 7}})");
     file.close();
-    Device device("robot", folder.path(), services);
+    Device device("robot", folder.path(), environment);
     QSignalSpy problems(&device, &Device::problem);
     QCOMPARE(addressOf(device), std::string("127.0.0.1:9090"));
     QVERIFY(problems.wait(patience));
@@ -237,11 +237,11 @@ void DeviceTest::a_stored_value_of_another_type_is_not_used_and_said()
 void DeviceTest::damaged_settings_are_said_after_construction()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     QFile file(folder.filePath("robot.json"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.close();
-    const Device device("robot", folder.path(), services);
+    const Device device("robot", folder.path(), environment);
     QSignalSpy problems(&device, &Device::problem);
     QVERIFY(problems.wait(patience));
     QVERIFY(problems[0][0].toString().contains("robot.json.damaged-1"));
@@ -251,10 +251,10 @@ void DeviceTest::damaged_settings_are_said_after_construction()
 void DeviceTest::settings_that_cannot_be_stored_are_said_and_hold()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     QFile file(folder.filePath("file"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    Device device("robot", file.fileName(), services);
+    Device device("robot", file.fileName(), environment);
     QSignalSpy problems(&device, &Device::problem);
     device.write(Kind::Config, "ipAddress", std::string("10.0.0.1"));
     device.write(Kind::Config, "ipAddress", std::string("10.0.0.2"));
@@ -267,10 +267,10 @@ void DeviceTest::settings_that_cannot_be_stored_are_said_and_hold()
 void DeviceTest::a_widget_hears_every_state_and_the_connection()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
     robot.obey();
-    Device device("robot", folder.path(), services, noHurry());
+    Device device("robot", folder.path(), environment, noHurry());
     const auto probe = loadProbe(device);
     QSignalSpy states(&device, &Device::connectionStateChanged);
     device.overrideAddress(robot.address());
@@ -298,9 +298,9 @@ void DeviceTest::a_widget_hears_every_state_and_the_connection()
 void DeviceTest::a_widget_hears_log_lines()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
-    Device device("robot", folder.path(), services, noHurry());
+    Device device("robot", folder.path(), environment, noHurry());
     const auto probe = loadProbe(device);
     device.overrideAddress(robot.address());
     QVERIFY(device.connectDevice());
@@ -312,9 +312,9 @@ void DeviceTest::a_widget_hears_log_lines()
 void DeviceTest::a_widget_hears_why_a_connection_fails()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
-    Device device("robot", folder.path(), services, noHurry());
+    Device device("robot", folder.path(), environment, noHurry());
     const auto probe = loadProbe(device);
     device.overrideAddress(robot.address());
     QVERIFY(device.connectDevice());
@@ -329,8 +329,8 @@ void DeviceTest::a_widget_hears_why_a_connection_fails()
 void DeviceTest::a_widget_hears_that_an_address_was_refused()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    Device device("robot", folder.path(), environment);
     const auto probe = loadProbe(device);
     probe->writeConfigVariable("ipAddress", std::string("robot:"));
     QVERIFY(!probe->connectDevice());
@@ -342,10 +342,10 @@ void DeviceTest::a_widget_hears_that_an_address_was_refused()
 void DeviceTest::a_passive_connection_is_a_connection()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
     robot.answerTrigger("/control/acquire", false, "taken");
-    Device device("robot", folder.path(), services, noHurry());
+    Device device("robot", folder.path(), environment, noHurry());
     const auto probe = loadProbe(device);
     device.overrideAddress(robot.address());
     QVERIFY(device.connectDevice());
@@ -360,9 +360,9 @@ void DeviceTest::a_passive_connection_is_a_connection()
 void DeviceTest::a_widget_is_never_called_within_its_own_call()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
-    Device device("robot", folder.path(), services, noHurry());
+    Device device("robot", folder.path(), environment, noHurry());
     device.overrideAddress(robot.address());
     const auto probe = loadProbe(device);
     device.registerConfigVariable("a", true);
@@ -376,9 +376,9 @@ void DeviceTest::a_widget_is_never_called_within_its_own_call()
 void DeviceTest::a_widget_that_disconnects_in_a_handler_confuses_nobody()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
-    Device device("robot", folder.path(), services, noHurry());
+    Device device("robot", folder.path(), environment, noHurry());
     device.overrideAddress(robot.address());
     const auto first = loadProbe(device);
     const auto second = loadProbe(device);
@@ -393,9 +393,9 @@ void DeviceTest::a_widget_that_disconnects_in_a_handler_confuses_nobody()
 void DeviceTest::the_status_tells_the_window()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
-    Device device("robot", folder.path(), services, noHurry());
+    Device device("robot", folder.path(), environment, noHurry());
     device.overrideAddress(robot.address());
     QSignalSpy status(&device, &Device::statusChanged);
     QVERIFY(device.connectDevice());
@@ -413,10 +413,10 @@ void DeviceTest::the_status_tells_the_window()
 void DeviceTest::the_simulator_is_a_state_variable()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
     robot.answer("/rosapi/get_param", {{"value", "true"}});
-    Device device("robot", folder.path(), services, noHurry());
+    Device device("robot", folder.path(), environment, noHurry());
     device.overrideAddress(robot.address());
     const auto probe = loadProbe(device);
     device.registerStateVariable("connectedToSimulator", true);
@@ -435,9 +435,9 @@ void DeviceTest::the_simulator_is_a_state_variable()
 void DeviceTest::a_command_asks_for_the_connection_state()
 {
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
-    Device device("robot", folder.path(), services, noHurry());
+    Device device("robot", folder.path(), environment, noHurry());
     device.overrideAddress(robot.address());
     const auto probe = loadProbe(device);
     const auto state = [&] {
@@ -455,8 +455,8 @@ void DeviceTest::a_command_asks_for_the_connection_state()
 void DeviceTest::a_command_asks_for_the_start_text()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    Device device("robot", folder.path(), environment);
     const auto probe = loadProbe(device);
     QCOMPARE(probe->simulationDirectExec(SimulationDirectExecRole(1003), {}).get<QString>(),
              QString("Scans are shown as they arrive while the device is connected."));
@@ -465,8 +465,8 @@ void DeviceTest::a_command_asks_for_the_start_text()
 void DeviceTest::a_command_that_is_not_known_is_warned_of()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    Device device("robot", folder.path(), environment);
     const auto probe = loadProbe(device);
     expectWarning("role 4711");
     expectWarning("no role");
@@ -479,13 +479,13 @@ void DeviceTest::a_command_that_is_not_known_is_warned_of()
 void DeviceTest::language_and_help_come_from_the_program_around()
 {
     const QTemporaryDir folder;
-    TestServices services;
-    Device device("robot", folder.path(), services);
+    TestEnvironment environment;
+    Device device("robot", folder.path(), environment);
     const auto probe = loadProbe(device);
     QCOMPARE(probe->trans("Connect"), QString("CONNECT"));
     QCOMPARE(probe->currentLanguage(), QString("de"));
-    QCOMPARE(probe->helpAction("toolbar"), &services.action);
-    QCOMPARE(services.action.text(), QString("toolbar"));
+    QCOMPARE(probe->helpAction("toolbar"), &environment.action);
+    QCOMPARE(environment.action.text(), QString("toolbar"));
 }
 
 TEST_WITH_WINDOWS(DeviceTest)

@@ -88,7 +88,7 @@ private:
     Build m_build;
 };
 
-class TestServices : public host::device::Environment
+class TestEnvironment : public host::device::Environment
 {
 public:
     QString translate(const QString& text) const override { return text.toUpper(); }

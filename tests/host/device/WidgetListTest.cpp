@@ -64,12 +64,12 @@ private Q_SLOTS:
 
 private:
     QTemporaryDir m_folder;
-    TestServices m_services;
+    TestEnvironment m_environment;
 };
 
 void WidgetListTest::the_factory_is_asked_for_the_widget_by_the_devices_name()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     QStringList asked;
     const Factory factory([&](const char* name, const char* widget, DeviceDelegate& delegate) {
         asked << name << widget;
@@ -82,14 +82,14 @@ void WidgetListTest::the_factory_is_asked_for_the_widget_by_the_devices_name()
 
 void WidgetListTest::no_widget_is_null()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     const Factory factory([](const char*, const char*, DeviceDelegate&) { return nullptr; });
     QVERIFY(!device.loadWidget(factory, "dialog"));
 }
 
 void WidgetListTest::all_that_was_built_is_translated_once_after_construction()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     QStringList duringConstruction;
     Probe* inner = nullptr;
     const std::unique_ptr<Probe> outer(
@@ -119,7 +119,7 @@ void WidgetListTest::an_exception_of_a_constructor_passes_through_and_leaves_not
         }
     };
 
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     const Factory factory([](const char*, const char*, DeviceDelegate& delegate) -> DeviceWidget* {
         return new Thrower(delegate);
     });
@@ -138,7 +138,7 @@ void WidgetListTest::an_exception_of_a_constructor_passes_through_and_leaves_not
 
 void WidgetListTest::widgets_in_widgets_are_notified_too()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     Probe* innermost = nullptr;
     const std::unique_ptr<Probe> outer(
         load(device, [&](const char*, const char*, DeviceDelegate& delegate) {
@@ -155,7 +155,7 @@ void WidgetListTest::widgets_in_widgets_are_notified_too()
 
 void WidgetListTest::a_new_language_reaches_every_widget()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     const auto first = loadProbe(device);
     const auto second = loadProbe(device);
     device.translateWidgets();
@@ -165,7 +165,7 @@ void WidgetListTest::a_new_language_reaches_every_widget()
 
 void WidgetListTest::a_widget_built_by_another_is_translated_and_then_notified()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     const auto first = loadProbe(device);
     device.registerInput("a", true);
     std::unique_ptr<Probe> second;
@@ -182,7 +182,7 @@ void WidgetListTest::a_widget_built_by_another_is_translated_and_then_notified()
 
 void WidgetListTest::an_event_loop_in_a_constructor_does_not_reach_the_half_built_widget()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     const auto other = loadProbe(device);
     device.registerInput("a", true);
     QStringList duringConstruction;
@@ -217,7 +217,7 @@ void WidgetListTest::a_widget_deleted_in_mid_delivery_gets_nothing()
 {
     QFETCH(const int, deleter);
     QFETCH(const int, deleted);
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     std::unique_ptr<Probe> probes[] = {loadProbe(device), loadProbe(device), loadProbe(device)};
     QStringList order;
     for (int i = 0; i < 3; ++i) {
@@ -242,7 +242,7 @@ void WidgetListTest::a_widget_deleted_in_mid_delivery_gets_nothing()
 
 void WidgetListTest::widgets_built_in_mid_delivery_get_the_next_one()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     const auto first = loadProbe(device);
     const auto last = loadProbe(device);
     std::vector<std::unique_ptr<Probe>> built;
@@ -265,7 +265,7 @@ void WidgetListTest::widgets_built_in_mid_delivery_get_the_next_one()
 
 void WidgetListTest::a_handler_that_throws_stops_nobody_else()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     const auto first = loadProbe(device);
     const auto second = loadProbe(device);
     const auto third = loadProbe(device);
@@ -290,7 +290,7 @@ void WidgetListTest::a_handler_that_throws_stops_nobody_else()
 
 void WidgetListTest::a_handler_that_deletes_its_widget_and_throws_is_named()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     auto first = loadProbe(device);
     const auto second = loadProbe(device);
     first->onTranslate = [&] {
@@ -307,7 +307,7 @@ void WidgetListTest::a_handler_that_deletes_its_widget_and_throws_is_named()
 
 void WidgetListTest::an_event_loop_in_a_handler_delivers_on()
 {
-    Device device("robot", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
     const auto first = loadProbe(device);
     auto second = loadProbe(device);
     const auto third = loadProbe(device);
@@ -331,8 +331,8 @@ void WidgetListTest::an_event_loop_in_a_handler_delivers_on()
 
 void WidgetListTest::two_devices_do_not_hear_each_other()
 {
-    Device device("robot", m_folder.path(), m_services);
-    Device other("other", m_folder.path(), m_services);
+    Device device("robot", m_folder.path(), m_environment);
+    Device other("other", m_folder.path(), m_environment);
     const auto probe = loadProbe(device);
     const auto others = loadProbe(other);
     device.registerInput("a", true);

@@ -32,7 +32,7 @@ const QString scanType = QStringLiteral("sensor_msgs/LaserScan");
 struct Fixture
 {
     explicit Fixture(const Timing& timing = noHurry())
-        : device(QStringLiteral("robot"), folder.path(), services, timing)
+        : device(QStringLiteral("robot"), folder.path(), environment, timing)
     {
         device.overrideAddress(robot.address());
         probe.reset(dynamic_cast<Probe*>(device.loadWidget(factory, "dialog")));
@@ -106,7 +106,7 @@ struct Fixture
     }
 
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
     std::map<QString, QString> topics; // types by name
     QStringList robotServices;
@@ -258,13 +258,13 @@ void ConnectionNamesTest::names_are_the_devices_and_are_remembered()
     Fixture f;
     f.robot.obey();
     QVERIFY(f.device.remappings().set("/scan", "/base_scan"));
-    Device later("robot", f.folder.path(), f.services, noHurry());
+    Device later("robot", f.folder.path(), f.environment, noHurry());
     QCOMPARE(later.remappings().theirs("/scan"), QString("/base_scan"));
 
     QFile file(f.folder.filePath("other.names"));
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write("damaged") > 0);
     file.close();
-    Device other("other", f.folder.path(), f.services, noHurry());
+    Device other("other", f.folder.path(), f.environment, noHurry());
     QSignalSpy problems(&other, &Device::problem);
     QTRY_COMPARE_WITH_TIMEOUT(int(problems.count()), 1, patience);
     QVERIFY(problems.first().first().toString().contains("other.names"));

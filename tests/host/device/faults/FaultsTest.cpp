@@ -51,7 +51,7 @@ QCborMap jointState()
 struct Fixture
 {
     explicit Fixture(const Timing& timing = noHurry())
-        : device(std::make_unique<Device>("robot", folder.path(), services, timing)),
+        : device(std::make_unique<Device>("robot", folder.path(), environment, timing)),
           faults(device->faults())
     {
         const Factory factory(
@@ -107,7 +107,7 @@ struct Fixture
     }
 
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
     std::unique_ptr<Device> device;
     Faults& faults;
@@ -501,7 +501,7 @@ void FaultsTest::a_refused_write_keeps_the_old_value_and_is_said()
     QVERIFY(f.hears("1000 \"a\" was not changed: the device refuses what is written."));
     QVERIFY(f.hears("1000 \"b\" was not changed: the device refuses what is written."));
     QVERIFY(!f.device->variables().find({Kind::Config, "b"}));
-    QCOMPARE(Device("robot", f.folder.path(), f.services).read(Kind::Config, "a").get<int>(), 1);
+    QCOMPARE(Device("robot", f.folder.path(), f.environment).read(Kind::Config, "a").get<int>(), 1);
 
     // Who follows the variable is told what holds.
     f.device->variables().follow(Kind::Config, "a");
@@ -511,7 +511,7 @@ void FaultsTest::a_refused_write_keeps_the_old_value_and_is_said()
     f.faults.setWritesRefused(false);
     f.probe->writeConfigVariable("a", 4);
     QCOMPARE(f.probe->readConfigVariable("a").get<int>(), 4);
-    QCOMPARE(Device("robot", f.folder.path(), f.services).read(Kind::Config, "a").get<int>(), 4);
+    QCOMPARE(Device("robot", f.folder.path(), f.environment).read(Kind::Config, "a").get<int>(), 4);
 }
 
 void FaultsTest::a_refused_setting_does_not_reach_the_robot()

@@ -101,8 +101,8 @@ private Q_SLOTS:
 
 private:
     QTemporaryDir m_folder;
-    TestServices m_services;
-    Device m_device{"robot", m_folder.path(), m_services};
+    TestEnvironment m_environment;
+    Device m_device{"robot", m_folder.path(), m_environment};
     Traffic& m_traffic = m_device.traffic();
 };
 
@@ -144,7 +144,7 @@ void TrafficTest::each_call_of_a_widget_is_noted_and_passed_on()
     probe->simulationDirectExec(SimulationDirectExecRole(7), true);
     QCOMPARE(probe->trans("text"), QString("TEXT"));
     QCOMPARE(probe->currentLanguage(), QString("de"));
-    QCOMPARE(probe->helpAction("base"), &m_services.action);
+    QCOMPARE(probe->helpAction("base"), &m_environment.action);
     QCOMPARE(words(m_traffic), QStringList({
                                    "Probe/name > writeOutput(b, 1)",
                                    "Probe/name > readOutput(b) = 1",

@@ -8,7 +8,7 @@
 
 namespace {
 
-class NoServices : public host::device::Environment
+class EmptyEnvironment : public host::device::Environment
 {
 public:
     QString translate(const QString& text) const override { return text; }
@@ -33,8 +33,9 @@ int main(int argc, char** argv)
 {
     using Kind = plugin::gui::VariableKind;
     const QCoreApplication application(argc, argv);
-    NoServices services;
-    host::device::Device device(QStringLiteral("robot"), QString::fromLocal8Bit(argv[1]), services);
+    EmptyEnvironment environment;
+    host::device::Device device(QStringLiteral("robot"), QString::fromLocal8Bit(argv[1]),
+                                environment);
     const bool stopsInTransaction = argc > 2 && std::strcmp(argv[2], "transaction") == 0;
     for (int number = 1;; ++number) {
         device.beginTransaction(QStringLiteral("Set both"));

@@ -98,9 +98,9 @@ struct Fixture
     }
 
     const QTemporaryDir folder;
-    TestServices services;
+    TestEnvironment environment;
     FakeRobot robot;
-    Device device{"Quandrel", folder.path(), services, timing()};
+    Device device{"Quandrel", folder.path(), environment, timing()};
     host::device::faults::Faults& faults = device.faults();
     std::unique_ptr<Probe> probe;
     QWidget window;

@@ -74,9 +74,9 @@ struct Fixture
     }
 
     const QTemporaryDir settings;
-    PluginEnvironment services;
+    PluginEnvironment environment;
     const EmbeddedRobot robot{0};
-    Device device{"Quandrel", settings.path(), services};
+    Device device{"Quandrel", settings.path(), environment};
     NamesDialog dialog{device, nullptr};
 };
 

@@ -23,30 +23,30 @@ private Q_SLOTS:
 
 void PluginEnvironmentTest::there_is_one_help_action_for_each_context()
 {
-    PluginEnvironment services;
-    QAction* action = services.helpAction("toolbar");
+    PluginEnvironment environment;
+    QAction* action = environment.helpAction("toolbar");
     QVERIFY(action);
     QCOMPARE(action->text(), QString("Help: Connecting"));
-    QCOMPARE(services.helpAction("toolbar"), action);
-    QVERIFY(services.helpAction("") != action);
-    QVERIFY(services.helpAction("unheard of"));
+    QCOMPARE(environment.helpAction("toolbar"), action);
+    QVERIFY(environment.helpAction("") != action);
+    QVERIFY(environment.helpAction("unheard of"));
 }
 
 void PluginEnvironmentTest::a_help_action_asks_for_help_on_its_context()
 {
-    PluginEnvironment services;
-    const QSignalSpy requests(&services, &PluginEnvironment::helpRequested);
-    services.helpAction("toolbar")->trigger();
+    PluginEnvironment environment;
+    const QSignalSpy requests(&environment, &PluginEnvironment::helpRequested);
+    environment.helpAction("toolbar")->trigger();
     QCOMPARE(requests.count(), 1);
     QCOMPARE(requests.at(0).at(0).toString(), QString("toolbar"));
 }
 
 void PluginEnvironmentTest::a_text_without_translation_stays_as_it_is()
 {
-    const PluginEnvironment services;
-    QCOMPARE(services.translate("Connected to %1."), QString("Connected to %1."));
-    QCOMPARE(services.translate(QString::fromUtf8("Größe")), QString::fromUtf8("Größe"));
-    QCOMPARE(services.currentLanguage(), QString("en"));
+    const PluginEnvironment environment;
+    QCOMPARE(environment.translate("Connected to %1."), QString("Connected to %1."));
+    QCOMPARE(environment.translate(QString::fromUtf8("Größe")), QString::fromUtf8("Größe"));
+    QCOMPARE(environment.currentLanguage(), QString("en"));
 }
 
 TEST_WITH_WINDOWS(PluginEnvironmentTest)

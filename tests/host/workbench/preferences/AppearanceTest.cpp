@@ -39,8 +39,8 @@ struct Workbench
 {
     Workbench()
         : plugin(TEST_PLUGIN_FOLDER "/OnlyToolbar.so"),
-          device("Quandrel", settings.path(), services),
-          window(plugin, services)
+          device("Quandrel", settings.path(), environment),
+          window(plugin, environment)
     {
         window.add(device, QString());
         window.show();
@@ -57,7 +57,7 @@ struct Workbench
 
     const QTemporaryDir settings;
     const PluginLoader plugin;
-    PluginEnvironment services;
+    PluginEnvironment environment;
     Device device;
     Window window;
 };
@@ -183,7 +183,7 @@ void AppearanceTest::links_in_the_help_follow()
 {
     expectWarning("does not support propagateSizeHints");
     Workbench workbench;
-    workbench.services.helpAction("toolbar")->trigger();
+    workbench.environment.helpAction("toolbar")->trigger();
     const auto* const browser = workbench.window.findChild<QTextBrowser*>();
     const auto linkColours = [browser] {
         QSet<QRgb> colours;
@@ -239,12 +239,12 @@ void AppearanceTest::the_menu_shows_which_appearance_is_used()
 void AppearanceTest::a_choice_is_kept_for_the_next_start()
 {
     const QTemporaryDir folder;
-    PluginEnvironment services;
-    services.language().restore(folder.path());
-    services.appearance().restore(folder.path());
-    QCOMPARE(services.appearance().code(), QString("system"));
-    QCOMPARE(services.appearance().choose("dark"), QString());
-    QCOMPARE(services.language().choose("de"), QString()); // in the same file
+    PluginEnvironment environment;
+    environment.language().restore(folder.path());
+    environment.appearance().restore(folder.path());
+    QCOMPARE(environment.appearance().code(), QString("system"));
+    QCOMPARE(environment.appearance().choose("dark"), QString());
+    QCOMPARE(environment.language().choose("de"), QString()); // in the same file
 
     PluginEnvironment next;
     next.language().restore(folder.path());

@@ -40,8 +40,8 @@ struct Workbench
 {
     explicit Workbench(const QString& pluginFile = DEVICE_PLUGIN_FILE)
         : plugin(pluginFile),
-          device("Quandrel", settings.path(), services),
-          window(plugin, services)
+          device("Quandrel", settings.path(), environment),
+          window(plugin, environment)
     {
         window.add(device, "127.0.0.1:4711");
     }
@@ -65,7 +65,7 @@ struct Workbench
 
     const QTemporaryDir settings;
     const PluginLoader plugin;
-    PluginEnvironment services;
+    PluginEnvironment environment;
     Device device;
     Window window;
 };
@@ -132,12 +132,12 @@ void LanguageTest::everything_in_the_window_follows_the_menu()
 {
     Workbench workbench;
     const auto* tabs = workbench.find<QTabWidget>();
-    QAction* help = workbench.services.helpAction("toolbar");
+    QAction* help = workbench.environment.helpAction("toolbar");
     QCOMPARE(tabs->tabText(2), QString("Laser rangefinder"));
-    QCOMPARE(workbench.services.currentLanguage(), QString("en"));
+    QCOMPARE(workbench.environment.currentLanguage(), QString("en"));
 
     workbench.choose("de");
-    QCOMPARE(workbench.services.currentLanguage(), QString("de"));
+    QCOMPARE(workbench.environment.currentLanguage(), QString("de"));
     QCOMPARE(help->text(), QString("Hilfe: Verbinden"));
     QTRY_COMPARE_WITH_TIMEOUT(tabs->tabText(2), QString("Laserscanner"), patience);
     const QStringList texts = textsIn(workbench.window);
@@ -159,7 +159,7 @@ void LanguageTest::every_text_of_the_pseudo_language_is_in_brackets()
 {
     Workbench workbench;
     workbench.choose("pseudo");
-    QCOMPARE(workbench.services.currentLanguage(), QString("en"));
+    QCOMPARE(workbench.environment.currentLanguage(), QString("en"));
     QTRY_VERIFY_WITH_TIMEOUT(workbench.window.windowTitle().startsWith('['), patience);
     int words = 0;
     for (const QString& text : textsIn(workbench.window)) {
@@ -169,7 +169,7 @@ void LanguageTest::every_text_of_the_pseudo_language_is_in_brackets()
         QVERIFY2(text.contains('[') && text.contains(']'), qPrintable(text));
     }
     QVERIFY2(words > 40, qPrintable(QString::number(words)));
-    QVERIFY(workbench.services.helpAction("toolbar")->text().startsWith('['));
+    QVERIFY(workbench.environment.helpAction("toolbar")->text().startsWith('['));
 }
 
 void LanguageTest::a_card_and_a_strip_follow_the_language()
@@ -197,8 +197,8 @@ void LanguageTest::qts_own_texts_follow_the_language()
 
 void LanguageTest::every_text_of_the_plugin_is_found_without_its_context()
 {
-    PluginEnvironment services;
-    services.language().use("de");
+    PluginEnvironment environment;
+    environment.language().use("de");
     QFile file(TRANSLATIONS_FOLDER "/device_quandrel_gui_de.ts");
     QVERIFY(file.open(QIODevice::ReadOnly));
     QXmlStreamReader xml(&file);
@@ -214,7 +214,7 @@ void LanguageTest::every_text_of_the_plugin_is_found_without_its_context()
             source = xml.readElementText();
         } else if (xml.name() == QLatin1String("translation")) {
             const QString translation = xml.readElementText();
-            QCOMPARE(services.translate(source), translation);
+            QCOMPARE(environment.translate(source), translation);
             QCOMPARE(QCoreApplication::translate(context.toUtf8(), source.toUtf8()), translation);
             ++texts;
         }
@@ -234,7 +234,7 @@ void LanguageTest::the_menu_shows_which_language_is_used()
         return true;
     };
     QVERIFY(isChecked("en"));
-    workbench.services.language().use("de");
+    workbench.environment.language().use("de");
     QTRY_VERIFY_WITH_TIMEOUT(isChecked("de"), patience);
     workbench.choose("pseudo");
     QVERIFY(isChecked("pseudo"));
@@ -262,9 +262,9 @@ void LanguageTest::a_choice_that_cannot_be_kept_is_told()
     Workbench workbench;
     QFile notAFolder(workbench.settings.filePath("file"));
     QVERIFY(notAFolder.open(QIODevice::WriteOnly));
-    workbench.services.language().restore(notAFolder.fileName());
+    workbench.environment.language().restore(notAFolder.fileName());
     workbench.choose("de");
-    QCOMPARE(workbench.services.currentLanguage(), QString("de"));
+    QCOMPARE(workbench.environment.currentLanguage(), QString("de"));
     const QString words = workbench.find<Notice>("Notice")->findChild<QLabel*>()->text();
     QVERIFY2(words.contains(notAFolder.fileName()), qPrintable(words));
 }

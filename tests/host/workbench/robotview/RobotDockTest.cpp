@@ -78,13 +78,13 @@ struct Workbench
     QString notes() const { return part<QLabel>("notes")->text(); }
 
     QTemporaryDir folder;
-    PluginEnvironment services;
+    PluginEnvironment environment;
     host::device::connection::Timing timing = [] {
         host::device::connection::Timing timing;
         timing.frame = std::chrono::milliseconds(5);
         return timing;
     }();
-    Device device{"robot", folder.path(), services, timing};
+    Device device{"robot", folder.path(), environment, timing};
     QMainWindow window;
     RobotDock* dock = nullptr;
 };

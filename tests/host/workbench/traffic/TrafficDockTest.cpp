@@ -104,9 +104,9 @@ struct Workbench
 
     const QTemporaryDir settings;
     const PluginLoader plugin{DEVICE_PLUGIN_FILE};
-    PluginEnvironment services;
-    host::device::Device device{"Quandrel", settings.path(), services};
-    Window window{plugin, services};
+    PluginEnvironment environment;
+    host::device::Device device{"Quandrel", settings.path(), environment};
+    Window window{plugin, environment};
     DeviceView& view = window.add(device, QString());
     TrafficDock* dock = view.findChild<TrafficDock*>();
 };
@@ -303,12 +303,11 @@ void TrafficDockTest::a_file_holds_the_table()
     QFile file(fileName);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString time = cell(model, 0, TrafficModel::TimeColumn);
-    QCOMPARE(
-        QString::fromUtf8(file.readAll()),
-        "\"Time\",\"Took\",\"Direction\",\"Call\",\"Widget\",\"Arguments\",\"Result\"\r\n\"" +
-            time +
-            u8"\",\"7.000 ms\",\"plugin \u2192 host\",\"a\",\"\",\"\"\"\u03c0, "
-            u8"\\\"\"x\\\"\"\"\"\",\"\"\r\n");
+    QCOMPARE(QString::fromUtf8(file.readAll()),
+             "\"Time\",\"Took\",\"Direction\",\"Call\",\"Widget\",\"Arguments\",\"Result\"\r\n\"" +
+                 time +
+                 u8"\",\"7.000 ms\",\"plugin \u2192 host\",\"a\",\"\",\"\"\"\u03c0, "
+                 u8"\\\"\"x\\\"\"\"\"\",\"\"\r\n");
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"a.csv"}));
 }
 

@@ -91,9 +91,9 @@ struct Workbench
 
     const QTemporaryDir settings;
     const PluginLoader plugin{DEVICE_PLUGIN_FILE};
-    PluginEnvironment services;
-    host::device::Device device{"Quandrel", settings.path(), services};
-    Window window{plugin, services};
+    PluginEnvironment environment;
+    host::device::Device device{"Quandrel", settings.path(), environment};
+    Window window{plugin, environment};
     DeviceView& view = window.add(device, QString());
     VariablesDock* dock = view.findChild<VariablesDock*>();
 };
@@ -260,7 +260,7 @@ void VariablesDockTest::the_dock_is_closed_at_first_and_opened_by_the_menu()
     QVERIFY((*view)->menu()->actions().contains(workbench.dock->toggleViewAction()));
 
     PluginLoader none(TEST_PLUGIN_FOLDER "/no_such_file.so");
-    Window fresh(none, workbench.services);
+    Window fresh(none, workbench.environment);
     fresh.add(workbench.device, QString());
     QVERIFY(fresh.findChild<VariablesDock*>()->isHidden());
 }

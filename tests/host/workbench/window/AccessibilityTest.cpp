@@ -55,12 +55,12 @@ struct Workbench
 {
     explicit Workbench(const QString& pluginFile = DEVICE_PLUGIN_FILE)
         : plugin(pluginFile),
-          device("Quandrel", settings.path(), services),
-          window(plugin, services)
+          device("Quandrel", settings.path(), environment),
+          window(plugin, environment)
     {
         window.add(device, "127.0.0.1:4711");
         view().notify("Something went wrong. Try again.");
-        services.helpAction("toolbar")->trigger();
+        environment.helpAction("toolbar")->trigger();
         for (QDockWidget* dock : docks())
             dock->show();
         window.show();
@@ -91,7 +91,7 @@ struct Workbench
     void use(const QString& language)
     {
         const QString before = window.windowTitle();
-        services.language().use(language);
+        environment.language().use(language);
         if (language != "en")
             QTRY_VERIFY_WITH_TIMEOUT(window.windowTitle() != before, patience);
     }
@@ -129,7 +129,7 @@ struct Workbench
 
     const QTemporaryDir settings;
     const PluginLoader plugin;
-    PluginEnvironment services;
+    PluginEnvironment environment;
     Device device;
     Window window;
 };

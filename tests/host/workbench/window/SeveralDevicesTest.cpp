@@ -35,9 +35,9 @@ struct Workbench
 {
     explicit Workbench(const QString& settings)
         : plugin(DEVICE_PLUGIN_FILE),
-          left("Left", settings, services, timing()),
-          right("Right", settings, services, timing()),
-          window(plugin, services)
+          left("Left", settings, environment, timing()),
+          right("Right", settings, environment, timing()),
+          window(plugin, environment)
     {
         window.add(left, QString());
         window.add(right, QString());
@@ -83,7 +83,7 @@ struct Workbench
     }
 
     PluginLoader plugin;
-    PluginEnvironment services;
+    PluginEnvironment environment;
     Device left;
     Device right;
     Window window;
@@ -133,10 +133,10 @@ void SeveralDevicesTest::each_device_has_its_own_tool_bar_dialog_and_name()
 void SeveralDevicesTest::one_device_alone_needs_no_name()
 {
     const QTemporaryDir settings;
-    PluginEnvironment services;
+    PluginEnvironment environment;
     const PluginLoader plugin(DEVICE_PLUGIN_FILE);
-    Device device("Quandrel", settings.path(), services);
-    Window window(plugin, services);
+    Device device("Quandrel", settings.path(), environment);
+    Window window(plugin, environment);
     window.add(device, QString());
     QVERIFY(window.findChild<QLabel*>("name")->isHidden());
 }

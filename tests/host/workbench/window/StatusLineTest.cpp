@@ -26,7 +26,7 @@ constexpr int patience = 30000;
 struct Fixture
 {
     explicit Fixture(const QString& address, const QString& robot = QString())
-        : device("Quandrel", settings.path(), services, timing()),
+        : device("Quandrel", settings.path(), environment, timing()),
           line(device, robot)
     {
         device.overrideAddress(address);
@@ -44,7 +44,7 @@ struct Fixture
     QString text(const char* name) const { return label(name).text(); }
 
     const QTemporaryDir settings;
-    PluginEnvironment services;
+    PluginEnvironment environment;
     Device device;
     StatusLine line;
 };

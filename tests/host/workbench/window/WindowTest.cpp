@@ -46,8 +46,8 @@ struct Workbench
     explicit Workbench(const QString& pluginFile, const QString& robot = QString(),
                        const QString& address = QString())
         : plugin(pluginFile),
-          device("Quandrel", settings.path(), services, timing()),
-          window(plugin, services)
+          device("Quandrel", settings.path(), environment, timing()),
+          window(plugin, environment)
     {
         if (!address.isEmpty())
             device.overrideAddress(address);
@@ -81,7 +81,7 @@ struct Workbench
 
     const QTemporaryDir settings;
     const PluginLoader plugin;
-    PluginEnvironment services;
+    PluginEnvironment environment;
     Device device;
     Window window;
 };
@@ -332,7 +332,7 @@ void WindowTest::help_is_about_what_has_the_focus()
     auto* help = workbench.window.findChild<HelpPanel*>();
     QVERIFY(!help->isVisible());
 
-    workbench.services.helpAction("")->trigger();
+    workbench.environment.helpAction("")->trigger();
     QVERIFY(help->isVisible());
     QCOMPARE(help->windowTitle(), QString("The base tab"));
 
