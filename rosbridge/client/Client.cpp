@@ -257,12 +257,12 @@ void Client::end(Cause cause, const QString& text)
     m_pingTimer.stop();
     m_deadline.stop();
     releaseSocket();
-    const QHash<QString, Inbox::Call> calls = m_inbox.clear();
+    const QHash<QString, Inbox::PendingCall> calls = m_inbox.clear();
     m_state = State::Closed;
 
     const QPointer<Client> alive(this);
     Q_EMIT closed(cause, text);
-    for (const Inbox::Call& call : calls) {
+    for (const Inbox::PendingCall& call : calls) {
         if (!alive)
             return;
         const QString error = tr("The service %1 did not answer: %2").arg(call.service, text);

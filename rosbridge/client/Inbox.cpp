@@ -9,7 +9,7 @@
 
 namespace rosbridge::client {
 
-void Inbox::addCall(const QString& id, const Call& call)
+void Inbox::addCall(const QString& id, const PendingCall& call)
 {
     m_calls.insert(id, call);
 }
@@ -34,7 +34,7 @@ QString Inbox::removeSubscription(const QString& id)
     return m_subscriptions.take(id).topic;
 }
 
-QHash<QString, Inbox::Call> Inbox::clear()
+QHash<QString, Inbox::PendingCall> Inbox::clear()
 {
     m_subscriptions.clear();
     return std::exchange(m_calls, {});

@@ -30,7 +30,7 @@ public:
     using Callback = std::function<void(const Result&)>;
     using Handler = std::function<void(const QCborMap& msg)>;
 
-    struct Call
+    struct PendingCall
     {
         QString service;
         Callback callback;
@@ -39,7 +39,7 @@ public:
     using QObject::QObject;
 
     /// @p callback gets one answer: the server's, or the one given to answer() before.
-    void addCall(const QString& id, const Call& call);
+    void addCall(const QString& id, const PendingCall& call);
 
     /// Answers the call @p id; does nothing if it was answered already, or is unknown.
     void answer(const QString& id, const Result& result);
@@ -51,7 +51,7 @@ public:
     QString removeSubscription(const QString& id);
 
     /// Ends all subscriptions, and returns the calls that nothing answers any more.
-    QHash<QString, Call> clear();
+    QHash<QString, PendingCall> clear();
 
     /// One message of the server.
     void receive(const QCborMap& message);
@@ -75,7 +75,7 @@ private:
     void receiveServiceResponse(const QCborMap& message);
     void receiveStatus(const QCborMap& message);
 
-    QHash<QString, Call> m_calls;
+    QHash<QString, PendingCall> m_calls;
     QHash<QString, Subscription> m_subscriptions;
 };
 

@@ -1,0 +1,47 @@
+#ifndef ROBOT_LINK_TESTS_RAWPEER_H
+#define ROBOT_LINK_TESTS_RAWPEER_H
+
+#include "Peer.h"
+
+#include <QCryptographicHash>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QtTest>
+
+/// A TCP server that does by hand what a WebSocket server does, as far as the test wants.
+class RawPeer : public QTcpServer
+{
+public:
+    RawPeer()
+    {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this,
+                [this] { socket = nextPendingConnection(); });
+    }
+
+    rosbridge::protocol::Address address() const
+    {
+        return {serverAddress().toString(), serverPort()};
+    }
+
+    /// Answers the handshake of the client that has come.
+    void shakeHands()
+    {
+        QTRY_VERIFY_WITH_TIMEOUT(socket && socket->peek(4096).endsWith("\r\n\r\n"), patience);
+        QByteArray key;
+        while (socket->canReadLine()) {
+            const QByteArray line = socket->readLine().trimmed();
+            if (line.toLower().startsWith("sec-websocket-key:"))
+                key = line.mid(line.indexOf(':') + 1).trimmed();
+        }
+        const QByteArray accept = QCryptographicHash::hash(
+            key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11", QCryptographicHash::Sha1);
+        socket->write("HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\n"
+                      "Connection: Upgrade\r\nSec-WebSocket-Accept: " +
+                      accept.toBase64() + "\r\n\r\n");
+    }
+
+    QTcpSocket* socket = nullptr;
+};
+
+#endif
