@@ -17,12 +17,10 @@ endforeach()
 file(GLOB_RECURSE code CONFIGURE_DEPENDS ${code_globs})
 
 add_test(NAME format COMMAND "${CLANG_FORMAT}" --dry-run -Werror ${code})
-# Without the precompiled headers: clang cannot read g++'s, and they hide what a source forgets to
-# include.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME tidy
-  COMMAND sh -c [[mkdir -p lint &&
-    sed -E 's# (-Winvalid-pch )?-include [^ ]*/cmake_pch\.hxx##g' compile_commands.json >lint/compile_commands.json &&
-    exec "$0" -quiet -p lint "$1"]]
+  COMMAND sh -c [["$0" "$1" . lint && exec "$2" -quiet -p lint "$3"]]
+    "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_LIST_DIR}/lint_database.py"
     "${RUN_CLANG_TIDY}" "^${PROJECT_SOURCE_DIR}/(src|host|robot|rosbridge|tests|benchmarks)/"
   WORKING_DIRECTORY "${PROJECT_BINARY_DIR}")
 set_tests_properties(tidy PROPERTIES RUN_SERIAL ON TIMEOUT 1500)

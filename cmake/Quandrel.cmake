@@ -7,7 +7,7 @@ set_property(CACHE QUANDREL_QT PROPERTY STRINGS 6 5 4)
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
-set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOMOC ON) # a folder without signals and slots switches it off: it takes its time
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 add_compile_options(-Wall -Wextra -Wpedantic)
 add_compile_definitions(QT_NO_KEYWORDS)
