@@ -12,6 +12,7 @@
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/HostCall.h"
 #include "plugin/gui/Interface.h"
+#include "rosbridge/protocol/Topics.h"
 
 #include <QDebug>
 #include <QMetaObject>
@@ -26,15 +27,13 @@ namespace host::device {
 using plugin::gui::DeviceWidget;
 using plugin::gui::VariableKind;
 using plugin::plugin::DataRole;
+namespace topic = rosbridge::protocol::topic;
 
 namespace {
 
 constexpr const char* factoryName = "OLM GmbH Quandrel";
 
 constexpr const char* addressName = "ipAddress";
-
-const QString scanTopic = QStringLiteral("/scan");
-const QString jointsTopic = QStringLiteral("/joint_states");
 
 bool haveSameType(const Device::Variant& a, const Device::Variant& b)
 {
@@ -83,9 +82,9 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
     });
     connect(&remappings(), &connection::Remappings::problem, this, &Device::say);
     say(remappings().load(storageFolder, name));
-    m_connection.follow(scanTopic, QStringLiteral("sensor_msgs/LaserScan"),
+    m_connection.follow(topic::scan.name, topic::scan.type,
                         [this](const QCborMap& message) { onScan(message); });
-    m_connection.follow(jointsTopic, QStringLiteral("sensor_msgs/JointState"),
+    m_connection.follow(topic::jointStates.name, topic::jointStates.type,
                         [this](const QCborMap& message) { onJointState(message); });
 }
 
@@ -343,12 +342,13 @@ void Device::onScan(const QCborMap& message)
     QString fault;
     if (const auto scan = m_scanReader.read(message, &fault))
         m_variables.set(VariableKind::Input, "scan", *scan);
-    report(connection::laserLogLine, scanTopic, fault, m_scanError);
+    report(connection::laserLogLine, topic::scan.name, fault, m_scanError);
 }
 
 void Device::onJointState(const QCborMap& message)
 {
-    report(connection::manipulatorLogLine, jointsTopic, m_armPose.read(message), m_armPoseError);
+    report(connection::manipulatorLogLine, topic::jointStates.name, m_armPose.read(message),
+           m_armPoseError);
 }
 
 /// Says what is wrong with a topic's messages when that changes, not with each of them.

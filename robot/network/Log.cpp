@@ -1,15 +1,13 @@
 #include "robot/network/Log.h"
 
 #include "robot/network/Clock.h"
+#include "rosbridge/protocol/Topics.h"
 #include "rosbridge/server/Endpoint.h"
 
 #include <QCborArray>
 #include <QCborMap>
 
 namespace robot::network {
-
-const char* const Log::topic = "/rosout";
-const char* const Log::type = "rosgraph_msgs/Log";
 
 Log::Log(rosbridge::server::Endpoint& endpoint, const Clock& clock)
     : m_endpoint(endpoint),
@@ -22,14 +20,15 @@ void Log::write(Level level, const QString& name, const QString& text)
     const QCborMap header{{QStringLiteral("seq"), static_cast<qint64>(++m_lastSequence)},
                           {QStringLiteral("stamp"), Clock::stamp(m_clock.now())},
                           {QStringLiteral("frame_id"), QString()}};
-    m_endpoint.publish(QLatin1String(topic), {{QStringLiteral("header"), header},
-                                              {QStringLiteral("level"), static_cast<int>(level)},
-                                              {QStringLiteral("name"), name},
-                                              {QStringLiteral("msg"), text},
-                                              {QStringLiteral("file"), QString()},
-                                              {QStringLiteral("function"), QString()},
-                                              {QStringLiteral("line"), 0},
-                                              {QStringLiteral("topics"), QCborArray()}});
+    m_endpoint.publish(rosbridge::protocol::topic::log.name,
+                       {{QStringLiteral("header"), header},
+                        {QStringLiteral("level"), static_cast<int>(level)},
+                        {QStringLiteral("name"), name},
+                        {QStringLiteral("msg"), text},
+                        {QStringLiteral("file"), QString()},
+                        {QStringLiteral("function"), QString()},
+                        {QStringLiteral("line"), 0},
+                        {QStringLiteral("topics"), QCborArray()}});
 }
 
 } // namespace robot::network

@@ -24,9 +24,6 @@ public:
         Fatal = 16,
     };
 
-    static const char* const topic;
-    static const char* const type;
-
     /// Both must outlive the log.
     Log(rosbridge::server::Endpoint& endpoint, const Clock& clock);
 

@@ -1,6 +1,8 @@
 #include "robot/network/Network.h"
 
 #include "rosbridge/protocol/Address.h"
+#include "rosbridge/protocol/Services.h"
+#include "rosbridge/protocol/Topics.h"
 
 #include <QHostAddress>
 #include <QHostInfo>
@@ -8,6 +10,9 @@
 #include <algorithm>
 
 namespace robot::network {
+
+namespace service = rosbridge::protocol::service;
+namespace topic = rosbridge::protocol::topic;
 
 namespace {
 
@@ -41,7 +46,7 @@ Network::Network(const Clock& clock, const rosbridge::server::Limits& limits)
       m_endpoint(m_topics, m_services, limits),
       m_log(m_endpoint, clock)
 {
-    m_topics.addPublished(QLatin1String(Log::topic), QLatin1String(Log::type));
+    m_topics.addPublished(topic::log.name, topic::log.type);
     m_rosApi.addTo(m_services);
     addControlServices();
     keepLog();
@@ -88,16 +93,15 @@ void Network::publish(const QString& topic, const QCborMap& msg)
 
 void Network::addControlServices()
 {
-    const QString type = QStringLiteral("std_srvs/Trigger");
-    m_services.add(QStringLiteral("/control/acquire"),
-                   {type,
+    m_services.add(service::acquireControl.name,
+                   {service::acquireControl.type,
                     {},
                     rosbridge::server::Access::Anyone,
                     [this](const rosbridge::server::Peer& caller, const QCborMap&) {
                         return trigger(m_control.acquire(caller));
                     }});
-    m_services.add(QStringLiteral("/control/release"),
-                   {type,
+    m_services.add(service::releaseControl.name,
+                   {service::releaseControl.type,
                     {},
                     rosbridge::server::Access::Anyone,
                     [this](const rosbridge::server::Peer& caller, const QCborMap&) {

@@ -1,6 +1,7 @@
 #include "robot/network/RosApi.h"
 
 #include "rosbridge/protocol/CanonicalName.h"
+#include "rosbridge/protocol/Services.h"
 #include "rosbridge/server/TopicRegistry.h"
 
 #include <QCborArray>
@@ -8,6 +9,8 @@
 #include <QJsonDocument>
 
 namespace robot::network {
+
+namespace service = rosbridge::protocol::service;
 
 namespace {
 
@@ -42,17 +45,17 @@ RosApi::RosApi(const rosbridge::server::TopicRegistry& topics,
 
 void RosApi::addTo(rosbridge::server::ServiceRegistry& services) const
 {
-    services.add(QStringLiteral("/rosapi/topics"),
-                 {QStringLiteral("rosapi/Topics"),
+    services.add(service::topics.name,
+                 {service::topics.type,
                   {},
                   rosbridge::server::Access::Anyone,
                   [this](const rosbridge::server::Peer&, const QCborMap&) { return topics(); }});
-    services.add(
-        QStringLiteral("/rosapi/services"),
-        {QStringLiteral("rosapi/Services"),
-         {},
-         rosbridge::server::Access::Anyone,
-         [this](const rosbridge::server::Peer&, const QCborMap&) { return this->services(); }});
+    services.add(service::services.name, {service::services.type,
+                                          {},
+                                          rosbridge::server::Access::Anyone,
+                                          [this](const rosbridge::server::Peer&, const QCborMap&) {
+                                              return this->services();
+                                          }});
     services.add(
         QStringLiteral("/rosapi/topic_type"),
         {QStringLiteral("rosapi/TopicType"),
@@ -67,8 +70,8 @@ void RosApi::addTo(rosbridge::server::ServiceRegistry& services) const
                       return serviceType(args);
                   }});
     services.add(
-        QStringLiteral("/rosapi/get_param"),
-        {QStringLiteral("rosapi/GetParam"),
+        service::parameter.name,
+        {service::parameter.type,
          {QStringLiteral("name"), QStringLiteral("default")},
          rosbridge::server::Access::Anyone,
          [this](const rosbridge::server::Peer&, const QCborMap& args) { return parameter(args); }});

@@ -3,42 +3,30 @@
 #include "robot/network/Network.h"
 #include "robot/nodes/ArmMessages.h"
 #include "robot/nodes/Messages.h"
+#include "rosbridge/protocol/Services.h"
+#include "rosbridge/protocol/Topics.h"
 
 #include <utility>
 
 namespace robot::nodes {
 
 using simulation::Arm;
-
-namespace {
-
-const QString& jointStates()
-{
-    static const QString name = QStringLiteral("/joint_states");
-    return name;
-}
-
-const QString& armState()
-{
-    static const QString name = QStringLiteral("/arm/state");
-    return name;
-}
-
-} // namespace
+namespace service = rosbridge::protocol::service;
+namespace topic = rosbridge::protocol::topic;
 
 ArmNode::ArmNode(network::Network& network) : m_network(network)
 {
-    network.topics().addPublished(jointStates(), QStringLiteral("sensor_msgs/JointState"));
-    network.topics().addPublished(armState(),
-                                  QStringLiteral("control_msgs/JointTrajectoryControllerState"));
+    network.topics().addPublished(topic::jointStates.name, topic::jointStates.type);
+    network.topics().addPublished(topic::armState.name, topic::armState.type);
     network.topics().addCommand(
-        QStringLiteral("/arm/command"), QStringLiteral("trajectory_msgs/JointTrajectory"),
-        rosbridge::server::Access::RequiresControl,
+        topic::armCommand.name, topic::armCommand.type, rosbridge::server::Access::RequiresControl,
         [this](const rosbridge::server::Peer&, const QCborMap& msg) { return move(msg); });
-    addSwitch(QStringLiteral("/arm/torque"), m_arm.isTorqueEnabled(),
+    addSwitch(service::armTorque, topic::armTorqueEnabled, m_arm.isTorqueEnabled(),
               [this](bool isOn) { return m_arm.setTorqueEnabled(isOn); });
     for (int line = 0; line < Arm::lineCount; ++line) {
-        addSwitch(QStringLiteral("/arm/line%1").arg(line), m_arm.isLineEnabled(line),
+        const auto index = static_cast<std::size_t>(line);
+        addSwitch(service::armLine.at(index), topic::armLineEnabled.at(index),
+                  m_arm.isLineEnabled(line),
                   [this, line](bool isOn) { return m_arm.setLineEnabled(line, isOn); });
     }
     QObject::connect(&network.control(), &network::Control::released, &m_context,
@@ -52,11 +40,14 @@ void ArmNode::step(simulation::Time now)
         publishState();
 }
 
-/// @p name is the service's; @p set is what it does.
-void ArmNode::addSwitch(const QString& name, bool isOn, const std::function<Answer(bool)>& set)
+/// @p set is what the service does.
+void ArmNode::addSwitch(const rosbridge::protocol::Service& service,
+                        const rosbridge::protocol::Topic& topic, bool isOn,
+                        const std::function<Answer(bool)>& set)
 {
-    const QString topic = name + QStringLiteral("_enabled");
-    const auto publish = [this, topic](bool isOn) { m_network.publish(topic, boolMessage(isOn)); };
+    const auto publish = [this, topic](bool isOn) {
+        m_network.publish(topic.name, boolMessage(isOn));
+    };
     const auto call = [this, publish, set](const rosbridge::server::Peer&, const QCborMap& args) {
         const QCborValue data = args.value(QStringLiteral("data"));
         if (!data.isBool())
@@ -68,12 +59,11 @@ void ArmNode::addSwitch(const QString& name, bool isOn, const std::function<Answ
                                                 {QStringLiteral("message"), answer.message}},
                                                QString()};
     };
-    m_network.topics().addLatched(topic, QStringLiteral("std_msgs/Bool"));
+    m_network.topics().addLatched(topic.name, topic.type);
     publish(isOn);
-    m_network.services().add(name, {QStringLiteral("std_srvs/SetBool"),
-                                    {QStringLiteral("data")},
-                                    rosbridge::server::Access::RequiresControl,
-                                    call});
+    m_network.services().add(
+        service.name,
+        {service.type, {QStringLiteral("data")}, rosbridge::server::Access::RequiresControl, call});
 }
 
 /// Returns why the command was not obeyed; empty if it was.
@@ -101,10 +91,10 @@ void ArmNode::report(const Answer& answer)
 void ArmNode::publishState()
 {
     const simulation::Header header{m_seq++, m_now, QString()};
-    if (m_network.hasSubscribers(jointStates()))
-        m_network.publish(jointStates(), jointStateMessage(header, m_arm));
-    if (m_network.hasSubscribers(armState()))
-        m_network.publish(armState(), controllerStateMessage(header, m_arm));
+    if (m_network.hasSubscribers(topic::jointStates.name))
+        m_network.publish(topic::jointStates.name, jointStateMessage(header, m_arm));
+    if (m_network.hasSubscribers(topic::armState.name))
+        m_network.publish(topic::armState.name, controllerStateMessage(header, m_arm));
 }
 
 } // namespace robot::nodes

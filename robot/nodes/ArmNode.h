@@ -11,6 +11,11 @@
 
 #include <functional>
 
+namespace rosbridge::protocol {
+struct Service;
+struct Topic;
+} // namespace rosbridge::protocol
+
 namespace robot::network {
 class Network;
 } // namespace robot::network
@@ -33,7 +38,9 @@ public:
 private:
     using Answer = simulation::Arm::Answer;
 
-    void addSwitch(const QString& name, bool isOn, const std::function<Answer(bool)>& set);
+    void addSwitch(const rosbridge::protocol::Service& service,
+                   const rosbridge::protocol::Topic& topic, bool isOn,
+                   const std::function<Answer(bool)>& set);
     QString move(const QCborMap& trajectory);
     void stop();
     void report(const Answer& answer);

@@ -2,19 +2,18 @@
 
 #include "robot/network/Network.h"
 #include "robot/nodes/Messages.h"
+#include "rosbridge/protocol/Services.h"
+#include "rosbridge/protocol/Topics.h"
 
 #include <QCborArray>
 #include <QStringList>
 
 namespace robot::nodes {
 
-namespace {
+namespace service = rosbridge::protocol::service;
+namespace topic = rosbridge::protocol::topic;
 
-const QString& topic()
-{
-    static const QString name = QStringLiteral("/camera/camera_info");
-    return name;
-}
+namespace {
 
 const QString& videoMode()
 {
@@ -35,9 +34,9 @@ const QStringList& configLists()
 
 CameraNode::CameraNode(network::Network& network) : m_network(network)
 {
-    network.topics().addPublished(topic(), QStringLiteral("sensor_msgs/CameraInfo"));
-    network.services().add(QStringLiteral("/camera/set_parameters"),
-                           {QStringLiteral("dynamic_reconfigure/Reconfigure"),
+    network.topics().addPublished(topic::cameraInfo.name, topic::cameraInfo.type);
+    network.services().add(service::setCamera.name,
+                           {service::setCamera.type,
                             {QStringLiteral("config")},
                             rosbridge::server::Access::RequiresControl,
                             [this](const rosbridge::server::Peer&, const QCborMap& args) {
@@ -49,8 +48,8 @@ void CameraNode::step(simulation::Time now)
 {
     m_now = now;
     const std::optional<simulation::CameraInfo> frame = m_camera.takeFrame(now);
-    if (frame && m_network.hasSubscribers(topic()))
-        m_network.publish(topic(), toMessage(*frame));
+    if (frame && m_network.hasSubscribers(topic::cameraInfo.name))
+        m_network.publish(topic::cameraInfo.name, toMessage(*frame));
 }
 
 rosbridge::server::ServiceReply CameraNode::setParameters(const QCborMap& args)

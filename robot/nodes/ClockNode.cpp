@@ -2,30 +2,23 @@
 
 #include "robot/network/Clock.h"
 #include "robot/network/Network.h"
+#include "rosbridge/protocol/Topics.h"
 
 namespace robot::nodes {
 
-namespace {
-
-const QString& clockTopic()
-{
-    static const QString name = QStringLiteral("/clock");
-    return name;
-}
-
-} // namespace
+namespace topic = rosbridge::protocol::topic;
 
 ClockNode::ClockNode(network::Network& network, const network::Clock& clock)
     : m_network(network),
       m_clock(clock)
 {
-    network.topics().addPublished(clockTopic(), QStringLiteral("rosgraph_msgs/Clock"));
+    network.topics().addPublished(topic::clock.name, topic::clock.type);
 }
 
 void ClockNode::step(simulation::Time now)
 {
     if (m_beat.isDue(now))
-        m_network.publish(clockTopic(),
+        m_network.publish(topic::clock.name,
                           {{QStringLiteral("clock"), network::Clock::stamp(m_clock.now())}});
 }
 

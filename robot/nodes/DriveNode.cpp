@@ -3,38 +3,27 @@
 #include "robot/network/Network.h"
 #include "robot/nodes/Messages.h"
 #include "robot/simulation/DriveBase.h"
+#include "rosbridge/protocol/Services.h"
+#include "rosbridge/protocol/Topics.h"
 
 namespace robot::nodes {
 
-namespace {
-
-const QString& odometryTopic()
-{
-    static const QString name = QStringLiteral("/odom");
-    return name;
-}
-
-const QString& disabledTopic()
-{
-    static const QString name = QStringLiteral("/drive/disabled");
-    return name;
-}
-
-} // namespace
+namespace service = rosbridge::protocol::service;
+namespace topic = rosbridge::protocol::topic;
 
 DriveNode::DriveNode(network::Network& network, simulation::DriveBase& driveBase)
     : m_network(network),
       m_driveBase(driveBase)
 {
-    network.topics().addPublished(odometryTopic(), QStringLiteral("nav_msgs/Odometry"));
-    network.topics().addLatched(disabledTopic(), QStringLiteral("std_msgs/Bool"));
+    network.topics().addPublished(topic::odometry.name, topic::odometry.type);
+    network.topics().addLatched(topic::driveDisabled.name, topic::driveDisabled.type);
     network.topics().addCommand(
-        QStringLiteral("/cmd_vel"), QStringLiteral("geometry_msgs/Twist"),
+        topic::velocityCommand.name, topic::velocityCommand.type,
         rosbridge::server::Access::RequiresControl,
         [this](const rosbridge::server::Peer&, const QCborMap& msg) { return command(msg); });
     network.services().add(
-        QStringLiteral("/drive/disable"),
-        {QStringLiteral("std_srvs/SetBool"),
+        service::disableDrive.name,
+        {service::disableDrive.type,
          {QStringLiteral("data")},
          rosbridge::server::Access::RequiresControl,
          [this](const rosbridge::server::Peer&, const QCborMap& args) { return disable(args); }});
@@ -45,11 +34,11 @@ DriveNode::DriveNode(network::Network& network, simulation::DriveBase& driveBase
 
 void DriveNode::step(simulation::Time now)
 {
-    if (!m_beat.isDue(now) || !m_network.hasSubscribers(odometryTopic()))
+    if (!m_beat.isDue(now) || !m_network.hasSubscribers(topic::odometry.name))
         return;
     simulation::Odometry odometry = m_driveBase.odometry();
     odometry.header.seq = m_seq++;
-    m_network.publish(odometryTopic(), toMessage(odometry));
+    m_network.publish(topic::odometry.name, toMessage(odometry));
 }
 
 QString DriveNode::command(const QCborMap& msg)
@@ -77,7 +66,7 @@ rosbridge::server::ServiceReply DriveNode::disable(const QCborMap& args)
 
 void DriveNode::publishDisabled()
 {
-    m_network.publish(disabledTopic(), boolMessage(!m_driveBase.isEnabled()));
+    m_network.publish(topic::driveDisabled.name, boolMessage(!m_driveBase.isEnabled()));
 }
 
 } // namespace robot::nodes

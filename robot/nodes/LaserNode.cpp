@@ -4,28 +4,21 @@
 #include "robot/nodes/Messages.h"
 #include "robot/recording/Recording.h"
 #include "robot/simulation/Laser.h"
+#include "rosbridge/protocol/Topics.h"
 
 namespace robot::nodes {
+
+namespace topic = rosbridge::protocol::topic;
 
 using recording::Recording;
 using recording::Replay;
 using simulation::LaserScan;
 
-namespace {
-
-const QString& scanTopic()
-{
-    static const QString name = QStringLiteral("/scan");
-    return name;
-}
-
-} // namespace
-
 LaserNode::LaserNode(network::Network& network, simulation::Laser& laser)
     : m_network(network),
       m_laser(laser)
 {
-    network.topics().addPublished(scanTopic(), QStringLiteral("sensor_msgs/LaserScan"));
+    network.topics().addPublished(topic::scan.name, topic::scan.type);
     m_laser.setOn(false);
 }
 
@@ -56,13 +49,13 @@ bool LaserNode::setLog(const QString& file, double rate, QStringList* problems, 
 void LaserNode::publish(const std::vector<LaserScan>& scans)
 {
     for (const LaserScan& scan : scans)
-        m_network.publish(scanTopic(), toMessage(scan));
+        m_network.publish(topic::scan.name, toMessage(scan));
 }
 
 void LaserNode::step(simulation::Time now)
 {
     const bool wasWanted = m_isWanted;
-    m_isWanted = m_network.hasSubscribers(scanTopic());
+    m_isWanted = m_network.hasSubscribers(topic::scan.name);
     if (!m_replay) {
         m_laser.setOn(m_isWanted);
         return;
@@ -75,7 +68,7 @@ void LaserNode::step(simulation::Time now)
     while (const LaserScan* recorded = m_isWanted ? m_replay->next(m_replayTime) : nullptr) {
         LaserScan scan = *recorded;
         scan.header = {m_seq++, now, QLatin1String(simulation::Laser::frameId)};
-        m_network.publish(scanTopic(), toMessage(scan));
+        m_network.publish(topic::scan.name, toMessage(scan));
     }
 }
 

@@ -3,15 +3,17 @@
 #include "robot/network/Network.h"
 #include "robot/nodes/Messages.h"
 #include "robot/simulation/FloorPlan.h"
+#include "rosbridge/protocol/Topics.h"
 
 namespace robot::nodes {
+
+namespace topic = rosbridge::protocol::topic;
 
 MapNode::MapNode(network::Network& network)
 {
     constexpr double resolution = 0.1; // metres; the plan's own grid, so nothing is rounded
-    const QString topic = QStringLiteral("/map");
-    network.topics().addLatched(topic, QStringLiteral("nav_msgs/OccupancyGrid"));
-    network.publish(topic, toMessage(simulation::FloorPlan::occupancyGrid(resolution)));
+    network.topics().addLatched(topic::map.name, topic::map.type);
+    network.publish(topic::map.name, toMessage(simulation::FloorPlan::occupancyGrid(resolution)));
 }
 
 } // namespace robot::nodes

@@ -6,10 +6,13 @@
 #include "robot/simulation/DriveBase.h"
 #include "robot/simulation/FloorPlan.h"
 #include "robot/simulation/Laser.h"
+#include "rosbridge/protocol/Topics.h"
 
 #include <QCborArray>
 
 namespace robot::nodes {
+
+namespace topic = rosbridge::protocol::topic;
 
 using simulation::Camera;
 using simulation::DriveBase;
@@ -18,12 +21,6 @@ using simulation::Laser;
 using simulation::Pose2D;
 
 namespace {
-
-const QString& topic()
-{
-    static const QString name = QStringLiteral("/tf");
-    return name;
-}
 
 /// A frame at @p height above one whose axes lie in the same plane.
 QCborMap frame(const char* parent, const char* child, const Pose2D& pose, double height,
@@ -39,12 +36,12 @@ TransformNode::TransformNode(network::Network& network, const DriveBase& driveBa
     : m_network(network),
       m_driveBase(driveBase)
 {
-    network.topics().addPublished(topic(), QStringLiteral("tf2_msgs/TFMessage"));
+    network.topics().addPublished(topic::transforms.name, topic::transforms.type);
 }
 
 void TransformNode::step(simulation::Time now)
 {
-    if (!m_beat.isDue(now) || !m_network.hasSubscribers(topic()))
+    if (!m_beat.isDue(now) || !m_network.hasSubscribers(topic::transforms.name))
         return;
     const char* const base = DriveBase::baseFrameId;
     // Looking forwards, a camera's optical frame has z ahead, x to the right and y down.
@@ -55,7 +52,7 @@ void TransformNode::step(simulation::Time now)
         frame(base, Laser::frameId, Laser::mount, Laser::mountHeight, now),
         transformMessage({0, now, QLatin1String(base)}, QLatin1String(Camera::frameId),
                          Camera::mount.x, Camera::mount.y, Camera::mountHeight, optical)};
-    m_network.publish(topic(), {{QStringLiteral("transforms"), transforms}});
+    m_network.publish(topic::transforms.name, {{QStringLiteral("transforms"), transforms}});
 }
 
 } // namespace robot::nodes

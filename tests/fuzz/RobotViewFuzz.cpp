@@ -31,7 +31,7 @@ std::optional<RobotState::Topic> topicOf(const QCborMap& message)
     const QString name = message.value(QLatin1String("topic")).toString();
     for (int i = 0; i < RobotState::TopicCount; ++i) {
         const auto topic = static_cast<RobotState::Topic>(i);
-        if (name == QLatin1String(RobotState::info(topic).name))
+        if (name == RobotState::info(topic).topic.name)
             return topic;
     }
     return std::nullopt;
@@ -140,7 +140,7 @@ private:
     bool isRefused(RobotState::Topic topic) const
     {
         const QString refused = QLatin1String("A message of the topic %1 is ignored: ");
-        const QString ofTopic = refused.arg(QLatin1String(RobotState::info(topic).name));
+        const QString ofTopic = refused.arg(RobotState::info(topic).topic.name);
         const QStringList notes = m_state.notes(m_now);
         return std::any_of(notes.cbegin(), notes.cend(),
                            [&ofTopic](const QString& note) { return note.startsWith(ofTopic); });

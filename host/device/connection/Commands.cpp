@@ -4,6 +4,8 @@
 #include "host/device/connection/MessageRole.h"
 #include "host/device/connection/Offer.h"
 #include "olm/core/Vector.h"
+#include "rosbridge/protocol/Services.h"
+#include "rosbridge/protocol/Topics.h"
 
 #include <QCborArray>
 #include <QScopedValueRollback>
@@ -14,6 +16,8 @@
 namespace host::device::connection {
 
 using plugin::plugin::DataRole;
+namespace service = rosbridge::protocol::service;
+namespace topic = rosbridge::protocol::topic;
 
 Commands::Commands(Connection& connection, const Offer& offer)
     : m_connection(connection),
@@ -26,7 +30,7 @@ Commands::Commands(Connection& connection, const Offer& offer)
             m_failures.clear();
         }
     });
-    connection.follow(QStringLiteral("/arm/torque_enabled"), QStringLiteral("std_msgs/Bool"),
+    connection.follow(topic::armTorqueEnabled.name, topic::armTorqueEnabled.type,
                       [this](const QCborMap& state) {
                           m_isTorqueOn = state.value(QLatin1String("data")).toBool();
                       });
@@ -34,7 +38,7 @@ Commands::Commands(Connection& connection, const Offer& offer)
 
 void Commands::disableDriveSystem(bool on)
 {
-    setBool(QStringLiteral("/drive/disable"), on,
+    setBool(service::disableDrive.name, on,
             on ? tr("Disable the drive system") : tr("Enable the drive system"), baseLogLine);
 }
 
@@ -47,19 +51,20 @@ void Commands::setCameraResolution(const Variant& size)
     const QCborMap parameter{{QStringLiteral("name"), QStringLiteral("video_mode")},
                              {QStringLiteral("value"), mode}};
     const QCborMap config{{QStringLiteral("strs"), QCborArray{parameter}}};
-    call(QStringLiteral("/camera/set_parameters"), {{QStringLiteral("config"), config}},
+    call(service::setCamera.name, {{QStringLiteral("config"), config}},
          tr("Camera resolution %1").arg(mode), baseLogLine);
 }
 
 void Commands::enableLine(int line, bool on)
 {
     const QString what = on ? tr("Enable line %1") : tr("Disable line %1");
-    setBool(QStringLiteral("/arm/line%1").arg(line), on, what.arg(line + 1), manipulatorLogLine);
+    setBool(service::armLine.at(static_cast<std::size_t>(line)).name, on, what.arg(line + 1),
+            manipulatorLogLine);
 }
 
 void Commands::toggleTorque()
 {
-    setBool(QStringLiteral("/arm/torque"), !m_isTorqueOn,
+    setBool(service::armTorque.name, !m_isTorqueOn,
             m_isTorqueOn ? tr("Switch torque off") : tr("Switch torque on"), manipulatorLogLine);
 }
 

@@ -3,6 +3,8 @@
 #include "host/device/connection/MessageRole.h"
 #include "host/device/faults/Faults.h"
 #include "rosbridge/protocol/CanonicalName.h"
+#include "rosbridge/protocol/Services.h"
+#include "rosbridge/protocol/Topics.h"
 
 #include <QDebug>
 
@@ -10,6 +12,9 @@
 #include <utility>
 
 namespace host::device::connection {
+
+namespace service = rosbridge::protocol::service;
+namespace topic = rosbridge::protocol::topic;
 
 namespace {
 
@@ -45,8 +50,8 @@ Connection::Connection(const Timing& timing, faults::Faults& faults)
     connect(&m_remappings, &Remappings::changed, this, &Connection::subscribeAnew);
     // Its lines are no data: they come from a robot whose sensors are silent, too.
     m_followed.push_back({++m_lastFollower,
-                          QStringLiteral("/rosout"),
-                          QStringLiteral("rosgraph_msgs/Log"),
+                          topic::log.name,
+                          topic::log.type,
                           [this](const QCborMap& log) { onLogMessage(log); },
                           {},
                           QString()});
@@ -199,14 +204,14 @@ void Connection::onOpened()
     // First the log, which tells of the rest; last the topics, some of which have much to say at
     // once.
     subscribe(m_followed.front());
-    callOn(*m_client, QStringLiteral("/rosapi/get_param"),
+    callOn(*m_client, service::parameter.name,
            {{QStringLiteral("name"), QStringLiteral("/use_sim_time")},
             {QStringLiteral("default"), QStringLiteral("false")}},
            whileCurrent([this](const Client::Result& result) { onSimTimeAnswered(result); }),
            m_timing.answer);
     // Our own deadline comes first, so that a failure is always what the robot answered.
     m_acquireDeadline.start();
-    callOn(*m_client, QStringLiteral("/control/acquire"), {},
+    callOn(*m_client, service::acquireControl.name, {},
            whileCurrent([this](const Client::Result& result) { onAcquireAnswered(result); }),
            2 * m_timing.answer);
     Q_EMIT opened();
@@ -349,7 +354,7 @@ void Connection::sayGoodbye(std::unique_ptr<Client> client)
     leaving->setParent(this);
     leaving->disconnect(this);
     callOn(
-        *leaving, QStringLiteral("/control/release"), {},
+        *leaving, service::releaseControl.name, {},
         [leaving](const Client::Result&) {
             leaving->close();
             leaving->deleteLater();

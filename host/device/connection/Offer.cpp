@@ -2,10 +2,13 @@
 
 #include "host/device/connection/Connection.h"
 #include "host/device/connection/MessageRole.h"
+#include "rosbridge/protocol/Services.h"
 
 #include <QCborArray>
 
 namespace host::device::connection {
+
+namespace service = rosbridge::protocol::service;
 
 namespace {
 
@@ -43,6 +46,12 @@ Offer::Offer(Connection& connection) : m_connection(connection)
     connect(&connection.remappings(), &Remappings::changed, this, &Offer::onRenamed);
 }
 
+Offer::State Offer::state(const QString& ours) const
+{
+    const Remappings::Entry* const entry = Remappings::find(ours);
+    return entry ? state(*entry) : State::Unknown;
+}
+
 Offer::State Offer::state(const Remappings::Entry& entry) const
 {
     if (m_refused.contains(entry.name) && !m_lists.topics)
@@ -63,8 +72,7 @@ Offer::State Offer::state(const Remappings::Entry& entry) const
 
 bool Offer::lacks(const QString& service) const
 {
-    const Remappings::Entry* const entry = Remappings::find(service);
-    return entry && state(*entry) == State::Missing;
+    return state(service) == State::Missing;
 }
 
 QString Offer::typeOf(const QString& topic) const
@@ -89,7 +97,7 @@ void Offer::ask()
     if (!m_isLinked)
         return;
     const auto round = std::make_shared<Round>();
-    call(round, QStringLiteral("/rosapi/topics"), {}, [](Lists& lists, const QCborMap& values) {
+    call(round, service::topics.name, {}, [](Lists& lists, const QCborMap& values) {
         const auto names = texts(values, "topics");
         const QStringList types = texts(values, "types").value_or(QStringList());
         if (!names)
@@ -98,7 +106,7 @@ void Offer::ask()
         for (int i = 0; i < static_cast<int>(names->size()); ++i)
             lists.topics->insert(names->at(i), asInRos1(types.value(i)));
     });
-    call(round, QStringLiteral("/rosapi/services"), {}, [](Lists& lists, const QCborMap& values) {
+    call(round, service::services.name, {}, [](Lists& lists, const QCborMap& values) {
         if (const auto names = texts(values, "services"))
             lists.services = QSet<QString>(names->begin(), names->end());
     });
@@ -126,7 +134,7 @@ void Offer::askForPublishers(const std::shared_ptr<Round>& round)
 {
     round->hasPublishers = true;
     const Remappings& names = m_connection.remappings();
-    const QString service = QStringLiteral("/rosapi/publishers");
+    const QString service = service::publishers.name;
     const Lists& lists = round->lists;
     if (!lists.topics || !lists.services || !lists.services->contains(names.theirs(service)))
         return;
@@ -180,8 +188,7 @@ void Offer::onRefused(const QString& topic, const QString& words)
 
 bool Offer::isMissed(const QString& ours) const
 {
-    const Remappings::Entry* const entry = Remappings::find(ours);
-    const State found = entry ? state(*entry) : State::Unknown;
+    const State found = state(ours);
     return found == State::Missing || found == State::OtherType;
 }
 

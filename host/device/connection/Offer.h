@@ -38,7 +38,8 @@ public:
     /// @p connection outlives the offer.
     explicit Offer(Connection& connection);
 
-    State state(const Remappings::Entry& entry) const;
+    /// Of one of our names; unknown where this program uses no such name.
+    State state(const QString& ours) const;
 
     /// Whether ready() was emitted for this link.
     bool isReady() const { return m_isReported; }
@@ -84,6 +85,7 @@ private:
 
     using Take = std::function<void(Lists& lists, const QCborMap& values)>;
 
+    State state(const Remappings::Entry& entry) const;
     void call(const std::shared_ptr<Round>& round, const QString& service, const QCborMap& args,
               const Take& take);
     void askForPublishers(const std::shared_ptr<Round>& round);

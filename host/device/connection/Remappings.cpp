@@ -1,5 +1,8 @@
 #include "host/device/connection/Remappings.h"
 
+#include "rosbridge/protocol/Services.h"
+#include "rosbridge/protocol/Topics.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -7,80 +10,79 @@
 
 namespace host::device::connection {
 
+namespace service = rosbridge::protocol::service;
+namespace topic = rosbridge::protocol::topic;
+
 namespace {
 
-/// One line of the tables.
+/// One line of the tables, of a topic or a service.
+template <class Named>
 struct Row
 {
-    const char* name = nullptr;
-    const char* type = nullptr;
+    Named named;
     const char* purpose = nullptr;
     bool isRequired = true;
 };
 
-constexpr const char* boolean = "std_msgs/Bool";
-constexpr const char* setBool = "std_srvs/SetBool";
-constexpr const char* trigger = "std_srvs/Trigger";
-
 // clang-format off
-const Row topics[] = {
-    {"/scan", "sensor_msgs/LaserScan",
+const Row<rosbridge::protocol::Topic> topics[] = {
+    {topic::scan,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the laser's scans")},
-    {"/camera/camera_info", "sensor_msgs/CameraInfo",
+    {topic::cameraInfo,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the camera's rate")},
-    {"/joint_states", "sensor_msgs/JointState",
+    {topic::jointStates,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the arm is, and storing that")},
-    {"/arm/state", "control_msgs/JointTrajectoryControllerState",
+    {topic::armState,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the arm is going")},
-    {"/arm/torque_enabled", boolean,
+    {topic::armTorqueEnabled,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether the arm's torque is on")},
-    {"/arm/line0_enabled", boolean,
+    {topic::armLineEnabled[0],
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether supply line 1 is on")},
-    {"/arm/line1_enabled", boolean,
+    {topic::armLineEnabled[1],
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether supply line 2 is on")},
-    {"/arm/line2_enabled", boolean,
+    {topic::armLineEnabled[2],
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether supply line 3 is on")},
-    {"/drive/disabled", boolean,
+    {topic::driveDisabled,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether the drive is disabled")},
-    {"/odom", "nav_msgs/Odometry",
+    {topic::odometry,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the robot is")},
-    {"/map", "nav_msgs/OccupancyGrid",
+    {topic::map,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the map")},
-    {"/tf", "tf2_msgs/TFMessage",
+    {topic::transforms,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the robot and its laser are on the map")},
-    {"/tf_static", "tf2_msgs/TFMessage",
+    {topic::staticTransforms,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "frames that do not move, if there are any"),
      false},
-    {"/rosout", "rosgraph_msgs/Log",
+    {topic::log,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the robot's own lines in the logs")},
 };
 
-const Row services[] = {
-    {"/control/acquire", trigger,
+const Row<rosbridge::protocol::Service> services[] = {
+    {service::acquireControl,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "being the only one in control")},
-    {"/control/release", trigger,
+    {service::releaseControl,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "giving control back")},
-    {"/drive/disable", setBool,
+    {service::disableDrive,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "disabling the drive")},
-    {"/camera/set_parameters", "dynamic_reconfigure/Reconfigure",
+    {service::setCamera,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "setting the camera's resolution")},
-    {"/arm/torque", setBool,
+    {service::armTorque,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching the arm's torque")},
-    {"/arm/line0", setBool,
+    {service::armLine[0],
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching supply line 1")},
-    {"/arm/line1", setBool,
+    {service::armLine[1],
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching supply line 2")},
-    {"/arm/line2", setBool,
+    {service::armLine[2],
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching supply line 3")},
-    {"/rosapi/topics", "rosapi/Topics",
+    {service::topics,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing which topics there are")},
-    {"/rosapi/services", "rosapi/Services",
+    {service::services,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing which services there are")},
-    {"/rosapi/publishers", "rosapi/Publishers",
+    {service::publishers,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing which topics are published, and not "
                                               "just listened to"),
      false},
-    {"/rosapi/get_param", "rosapi/GetParam",
+    {service::parameter,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing whether the robot is simulated")},
 };
 // clang-format on
@@ -88,13 +90,12 @@ const Row services[] = {
 std::vector<Remappings::Entry> makeAll()
 {
     std::vector<Remappings::Entry> entries;
-    const auto add = [&](Remappings::Kind kind, const Row& row) {
-        entries.push_back(
-            {kind, QLatin1String(row.name), QLatin1String(row.type), row.purpose, row.isRequired});
+    const auto add = [&](Remappings::Kind kind, const auto& row) {
+        entries.push_back({kind, row.named.name, row.named.type, row.purpose, row.isRequired});
     };
-    for (const Row& row : topics)
+    for (const auto& row : topics)
         add(Remappings::Kind::Topic, row);
-    for (const Row& row : services)
+    for (const auto& row : services)
         add(Remappings::Kind::Service, row);
     return entries;
 }

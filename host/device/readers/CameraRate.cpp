@@ -1,6 +1,7 @@
 #include "host/device/readers/CameraRate.h"
 
 #include "host/device/connection/Connection.h"
+#include "rosbridge/protocol/Topics.h"
 
 namespace host::device::readers {
 
@@ -8,8 +9,8 @@ CameraRate::CameraRate(connection::Connection& connection)
 {
     m_timer.setInterval(std::chrono::milliseconds(250));
     connect(&m_timer, &QTimer::timeout, this, &CameraRate::measure);
-    connection.follow(QStringLiteral("/camera/camera_info"),
-                      QStringLiteral("sensor_msgs/CameraInfo"),
+    connection.follow(rosbridge::protocol::topic::cameraInfo.name,
+                      rosbridge::protocol::topic::cameraInfo.type,
                       [this](const QCborMap&) { onFrame(); });
 }
 

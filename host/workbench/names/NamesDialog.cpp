@@ -239,7 +239,7 @@ QString NamesDialog::stateInWords(const Remappings::Entry& entry) const
 {
     if (m_device.connectionState() < device::connection::Connection::connected)
         return tr("not connected");
-    switch (m_device.offer().state(entry)) {
+    switch (m_device.offer().state(entry.name)) {
     case Offer::State::Unknown:
         return tr("not told");
     case Offer::State::Offered:

@@ -65,8 +65,8 @@ void RobotFeed::arrange()
         return;
     for (int i = 0; i < RobotState::TopicCount; ++i) {
         const auto topic = static_cast<Topic>(i);
-        const QString name = QLatin1String(RobotState::info(topic).name);
-        const Offer::State found = offer.state(*device::connection::Remappings::find(name));
+        const QString name = RobotState::info(topic).topic.name;
+        const Offer::State found = offer.state(name);
         const bool isOffered = found != Offer::State::Missing && found != Offer::State::OtherType;
         m_state.setName(topic, m_device.remappings().theirs(name));
         m_state.setPublished(topic, isOffered, RobotState::Clock::now());
@@ -85,7 +85,7 @@ void RobotFeed::follow(Topic topic)
         return;
     const RobotState::TopicInfo& info = RobotState::info(topic);
     follower = m_device.connection().follow(
-        QLatin1String(info.name), QLatin1String(info.type),
+        info.topic.name, info.topic.type,
         [this, topic](const QCborMap& message) {
             m_state.read(topic, message, RobotState::Clock::now());
             Q_EMIT changed();

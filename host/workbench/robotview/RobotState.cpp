@@ -8,6 +8,7 @@
 namespace host::workbench::robotview {
 
 using rosbridge::protocol::Fields;
+namespace topic = rosbridge::protocol::topic;
 
 namespace {
 
@@ -26,21 +27,22 @@ std::size_t index(int axis)
 const RobotState::TopicInfo& RobotState::info(Topic topic)
 {
     // Of transforms none may be left out: each message tells of other frames.
-    static const std::array<TopicInfo, TopicCount> topics{{
-        {"/map", "nav_msgs/OccupancyGrid", 0ms},
-        {"/tf", "tf2_msgs/TFMessage", 0ms},
-        {"/tf_static", "tf2_msgs/TFMessage", 0ms},
-        {"/odom", "nav_msgs/Odometry", frame},
-        {"/scan", "sensor_msgs/LaserScan", frame},
-        {"/joint_states", "sensor_msgs/JointState", 0ms},
-        {"/arm/state", "control_msgs/JointTrajectoryControllerState", frame},
-        {"/arm/torque_enabled", "std_msgs/Bool", 0ms},
-        {"/arm/line0_enabled", "std_msgs/Bool", 0ms},
-        {"/arm/line1_enabled", "std_msgs/Bool", 0ms},
-        {"/arm/line2_enabled", "std_msgs/Bool", 0ms},
-        {"/drive/disabled", "std_msgs/Bool", 0ms},
-        {"/camera/camera_info", "sensor_msgs/CameraInfo", 0ms},
-    }};
+    static constexpr std::array topics{
+        TopicInfo{topic::map, 0ms},
+        TopicInfo{topic::transforms, 0ms},
+        TopicInfo{topic::staticTransforms, 0ms},
+        TopicInfo{topic::odometry, frame},
+        TopicInfo{topic::scan, frame},
+        TopicInfo{topic::jointStates, 0ms},
+        TopicInfo{topic::armState, frame},
+        TopicInfo{topic::armTorqueEnabled, 0ms},
+        TopicInfo{topic::armLineEnabled[0], 0ms},
+        TopicInfo{topic::armLineEnabled[1], 0ms},
+        TopicInfo{topic::armLineEnabled[2], 0ms},
+        TopicInfo{topic::driveDisabled, 0ms},
+        TopicInfo{topic::cameraInfo, 0ms},
+    };
+    static_assert(topics.size() == TopicCount);
     return topics.at(topic);
 }
 
@@ -74,7 +76,7 @@ void RobotState::end(TimePoint now)
 QString RobotState::name(Topic topic) const
 {
     const QString& theirs = m_names.at(topic);
-    return theirs.isEmpty() ? QString::fromLatin1(info(topic).name) : theirs;
+    return theirs.isEmpty() ? QString(info(topic).topic.name) : theirs;
 }
 
 void RobotState::setPublished(Topic topic, bool isPublished, TimePoint now)

@@ -8,6 +8,7 @@
 #include "host/workbench/robotview/LaserRays.h"
 #include "host/workbench/robotview/Path.h"
 #include "host/workbench/robotview/TransformTree.h"
+#include "rosbridge/protocol/Topics.h"
 
 #include <QCborMap>
 #include <QCoreApplication>
@@ -51,8 +52,7 @@ public:
 
     struct TopicInfo
     {
-        const char* name;
-        const char* type;
+        rosbridge::protocol::Topic topic;
         std::chrono::milliseconds throttle;
     };
 

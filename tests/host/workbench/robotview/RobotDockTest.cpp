@@ -241,7 +241,7 @@ void RobotDockTest::what_the_robot_publishes_later_is_found_later()
 
     QStringList all;
     for (int i = 0; i < RobotState::TopicCount; ++i)
-        all << RobotState::info(static_cast<RobotState::Topic>(i)).name;
+        all << RobotState::info(static_cast<RobotState::Topic>(i)).topic.name;
     publish(robot, all);
     QTRY_VERIFY_WITH_TIMEOUT(!timer->isActive(), patience); // nothing is left to ask for
 }

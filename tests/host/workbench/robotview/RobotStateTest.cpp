@@ -1,6 +1,7 @@
 #include "RobotMessages.h"
 #include "TestCase.h"
 
+#include "host/device/connection/Remappings.h"
 #include "host/workbench/robotview/RobotState.h"
 
 #include <QtTest>
@@ -77,6 +78,7 @@ class RobotStateTest : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void every_topic_can_be_mapped_to_another_name();
     void a_map_lies_where_its_origin_says();
     void a_map_with_a_turned_origin_lies_turned();
     void a_bad_map_changes_nothing_and_is_told_of_data();
@@ -117,6 +119,17 @@ private Q_SLOTS:
     void the_picture_outlives_the_link_and_the_switches_do_not();
     void another_link_begins_with_nothing();
 };
+
+void RobotStateTest::every_topic_can_be_mapped_to_another_name()
+{
+    using host::device::connection::Remappings;
+    for (int i = 0; i < RobotState::TopicCount; ++i) {
+        const auto& topic = RobotState::info(static_cast<RobotState::Topic>(i)).topic;
+        const Remappings::Entry* const entry = Remappings::find(topic.name);
+        QVERIFY2(entry, topic.name.data());
+        QCOMPARE(entry->type, QString(topic.type));
+    }
+}
 
 void RobotStateTest::a_map_lies_where_its_origin_says()
 {
@@ -477,10 +490,10 @@ void RobotStateTest::bad_messages_are_told_of_with_the_robots_name_of_the_topic(
         const auto topic = static_cast<RobotState::Topic>(i);
         if (topic == RobotState::Camera)
             continue; // there is nothing to be wrong
-        robot.state.setName(topic, "/robot_2" + QString(RobotState::info(topic).name));
+        robot.state.setName(topic, "/robot_2" + QString(RobotState::info(topic).topic.name));
         robot.tell(topic, {});
         const QString words = QString("topic /robot_2%1 is ignored: ");
-        QVERIFY2(robot.notes().contains(words.arg(RobotState::info(topic).name)),
+        QVERIFY2(robot.notes().contains(words.arg(RobotState::info(topic).topic.name)),
                  qPrintable(robot.notes()));
     }
 }
