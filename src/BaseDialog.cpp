@@ -3,6 +3,7 @@
 #include "AddressInput.h"
 #include "ConnectButton.h"
 #include "Quandrel.h"
+#include "Roles.h"
 #include "olm/core/Vector.h"
 #include "olm/core/variant/Variant.h"
 #include "plugin/gui/DeviceDelegate.h"
@@ -20,10 +21,6 @@ using olm::core::variant::Variant;
 namespace {
 
 typedef olm::core::Vector<unsigned int> Size;
-
-const int logMessage = 1000;
-const int emphasisedLogMessage = 1004;
-const int logLevel = 255;
 
 struct Resolution
 {
@@ -49,7 +46,7 @@ const Resolution resolutions[] = {
 
 BaseDialog::BaseDialog(plugin::gui::DeviceDelegate& delegate, QWidget* parent)
     : plugin::gui::DeviceWidget(delegate, parent),
-      m_logView(new olm::qt::log::View(this)),
+      m_log(this),
       m_frequencyCaption(new QLabel(this)),
       m_frequency(new QLabel(this)),
       m_camera(new QGroupBox),
@@ -93,20 +90,13 @@ BaseDialog::BaseDialog(plugin::gui::DeviceDelegate& delegate, QWidget* parent)
     connect(m_disableDriveSystem, SIGNAL(stateChanged(int)), this,
             SLOT(on_disableDriveSystem_stateChanged(int)));
 
-    m_logView->setDocument(&m_log);
-    layout->addWidget(m_logView);
-    m_logView->setHelpAction(helpAction(QString()));
+    m_log.show();
+    layout->addWidget(m_log.view());
+    m_log.view()->setHelpAction(helpAction(QString()));
 
     delegate.registerStateVariable("connectedToSimulator", true);
     delegate.registerInput("cameraFrequency", true);
     delegate.registerConfigVariable("disableDriveSystem", true);
-}
-
-BaseDialog::~BaseDialog()
-{
-    // The view lives longer than the log, and may still be painted or lose the focus.
-    if (m_logView)
-        m_logView->setDocument(nullptr);
 }
 
 void BaseDialog::translate()
@@ -139,12 +129,15 @@ void BaseDialog::disconnected() {}
 
 void BaseDialog::on_messageReceived(plugin::plugin::DataRole role, const Variant& value)
 {
-    if (role == logMessage) {
-        m_log.postLog(value.get<QString>(), logLevel);
-    } else if (role == emphasisedLogMessage) {
-        m_log.postEmptyLine();
-        m_log.postLog(value.get<QString>(), logLevel);
-        m_log.postEmptyLine();
+    switch (static_cast<int>(role)) {
+    case BaseLogMessage:
+        m_log.postMessage(value);
+        break;
+    case EmphasisedBaseLogMessage:
+        m_log.postEmphasisedMessage(value);
+        break;
+    default:
+        break;
     }
 }
 

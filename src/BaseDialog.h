@@ -1,11 +1,8 @@
 #ifndef BASEDIALOG_H
 #define BASEDIALOG_H
 
-#include "olm/qt/log/Log.h"
-#include "olm/qt/log/View.h"
+#include "TabLog.h"
 #include "plugin/gui/DeviceWidget.h"
-
-#include <QPointer>
 
 class QCheckBox;
 class QComboBox;
@@ -21,7 +18,6 @@ class BaseDialog : public plugin::gui::DeviceWidget
 
 public:
     BaseDialog(plugin::gui::DeviceDelegate& delegate, QWidget* parent);
-    ~BaseDialog() override;
 
     using plugin::gui::DeviceWidget::update;
 
@@ -41,8 +37,7 @@ private:
     void updateResolutionSelector();
     void showFrequency(unsigned int hertz);
 
-    olm::qt::log::Log m_log;
-    const QPointer<olm::qt::log::View> m_logView;
+    TabLog m_log;
     QLabel* const m_frequencyCaption;
     QLabel* const m_frequency;
     QGroupBox* const m_camera;

@@ -1,5 +1,6 @@
 #include "LaserRangeFinderDialog.h"
 
+#include "Latin1.h"
 #include "Roles.h"
 #include "olm/core/LaserScanMessage.h"
 #include "olm/core/variant/Variant.h"
@@ -16,11 +17,8 @@ using olm::core::variant::Variant;
 
 namespace {
 
-const int logMessage = 1002;
-const int logLevel = 255;
-
 // Every number the same in every locale.
-QString toText(double value)
+QString sixDigits(double value)
 {
     return QString::number(value, 'g', 6);
 }
@@ -37,7 +35,7 @@ double toDegrees(double radians)
 LaserRangeFinderDialog::LaserRangeFinderDialog(plugin::gui::DeviceDelegate& delegate,
                                                QWidget* parent)
     : plugin::gui::DeviceWidget(delegate, parent),
-      m_logView(new olm::qt::log::View(this)),
+      m_log(this),
       m_values(),
       m_captions()
 {
@@ -58,19 +56,12 @@ LaserRangeFinderDialog::LaserRangeFinderDialog(plugin::gui::DeviceDelegate& dele
 
     const QString startText = simulationDirectExec(LaserStartTextRole, Variant()).get<QString>();
     if (!startText.isEmpty())
-        m_log.postLog(startText, logLevel);
-    m_logView->setDocument(&m_log);
-    m_logView->setHelpAction(helpAction("rangefinder"));
-    layout->addWidget(m_logView);
+        m_log.post(startText);
+    m_log.show();
+    m_log.view()->setHelpAction(helpAction("rangefinder"));
+    layout->addWidget(m_log.view());
 
     delegate.registerInput("scan", true);
-}
-
-LaserRangeFinderDialog::~LaserRangeFinderDialog()
-{
-    // The view lives longer than the log, and may still be painted or lose the focus.
-    if (m_logView)
-        m_logView->setDocument(nullptr);
 }
 
 void LaserRangeFinderDialog::translate()
@@ -103,14 +94,14 @@ void LaserRangeFinderDialog::update(const plugin::gui::DeviceHistoryBundle& bund
     const QString values[rowCount] = {
         QString::number(scan.sequenceNumber),
         QString::number(scan.timeStamp),
-        QString::fromLatin1(scan.frameId.data(), static_cast<int>(scan.frameId.size())),
-        toText(toDegrees(scan.minimumAngle)),
-        toText(toDegrees(scan.maximumAngle)),
-        toText(toDegrees(scan.angleIncrement)),
-        toText(scan.timeIncrement),
-        toText(scan.scanTime),
-        toText(scan.minimumRange),
-        toText(scan.maximumRange),
+        Latin1::decode(scan.frameId),
+        sixDigits(toDegrees(scan.minimumAngle)),
+        sixDigits(toDegrees(scan.maximumAngle)),
+        sixDigits(toDegrees(scan.angleIncrement)),
+        sixDigits(scan.timeIncrement),
+        sixDigits(scan.scanTime),
+        sixDigits(scan.minimumRange),
+        sixDigits(scan.maximumRange),
         QString::number(static_cast<int>(scan.ranges.size())),
         QString::number(static_cast<int>(scan.intensities.size())),
     };
@@ -124,6 +115,6 @@ void LaserRangeFinderDialog::disconnected() {}
 
 void LaserRangeFinderDialog::on_messageReceived(plugin::plugin::DataRole role, const Variant& value)
 {
-    if (role == logMessage)
-        m_log.postLog(value.get<QString>(), logLevel);
+    if (static_cast<int>(role) == LaserLogMessage)
+        m_log.postMessage(value);
 }

@@ -1,11 +1,8 @@
 #ifndef LASERRANGEFINDERDIALOG_H
 #define LASERRANGEFINDERDIALOG_H
 
-#include "olm/qt/log/Log.h"
-#include "olm/qt/log/View.h"
+#include "TabLog.h"
 #include "plugin/gui/DeviceWidget.h"
-
-#include <QPointer>
 
 class QLabel;
 
@@ -18,7 +15,6 @@ class LaserRangeFinderDialog : public plugin::gui::DeviceWidget
 
 public:
     LaserRangeFinderDialog(plugin::gui::DeviceDelegate& delegate, QWidget* parent);
-    ~LaserRangeFinderDialog() override;
 
     using plugin::gui::DeviceWidget::update;
 
@@ -32,8 +28,7 @@ public:
 private:
     static const int rowCount = 12;
 
-    olm::qt::log::Log m_log;
-    const QPointer<olm::qt::log::View> m_logView;
+    TabLog m_log;
     QLabel* m_values[rowCount];
     QLabel* m_captions[rowCount];
 };

@@ -17,9 +17,6 @@ using olm::core::variant::Variant;
 
 namespace {
 
-const int logMessage = 1001;
-const int logLevel = 255;
-
 const int lineCount = 3;
 const char* const lineVariables[lineCount] = {"line0_enabled", "line1_enabled", "line2_enabled"};
 
@@ -27,7 +24,7 @@ const char* const lineVariables[lineCount] = {"line0_enabled", "line1_enabled", 
 
 ManipulatorDialog::ManipulatorDialog(plugin::gui::DeviceDelegate& delegate, QWidget* parent)
     : plugin::gui::DeviceWidget(delegate, parent),
-      m_logView(new olm::qt::log::View(this)),
+      m_log(this),
       m_positionModel(new PositionModel(this)),
       m_positionView(new PositionView(this)),
       m_toggleTorque(new QPushButton(this)),
@@ -60,12 +57,12 @@ ManipulatorDialog::ManipulatorDialog(plugin::gui::DeviceDelegate& delegate, QWid
     QSplitter* const splitter = new QSplitter(Qt::Vertical, this);
     layout->addWidget(splitter);
     splitter->addWidget(m_positionView);
-    splitter->addWidget(m_logView);
+    splitter->addWidget(m_log.view());
     // The table takes all the room that the log can spare.
-    splitter->setSizes(QList<int>() << 10000 << m_logView->minimumSizeHint().height());
+    splitter->setSizes(QList<int>() << 10000 << m_log.view()->minimumSizeHint().height());
 
-    m_logView->setDocument(&m_log);
-    m_logView->setHelpAction(helpAction("manipulator"));
+    m_log.show();
+    m_log.view()->setHelpAction(helpAction("manipulator"));
 
     delegate.registerConfigVariable("num_pos", true);
     for (int i = 0; i < readConfigVariable("num_pos_max").toInt(); ++i) {
@@ -83,9 +80,6 @@ ManipulatorDialog::~ManipulatorDialog()
     // widget any more.
     if (m_positionView)
         m_positionView->setModel(nullptr);
-    // The view lives longer than the log, and may still be painted or lose the focus.
-    if (m_logView)
-        m_logView->setDocument(nullptr);
 }
 
 void ManipulatorDialog::translate()
@@ -108,8 +102,8 @@ void ManipulatorDialog::disconnected() {}
 
 void ManipulatorDialog::on_messageReceived(plugin::plugin::DataRole role, const Variant& value)
 {
-    if (role == logMessage)
-        m_log.postLog(value.get<QString>(), logLevel);
+    if (static_cast<int>(role) == ManipulatorLogMessage)
+        m_log.postMessage(value);
 }
 
 void ManipulatorDialog::on_line_stateChanged(int state)

@@ -1,8 +1,7 @@
 #ifndef MANIPULATORDIALOG_H
 #define MANIPULATORDIALOG_H
 
-#include "olm/qt/log/Log.h"
-#include "olm/qt/log/View.h"
+#include "TabLog.h"
 #include "plugin/gui/DeviceWidget.h"
 
 #include <QPointer>
@@ -38,8 +37,7 @@ private Q_SLOTS:
     void on_addPos();
 
 private:
-    olm::qt::log::Log m_log;
-    const QPointer<olm::qt::log::View> m_logView;
+    TabLog m_log;
     PositionModel* const m_positionModel;
     const QPointer<PositionView> m_positionView;
     QPushButton* const m_toggleTorque;

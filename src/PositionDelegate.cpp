@@ -1,5 +1,7 @@
 #include "PositionDelegate.h"
 
+#include "AxisText.h"
+
 #include <QLineEdit>
 
 PositionDelegate::PositionDelegate(QObject* parent) : QItemDelegate(parent) {}
@@ -20,12 +22,11 @@ void PositionDelegate::setEditorData(QWidget* editor, const QModelIndex& index) 
         return;
     }
     PositionEditor* const axis = static_cast<PositionEditor*>(editor);
-    const QString target = text.section(QLatin1Char(' '), 0, 0, QString::SectionSkipEmpty);
-    const QString speed = text.section(QLatin1Char(' '), 1, 1, QString::SectionSkipEmpty);
-    if (!target.isEmpty())
-        axis->setValue(target.toInt());
-    if (!speed.isEmpty())
-        axis->setSpeed(speed);
+    const AxisText shown = AxisText::parse(text);
+    if (!shown.target.isEmpty())
+        axis->setValue(shown.target.toInt());
+    if (!shown.speed.isEmpty())
+        axis->setSpeed(shown.speed);
 }
 
 void PositionDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
@@ -37,7 +38,10 @@ void PositionDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
     }
     PositionEditor* const axis = static_cast<PositionEditor*>(editor);
     axis->interpretText();
-    model->setData(index, QString("%1 %2").arg(axis->value()).arg(axis->speed()), Qt::EditRole);
+    AxisText edited;
+    edited.target = QString::number(axis->value());
+    edited.speed = axis->speed();
+    model->setData(index, edited.text(), Qt::EditRole);
 }
 
 void PositionDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

@@ -1,5 +1,7 @@
 #include "PositionModel.h"
 
+#include "AxisText.h"
+#include "Latin1.h"
 #include "PositionVariables.h"
 #include "olm/core/Vector.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
@@ -14,7 +16,7 @@ typedef olm::core::Vector<float> Values; // target and speed of each axis in tur
 const int axisCount = 9;
 
 // Without decimals, and the same in every locale.
-QString toText(float number)
+QString wholeNumber(float number)
 {
     return QString::number(static_cast<double>(number), 'f', 0);
 }
@@ -41,17 +43,14 @@ QVariant PositionModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole))
         return QVariant();
-    if (index.column() == 0) {
-        const std::string name = read(PositionVariables::name(index.row())).toString();
-        return QString::fromLatin1(name.data(), static_cast<int>(name.size()));
-    }
+    if (index.column() == 0)
+        return Latin1::decode(read(PositionVariables::name(index.row())).toString());
     const Values values = read(PositionVariables::values(index.row())).get<Values>();
     const int target = 2 * (index.column() - 1);
     const int speed = target + 1;
     if (values.size() <= static_cast<unsigned int>(speed))
         return QString("0 [0]");
-    return QString(toText(values[target]) + QLatin1String(" [") + toText(values[speed]) +
-                   QLatin1Char(']'));
+    return AxisText::ofNumbers(wholeNumber(values[target]), wholeNumber(values[speed])).text();
 }
 
 bool PositionModel::setData(const QModelIndex& index, const QVariant& value, int role)
@@ -60,20 +59,16 @@ bool PositionModel::setData(const QModelIndex& index, const QVariant& value, int
         return false;
     const QString text = value.toString();
     if (index.column() == 0) {
-        const QByteArray name = text.toLatin1();
-        write(PositionVariables::name(index.row()),
-              std::string(name.constData(), static_cast<std::string::size_type>(name.size())));
+        write(PositionVariables::name(index.row()), Latin1::encode(text));
         return true;
     }
     const std::string variable = PositionVariables::values(index.row());
     Values values = read(variable).get<Values>();
     values.resize(2 * axisCount);
     const int target = 2 * (index.column() - 1);
-    const QString speed = text.section(QLatin1Char(' '), 1, 1, QString::SectionSkipEmpty)
-                              .remove(QLatin1Char('['))
-                              .remove(QLatin1Char(']'));
-    values[target] = text.section(QLatin1Char(' '), 0, 0, QString::SectionSkipEmpty).toFloat();
-    values[target + 1] = speed.toFloat();
+    const AxisText axis = AxisText::parse(text);
+    values[target] = axis.target.toFloat();
+    values[target + 1] = axis.speedNumber().toFloat();
     write(variable, values);
     return true;
 }

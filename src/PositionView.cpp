@@ -1,5 +1,6 @@
 #include "PositionView.h"
 
+#include "AxisText.h"
 #include "olm/core/variant/Variant.h"
 #include "plugin/gui/DeviceWidget.h"
 
@@ -98,13 +99,13 @@ SpeedEditor::SpeedEditor(QWidget* parent)
 QString SpeedEditor::value() const
 {
     m_speed->interpretText();
-    return QString("%1 [%2]").arg(m_target).arg(m_speed->value());
+    return AxisText::ofNumbers(QString::number(m_target), QString::number(m_speed->value())).text();
 }
 
 void SpeedEditor::setValue(const QString& text)
 {
-    m_target = text.section(QLatin1Char(' '), 0, 0, QString::SectionSkipEmpty).toInt();
-    const QString speed = text.section(QLatin1Char(' '), 1, 1, QString::SectionSkipEmpty);
-    if (!speed.isEmpty())
-        m_speed->setValue(QString(speed).remove(QLatin1Char('[')).remove(QLatin1Char(']')).toInt());
+    const AxisText shown = AxisText::parse(text);
+    m_target = shown.target.toInt();
+    if (!shown.speed.isEmpty())
+        m_speed->setValue(shown.speedNumber().toInt());
 }

@@ -2,6 +2,7 @@
 
 #include "AddressInput.h"
 #include "ConnectButton.h"
+#include "Latin1.h"
 #include "Roles.h"
 #include "olm/core/StringList.h"
 #include "olm/core/variant/Variant.h"
@@ -12,24 +13,7 @@
 
 #include <QLineEdit>
 
-#include <string>
-
 using olm::core::variant::Variant;
-
-namespace {
-
-// The roles of the messages that carry a connection state. Only the first also says whether
-// the address may be edited.
-const int connectionStateMessage = 1005;
-const int buttonStateMessage = 0;
-
-QString toText(const Variant& value)
-{
-    const std::string text = value.toString();
-    return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
-}
-
-} // namespace
 
 Quandrel::Quandrel(plugin::gui::DeviceDelegate& delegate, QWidget* parent,
                    const QString& helpContext)
@@ -88,7 +72,7 @@ void Quandrel::update(const plugin::gui::DeviceHistoryBundle& bundle)
         return;
     if (const plugin::gui::VariableHistoryBuffer* history =
             bundle.getConfigVariableHistory("ipAddress"))
-        m_addressInput->setEditText(toText(history->last()));
+        m_addressInput->setEditText(Latin1::decode(history->last().toString()));
     if (bundle.getConfigVariableHistory("ipAddressHistory"))
         m_addressInput->updateIpAddressHistory();
 }
@@ -120,11 +104,12 @@ void Quandrel::disconnected() {}
 
 void Quandrel::on_messageReceived(plugin::plugin::DataRole role, const Variant& value)
 {
-    if (role != buttonStateMessage && role != connectionStateMessage)
+    const int number = role;
+    if (number != ButtonStateMessage && number != ConnectionStateMessage)
         return;
     const int state = value.toInt();
     showConnectionState(state);
-    if (role == connectionStateMessage)
+    if (number == ConnectionStateMessage)
         enableAddressInput(state == -1);
 }
 
@@ -135,7 +120,7 @@ QAction* Quandrel::helpAction() const
 
 QString Quandrel::ipAddress() const
 {
-    return toText(readConfigVariable("ipAddress"));
+    return Latin1::decode(readConfigVariable("ipAddress").toString());
 }
 
 QStringList Quandrel::ipAddressHistory() const
@@ -147,10 +132,7 @@ void Quandrel::setIpAddress(const QString& address)
 {
     if (address == ipAddress())
         return;
-    const QByteArray bytes = address.toLatin1();
-    writeConfigVariable(
-        "ipAddress",
-        std::string(bytes.constData(), static_cast<std::string::size_type>(bytes.size())));
+    writeConfigVariable("ipAddress", Latin1::encode(address));
 }
 
 void Quandrel::toggleConnectionState()

@@ -19,4 +19,20 @@ enum SimulationDirectExecRole
     Line2Role = 1010
 };
 
+/// The messages from the device that the plugin's widgets act on, as the numbers that a
+/// plugin::plugin::DataRole carries.
+enum MessageRole
+{
+    /// The connection state as an integer, for the connect button alone.
+    ButtonStateMessage = 0,
+    /// A text for the log of a tab.
+    BaseLogMessage = 1000,
+    ManipulatorLogMessage = 1001,
+    LaserLogMessage = 1002,
+    /// A text for the base's log, to stand out there.
+    EmphasisedBaseLogMessage = 1004,
+    /// The connection state as an integer; it also tells whether the address may be edited.
+    ConnectionStateMessage = 1005
+};
+
 #endif
