@@ -57,13 +57,16 @@ void PositionView::on_editSpeed()
 {
     // On the heap: it is this view's child and goes along when the view is deleted meanwhile.
     const QPointer<SpeedEditor> editor = new SpeedEditor(this);
-    editor->setValue(m_pressed.data(Qt::DisplayRole).toString());
+    if (model())
+        editor->setValue(model()->data(m_pressed, Qt::DisplayRole).toString());
     editor->setWindowTitle(tr("Position") + QString::number(m_row) + " " + tr("Axis") +
                            QString::number(m_axis + 1) + " - " + tr("speed"));
     const int result = editor->exec();
     if (!editor)
         return;
-    if (result == QDialog::Accepted && m_pressed.isValid())
+    // The device may have reported other positions meanwhile: the speed goes to the place that was
+    // pressed, as a removal does.
+    if (result == QDialog::Accepted && model())
         model()->setData(m_pressed, editor->value(), Qt::EditRole);
     delete editor.data();
 }

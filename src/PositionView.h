@@ -2,7 +2,7 @@
 #define POSITIONVIEW_H
 
 #include <QDialog>
-#include <QPersistentModelIndex>
+#include <QModelIndex>
 #include <QPointer>
 #include <QTableView>
 
@@ -40,9 +40,9 @@ private Q_SLOTS:
 
 private:
     QPointer<plugin::gui::DeviceWidget> m_owner;
-    QPersistentModelIndex m_pressed; ///< the cell of the last press, invalid after a reset
-    int m_row;                       ///< of the last right click; -1 beside the cells
-    int m_axis;                      ///< likewise; -1 also for the name
+    QModelIndex m_pressed; ///< the place of the last press, whatever the model did since
+    int m_row;             ///< of the last right click; -1 beside the cells
+    int m_axis;            ///< likewise; -1 also for the name
 };
 
 /// Asks for the speed of one axis, a whole number from 0 to 143. It takes and gives a cell's

@@ -152,7 +152,9 @@ private Q_SLOTS:
     void a_table_of_other_positions_ends_every_edit_data();
     void a_table_of_other_positions_ends_every_edit();
     void the_menu_asks_for_the_row_that_was_clicked_whatever_came_since();
-    void the_speed_of_a_position_that_is_gone_is_not_written();
+    void a_speed_is_written_where_it_was_pressed_whatever_came_since_data();
+    void a_speed_is_written_where_it_was_pressed_whatever_came_since();
+    void a_speed_is_not_written_once_the_model_is_gone();
     void a_position_that_the_device_removed_is_not_shown_before_it_says_so();
 };
 
@@ -286,28 +288,61 @@ void PositionLifetimeTest::the_menu_asks_for_the_row_that_was_clicked_whatever_c
     QCOMPARE(removed.first().first().toInt(), 1);
 }
 
-void PositionLifetimeTest::the_speed_of_a_position_that_is_gone_is_not_written()
+void PositionLifetimeTest::a_speed_is_written_where_it_was_pressed_whatever_came_since_data()
 {
-    Stage inDialog;
-    QVERIFY(inDialog.reach(InSpeedDialog, [&] {
-        change(inDialog.host, Kind::Config, "num_pos", 2);
-        openDialog<SpeedEditor>()->accept();
-    }));
-    QCOMPARE(changes(inDialog.host), QStringList());
+    QTest::addColumn<int>("moment");
+    QTest::addColumn<int>("count");
+    for (const int moment : {InMenu, InSpeedDialog}) {
+        for (const int count : {4, 2, 1})
+            QTest::addRow("%s, %d positions", moments[moment], count) << moment << count;
+    }
+}
 
-    Stage inMenu;
-    QVERIFY(inMenu.reach(InMenu, [&] {
+void PositionLifetimeTest::a_speed_is_written_where_it_was_pressed_whatever_came_since()
+{
+    QFETCH(int, moment);
+    QFETCH(int, count);
+    Stage stage;
+    Values expected = storedValues(stage.host, "pos1");
+    expected[1] = 78;
+
+    QVERIFY(stage.reach(static_cast<Moment>(moment), [&] {
+        change(stage.host, Kind::Config, "num_pos", count);
         const Meanwhile acceptance([] {
             auto* const dialog = openDialog<SpeedEditor>();
-            if (dialog)
-                dialog->accept();
-            return dialog != nullptr;
+            if (!dialog)
+                return false;
+            dialog->findChild<QSpinBox*>()->setValue(78);
+            dialog->accept();
+            return true;
         });
-        change(inMenu.host, Kind::Config, "num_pos", 2);
-        QVERIFY(choose(*openMenu(), "Edit speed"));
-        QVERIFY(acceptance.isDone());
+        if (moment == InMenu)
+            QVERIFY(choose(*openMenu(), "Edit speed"));
+        QTRY_VERIFY(acceptance.isDone());
     }));
-    QCOMPARE(changes(inMenu.host), QStringList());
+
+    QCOMPARE(changes(stage.host), QStringList("write config pos1"));
+    QVERIFY(storedValues(stage.host, "pos1") == expected);
+}
+
+void PositionLifetimeTest::a_speed_is_not_written_once_the_model_is_gone()
+{
+    for (const Moment moment : {InMenu, InSpeedDialog}) {
+        Stage stage;
+        QVERIFY(stage.reach(moment, [&] {
+            stage.view->setModel(nullptr);
+            const Meanwhile acceptance([] {
+                auto* const dialog = openDialog<SpeedEditor>();
+                if (dialog)
+                    dialog->accept();
+                return dialog != nullptr;
+            });
+            if (moment == InMenu)
+                QVERIFY(choose(*openMenu(), "Edit speed"));
+            QTRY_VERIFY(acceptance.isDone());
+        }));
+        QCOMPARE(changes(stage.host), QStringList());
+    }
 }
 
 void PositionLifetimeTest::a_position_that_the_device_removed_is_not_shown_before_it_says_so()
