@@ -1789,6 +1789,21 @@ Hilfe gibt quandrel-robot --help.</translation>
     </message>
 </context>
 <context>
+    <name>olm::qt::log::Feed</name>
+    <message>
+        <source>… %1 more characters</source>
+        <translation>… %1 weitere Zeichen</translation>
+    </message>
+    <message>
+        <source>… 1 line left out</source>
+        <translation>… 1 Zeile ausgelassen</translation>
+    </message>
+    <message>
+        <source>… %1 lines left out</source>
+        <translation>… %1 Zeilen ausgelassen</translation>
+    </message>
+</context>
+<context>
     <name>olm::qt::log::View</name>
     <message>
         <source>Clear</source>

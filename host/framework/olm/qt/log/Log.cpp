@@ -1,6 +1,6 @@
 #include "olm/qt/log/Log.h"
 
-#include <QTextCursor>
+#include "Feed.h"
 
 namespace olm {
 namespace qt {
@@ -8,16 +8,9 @@ namespace log {
 
 namespace {
 
-// About a day of a talkative device, and a few megabytes.
-const int keptLines = 5000;
-// When lines go, the view lays out all others again: that is for many lines at once.
-const int linesThatGoTogether = 500;
-
-void removeFirstLines(QTextDocument& document, int count)
+Feed& feedOf(const Log& log)
 {
-    QTextCursor cursor(&document);
-    cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, count);
-    cursor.removeSelectedText();
+    return *log.findChild<Feed*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 } // namespace
@@ -25,19 +18,13 @@ void removeFirstLines(QTextDocument& document, int count)
 Log::Log() : m_started(false)
 {
     setUndoRedoEnabled(false);
+    new Feed(*this);
 }
 
 void Log::postLog(const QString& text, int)
 {
-    QTextCursor cursor(this);
-    cursor.movePosition(QTextCursor::End);
-    // A new document already holds one empty line, which the first text takes.
-    if (m_started)
-        cursor.insertBlock();
-    cursor.insertText(text);
+    feedOf(*this).add(text, !m_started);
     m_started = true;
-    if (blockCount() >= keptLines + linesThatGoTogether)
-        removeFirstLines(*this, blockCount() - keptLines);
 }
 
 void Log::postEmptyLine()
@@ -47,6 +34,7 @@ void Log::postEmptyLine()
 
 void Log::clear()
 {
+    feedOf(*this).clear();
     QTextDocument::clear();
     m_started = false;
 }
