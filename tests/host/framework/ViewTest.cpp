@@ -8,7 +8,10 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
 #include <memory>
@@ -34,6 +37,9 @@ private Q_SLOTS:
     void the_view_can_die_while_it_asks_for_a_file();
     void the_log_may_go_before_the_view();
     void the_view_may_go_before_the_log();
+    void the_newest_line_stays_in_sight();
+    void who_scrolled_up_stays_there_until_the_end_is_reached_again();
+    void a_hidden_view_shows_the_newest_line_when_it_is_back();
 };
 
 namespace {
@@ -243,6 +249,87 @@ void ViewTest::the_view_may_go_before_the_log()
     }
     log.postLog("alone", 255);
     QCOMPARE(log.toPlainText(), QString("shown\nshown\nshown\nalone"));
+}
+
+namespace {
+
+void postLines(Log& log, int count)
+{
+    for (int i = 0; i < count; ++i)
+        log.postLog(QString("line %1").arg(i), 255);
+}
+
+bool isAtEnd(const View& view)
+{
+    const QScrollBar& bar = *view.verticalScrollBar();
+    return bar.value() == bar.maximum() && bar.maximum() > 0;
+}
+
+} // namespace
+
+void ViewTest::the_newest_line_stays_in_sight()
+{
+    Fixture fixture;
+    QVERIFY(fixture.waitUntilActive());
+    int range = 0;
+    for (int i = 0; i < 5; ++i) {
+        postLines(fixture.log, 50);
+        QTRY_VERIFY(fixture.view.verticalScrollBar()->maximum() > range);
+        range = fixture.view.verticalScrollBar()->maximum();
+        QVERIFY(isAtEnd(fixture.view));
+    }
+    fixture.view.resize(150, 100);
+    QTRY_VERIFY(fixture.view.verticalScrollBar()->maximum() != range);
+    QVERIFY(isAtEnd(fixture.view));
+    fixture.log.clear();
+    postLines(fixture.log, 50);
+    QTRY_VERIFY(isAtEnd(fixture.view));
+}
+
+void ViewTest::who_scrolled_up_stays_there_until_the_end_is_reached_again()
+{
+    Fixture fixture;
+    QVERIFY(fixture.waitUntilActive());
+    QScrollBar& bar = *fixture.view.verticalScrollBar();
+    postLines(fixture.log, 100);
+    QTRY_VERIFY(isAtEnd(fixture.view));
+    const int read = bar.maximum() / 2;
+    bar.setValue(read);
+
+    int range = bar.maximum();
+    postLines(fixture.log, 100);
+    QTRY_VERIFY(bar.maximum() > range);
+    QCOMPARE(bar.value(), read);
+    fixture.view.hide();
+    fixture.view.show();
+    QCOMPARE(bar.value(), read);
+
+    bar.triggerAction(QAbstractSlider::SliderToMaximum);
+    range = bar.maximum();
+    postLines(fixture.log, 100);
+    QTRY_VERIFY(bar.maximum() > range);
+    QVERIFY(isAtEnd(fixture.view));
+}
+
+void ViewTest::a_hidden_view_shows_the_newest_line_when_it_is_back()
+{
+    Log log;
+    QTabWidget tabs;
+    auto* const view = new View(nullptr);
+    view->setDocument(&log);
+    tabs.addTab(new QWidget, "first");
+    tabs.addTab(view, "log");
+    tabs.resize(300, 200);
+    tabs.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tabs));
+    for (int visit = 0; visit < 3; ++visit) {
+        postLines(log, 100);
+        tabs.setCurrentIndex(1);
+        QTRY_VERIFY(isAtEnd(*view));
+        QTRY_VERIFY(!log.findChild<QTimer*>()->isActive());
+        QVERIFY(isAtEnd(*view));
+        tabs.setCurrentIndex(0);
+    }
 }
 
 TEST_WITH_WINDOWS(ViewTest)

@@ -1,5 +1,7 @@
 #include "olm/qt/log/View.h"
 
+#include "EndFollower.h"
+
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QDir>
@@ -7,6 +9,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QSaveFile>
+#include <QScrollBar>
 
 namespace olm {
 namespace qt {
@@ -16,6 +19,7 @@ View::View(QWidget* parent) : QTextEdit(parent)
 {
     setReadOnly(true);
     setAcceptRichText(false);
+    new EndFollower(verticalScrollBar());
 }
 
 void View::setHelpAction(QAction* action)
