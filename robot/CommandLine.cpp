@@ -1,5 +1,7 @@
 #include "robot/CommandLine.h"
 
+#include "robot/InfoOptions.h"
+
 #include <QCommandLineParser>
 #include <QRandomGenerator>
 #include <QUrl>
@@ -18,45 +20,39 @@ void CommandLine::read(const QStringList& arguments)
 {
     const QCommandLineOption address(
         QStringLiteral("address"),
-        tr("Listen on <address>: host, host:port or [IPv6]:port. Without it, only programs on "
-           "this computer can connect."),
-        tr("address"), m_address.toString());
+        tr("Listen on ADDRESS: host, host:port or [IPv6]:port (default: %1, which only programs on "
+           "this computer can reach).")
+            .arg(m_address.toString()),
+        QStringLiteral("ADDRESS"), m_address.toString());
     const QCommandLineOption port(
         QStringLiteral("port"),
-        tr("Listen on port <number>, whatever the address says; 0 takes any free one."),
-        tr("number"));
+        tr("Listen on port NUMBER, whatever the address says; 0 takes any free port."),
+        QStringLiteral("NUMBER"));
     const QCommandLineOption seed(
         QStringLiteral("seed"),
-        tr("Build the world that belongs to <number>, from 0 to 4294967295. Without it, a "
-           "number is drawn."),
-        tr("number"));
+        tr("Seed of the simulated world, 0 to 4294967295 (default: random)."),
+        QStringLiteral("NUMBER"));
     const QCommandLineOption allowOrigin(
         QStringLiteral("allow-origin"),
-        tr("Let browser pages of <origin> connect, for example http://localhost:8000. May be "
-           "given several times."),
-        tr("origin"));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  tr("Show this help."));
-    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
-                                     tr("Show the version."));
+        tr("Let browser pages of ORIGIN connect, for example http://localhost:8000. Can be "
+           "repeated."),
+        QStringLiteral("ORIGIN"));
+    const InfoOptions info;
 
     QCommandLineParser parser;
     parser.setApplicationDescription(tr("A simulated robot that speaks rosbridge v2."));
     parser.addOptions({address, port, seed, allowOrigin});
     m_laserLog.addTo(parser);
-    parser.addOptions({help, version});
+    info.addTo(parser);
 
     if (!parser.parse(arguments))
         return finish(Action::Fail, parser.errorText());
-    if (parser.isSet(help))
-        return finish(Action::ShowText, parser.helpText());
-    if (parser.isSet(version))
-        return finish(
-            Action::ShowText,
-            QStringLiteral("quandrel-robot %1").arg(QCoreApplication::applicationVersion()));
+    const QString text = info.text(parser);
+    if (!text.isEmpty())
+        return finish(Action::ShowText, text);
     if (!parser.positionalArguments().isEmpty())
         return finish(Action::Fail,
-                      tr("\"%1\" is not an option").arg(parser.positionalArguments().first()));
+                      tr("unexpected argument \"%1\"").arg(parser.positionalArguments().first()));
 
     readAddress(parser.value(address));
     if (parser.isSet(port))

@@ -9,16 +9,14 @@ namespace robot {
 using recording::Replay;
 
 LaserLogOptions::LaserLogOptions()
-    : m_laserLogOption(
-          QStringLiteral("laser-log"),
-          tr("Replay the laser scans recorded in <file>, over and over, in place of the simulated "
-             "laser."),
-          tr("file")),
-      m_rateOption(
-          QStringLiteral("rate"),
-          tr("Replay the laser log <factor> times as fast as it was recorded, from 0.01 to 100; 1 "
-             "without it."),
-          tr("factor"))
+    : m_laserLogOption(QStringLiteral("laser-log"),
+                       tr("Replay the laser scans recorded in FILE over and over, in place of the "
+                          "simulated laser."),
+                       QStringLiteral("FILE")),
+      m_rateOption(QStringLiteral("rate"),
+                   tr("Replay the laser log FACTOR times as fast as it was recorded, 0.01 to 100 "
+                      "(default: 1)."),
+                   QStringLiteral("FACTOR"))
 {
 }
 

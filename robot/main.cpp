@@ -1,4 +1,5 @@
 #include "robot/CommandLine.h"
+#include "robot/InfoOptions.h"
 #include "robot/Robot.h"
 #include "robot/TerminationSignals.h"
 
@@ -9,8 +10,6 @@
 #include <cstdlib>
 
 namespace {
-
-constexpr int usageError = 2;
 
 void print(FILE* file, const QString& text)
 {
@@ -29,13 +28,11 @@ int main(int argc, char** argv)
     const robot::CommandLine commandLine(QCoreApplication::arguments());
     switch (commandLine.action()) {
     case robot::CommandLine::Action::ShowText:
-        print(stdout, commandLine.text().trimmed());
+        print(stdout, commandLine.text());
         return EXIT_SUCCESS;
     case robot::CommandLine::Action::Fail:
-        print(stderr, QCoreApplication::translate(
-                          "main", "quandrel-robot: %1\nCall quandrel-robot --help for help.")
-                          .arg(commandLine.text()));
-        return usageError;
+        print(stderr, robot::InfoOptions::refusal(commandLine.text()));
+        return robot::InfoOptions::usageError;
     case robot::CommandLine::Action::Run:
         break;
     }

@@ -348,90 +348,344 @@
     </message>
 </context>
 <context>
+    <name>host::tour::Operator</name>
+    <message>
+        <source>making the folder</source>
+        <translation>Anlegen des Ordners</translation>
+    </message>
+    <message>
+        <source>showing the window</source>
+        <translation>Zeigen des Fensters</translation>
+    </message>
+    <message>
+        <source>the plugin&apos;s tool bar has no connect button or no address field</source>
+        <translation>der Werkzeugleiste des Plugins fehlt der Verbindungsknopf oder das Adressfeld</translation>
+    </message>
+    <message>
+        <source>the plugin&apos;s dialog has no such tab</source>
+        <translation>der Dialog des Plugins hat keinen solchen Reiter</translation>
+    </message>
+    <message>
+        <source>the tab does not open</source>
+        <translation>der Reiter geht nicht auf</translation>
+    </message>
+    <message>
+        <source>the address field stays disabled</source>
+        <translation>das Adressfeld bleibt gesperrt</translation>
+    </message>
+    <message>
+        <source>the address field does not take the keys: it holds &quot;%1&quot;</source>
+        <translation>das Adressfeld nimmt die Tasten nicht an: darin steht „%1“</translation>
+    </message>
+    <message>
+        <source>it takes too long: %1</source>
+        <translation>es dauert zu lange: %1</translation>
+    </message>
+    <message>
+        <source>no menu and no dialog appears</source>
+        <translation>es erscheint weder ein Menü noch ein Dialog</translation>
+    </message>
+    <message>
+        <source>the window does not appear on the screen</source>
+        <translation>das Fenster erscheint nicht auf dem Bildschirm</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>it was interrupted.</source>
+        <translation>sie wurde unterbrochen.</translation>
+    </message>
+    <message>
+        <source>The tour ended at &quot;%1&quot;: %2</source>
+        <translation>Die Tour endete bei „%1“: %2</translation>
+    </message>
+    <message>
+        <source>the dock does not show the robot</source>
+        <translation>der Bereich zeigt den Roboter nicht</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder, and none can be made there</source>
+        <translation>%1 ist kein Ordner, und dort kann keiner angelegt werden</translation>
+    </message>
+</context>
+<context>
+    <name>host::tour::PluginTour</name>
+    <message>
+        <source>connecting</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>being connected</source>
+        <translation>Aufbau der Verbindung</translation>
+    </message>
+    <message>
+        <source>it takes too long: %1</source>
+        <translation>es dauert zu lange: %1</translation>
+    </message>
+    <message>
+        <source>showing the base tab</source>
+        <translation>Zeigen des Reiters „Basis“</translation>
+    </message>
+    <message>
+        <source>the tab has no check box for the drive system</source>
+        <translation>der Reiter hat kein Ankreuzfeld für den Antrieb</translation>
+    </message>
+    <message>
+        <source>no frames arrive</source>
+        <translation>es kommen keine Bilder an</translation>
+    </message>
+    <message>
+        <source>the robot says nothing about its drive system</source>
+        <translation>der Roboter sagt nichts über seinen Antrieb</translation>
+    </message>
+    <message>
+        <source>showing the laser tab</source>
+        <translation>Zeigen des Reiters „Laserscanner“</translation>
+    </message>
+    <message>
+        <source>the tab does not show the values of a scan</source>
+        <translation>der Reiter zeigt die Werte eines Scans nicht</translation>
+    </message>
+    <message>
+        <source>no scans arrive</source>
+        <translation>es kommen keine Scans an</translation>
+    </message>
+    <message>
+        <source>replaying a recording</source>
+        <translation>Abspielen einer Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>showing the manipulator tab</source>
+        <translation>Zeigen des Reiters „Manipulator“</translation>
+    </message>
+    <message>
+        <source>the tab has no table of positions</source>
+        <translation>der Reiter hat keine Tabelle der Positionen</translation>
+    </message>
+    <message>
+        <source>the table has no two positions</source>
+        <translation>die Tabelle hat keine zwei Positionen</translation>
+    </message>
+    <message>
+        <source>editing a position</source>
+        <translation>Bearbeiten einer Position</translation>
+    </message>
+    <message>
+        <source>the cell cannot be edited</source>
+        <translation>die Zelle lässt sich nicht bearbeiten</translation>
+    </message>
+    <message>
+        <source>the cell stays in edit</source>
+        <translation>die Zelle bleibt in Bearbeitung</translation>
+    </message>
+    <message>
+        <source>changing a speed</source>
+        <translation>Ändern einer Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>filling the table of positions</source>
+        <translation>Füllen der Tabelle der Positionen</translation>
+    </message>
+    <message>
+        <source>no position is added to the %1 there are</source>
+        <translation>zu den %1 Positionen kommt keine hinzu</translation>
+    </message>
+    <message>
+        <source>disconnecting</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>being refused</source>
+        <translation>Abgewiesenwerden</translation>
+    </message>
+    <message>
+        <source>the tab has no address field</source>
+        <translation>der Reiter hat kein Adressfeld</translation>
+    </message>
+    <message>
+        <source>the tab&apos;s address field stays at &quot;%1&quot;</source>
+        <translation>das Adressfeld des Reiters bleibt bei „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>host::tour::Tour</name>
+    <message>
+        <source>showing a missing plugin</source>
+        <translation>Zeigen eines fehlenden Plugins</translation>
+    </message>
+    <message>
+        <source>the plugin was found</source>
+        <translation>das Plugin wurde gefunden</translation>
+    </message>
+    <message>
+        <source>Takes an automated tour of the workbench and writes pictures of it. Needs no display. Stored settings are neither read nor changed.</source>
+        <translation>Führt automatisch durch die Geräte-Werkbank und schreibt Bilder davon. Braucht keine Anzeige. Gespeicherte Einstellungen werden weder gelesen noch geändert.</translation>
+    </message>
+    <message>
+        <source>Folder for the pictures, made where it is missing.</source>
+        <translation>Ordner für die Bilder; wird angelegt, wenn er fehlt.</translation>
+    </message>
+</context>
+<context>
+    <name>host::tour::WorkbenchTour</name>
+    <message>
+        <source>connecting again</source>
+        <translation>erneutes Verbinden</translation>
+    </message>
+    <message>
+        <source>asking for help</source>
+        <translation>Aufrufen der Hilfe</translation>
+    </message>
+    <message>
+        <source>there is no help</source>
+        <translation>es gibt keine Hilfe</translation>
+    </message>
+    <message>
+        <source>the menu brings none</source>
+        <translation>das Menü bringt keine</translation>
+    </message>
+    <message>
+        <source>watching the variables</source>
+        <translation>Beobachten der Variablen</translation>
+    </message>
+    <message>
+        <source>there is no such dock</source>
+        <translation>es gibt keinen solchen Bereich</translation>
+    </message>
+    <message>
+        <source>it shows none</source>
+        <translation>er zeigt keine</translation>
+    </message>
+    <message>
+        <source>watching the calls</source>
+        <translation>Beobachten der Aufrufe</translation>
+    </message>
+    <message>
+        <source>showing two devices</source>
+        <translation>Zeigen zweier Geräte</translation>
+    </message>
+    <message>
+        <source>Robot in the hall</source>
+        <translation>Roboter in der Halle</translation>
+    </message>
+    <message>
+        <source>Robot in the yard</source>
+        <translation>Roboter im Hof</translation>
+    </message>
+    <message>
+        <source>no menu has &quot;%1&quot;</source>
+        <translation>kein Menü enthält „%1“</translation>
+    </message>
+    <message>
+        <source>following the robot</source>
+        <translation>Folgen des Roboters</translation>
+    </message>
+    <message>
+        <source>looking at the robot&apos;s names</source>
+        <translation>Ansehen der Namen des Roboters</translation>
+    </message>
+    <message>
+        <source>there is no such fault</source>
+        <translation>es gibt keine solche Störung</translation>
+    </message>
+    <message>
+        <source>injecting faults</source>
+        <translation>Fehler auslösen</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::Application</name>
+    <message>
+        <source>There is no display: set DISPLAY or WAYLAND_DISPLAY. Without one, workbench-tour DIR writes pictures of the window.</source>
+        <translation>Es gibt keine Anzeige: Setzen Sie DISPLAY oder WAYLAND_DISPLAY. Ohne Anzeige schreibt workbench-tour DIR Bilder des Fensters.</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::Options</name>
-    <message>
-        <source>Show this help and end.</source>
-        <translation>Zeigt diese Hilfe und endet.</translation>
-    </message>
-    <message>
-        <source>Show the version and end.</source>
-        <translation>Zeigt die Version und endet.</translation>
-    </message>
     <message>
         <source>Load the device plugin FILE instead of the one beside this program.</source>
         <translation>Lädt das Geräte-Plugin FILE anstelle dessen, das neben diesem Programm liegt.</translation>
-    </message>
-    <message>
-        <source>Do not start the simulated robot.</source>
-        <translation>Startet den simulierten Roboter nicht.</translation>
-    </message>
-    <message>
-        <source>Language of the texts: %1 (default: the one chosen last, or the system&apos;s).</source>
-        <translation>Sprache der Texte: %1 (Vorgabe: die zuletzt gewählte oder die des Systems).</translation>
     </message>
     <message>
         <source>Shows a device plugin at work, with a simulated robot to connect to.</source>
         <translation>Zeigt ein Geräte-Plugin bei der Arbeit, mit einem simulierten Roboter zum Verbinden.</translation>
     </message>
     <message>
-        <source>Use --help for the options.</source>
-        <translation>Die Optionen zeigt --help.</translation>
-    </message>
-    <message>
-        <source>Unexpected argument &quot;%1&quot;.</source>
-        <translation>Unerwartetes Argument „%1“.</translation>
-    </message>
-    <message>
-        <source>--%1 needs a value that is not empty.</source>
-        <translation>--%1 braucht einen Wert, der nicht leer ist.</translation>
-    </message>
-    <message>
-        <source>--language: &quot;%1&quot; is not a language of this program. Choose one of %2.</source>
-        <translation>--language: „%1“ ist keine Sprache dieses Programms. Wählen Sie eine von %2.</translation>
-    </message>
-    <message>
-        <source>--laser-log needs the simulated robot, which --no-robot leaves out: give one of them.</source>
-        <translation>--laser-log braucht den simulierten Roboter, den --no-robot weglässt: Geben Sie nur eines von beiden an.</translation>
-    </message>
-    <message>
-        <source>Operate the window without a person, write pictures of it to the folder DIR, and end. Stored settings are left alone.</source>
-        <translation>Bedient das Fenster ohne eine Person, schreibt Bilder davon in den Ordner DIR und endet. Gespeicherte Einstellungen bleiben unberührt.</translation>
-    </message>
-    <message>
-        <source>Name of the device, under which its settings are kept (default: %1). Given several times, it shows as many devices side by side.</source>
-        <translation>Name des Geräts, unter dem seine Einstellungen aufbewahrt werden (Vorgabe: %1). Mehrmals angegeben, zeigt es ebenso viele Geräte nebeneinander.</translation>
-    </message>
-    <message>
-        <source>Address of the robot: host, host:port or [IPv6]:port (default: the simulated robot&apos;s). The second is that of the second device, and so on.</source>
-        <translation>Adresse des Roboters: Rechner, Rechner:Port oder [IPv6]:Port (Vorgabe: die des simulierten Roboters). Die zweite ist die des zweiten Geräts und so weiter.</translation>
-    </message>
-    <message>
-        <source>--device: there are two of the name &quot;%1&quot;. Give each device a name of its own.</source>
-        <translation>--device: Es gibt zwei mit dem Namen „%1“. Geben Sie jedem Gerät einen eigenen Namen.</translation>
-    </message>
-    <message>
-        <source>--address: there are more addresses than devices. Name a further device with --device for each.</source>
-        <translation>--address: Es gibt mehr Adressen als Geräte. Nennen Sie für jede mit --device ein weiteres Gerät.</translation>
-    </message>
-    <message>
-        <source>Use the robot&apos;s topic or service THEIRS where this program says OURS, as in /scan:=/base_scan. It is remembered for each device shown. May be given several times.</source>
-        <translation>Das Topic oder den Service THEIRS des Roboters verwenden, wo dieses Programm OURS sagt, wie in /scan:=/base_scan. Es wird für jedes gezeigte Gerät gemerkt. Darf mehrmals angegeben werden.</translation>
-    </message>
-    <message>
         <source>Show everything larger by FACTOR, %1 to %2 (default: %1).</source>
         <translation>Alles um FACTOR größer zeigen, %1 bis %2 (Vorgabe: %1).</translation>
     </message>
     <message>
-        <source>Appearance of the windows: %1 (default: the one chosen last, or the system&apos;s).</source>
-        <translation>Aussehen der Fenster: %1 (Vorgabe: das zuletzt gewählte oder das des Systems).</translation>
+        <source>Name of the device. Its settings are stored under this name (default: %1). Can be repeated, to show several devices side by side.</source>
+        <translation>Name des Geräts. Unter diesem Namen werden seine Einstellungen gespeichert (Vorgabe: %1). Kann mehrfach angegeben werden, um mehrere Geräte nebeneinander zu zeigen.</translation>
     </message>
     <message>
-        <source>--appearance: &quot;%1&quot; is not an appearance of this program. Choose one of %2.</source>
-        <translation>--appearance: „%1“ ist kein Aussehen dieses Programms. Wählen Sie eines von %2.</translation>
+        <source>Address of the robot: host, host:port or [IPv6]:port (default: the simulated robot&apos;s). The second one is for the second device, and so on.</source>
+        <translation>Adresse des Roboters: Host, Host:Port oder [IPv6]:Port (Vorgabe: die des simulierten Roboters). Die zweite gilt für das zweite Gerät und so weiter.</translation>
     </message>
     <message>
-        <source>--scale: &quot;%1&quot; is not a factor. Give a number from %2 to %3, such as 1.5.</source>
-        <translation>--scale: „%1“ ist kein Faktor. Geben Sie eine Zahl von %2 bis %3 an, etwa 1.5.</translation>
+        <source>Use the robot&apos;s topic or service THEIRS in place of OURS, as in /scan:=/base_scan. Stored for each device that is shown. Can be repeated.</source>
+        <translation>Verwendet das Topic oder den Dienst THEIRS des Roboters anstelle von OURS, etwa /scan:=/base_scan. Wird für jedes gezeigte Gerät gespeichert. Kann mehrfach angegeben werden.</translation>
+    </message>
+    <message>
+        <source>Do not start a simulated robot.</source>
+        <translation>Startet keinen simulierten Roboter.</translation>
+    </message>
+    <message>
+        <source>Language: %1 (default: the one chosen last, or the system&apos;s).</source>
+        <translation>Sprache: %1 (Vorgabe: die zuletzt gewählte oder die des Systems).</translation>
+    </message>
+    <message>
+        <source>Appearance: %1 (default: the one chosen last, or the system&apos;s).</source>
+        <translation>Erscheinungsbild: %1 (Vorgabe: das zuletzt gewählte oder das des Systems).</translation>
+    </message>
+    <message>
+        <source>--%1: the value is empty</source>
+        <translation>--%1: Der Wert ist leer</translation>
+    </message>
+    <message>
+        <source>--scale: &quot;%1&quot; is not a number from %2 to %3</source>
+        <translation>--scale: „%1“ ist keine Zahl von %2 bis %3</translation>
+    </message>
+    <message>
+        <source>DIR is missing</source>
+        <translation>DIR fehlt</translation>
+    </message>
+    <message>
+        <source>unexpected argument &quot;%1&quot;</source>
+        <translation>unerwartetes Argument „%1“</translation>
+    </message>
+    <message>
+        <source>--device: there are two devices named &quot;%1&quot;; give each its own name</source>
+        <translation>--device: Zwei Geräte heißen „%1“; geben Sie jedem einen eigenen Namen</translation>
+    </message>
+    <message>
+        <source>--address: there are more addresses than devices; name a further device with --device for each</source>
+        <translation>--address: Es gibt mehr Adressen als Geräte; nennen Sie für jede ein weiteres Gerät mit --device</translation>
+    </message>
+    <message>
+        <source>--laser-log needs the simulated robot, which --no-robot leaves out; give only one of them</source>
+        <translation>--laser-log braucht den simulierten Roboter, den --no-robot weglässt; geben Sie nur eines von beiden an</translation>
+    </message>
+    <message>
+        <source>--language: &quot;%1&quot; is not one of %2</source>
+        <translation>--language: „%1“ ist keine von %2</translation>
+    </message>
+    <message>
+        <source>--appearance: &quot;%1&quot; is not one of %2</source>
+        <translation>--appearance: „%1“ ist keines von %2</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::Session</name>
+    <message>
+        <source>The standard error lists further lines that cannot be read.</source>
+        <translation>Die Standardfehlerausgabe nennt weitere Zeilen, die nicht lesbar sind.</translation>
     </message>
 </context>
 <context>
@@ -1145,250 +1399,6 @@
     </message>
 </context>
 <context>
-    <name>host::workbench::tour::Operator</name>
-    <message>
-        <source>making the folder</source>
-        <translation>Anlegen des Ordners</translation>
-    </message>
-    <message>
-        <source>%1 is not a folder and cannot be made one</source>
-        <translation>%1 ist kein Ordner und kann nicht angelegt werden</translation>
-    </message>
-    <message>
-        <source>showing the window</source>
-        <translation>Zeigen des Fensters</translation>
-    </message>
-    <message>
-        <source>the plugin&apos;s tool bar has no connect button or no address field</source>
-        <translation>der Werkzeugleiste des Plugins fehlt der Verbindungsknopf oder das Adressfeld</translation>
-    </message>
-    <message>
-        <source>the plugin&apos;s dialog has no such tab</source>
-        <translation>der Dialog des Plugins hat keinen solchen Reiter</translation>
-    </message>
-    <message>
-        <source>the tab does not open</source>
-        <translation>der Reiter geht nicht auf</translation>
-    </message>
-    <message>
-        <source>the address field stays disabled</source>
-        <translation>das Adressfeld bleibt gesperrt</translation>
-    </message>
-    <message>
-        <source>the address field does not take the keys: it holds &quot;%1&quot;</source>
-        <translation>das Adressfeld nimmt die Tasten nicht an: darin steht „%1“</translation>
-    </message>
-    <message>
-        <source>it takes too long: %1</source>
-        <translation>es dauert zu lange: %1</translation>
-    </message>
-    <message>
-        <source>no menu and no dialog appears</source>
-        <translation>es erscheint weder ein Menü noch ein Dialog</translation>
-    </message>
-    <message>
-        <source>the window does not appear on the screen</source>
-        <translation>das Fenster erscheint nicht auf dem Bildschirm</translation>
-    </message>
-    <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
-        <source>it was interrupted.</source>
-        <translation>sie wurde unterbrochen.</translation>
-    </message>
-    <message>
-        <source>The tour ended at &quot;%1&quot;: %2</source>
-        <translation>Die Tour endete bei „%1“: %2</translation>
-    </message>
-    <message>
-        <source>the dock does not show the robot</source>
-        <translation>der Bereich zeigt den Roboter nicht</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::tour::PluginTour</name>
-    <message>
-        <source>connecting</source>
-        <translation>Verbinden</translation>
-    </message>
-    <message>
-        <source>being connected</source>
-        <translation>Aufbau der Verbindung</translation>
-    </message>
-    <message>
-        <source>it takes too long: %1</source>
-        <translation>es dauert zu lange: %1</translation>
-    </message>
-    <message>
-        <source>showing the base tab</source>
-        <translation>Zeigen des Reiters „Basis“</translation>
-    </message>
-    <message>
-        <source>the tab has no check box for the drive system</source>
-        <translation>der Reiter hat kein Ankreuzfeld für den Antrieb</translation>
-    </message>
-    <message>
-        <source>no frames arrive</source>
-        <translation>es kommen keine Bilder an</translation>
-    </message>
-    <message>
-        <source>the robot says nothing about its drive system</source>
-        <translation>der Roboter sagt nichts über seinen Antrieb</translation>
-    </message>
-    <message>
-        <source>showing the laser tab</source>
-        <translation>Zeigen des Reiters „Laserscanner“</translation>
-    </message>
-    <message>
-        <source>the tab does not show the values of a scan</source>
-        <translation>der Reiter zeigt die Werte eines Scans nicht</translation>
-    </message>
-    <message>
-        <source>no scans arrive</source>
-        <translation>es kommen keine Scans an</translation>
-    </message>
-    <message>
-        <source>replaying a recording</source>
-        <translation>Abspielen einer Aufzeichnung</translation>
-    </message>
-    <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
-        <source>showing the manipulator tab</source>
-        <translation>Zeigen des Reiters „Manipulator“</translation>
-    </message>
-    <message>
-        <source>the tab has no table of positions</source>
-        <translation>der Reiter hat keine Tabelle der Positionen</translation>
-    </message>
-    <message>
-        <source>the table has no two positions</source>
-        <translation>die Tabelle hat keine zwei Positionen</translation>
-    </message>
-    <message>
-        <source>editing a position</source>
-        <translation>Bearbeiten einer Position</translation>
-    </message>
-    <message>
-        <source>the cell cannot be edited</source>
-        <translation>die Zelle lässt sich nicht bearbeiten</translation>
-    </message>
-    <message>
-        <source>the cell stays in edit</source>
-        <translation>die Zelle bleibt in Bearbeitung</translation>
-    </message>
-    <message>
-        <source>changing a speed</source>
-        <translation>Ändern einer Geschwindigkeit</translation>
-    </message>
-    <message>
-        <source>filling the table of positions</source>
-        <translation>Füllen der Tabelle der Positionen</translation>
-    </message>
-    <message>
-        <source>no position is added to the %1 there are</source>
-        <translation>zu den %1 Positionen kommt keine hinzu</translation>
-    </message>
-    <message>
-        <source>disconnecting</source>
-        <translation>Trennen</translation>
-    </message>
-    <message>
-        <source>being refused</source>
-        <translation>Abgewiesenwerden</translation>
-    </message>
-    <message>
-        <source>the tab has no address field</source>
-        <translation>der Reiter hat kein Adressfeld</translation>
-    </message>
-    <message>
-        <source>the tab&apos;s address field stays at &quot;%1&quot;</source>
-        <translation>das Adressfeld des Reiters bleibt bei „%1“</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::tour::Tour</name>
-    <message>
-        <source>showing a missing plugin</source>
-        <translation>Zeigen eines fehlenden Plugins</translation>
-    </message>
-    <message>
-        <source>the plugin was found</source>
-        <translation>das Plugin wurde gefunden</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::tour::WorkbenchTour</name>
-    <message>
-        <source>connecting again</source>
-        <translation>erneutes Verbinden</translation>
-    </message>
-    <message>
-        <source>asking for help</source>
-        <translation>Aufrufen der Hilfe</translation>
-    </message>
-    <message>
-        <source>there is no help</source>
-        <translation>es gibt keine Hilfe</translation>
-    </message>
-    <message>
-        <source>the menu brings none</source>
-        <translation>das Menü bringt keine</translation>
-    </message>
-    <message>
-        <source>watching the variables</source>
-        <translation>Beobachten der Variablen</translation>
-    </message>
-    <message>
-        <source>there is no such dock</source>
-        <translation>es gibt keinen solchen Bereich</translation>
-    </message>
-    <message>
-        <source>it shows none</source>
-        <translation>er zeigt keine</translation>
-    </message>
-    <message>
-        <source>watching the calls</source>
-        <translation>Beobachten der Aufrufe</translation>
-    </message>
-    <message>
-        <source>showing two devices</source>
-        <translation>Zeigen zweier Geräte</translation>
-    </message>
-    <message>
-        <source>Robot in the hall</source>
-        <translation>Roboter in der Halle</translation>
-    </message>
-    <message>
-        <source>Robot in the yard</source>
-        <translation>Roboter im Hof</translation>
-    </message>
-    <message>
-        <source>no menu has &quot;%1&quot;</source>
-        <translation>kein Menü enthält „%1“</translation>
-    </message>
-    <message>
-        <source>following the robot</source>
-        <translation>Folgen des Roboters</translation>
-    </message>
-    <message>
-        <source>looking at the robot&apos;s names</source>
-        <translation>Ansehen der Namen des Roboters</translation>
-    </message>
-    <message>
-        <source>making faults</source>
-        <translation>Machen von Störungen</translation>
-    </message>
-    <message>
-        <source>there is no such fault</source>
-        <translation>es gibt keine solche Störung</translation>
-    </message>
-</context>
-<context>
     <name>host::workbench::traffic::TrafficDock</name>
     <message>
         <source>Traffic</source>
@@ -1772,23 +1782,6 @@
     </message>
 </context>
 <context>
-    <name>main</name>
-    <message>
-        <source>There is no display: set DISPLAY or WAYLAND_DISPLAY, or let --tour DIR write pictures of the window.</source>
-        <translation>Es gibt keine Anzeige: Setzen Sie DISPLAY oder WAYLAND_DISPLAY, oder lassen Sie --tour DIR Bilder des Fensters schreiben.</translation>
-    </message>
-    <message>
-        <source>quandrel-robot: %1
-Call quandrel-robot --help for help.</source>
-        <translation>quandrel-robot: %1
-Hilfe gibt quandrel-robot --help.</translation>
-    </message>
-    <message>
-        <source>The standard error names further lines that cannot be read.</source>
-        <translation>Die Standardfehlerausgabe nennt weitere Zeilen, die nicht gelesen werden können.</translation>
-    </message>
-</context>
-<context>
     <name>olm::qt::log::Feed</name>
     <message>
         <source>… %1 more characters</source>
@@ -1848,48 +1841,8 @@ Hilfe gibt quandrel-robot --help.</translation>
 <context>
     <name>robot::CommandLine</name>
     <message>
-        <source>Listen on &lt;address&gt;: host, host:port or [IPv6]:port. Without it, only programs on this computer can connect.</source>
-        <translation>Lauscht auf &lt;Adresse&gt;: Host, Host:Port oder [IPv6]:Port. Ohne diese Angabe können sich nur Programme auf diesem Rechner verbinden.</translation>
-    </message>
-    <message>
-        <source>address</source>
-        <translation>Adresse</translation>
-    </message>
-    <message>
-        <source>Listen on port &lt;number&gt;, whatever the address says; 0 takes any free one.</source>
-        <translation>Lauscht auf Port &lt;Zahl&gt;, was auch die Adresse sagt; 0 nimmt irgendeinen freien.</translation>
-    </message>
-    <message>
-        <source>number</source>
-        <translation>Zahl</translation>
-    </message>
-    <message>
-        <source>Build the world that belongs to &lt;number&gt;, from 0 to 4294967295. Without it, a number is drawn.</source>
-        <translation>Baut die Welt, die zu &lt;Zahl&gt; gehört, von 0 bis 4294967295. Ohne diese Angabe wird eine Zahl ausgelost.</translation>
-    </message>
-    <message>
-        <source>Let browser pages of &lt;origin&gt; connect, for example http://localhost:8000. May be given several times.</source>
-        <translation>Lässt Browserseiten von &lt;Ursprung&gt; zu, zum Beispiel http://localhost:8000. Kann mehrmals angegeben werden.</translation>
-    </message>
-    <message>
-        <source>origin</source>
-        <translation>Ursprung</translation>
-    </message>
-    <message>
-        <source>Show this help.</source>
-        <translation>Zeigt diese Hilfe.</translation>
-    </message>
-    <message>
-        <source>Show the version.</source>
-        <translation>Zeigt die Version.</translation>
-    </message>
-    <message>
         <source>A simulated robot that speaks rosbridge v2.</source>
         <translation>Ein simulierter Roboter, der rosbridge v2 spricht.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is not an option</source>
-        <translation>„%1“ ist keine Option</translation>
     </message>
     <message>
         <source>--address: %1</source>
@@ -1907,25 +1860,44 @@ Hilfe gibt quandrel-robot --help.</translation>
         <source>--allow-origin: &quot;%1&quot; is not an origin; write it as http://localhost:8000, without a path</source>
         <translation>--allow-origin: „%1“ ist kein Ursprung; schreiben Sie ihn wie http://localhost:8000, ohne Pfad</translation>
     </message>
+    <message>
+        <source>Listen on ADDRESS: host, host:port or [IPv6]:port (default: %1, which only programs on this computer can reach).</source>
+        <translation>Lauscht an ADDRESS: Host, Host:Port oder [IPv6]:Port (Vorgabe: %1, erreichbar nur für Programme auf diesem Rechner).</translation>
+    </message>
+    <message>
+        <source>Listen on port NUMBER, whatever the address says; 0 takes any free port.</source>
+        <translation>Lauscht am Port NUMBER, was auch immer die Adresse sagt; 0 nimmt irgendeinen freien.</translation>
+    </message>
+    <message>
+        <source>Seed of the simulated world, 0 to 4294967295 (default: random).</source>
+        <translation>Startwert der simulierten Welt, 0 bis 4294967295 (Vorgabe: zufällig).</translation>
+    </message>
+    <message>
+        <source>Let browser pages of ORIGIN connect, for example http://localhost:8000. Can be repeated.</source>
+        <translation>Lässt Browserseiten von ORIGIN eine Verbindung aufbauen, zum Beispiel http://localhost:8000. Kann mehrfach angegeben werden.</translation>
+    </message>
+    <message>
+        <source>unexpected argument &quot;%1&quot;</source>
+        <translation>unerwartetes Argument „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>robot::InfoOptions</name>
+    <message>
+        <source>Show this help and exit.</source>
+        <translation>Zeigt diese Hilfe und beendet das Programm.</translation>
+    </message>
+    <message>
+        <source>Show the version and exit.</source>
+        <translation>Zeigt die Version und beendet das Programm.</translation>
+    </message>
+    <message>
+        <source>Try &apos;%1 --help&apos;.</source>
+        <translation>Versuchen Sie „%1 --help“.</translation>
+    </message>
 </context>
 <context>
     <name>robot::LaserLogOptions</name>
-    <message>
-        <source>Replay the laser scans recorded in &lt;file&gt;, over and over, in place of the simulated laser.</source>
-        <translation>Spielt statt des simulierten Lasers die in &lt;Datei&gt; aufgezeichneten Laserscans ab, immer wieder von vorn.</translation>
-    </message>
-    <message>
-        <source>file</source>
-        <translation>Datei</translation>
-    </message>
-    <message>
-        <source>Replay the laser log &lt;factor&gt; times as fast as it was recorded, from 0.01 to 100; 1 without it.</source>
-        <translation>Spielt die Aufzeichnung &lt;Faktor&gt;-mal so schnell ab, wie sie aufgenommen wurde, von 0.01 bis 100; ohne diese Angabe 1.</translation>
-    </message>
-    <message>
-        <source>factor</source>
-        <translation>Faktor</translation>
-    </message>
     <message>
         <source>--laser-log: give the name of a file</source>
         <translation>--laser-log: Geben Sie den Namen einer Datei an</translation>
@@ -1937,6 +1909,14 @@ Hilfe gibt quandrel-robot --help.</translation>
     <message>
         <source>--rate: &quot;%1&quot; is not a number from %2 to %3</source>
         <translation>--rate: „%1“ ist keine Zahl von %2 bis %3</translation>
+    </message>
+    <message>
+        <source>Replay the laser scans recorded in FILE over and over, in place of the simulated laser.</source>
+        <translation>Spielt die in FILE aufgezeichneten Laserscans immer wieder ab, anstelle des simulierten Lasers.</translation>
+    </message>
+    <message>
+        <source>Replay the laser log FACTOR times as fast as it was recorded, 0.01 to 100 (default: 1).</source>
+        <translation>Spielt die Laseraufzeichnung FACTOR-mal so schnell ab, wie sie aufgezeichnet wurde, 0.01 bis 100 (Vorgabe: 1).</translation>
     </message>
 </context>
 <context>

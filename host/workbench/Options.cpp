@@ -2,8 +2,11 @@
 
 #include "host/workbench/preferences/Appearance.h"
 #include "host/workbench/preferences/Language.h"
+#include "robot/InfoOptions.h"
 
 #include <QCommandLineParser>
+
+#include <optional>
 
 namespace host::workbench {
 
@@ -38,138 +41,174 @@ double Options::scale(const QStringList& arguments)
     QCommandLineParser parser;
     const QCommandLineOption scale = scaleOption();
     parser.addOption(scale);
-    parser.parse(arguments); // the other options are unknown to it, and parse() says what is wrong
+    parser.parse(arguments); // the other options are unknown to it, and read() says what is wrong
     return factor(parser.value(scale)).value_or(leastScale);
 }
 
-std::optional<Options> Options::parse(const QStringList& arguments, QString* error)
+Options::Options(const QStringList& arguments, const Program& program)
 {
-    const QCommandLineOption help({"h", "help"}, tr("Show this help and end."));
-    const QCommandLineOption version({"v", "version"}, tr("Show the version and end."));
+    read(arguments, program);
+}
+
+void Options::read(const QStringList& arguments, const Program& program)
+{
     const QCommandLineOption plugin(
         "plugin", tr("Load the device plugin FILE instead of the one beside this program."),
         "FILE");
     const QCommandLineOption device(
         "device",
-        tr("Name of the device, under which its settings are kept (default: %1). Given several "
-           "times, it shows as many devices side by side.")
-            .arg(Options().devices.first()),
+        tr("Name of the device. Its settings are stored under this name (default: %1). Can be "
+           "repeated, to show several devices side by side.")
+            .arg(m_devices.first()),
         "NAME");
     const QCommandLineOption address(
         "address",
-        tr("Address of the robot: host, host:port or [IPv6]:port (default: the "
-           "simulated robot's). The second is that of the second device, and so on."),
+        tr("Address of the robot: host, host:port or [IPv6]:port (default: the simulated "
+           "robot's). The second one is for the second device, and so on."),
         "ADDRESS");
     const QCommandLineOption remap(
         "remap",
-        tr("Use the robot's topic or service THEIRS where this program says OURS, as in "
-           "/scan:=/base_scan. It is remembered for each device shown. May be given several "
-           "times."),
+        tr("Use the robot's topic or service THEIRS in place of OURS, as in /scan:=/base_scan. "
+           "Stored for each device that is shown. Can be repeated."),
         "OURS:=THEIRS");
-    const QCommandLineOption noRobot("no-robot", tr("Do not start the simulated robot."));
+    const QCommandLineOption noRobot("no-robot", tr("Do not start a simulated robot."));
     const QCommandLineOption language(
         "language",
-        tr("Language of the texts: %1 (default: the one chosen last, or the system's).")
+        tr("Language: %1 (default: the one chosen last, or the system's).")
             .arg(preferences::Language::codes().join(", ")),
         "CODE");
     const QCommandLineOption appearance(
         "appearance",
-        tr("Appearance of the windows: %1 (default: the one chosen last, or the system's).")
+        tr("Appearance: %1 (default: the one chosen last, or the system's).")
             .arg(preferences::Appearance::codes().join(", ")),
         "NAME");
     const QCommandLineOption scale = scaleOption();
-    const QCommandLineOption tour(
-        "tour",
-        tr("Operate the window without a person, write pictures of it to the folder DIR, and "
-           "end. Stored settings are left alone."),
-        "DIR");
+    const robot::InfoOptions info;
 
-    Options options;
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        tr("Shows a device plugin at work, with a simulated robot to connect to."));
-    parser.addOptions({help, version, plugin, device, address, remap, noRobot});
-    options.laserLog.addTo(parser);
-    parser.addOptions({language, appearance, scale, tour});
+    parser.setApplicationDescription(program.description);
+    parser.addOptions({plugin, device, address, remap, noRobot});
+    m_laserLog.addTo(parser);
+    parser.addOptions({language, appearance, scale});
+    info.addTo(parser);
+    if (!program.folder.isEmpty())
+        parser.addPositionalArgument("DIR", program.folder);
 
-    const auto refuse = [error](const QString& text) {
-        *error = text + '\n' + tr("Use --help for the options.");
-        return std::nullopt;
-    };
     if (!parser.parse(arguments))
-        return refuse(parser.errorText());
-    if (!parser.positionalArguments().isEmpty())
-        return refuse(tr("Unexpected argument \"%1\".").arg(parser.positionalArguments().first()));
+        return finish(Action::Fail, parser.errorText());
+    const QString text = info.text(parser);
+    if (!text.isEmpty())
+        return finish(Action::ShowText, text);
     for (const QCommandLineOption& option :
-         {plugin, device, address, remap, language, appearance, scale, tour}) {
+         {plugin, device, address, remap, language, appearance, scale}) {
         if (parser.values(option).contains(QString()))
-            return refuse(tr("--%1 needs a value that is not empty.").arg(option.names().first()));
+            finish(Action::Fail, tr("--%1: the value is empty").arg(option.names().first()));
     }
 
-    if (parser.isSet(help)) {
-        options.message = parser.helpText();
-    } else if (parser.isSet(version)) {
-        options.message = QCoreApplication::applicationName() + ' ' +
-                          QCoreApplication::applicationVersion() + '\n';
-    } else {
-        options.pluginFile = parser.value(plugin);
-        options.robot = !parser.isSet(noRobot);
-        options.tourFolder = parser.value(tour);
-        options.language = parser.value(language);
-        if (parser.isSet(language) && !preferences::Language::codes().contains(options.language)) {
-            return refuse(tr("--language: \"%1\" is not a language of this program. Choose one of "
-                             "%2.")
-                              .arg(options.language, preferences::Language::codes().join(", ")));
-        }
-        options.appearance = parser.value(appearance);
-        if (parser.isSet(appearance) &&
-            !preferences::Appearance::codes().contains(options.appearance)) {
-            return refuse(
-                tr("--appearance: \"%1\" is not an appearance of this program. Choose "
-                   "one of %2.")
-                    .arg(options.appearance, preferences::Appearance::codes().join(", ")));
-        }
-        if (parser.isSet(scale) && !factor(parser.value(scale))) {
-            return refuse(tr("--scale: \"%1\" is not a factor. Give a number from %2 to %3, such "
-                             "as 1.5.")
-                              .arg(parser.value(scale))
-                              .arg(leastScale)
-                              .arg(greatestScale));
-        }
-        QString reason;
-        if (!options.laserLog.read(parser, &reason))
-            return refuse(reason);
-        if (!options.robot && !options.laserLog.file().isEmpty()) {
-            return refuse(tr("--laser-log needs the simulated robot, which --no-robot leaves out: "
-                             "give one of them."));
-        }
-        if (parser.isSet(device))
-            options.devices = parser.values(device);
-        for (const QString& name : std::as_const(options.devices)) {
-            if (options.devices.count(name) > 1) {
-                return refuse(tr("--device: there are two of the name \"%1\". Give each device a "
-                                 "name of its own.")
-                                  .arg(name));
-            }
-        }
-        for (const QString& text : parser.values(address)) {
-            const auto parsed = rosbridge::protocol::Address::parse(text, &reason);
-            if (!parsed)
-                return refuse("--address: " + reason);
-            options.addresses.append(*parsed);
-        }
-        for (const QString& text : parser.values(remap)) {
-            const auto mapping = device::connection::Remappings::parseOption(text, &reason);
-            if (!mapping)
-                return refuse("--remap: " + reason);
-            options.names.append(*mapping);
-        }
-        if (options.addresses.size() > options.devices.size()) {
-            return refuse(tr("--address: there are more addresses than devices. Name a further "
-                             "device with --device for each."));
+    readArguments(parser.positionalArguments(), !program.folder.isEmpty());
+    m_pluginFile = parser.value(plugin);
+    m_hasRobot = !parser.isSet(noRobot);
+    if (parser.isSet(device))
+        readDevices(parser.values(device));
+    readAddresses(parser.values(address));
+    readNames(parser.values(remap));
+    readLaserLog(parser);
+    if (parser.isSet(language))
+        readLanguage(parser.value(language));
+    if (parser.isSet(appearance))
+        readAppearance(parser.value(appearance));
+    if (parser.isSet(scale) && !factor(parser.value(scale))) {
+        finish(Action::Fail, tr("--scale: \"%1\" is not a number from %2 to %3")
+                                 .arg(parser.value(scale))
+                                 .arg(leastScale)
+                                 .arg(greatestScale));
+    }
+}
+
+void Options::finish(Action action, const QString& text)
+{
+    if (m_action != Action::Run)
+        return; // the first error is the one to tell
+    m_action = action;
+    m_text = text;
+}
+
+void Options::readArguments(QStringList arguments, bool isFolderExpected)
+{
+    if (isFolderExpected && arguments.value(0).isEmpty())
+        return finish(Action::Fail, tr("DIR is missing"));
+    if (isFolderExpected)
+        m_folder = arguments.takeFirst();
+    if (!arguments.isEmpty())
+        finish(Action::Fail, tr("unexpected argument \"%1\"").arg(arguments.first()));
+}
+
+void Options::readDevices(const QStringList& names)
+{
+    m_devices = names;
+    for (const QString& name : names) {
+        if (names.count(name) > 1) {
+            finish(Action::Fail,
+                   tr("--device: there are two devices named \"%1\"; give each its own name")
+                       .arg(name));
         }
     }
-    return options;
+}
+
+void Options::readAddresses(const QStringList& texts)
+{
+    QString reason;
+    for (const QString& text : texts) {
+        const auto address = rosbridge::protocol::Address::parse(text, &reason);
+        if (!address)
+            return finish(Action::Fail, "--address: " + reason);
+        m_addresses.append(*address);
+    }
+    if (texts.size() > m_devices.size()) {
+        finish(Action::Fail, tr("--address: there are more addresses than devices; name a further "
+                                "device with --device for each"));
+    }
+}
+
+void Options::readNames(const QStringList& texts)
+{
+    QString reason;
+    for (const QString& text : texts) {
+        const auto mapping = device::connection::Remappings::parseOption(text, &reason);
+        if (!mapping)
+            return finish(Action::Fail, "--remap: " + reason);
+        m_names.append(*mapping);
+    }
+}
+
+void Options::readLaserLog(const QCommandLineParser& parser)
+{
+    QString reason;
+    if (!m_laserLog.read(parser, &reason))
+        return finish(Action::Fail, reason);
+    if (!m_hasRobot && !m_laserLog.file().isEmpty()) {
+        finish(Action::Fail, tr("--laser-log needs the simulated robot, which --no-robot leaves "
+                                "out; give only one of them"));
+    }
+}
+
+void Options::readLanguage(const QString& code)
+{
+    m_language = code;
+    const QStringList codes = preferences::Language::codes();
+    if (!codes.contains(code)) {
+        finish(Action::Fail, tr("--language: \"%1\" is not one of %2").arg(code, codes.join(", ")));
+    }
+}
+
+void Options::readAppearance(const QString& code)
+{
+    m_appearance = code;
+    const QStringList codes = preferences::Appearance::codes();
+    if (!codes.contains(code)) {
+        finish(Action::Fail,
+               tr("--appearance: \"%1\" is not one of %2").arg(code, codes.join(", ")));
+    }
 }
 
 } // namespace host::workbench

@@ -10,35 +10,83 @@
 #include <QString>
 #include <QStringList>
 
-#include <optional>
+class QCommandLineParser;
 
 namespace host::workbench {
 
-/// What the command line asks for.
-struct Options
+/// What the command line asks of a program that shows the window.
+class Options
 {
     Q_DECLARE_TR_FUNCTIONS(host::workbench::Options)
 
 public:
-    QString pluginFile;                              ///< empty: the plugin beside the program
-    QStringList devices{QStringLiteral("Quandrel")}; ///< their names, none of them twice
-    /// For the first devices; the others have their embedded robot's, or the stored one.
-    QList<rosbridge::protocol::Address> addresses;
-    QList<device::connection::Remappings::Mapping> names; ///< of the robots' topics and services
-    bool robot = true;               ///< start an embedded robot for each device
-    robot::LaserLogOptions laserLog; ///< of the embedded robots
-    QString language;                ///< empty: the one chosen last, or the system's
-    QString appearance;              ///< empty: the one chosen last, or the system's
-    QString tourFolder;              ///< empty: no tour
-    QString message;                 ///< help or version text: print it and end, all else is unset
+    /// What programs differ in.
+    struct Program
+    {
+        QString description;
+        QString folder; ///< what its one argument, a folder, is for; empty: it takes none
+    };
 
-    /// @p arguments with the program's name first. On failure @p error names the argument and
-    /// says what to write instead.
-    static std::optional<Options> parse(const QStringList& arguments, QString* error);
+    enum class Action
+    {
+        Run,
+        ShowText, ///< --help or --version
+        Fail,     ///< text() says what is wrong
+    };
+
+    /// @p arguments begin with the program's name.
+    Options(const QStringList& arguments, const Program& program);
+
+    Action action() const { return m_action; }
+
+    QString text() const { return m_text; }
+
+    QString folder() const { return m_folder; } ///< the program's argument
+
+    QString pluginFile() const { return m_pluginFile; } ///< empty: the plugin beside the program
+
+    QStringList devices() const { return m_devices; } ///< their names, none of them twice
+
+    /// For the first devices; the others have their embedded robot's, or the stored one.
+    QList<rosbridge::protocol::Address> addresses() const { return m_addresses; }
+
+    /// Of the robots' topics and services.
+    QList<device::connection::Remappings::Mapping> names() const { return m_names; }
+
+    bool hasRobot() const { return m_hasRobot; } ///< an embedded one for each device
+
+    const robot::LaserLogOptions& laserLog() const { return m_laserLog; } ///< of these robots
+
+    QString language() const { return m_language; } ///< empty: the one chosen last, or the system's
+
+    QString appearance() const { return m_appearance; } ///< likewise
 
     /// How much larger than usual everything is to be, which must be known before there is an
-    /// application to parse() for. 1 where nothing is asked, or nothing that parse() accepts.
+    /// application, and so before all else. 1 where nothing is asked, or nothing that is accepted.
     static double scale(const QStringList& arguments);
+
+private:
+    void read(const QStringList& arguments, const Program& program);
+    void finish(Action action, const QString& text);
+    void readArguments(QStringList arguments, bool isFolderExpected);
+    void readDevices(const QStringList& names);
+    void readAddresses(const QStringList& texts);
+    void readNames(const QStringList& texts);
+    void readLaserLog(const QCommandLineParser& parser);
+    void readLanguage(const QString& code);
+    void readAppearance(const QString& code);
+
+    Action m_action = Action::Run;
+    QString m_text;
+    QString m_folder;
+    QString m_pluginFile;
+    QStringList m_devices{QStringLiteral("Quandrel")};
+    QList<rosbridge::protocol::Address> m_addresses;
+    QList<device::connection::Remappings::Mapping> m_names;
+    bool m_hasRobot = true;
+    robot::LaserLogOptions m_laserLog;
+    QString m_language;
+    QString m_appearance;
 };
 
 } // namespace host::workbench

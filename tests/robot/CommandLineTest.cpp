@@ -73,6 +73,7 @@ void CommandLineTest::help_and_version_are_text()
         QVERIFY(commandLine.text().contains(QLatin1String(arguments).contains(QLatin1Char('h'))
                                                 ? QStringLiteral("--allow-origin")
                                                 : QStringLiteral("1.2.3")));
+        QVERIFY(!commandLine.text().contains(QLatin1Char('<'))); // PORT, not <PORT>
     }
 }
 

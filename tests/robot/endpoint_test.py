@@ -837,6 +837,8 @@ class ProgramTest(unittest.IsolatedAsyncioTestCase):
                 result = self.run_robot(*arguments)
                 self.assertEqual(result.returncode, 2)
                 self.assertIn(arguments[0].lstrip("-"), result.stderr)
+                self.assertRegex(result.stderr,
+                                 r"^quandrel-robot: .*\nTry 'quandrel-robot --help'\.\n$")
                 self.assertEqual(result.stdout, "")
 
     def test_help_and_version_are_printed(self):

@@ -23,7 +23,9 @@ private Q_SLOTS:
     void an_address_is_understood_in_every_form();
     void the_scale_is_known_before_all_else_data();
     void the_scale_is_known_before_all_else();
+    void a_folder_is_taken_where_the_program_takes_one();
     void help_names_every_option();
+    void help_puts_all_meanings_into_one_column();
     void version_is_the_programs();
     void a_mistake_is_refused_by_its_name_data();
     void a_mistake_is_refused_by_its_name();
@@ -31,79 +33,76 @@ private Q_SLOTS:
 
 namespace {
 
-std::optional<Options> parse(const QStringList& arguments, QString* error)
+Options parse(const QStringList& arguments)
 {
-    return Options::parse(QStringList("device-workbench") + arguments, error);
+    return Options(QStringList("device-workbench") + arguments, {"Shows a plugin.", {}});
+}
+
+Options parseWithFolder(const QStringList& arguments)
+{
+    return Options(QStringList("device-workbench") + arguments,
+                   {"Draws a plugin.", "Folder for the drawings."});
 }
 
 } // namespace
 
 void OptionsTest::nothing_given_means_the_usual()
 {
-    QString error;
-    const auto options = parse({}, &error);
-    QVERIFY2(options, qPrintable(error));
-    QCOMPARE(options->devices, QStringList("Quandrel"));
-    QVERIFY(options->robot);
-    QVERIFY(options->addresses.isEmpty());
-    QCOMPARE(options->laserLog.file(), QString());
-    QCOMPARE(options->laserLog.rate(), 1.0);
-    QVERIFY(options->pluginFile.isEmpty() && options->tourFolder.isEmpty());
-    QVERIFY(options->language.isEmpty() && options->appearance.isEmpty());
-    QVERIFY(options->message.isEmpty());
+    const Options options = parse({});
+    QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
+    QCOMPARE(options.devices(), QStringList("Quandrel"));
+    QVERIFY(options.hasRobot());
+    QVERIFY(options.addresses().isEmpty());
+    QCOMPARE(options.laserLog().file(), QString());
+    QCOMPARE(options.laserLog().rate(), 1.0);
+    QVERIFY(options.pluginFile().isEmpty() && options.folder().isEmpty());
+    QVERIFY(options.language().isEmpty() && options.appearance().isEmpty());
+    QVERIFY(options.text().isEmpty());
 }
 
 void OptionsTest::every_option_is_understood()
 {
-    QString error;
-    const auto options =
+    const Options options =
         parse({"--plugin", "p.so", "--device", "Two", "--address", "robot:80", "--no-robot",
-               "--language", "de", "--appearance", "dark", "--scale", "1.5", "--tour", "pictures"},
-              &error);
-    QVERIFY2(options, qPrintable(error));
-    QCOMPARE(options->pluginFile, QString("p.so"));
-    QCOMPARE(options->devices, QStringList("Two"));
-    QCOMPARE(options->addresses.size(), 1);
-    QCOMPARE(options->addresses.first().toString(), QString("robot:80"));
-    QVERIFY(!options->robot);
-    QCOMPARE(options->laserLog.file(), QString());
-    QCOMPARE(options->language, QString("de"));
-    QCOMPARE(options->appearance, QString("dark"));
-    QCOMPARE(options->tourFolder, QString("pictures"));
+               "--language", "de", "--appearance", "dark", "--scale", "1.5"});
+    QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
+    QCOMPARE(options.pluginFile(), QString("p.so"));
+    QCOMPARE(options.devices(), QStringList("Two"));
+    QCOMPARE(options.addresses().size(), 1);
+    QCOMPARE(options.addresses().first().toString(), QString("robot:80"));
+    QVERIFY(!options.hasRobot());
+    QCOMPARE(options.laserLog().file(), QString());
+    QCOMPARE(options.language(), QString("de"));
+    QCOMPARE(options.appearance(), QString("dark"));
 }
 
 void OptionsTest::devices_are_taken_in_order_each_with_its_address()
 {
-    QString error;
-    const auto options = parse({"--device", "Left", "--address", "a", "--device", "Right",
-                                "--address", "b:80", "--device", "Third"},
-                               &error);
-    QVERIFY2(options, qPrintable(error));
-    QCOMPARE(options->devices, QStringList({"Left", "Right", "Third"}));
-    QCOMPARE(options->addresses.size(), 2);
-    QCOMPARE(options->addresses.at(0).host, QString("a"));
-    QCOMPARE(options->addresses.at(1).host, QString("b"));
+    const Options options = parse({"--device", "Left", "--address", "a", "--device", "Right",
+                                   "--address", "b:80", "--device", "Third"});
+    QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
+    QCOMPARE(options.devices(), QStringList({"Left", "Right", "Third"}));
+    QCOMPARE(options.addresses().size(), 2);
+    QCOMPARE(options.addresses().at(0).host, QString("a"));
+    QCOMPARE(options.addresses().at(1).host, QString("b"));
 }
 
 void OptionsTest::names_are_mapped_in_the_notation_of_ros()
 {
-    QString error;
-    const auto options =
-        parse({"--remap", "/scan:=/base_scan", "--remap=/arm/torque:=/torque"}, &error);
-    QVERIFY2(options, qPrintable(error));
+    const Options options = parse({"--remap", "/scan:=/base_scan", "--remap=/arm/torque:=/torque"});
+    QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
     const QList<host::device::connection::Remappings::Mapping> expected = {
         {"/scan", "/base_scan"}, {"/arm/torque", "/torque"}};
-    QCOMPARE(options->names, expected);
+    QCOMPARE(options.names(), expected);
 }
 
 void OptionsTest::a_recording_goes_to_the_embedded_robot()
 {
-    QString error;
-    const auto options = parse({"--laser-log", "scans.log", "--rate", "2.5"}, &error);
-    QVERIFY2(options, qPrintable(error));
-    QVERIFY(options->robot);
-    QCOMPARE(options->laserLog.file(), QString("scans.log"));
-    QCOMPARE(options->laserLog.rate(), 2.5);
+    const Options options = parse({"--laser-log", "scans.log", "--rate", "2.5"});
+    QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
+    QVERIFY(options.hasRobot());
+    QCOMPARE(options.laserLog().file(), QString("scans.log"));
+    QCOMPARE(options.laserLog().rate(), 2.5);
 }
 
 void OptionsTest::an_address_is_understood_in_every_form_data()
@@ -122,11 +121,10 @@ void OptionsTest::an_address_is_understood_in_every_form_data()
 void OptionsTest::an_address_is_understood_in_every_form()
 {
     QFETCH(QString, text);
-    QString error;
-    const auto options = parse({"--address", text}, &error);
-    QVERIFY2(options, qPrintable(error));
-    QTEST(options->addresses.first().host, "host");
-    QTEST(int(options->addresses.first().port), "port");
+    const Options options = parse({"--address", text});
+    QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
+    QTEST(options.addresses().first().host, "host");
+    QTEST(int(options.addresses().first().port), "port");
 }
 
 void OptionsTest::the_scale_is_known_before_all_else_data()
@@ -136,8 +134,8 @@ void OptionsTest::the_scale_is_known_before_all_else_data()
     QTest::newRow("none") << QStringList() << 1.0;
     QTest::newRow("alone") << QStringList({"--scale", "2"}) << 2.0;
     QTest::newRow("in one word") << QStringList("--scale=1.5") << 1.5;
-    QTest::newRow("among others") << QStringList({"--language", "de", "--no-robot", "--scale", "3",
-                                                  "--tour", "a"})
+    QTest::newRow("among others") << QStringList(
+                                         {"--language", "de", "--no-robot", "--scale", "3", "a"})
                                   << 3.0;
     QTest::newRow("least") << QStringList({"--scale", "1"}) << 1.0;
     QTest::newRow("greatest") << QStringList({"--scale", "4"}) << 4.0;
@@ -151,26 +149,56 @@ void OptionsTest::the_scale_is_known_before_all_else()
     QTEST(Options::scale(QStringList("device-workbench") + arguments), "scale");
 }
 
+void OptionsTest::a_folder_is_taken_where_the_program_takes_one()
+{
+    const Options options = parseWithFolder({"--no-robot", "a folder"});
+    QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
+    QCOMPARE(options.folder(), QString("a folder"));
+    const QList<QPair<QStringList, QString>> mistakes = {
+        {{}, "DIR is missing"},
+        {{""}, "DIR is missing"},
+        {{"a", "b"}, "unexpected argument \"b\""},
+    };
+    for (const auto& [arguments, what] : mistakes) {
+        const Options refused = parseWithFolder(arguments);
+        QCOMPARE(refused.action(), Options::Action::Fail);
+        QCOMPARE(refused.text(), what);
+    }
+}
+
 void OptionsTest::help_names_every_option()
 {
-    QString error;
-    const auto options = parse({"--help"}, &error);
-    QVERIFY2(options, qPrintable(error));
+    const Options options = parse({"--help"});
+    QCOMPARE(options.action(), Options::Action::ShowText);
     for (const char* option :
-         {"--plugin <FILE>", "--device <NAME>", "--address <ADDRESS>", "--remap <OURS:=THEIRS>",
-          "--no-robot", "--laser-log <file>", "--rate <factor>", "--language <CODE>",
-          "--appearance <NAME>", "--scale <FACTOR>", "--tour <DIR>", "--help", "--version"})
-        QVERIFY2(options->message.contains(QLatin1String(option)), option);
+         {"--plugin FILE ", "--device NAME ", "--address ADDRESS ", "--remap OURS:=THEIRS ",
+          "--no-robot ", "--laser-log ", "--rate ", "--language CODE ", "--appearance NAME ",
+          "--scale FACTOR ", "-h, --help ", "-v, --version "})
+        QVERIFY2(options.text().contains(QLatin1String(option)), option);
+    QVERIFY(!options.text().contains("DIR"));
+    QVERIFY(parseWithFolder({"--help"}).text().contains("Folder for the drawings."));
+}
+
+void OptionsTest::help_puts_all_meanings_into_one_column()
+{
+    const QString help = parse({"--help"}).text();
+    const auto column = [&](const char* meaning) {
+        const auto place = help.indexOf(QLatin1String(meaning));
+        return place < 0 ? -1 : place - help.lastIndexOf('\n', place);
+    };
+    QVERIFY(column("Show the version") > 0);
+    QCOMPARE(column("Show the version"), column("Show this help"));
+    QCOMPARE(column("Load the device plugin"), column("Show this help"));
+    QCOMPARE(column("Use the robot's topic"), column("Show this help"));
 }
 
 void OptionsTest::version_is_the_programs()
 {
     QCoreApplication::setApplicationName("device-workbench");
     QCoreApplication::setApplicationVersion("1.2.3");
-    QString error;
-    const auto options = parse({"--version"}, &error);
-    QVERIFY2(options, qPrintable(error));
-    QCOMPARE(options->message, QString("device-workbench 1.2.3\n"));
+    const Options options = parse({"--version"});
+    QCOMPARE(options.action(), Options::Action::ShowText);
+    QCOMPARE(options.text(), QString("device-workbench 1.2.3"));
 }
 
 void OptionsTest::a_mistake_is_refused_by_its_name_data()
@@ -179,7 +207,7 @@ void OptionsTest::a_mistake_is_refused_by_its_name_data()
     QTest::addColumn<QString>("named");
     QTest::newRow("unknown option") << QStringList("--colour") << "colour";
     QTest::newRow("stray argument") << QStringList("stray") << "stray";
-    QTest::newRow("missing value") << QStringList("--tour") << "--tour";
+    QTest::newRow("missing value") << QStringList("--plugin") << "--plugin";
     QTest::newRow("empty value") << QStringList({"--device", ""}) << "--device";
     QTest::newRow("value for none") << QStringList("--no-robot=yes") << "--no-robot";
     QTest::newRow("bad address") << QStringList({"--address", "a b"}) << "\"a b\"";
@@ -216,10 +244,9 @@ void OptionsTest::a_mistake_is_refused_by_its_name()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, named);
-    QString error;
-    QVERIFY(!parse(arguments, &error));
-    QVERIFY2(error.contains(named), qPrintable(error));
-    QVERIFY2(error.contains("--help"), qPrintable(error));
+    const Options options = parse(arguments);
+    QCOMPARE(options.action(), Options::Action::Fail);
+    QVERIFY2(options.text().contains(named), qPrintable(options.text()));
 }
 
 TEST_WITHOUT_WINDOWS(OptionsTest)

@@ -1,5 +1,5 @@
-#ifndef HOST_WORKBENCH_TOUR_HAND_H
-#define HOST_WORKBENCH_TOUR_HAND_H
+#ifndef HOST_TOUR_HAND_H
+#define HOST_TOUR_HAND_H
 
 #include <QPoint>
 #include <QString>
@@ -11,7 +11,7 @@ class QWidget;
 
 /// A person's hand on the mouse and the keys. What it does reaches the window as from the screen,
 /// so that popups, focus and disabled widgets count. It is held up by what it opens.
-namespace host::workbench::hand {
+namespace host::tour::hand {
 
 /// @p place is in @p target, which is in a window that is shown.
 void click(QWidget& target, QPoint place, Qt::MouseButton button = Qt::LeftButton);
@@ -26,6 +26,6 @@ void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::N
 /// As press(), key by key.
 void type(QWidget& window, const QString& text);
 
-} // namespace host::workbench::hand
+} // namespace host::tour::hand
 
 #endif

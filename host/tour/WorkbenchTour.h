@@ -1,8 +1,8 @@
-#ifndef HOST_WORKBENCH_TOUR_WORKBENCHTOUR_H
-#define HOST_WORKBENCH_TOUR_WORKBENCHTOUR_H
+#ifndef HOST_TOUR_WORKBENCHTOUR_H
+#define HOST_TOUR_WORKBENCHTOUR_H
 
+#include "host/tour/Operator.h"
 #include "host/workbench/EmbeddedRobot.h"
-#include "host/workbench/tour/Operator.h"
 
 #include <QCoreApplication>
 
@@ -14,18 +14,18 @@ class PluginLoader;
 class PluginEnvironment;
 } // namespace host::workbench::plugin
 
-namespace host::workbench::tour {
+namespace host::tour {
 
 /// The part of the tour that shows what the workbench adds to the plugin: its docks, the help, and
 /// several devices side by side.
 class WorkbenchTour
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::tour::WorkbenchTour)
+    Q_DECLARE_TR_FUNCTIONS(host::tour::WorkbenchTour)
 
 public:
     /// See Tour.
-    WorkbenchTour(Operator& person, const plugin::PluginLoader& plugin,
-                  plugin::PluginEnvironment& environment);
+    WorkbenchTour(Operator& person, const workbench::plugin::PluginLoader& plugin,
+                  workbench::plugin::PluginEnvironment& environment);
 
     /// Begins without a connection.
     bool run();
@@ -39,17 +39,18 @@ private:
     bool showTraffic();
     bool showFaults();
     bool showTwoDevices();
-    QDockWidget* findDock(const char* name) const;
+    template <class Dock>
+    QDockWidget* findDock() const; // null where there is none
     bool toggle(QDockWidget& dock);
     bool chooseFromMenu(QAction& entry, const QString& picture = QString());
     bool chooseFault(const char* name, const QString& picture = QString());
 
     Operator& m_operator;
-    const plugin::PluginLoader& m_plugin;
-    plugin::PluginEnvironment& m_environment;
-    EmbeddedRobot m_robot{0};
+    const workbench::plugin::PluginLoader& m_plugin;
+    workbench::plugin::PluginEnvironment& m_environment;
+    workbench::EmbeddedRobot m_robot{0};
 };
 
-} // namespace host::workbench::tour
+} // namespace host::tour
 
 #endif

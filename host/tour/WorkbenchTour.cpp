@@ -1,10 +1,14 @@
-#include "host/workbench/tour/WorkbenchTour.h"
+#include "host/tour/WorkbenchTour.h"
 
 #include "host/device/Device.h"
+#include "host/tour/Hand.h"
 #include "host/workbench/faults/FaultsMenu.h"
+#include "host/workbench/help/HelpPanel.h"
 #include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/tour/Hand.h"
+#include "host/workbench/robotview/RobotDock.h"
+#include "host/workbench/traffic/TrafficDock.h"
+#include "host/workbench/variables/VariablesDock.h"
 #include "host/workbench/window/Window.h"
 
 #include <QAbstractButton>
@@ -15,18 +19,20 @@
 #include <QMenuBar>
 #include <QTemporaryDir>
 
-namespace host::workbench::tour {
+namespace host::tour {
 
-namespace {
-
-} // namespace
-
-WorkbenchTour::WorkbenchTour(Operator& person, const plugin::PluginLoader& plugin,
-                             plugin::PluginEnvironment& environment)
+WorkbenchTour::WorkbenchTour(Operator& person, const workbench::plugin::PluginLoader& plugin,
+                             workbench::plugin::PluginEnvironment& environment)
     : m_operator(person),
       m_plugin(plugin),
       m_environment(environment)
 {
+}
+
+template <class Dock>
+QDockWidget* WorkbenchTour::findDock() const
+{
+    return m_operator.window().findChild<Dock*>();
 }
 
 bool WorkbenchTour::run()
@@ -45,7 +51,7 @@ bool WorkbenchTour::connectRobot()
 bool WorkbenchTour::showRobot()
 {
     m_operator.begin(tr("following the robot"));
-    QDockWidget* const dock = findDock("RobotDock");
+    QDockWidget* const dock = findDock<workbench::robotview::RobotDock>();
     auto* const follow = dock ? dock->findChild<QAbstractButton*>("follow") : nullptr;
     auto* const world = dock ? dock->findChild<QWidget*>("world") : nullptr;
     if (!follow || !world)
@@ -62,7 +68,7 @@ bool WorkbenchTour::showRobot()
 bool WorkbenchTour::showHelp()
 {
     m_operator.begin(tr("asking for help"));
-    QDockWidget* const help = findDock("HelpPanel");
+    QDockWidget* const help = findDock<workbench::help::HelpPanel>();
     if (!help)
         return m_operator.fail(tr("there is no help"));
     constexpr int laserTab = 2;
@@ -82,7 +88,7 @@ bool WorkbenchTour::showHelp()
 bool WorkbenchTour::showNames()
 {
     m_operator.begin(tr("looking at the robot's names"));
-    auto* const names = m_operator.window().findChild<names::NamesDialog*>();
+    auto* const names = m_operator.window().findChild<workbench::names::NamesDialog*>();
     for (QAction* entry : m_operator.window().findChildren<QAction*>("names")) {
         if (!chooseFromMenu(*entry))
             return false;
@@ -97,7 +103,7 @@ bool WorkbenchTour::showNames()
 bool WorkbenchTour::showVariables()
 {
     m_operator.begin(tr("watching the variables"));
-    QDockWidget* const dock = findDock("VariablesDock");
+    QDockWidget* const dock = findDock<workbench::variables::VariablesDock>();
     if (!dock || !toggle(*dock))
         return m_operator.fail(tr("there is no such dock"));
     auto* const variables = dock->findChild<QAbstractItemView*>("variables");
@@ -111,7 +117,7 @@ bool WorkbenchTour::showVariables()
 bool WorkbenchTour::showTraffic()
 {
     m_operator.begin(tr("watching the calls"));
-    QDockWidget* const dock = findDock("TrafficDock");
+    QDockWidget* const dock = findDock<workbench::traffic::TrafficDock>();
     if (!dock || !toggle(*dock))
         return m_operator.fail(tr("there is no such dock"));
     auto* const calls = dock->findChild<QAbstractItemView*>("calls");
@@ -122,7 +128,7 @@ bool WorkbenchTour::showTraffic()
 
 bool WorkbenchTour::showFaults()
 {
-    m_operator.begin(tr("making faults"));
+    m_operator.begin(tr("injecting faults"));
     device::Device& device = m_operator.device();
     return chooseFault("controller", "faults-menu") && (m_operator.waitUntil([&] {
                return device.connectionState() == device::connection::Connection::passive;
@@ -139,10 +145,10 @@ bool WorkbenchTour::showTwoDevices()
     const QTemporaryDir settings;
     device::Device first(tr("Robot in the hall"), settings.path(), m_environment);
     device::Device second(tr("Robot in the yard"), settings.path(), m_environment);
-    EmbeddedRobot secondRobot(0, 2);
+    workbench::EmbeddedRobot secondRobot(0, 2);
     first.overrideAddress(m_robot.address());
     second.overrideAddress(secondRobot.address());
-    window::Window window(m_plugin, m_environment);
+    workbench::window::Window window(m_plugin, m_environment);
     window.add(first, m_robot.address());
     window.add(second, secondRobot.address());
     m_operator.device().disconnectDevice(); // gives up control of the robot
@@ -157,11 +163,6 @@ bool WorkbenchTour::showTwoDevices()
     return (m_operator.waitUntil(areConnected) ||
             m_operator.fail(first.status() + ' ' + second.status())) &&
            m_operator.waitForRobot(window) && m_operator.takePicture(window, "two-devices");
-}
-
-QDockWidget* WorkbenchTour::findDock(const char* name) const
-{
-    return m_operator.window().findChild<QDockWidget*>(name);
 }
 
 bool WorkbenchTour::toggle(QDockWidget& dock)
@@ -192,10 +193,10 @@ bool WorkbenchTour::chooseFromMenu(QAction& entry, const QString& picture)
 
 bool WorkbenchTour::chooseFault(const char* name, const QString& picture)
 {
-    const auto* const menu = m_operator.window().findChild<faults::FaultsMenu*>();
+    const auto* const menu = m_operator.window().findChild<workbench::faults::FaultsMenu*>();
     auto* const entry =
         menu ? menu->findChild<QAction*>(name, Qt::FindDirectChildrenOnly) : nullptr;
     return entry ? chooseFromMenu(*entry, picture) : m_operator.fail(tr("there is no such fault"));
 }
 
-} // namespace host::workbench::tour
+} // namespace host::tour

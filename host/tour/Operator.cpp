@@ -1,7 +1,7 @@
-#include "host/workbench/tour/Operator.h"
+#include "host/tour/Operator.h"
 
 #include "host/device/Device.h"
-#include "host/workbench/tour/Hand.h"
+#include "host/tour/Hand.h"
 #include "host/workbench/window/Window.h"
 
 #include <QAbstractButton>
@@ -27,7 +27,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace host::workbench::tour {
+namespace host::tour {
 
 namespace {
 
@@ -35,12 +35,21 @@ using namespace std::chrono_literals;
 
 constexpr auto patience = 30s;
 
-/// In the tool bar, since a plugin's dialog may hold another one.
-template <class Widget>
-Widget* inToolBar(const QWidget& window, const char* name = "")
+/// The plugin's widget in the tool bar; null without one.
+const QWidget* toolBarWidget(const QWidget& window)
 {
     const auto* toolBar = window.findChild<QToolBar*>();
-    return toolBar ? toolBar->findChild<Widget*>(QLatin1String(name)) : nullptr;
+    return toolBar && !toolBar->actions().isEmpty()
+               ? toolBar->widgetForAction(toolBar->actions().first())
+               : nullptr;
+}
+
+/// The first of its kind in the tool bar, since a plugin's dialog may hold another.
+template <class Widget>
+Widget* inToolBar(const QWidget& window)
+{
+    const QWidget* const widget = toolBarWidget(window);
+    return widget ? widget->findChild<Widget*>() : nullptr;
 }
 
 bool isOnScreen(const QWidget& window)
@@ -71,7 +80,7 @@ void paintOver(QPixmap& picture, const QWidget& window, QWidget& widget)
 
 } // namespace
 
-Operator::Operator(const QString& folder, window::Window& window, device::Device& device)
+Operator::Operator(const QString& folder, workbench::window::Window& window, device::Device& device)
     : m_folder(folder),
       m_window(window),
       m_device(device)
@@ -82,7 +91,7 @@ bool Operator::start()
 {
     begin(tr("making the folder"));
     if (!QDir().mkpath(m_folder))
-        return fail(tr("%1 is not a folder and cannot be made one").arg(m_folder));
+        return fail(tr("%1 is not a folder, and none can be made there").arg(m_folder));
     begin(tr("showing the window"));
     if (!m_window.failures().isEmpty())
         return fail('\n' + m_window.failures().first().text());
@@ -93,7 +102,7 @@ bool Operator::start()
 
 QAbstractButton* Operator::connectButton() const
 {
-    return inToolBar<QAbstractButton>(m_window, "OLM GmbH Quandrel ConnectButton");
+    return inToolBar<QAbstractButton>(m_window);
 }
 
 QLineEdit* Operator::addressField() const
@@ -237,4 +246,4 @@ bool Operator::fail(const QString& why)
     return false;
 }
 
-} // namespace host::workbench::tour
+} // namespace host::tour

@@ -1,5 +1,5 @@
-#ifndef HOST_WORKBENCH_TOUR_OPERATOR_H
-#define HOST_WORKBENCH_TOUR_OPERATOR_H
+#ifndef HOST_TOUR_OPERATOR_H
+#define HOST_TOUR_OPERATOR_H
 
 #include <QCoreApplication>
 #include <QString>
@@ -18,19 +18,19 @@ namespace host::workbench::window {
 class Window;
 } // namespace host::workbench::window
 
-namespace host::workbench::tour {
+namespace host::tour {
 
 /// Who goes on the tour: has a hand, patience and a camera, and says where it came to an end. What
 /// it does gives true, or false after the standard error was told why.
 class Operator
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::tour::Operator)
+    Q_DECLARE_TR_FUNCTIONS(host::tour::Operator)
 
 public:
     /// @p window shows @p device alone; both outlive the operator.
-    Operator(const QString& folder, window::Window& window, device::Device& device);
+    Operator(const QString& folder, workbench::window::Window& window, device::Device& device);
 
-    window::Window& window() const { return m_window; }
+    workbench::window::Window& window() const { return m_window; }
     device::Device& device() const { return m_device; }
 
     /// Makes the folder of the pictures and shows the window.
@@ -67,13 +67,13 @@ public:
 
 private:
     QString m_folder;
-    window::Window& m_window;
+    workbench::window::Window& m_window;
     device::Device& m_device;
     QString m_step;
     int m_pictures = 0;
     bool m_isStopped = false;
 };
 
-} // namespace host::workbench::tour
+} // namespace host::tour
 
 #endif

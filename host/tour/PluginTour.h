@@ -1,19 +1,19 @@
-#ifndef HOST_WORKBENCH_TOUR_PLUGINTOUR_H
-#define HOST_WORKBENCH_TOUR_PLUGINTOUR_H
+#ifndef HOST_TOUR_PLUGINTOUR_H
+#define HOST_TOUR_PLUGINTOUR_H
 
+#include "host/tour/Operator.h"
 #include "host/workbench/EmbeddedRobot.h"
-#include "host/workbench/tour/Operator.h"
 
 #include <QCoreApplication>
 
 class QTableView;
 
-namespace host::workbench::tour {
+namespace host::tour {
 
 /// The part of the tour that shows the plugin: every state of the connection and every tab.
 class PluginTour
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::tour::PluginTour)
+    Q_DECLARE_TR_FUNCTIONS(host::tour::PluginTour)
 
 public:
     explicit PluginTour(Operator& person);
@@ -33,9 +33,9 @@ private:
     bool connectNowhere();
 
     Operator& m_operator;
-    EmbeddedRobot m_replayRobot{0}; // on any port: replays a recording
+    workbench::EmbeddedRobot m_replayRobot{0}; // on any port: replays a recording
 };
 
-} // namespace host::workbench::tour
+} // namespace host::tour
 
 #endif

@@ -1,4 +1,4 @@
-#include "host/workbench/tour/Hand.h"
+#include "host/tour/Hand.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -8,7 +8,7 @@
 #include <QWidget>
 #include <QWindow>
 
-namespace host::workbench::hand {
+namespace host::tour::hand {
 
 namespace {
 
@@ -61,4 +61,4 @@ void type(QWidget& window, const QString& text)
         pressAndRelease(window, 0, Qt::NoModifier, c);
 }
 
-} // namespace host::workbench::hand
+} // namespace host::tour::hand

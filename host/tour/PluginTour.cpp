@@ -1,7 +1,7 @@
-#include "host/workbench/tour/PluginTour.h"
+#include "host/tour/PluginTour.h"
 
 #include "host/device/Device.h"
-#include "host/workbench/tour/Hand.h"
+#include "host/tour/Hand.h"
 #include "host/workbench/window/Window.h"
 
 #include <QAbstractButton>
@@ -22,7 +22,7 @@
 
 #include <cmath>
 
-namespace host::workbench::tour {
+namespace host::tour {
 
 namespace {
 
@@ -287,4 +287,4 @@ bool PluginTour::connectNowhere()
     return m_operator.takePicture("refused");
 }
 
-} // namespace host::workbench::tour
+} // namespace host::tour

@@ -1,0 +1,12 @@
+#ifndef HOST_TOUR_OFFSCREENMESSAGES_H
+#define HOST_TOUR_OFFSCREENMESSAGES_H
+
+namespace host::tour {
+
+/// From now on leaves out of Qt's messages what its offscreen platform says of nearly every window:
+/// that it cannot do what only a screen can. Everything else goes where it went before.
+void leaveOutOffscreenMessages();
+
+} // namespace host::tour
+
+#endif

@@ -1,0 +1,60 @@
+#ifndef HOST_WORKBENCH_SESSION_H
+#define HOST_WORKBENCH_SESSION_H
+
+#include "host/device/Device.h"
+#include "host/workbench/EmbeddedRobot.h"
+#include "host/workbench/plugin/PluginLoader.h"
+#include "host/workbench/window/Window.h"
+
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace host::workbench {
+
+class Options;
+
+/// What the options of a program set up: the plugin, the devices, each with its simulated robot
+/// unless it does without, and the window that shows them.
+class Session
+{
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::Session)
+
+public:
+    /// The devices keep their settings in the folder @p settings. @p environment outlives the
+    /// session.
+    Session(const Options& options, const QString& settings,
+            plugin::PluginEnvironment& environment);
+
+    /// Why there are no devices in the window; empty if there are.
+    const QString& error() const { return m_error; }
+
+    const plugin::PluginLoader& plugin() const { return m_plugin; }
+
+    window::Window& window() { return m_window; }
+
+private:
+    struct Station
+    {
+        std::optional<EmbeddedRobot> robot;
+        std::optional<device::Device> device;
+    };
+
+    bool startRobots(const Options& options);
+    void addDevice(int index, const Options& options, const QString& settings);
+    void tellBadLines();
+
+    plugin::PluginEnvironment& m_environment;
+    std::vector<Station> m_stations;
+    QStringList m_badLines; // of the recording, the same for each robot
+    QString m_error;
+    const plugin::PluginLoader m_plugin;
+    window::Window m_window;
+};
+
+} // namespace host::workbench
+
+#endif
