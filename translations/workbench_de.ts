@@ -1679,6 +1679,10 @@
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>Earlier messages that are left out here: %1</source>
+        <translation>Frühere, hier ausgelassene Meldungen: %1</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::window::StartPage</name>

@@ -2,6 +2,7 @@
 
 #include "host/device/Device.h"
 #include "host/workbench/faults/MessageDialog.h"
+#include "host/workbench/values/OutsideText.h"
 #include "host/workbench/variables/VariableModel.h"
 
 #include <QAction>
@@ -114,6 +115,7 @@ void FaultsMenu::listVariables()
         const QString name = QString::fromLatin1(key.second.c_str());
         QAction* const action = m_types->addAction(QString(name).replace('&', "&&") + '\t' +
                                                    variables::VariableModel::kindName(key.first));
+        action->setToolTip(values::plainToolTip(name));
         action->setObjectName(name);
         action->setCheckable(true);
         action->setChecked(m_faults.wrongTypes().count(key) > 0);

@@ -1,5 +1,7 @@
 #include "host/workbench/plugin/FailureCard.h"
 
+#include "host/workbench/values/OutsideText.h"
+
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -78,10 +80,10 @@ void FailureCard::translate()
 {
     const Failure failure = m_failure();
     m_title->setText(failure.title);
-    m_reason->setText(failure.reason);
+    m_reason->setText(values::shortened(failure.reason));
     m_advice->setText(failure.advice);
     m_file->setText(failure.file);
-    m_file->setToolTip(failure.file);
+    m_file->setToolTip(values::plainToolTip(failure.file));
     m_file->setCursorPosition(0);
     m_file->setAccessibleName(tr("File of the plugin"));
     setAccessibleName(failure.title);

@@ -1,6 +1,7 @@
 #include "host/workbench/traffic/TrafficModel.h"
 
 #include "host/device/trace/ClassName.h"
+#include "host/workbench/values/OutsideText.h"
 #include "host/workbench/values/ValueText.h"
 
 #include <QBrush>
@@ -102,7 +103,8 @@ QVariant TrafficModel::data(const QModelIndex& index, int role) const
             return tr("The window did not react for %1 ms: a call should end within %2 ms.")
                 .arg(*call.duration / std::chrono::milliseconds(1))
                 .arg(PluginCall::tooLong.count());
-        return index.column() == ArgumentsColumn ? argumentsText(call).toHtmlEscaped() : QVariant();
+        return index.column() == ArgumentsColumn ? values::plainToolTip(argumentsText(call))
+                                                 : QVariant();
     case Qt::BackgroundRole:
         // Half transparent, so that it suits light and dark desktops.
         return call.isTooLong() ? QBrush(QColor(220, 40, 0, 90)) : QVariant();

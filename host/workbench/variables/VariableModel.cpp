@@ -1,5 +1,6 @@
 #include "host/workbench/variables/VariableModel.h"
 
+#include "host/workbench/values/OutsideText.h"
 #include "host/workbench/values/ValueText.h"
 
 #include <QBrush>
@@ -90,7 +91,7 @@ QVariant VariableModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole)
         return text(row.key, index.column());
     if (role == Qt::ToolTipRole && index.column() == ValueColumn)
-        return text(row.key, index.column()).toHtmlEscaped();
+        return values::plainToolTip(text(row.key, index.column()));
     if (role != Qt::BackgroundRole || !row.changed)
         return {};
     const auto age = Clock::now() - *row.changed;

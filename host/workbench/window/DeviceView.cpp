@@ -39,6 +39,7 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
       m_names(m_robotMenu->addAction(QString())),
       m_name(new QLabel(device.name())),
       m_notice(new Notice),
+      m_connection([this] { showConnection(); }),
       m_status(new StatusLine(device, robot)),
       m_namesDialog(new names::NamesDialog(device, this))
 {
@@ -72,8 +73,9 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
     statusBar()->addWidget(m_status, 1);
     addPlugin();
 
-    connect(&device, &device::Device::connectionStateChanged, this, &DeviceView::showConnection);
-    connect(&device, &device::Device::statusChanged, this, &DeviceView::showConnection);
+    connect(&device, &device::Device::connectionStateChanged, this,
+            [this] { m_connection.request(); });
+    connect(&device, &device::Device::statusChanged, this, [this] { m_connection.request(); });
     connect(&device, &device::Device::problem, this, &DeviceView::notify);
     translate();
 }

@@ -3,6 +3,8 @@
 
 #include "host/workbench/plugin/Failure.h"
 
+#include "host/workbench/window/Paced.h"
+
 #include <QList>
 #include <QMainWindow>
 
@@ -87,6 +89,7 @@ private:
     QVBoxLayout* m_middle;
     Notice* m_notice;
     StartPage* m_startPage = nullptr;
+    Paced m_connection;
     StatusLine* m_status;
     names::NamesDialog* m_namesDialog;
 };

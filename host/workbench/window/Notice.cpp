@@ -1,5 +1,7 @@
 #include "host/workbench/window/Notice.h"
 
+#include "host/workbench/values/OutsideText.h"
+
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -8,7 +10,13 @@
 
 namespace host::workbench::window {
 
-Notice::Notice() : m_words(new QLabel), m_close(new QToolButton)
+namespace {
+
+constexpr int mostInSight = 5;
+
+} // namespace
+
+Notice::Notice() : m_shown([this] { showWords(); }), m_words(new QLabel), m_close(new QToolButton)
 {
     setObjectName("Notice");
     // A tint of the window's own colour, whatever that is, so that its text stays legible.
@@ -41,12 +49,30 @@ void Notice::translate()
 {
     m_close->setToolTip(tr("Close"));
     m_close->setAccessibleName(m_close->toolTip());
+    showWords();
 }
 
 void Notice::add(const QString& words)
 {
-    m_words->setText(isHidden() ? words : m_words->text() + '\n' + words);
+    if (isHidden()) {
+        m_newest.clear();
+        m_leftOut = 0;
+    }
+    m_newest.append(values::shortened(words));
+    if (m_newest.size() > mostInSight) {
+        m_newest.removeFirst();
+        ++m_leftOut;
+    }
     show();
+    m_shown.request();
+}
+
+void Notice::showWords()
+{
+    QStringList lines = m_newest;
+    if (m_leftOut > 0)
+        lines.prepend(tr("Earlier messages that are left out here: %1").arg(m_leftOut));
+    m_words->setText(lines.join('\n'));
 }
 
 } // namespace host::workbench::window

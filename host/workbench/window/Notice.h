@@ -1,7 +1,10 @@
 #ifndef HOST_WORKBENCH_WINDOW_NOTICE_H
 #define HOST_WORKBENCH_WINDOW_NOTICE_H
 
+#include "host/workbench/window/Paced.h"
+
 #include <QFrame>
+#include <QStringList>
 
 class QLabel;
 class QToolButton;
@@ -17,7 +20,8 @@ class Notice : public QFrame
 public:
     Notice();
 
-    /// Below what it says already, if it was not closed since.
+    /// Below what it says already, if it was not closed since. The newest are in sight, the others
+    /// are counted.
     void add(const QString& words);
 
 protected:
@@ -25,7 +29,11 @@ protected:
 
 private:
     void translate();
+    void showWords();
 
+    QStringList m_newest;
+    int m_leftOut = 0; // before these
+    Paced m_shown;
     QLabel* m_words;
     QToolButton* m_close;
 };

@@ -1,6 +1,7 @@
 #include "host/workbench/window/StartPage.h"
 
 #include "host/device/connection/Connection.h"
+#include "host/workbench/values/OutsideText.h"
 #include "host/workbench/window/Lamp.h"
 
 #include <QFrame>
@@ -35,6 +36,7 @@ StartPage::StartPage(const QString& deviceName, const QString& robot, QWidget* p
     setObjectName("StartPage");
     m_status->setObjectName("connection");
     m_status->setTextFormat(Qt::PlainText);
+    m_note->setTextFormat(Qt::PlainText);
     m_steps->setObjectName("steps");
     m_steps->setTextFormat(Qt::RichText);
 
@@ -80,7 +82,7 @@ StartPage::StartPage(const QString& deviceName, const QString& robot, QWidget* p
 void StartPage::setConnection(int state, const QString& status)
 {
     m_lamp->setState(state);
-    m_status->setText(status);
+    m_status->setText(values::shortened(status));
     m_note->setText(
         tr("This plugin brings no dialog of its own: all it offers is in the tool bar."));
     if (state < 0) {
@@ -88,7 +90,8 @@ void StartPage::setConnection(int state, const QString& status)
                            "<ol><li>Write the robot's address into the field in the tool bar.</li>"
                            "<li>Press the connect button beside it.</li></ol>");
         if (!m_robot.isEmpty()) {
-            steps += tr("<p>No robot at hand? A simulated one runs at <b>%1</b>.</p>").arg(m_robot);
+            steps += tr("<p>No robot at hand? A simulated one runs at <b>%1</b>.</p>")
+                         .arg(m_robot.toHtmlEscaped());
         }
         m_steps->setText(steps);
     } else if (state < device::connection::Connection::connected) {

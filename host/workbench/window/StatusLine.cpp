@@ -1,6 +1,7 @@
 #include "host/workbench/window/StatusLine.h"
 
 #include "host/device/Device.h"
+#include "host/workbench/values/OutsideText.h"
 #include "host/workbench/window/Lamp.h"
 
 #include <QEvent>
@@ -39,7 +40,8 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
       m_age(label("age")),
       m_robot(robot.isEmpty() ? nullptr : label("robot")),
       m_failure(label("failure")),
-      m_faults(label("faults"))
+      m_faults(label("faults")),
+      m_connection([this] { showConnection(); })
 {
     m_words->setWordWrap(true);
     m_words->setAlignment(Qt::AlignTop); // beside the lamp, however much room there is
@@ -77,8 +79,9 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     layout->addStretch();
 
     connect(&m_clock, &QTimer::timeout, this, &StatusLine::showTimes);
-    connect(&device, &device::Device::connectionStateChanged, this, &StatusLine::showConnection);
-    connect(&device, &device::Device::statusChanged, this, &StatusLine::showConnection);
+    connect(&device, &device::Device::connectionStateChanged, this,
+            [this] { m_connection.request(); });
+    connect(&device, &device::Device::statusChanged, this, [this] { m_connection.request(); });
     connect(&device.faults(), &device::faults::Faults::changed, this, &StatusLine::showFaults);
     translate();
 }
@@ -127,14 +130,15 @@ void StatusLine::showConnection()
 {
     const int state = m_device.connectionState();
     m_lamp->setState(state);
-    m_words->setText(m_device.status());
-    m_words->setToolTip(m_device.status());
+    m_words->setText(values::shortened(m_device.status()));
+    m_words->setToolTip(values::plainToolTip(m_device.status()));
 
     // What has just gone wrong is the status itself.
     const auto& failure = m_device.connection().lastFailure();
     m_failure->setVisible(!failure.words.isEmpty() && failure.words != m_device.status());
     m_failure->setText(tr("Last error, %1: %2")
-                           .arg(failure.time.toString(QStringLiteral("HH:mm:ss")), failure.words));
+                           .arg(failure.time.toString(QStringLiteral("HH:mm:ss")),
+                                values::shortened(failure.words)));
 
     if (m_device.connection().connectedFor())
         m_clock.start();

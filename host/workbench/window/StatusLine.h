@@ -1,6 +1,8 @@
 #ifndef HOST_WORKBENCH_WINDOW_STATUSLINE_H
 #define HOST_WORKBENCH_WINDOW_STATUSLINE_H
 
+#include "host/workbench/window/Paced.h"
+
 #include <QTimer>
 #include <QWidget>
 
@@ -48,7 +50,8 @@ private:
     QLabel* m_robot; // null without one
     QLabel* m_failure;
     QLabel* m_faults; // those made on purpose
-    QTimer m_clock;   // runs while connected
+    Paced m_connection;
+    QTimer m_clock; // runs while connected
 };
 
 } // namespace host::workbench::window

@@ -89,10 +89,10 @@ void StatusLineTest::a_connection_tells_whom_and_for_how_long()
     const EmbeddedRobot robot(0);
     Fixture fixture(robot.address());
     QVERIFY(fixture.device.connectDevice());
-    QVERIFY(fixture.text("status").contains(robot.address()));
-    QVERIFY(fixture.label("duration").isHidden());
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.text("status").contains(robot.address()), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.label("duration").isHidden(), patience);
     QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
-    QVERIFY(!fixture.label("duration").isHidden());
+    QTRY_VERIFY_WITH_TIMEOUT(!fixture.label("duration").isHidden(), patience);
     QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("Data is up to date"), patience);
     QTRY_VERIFY_WITH_TIMEOUT(QRegularExpression("^Connected for 0:00:0[1-9]$")
                                  .match(fixture.text("duration"))
@@ -100,11 +100,11 @@ void StatusLineTest::a_connection_tells_whom_and_for_how_long()
                              patience);
 
     QVERIFY(fixture.device.disconnectDevice());
-    QVERIFY(fixture.label("duration").isHidden());
-    QVERIFY(fixture.label("age").isHidden());
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.label("duration").isHidden(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.label("age").isHidden(), patience);
     QVERIFY(!fixture.device.connection().dataAge());
     QVERIFY(!fixture.device.connection().connectedFor());
-    QVERIFY(fixture.label("failure").isHidden());
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.label("failure").isHidden(), patience);
 }
 
 void StatusLineTest::data_that_stops_is_marked_as_stale_with_its_age()
@@ -137,17 +137,17 @@ void StatusLineTest::a_failure_is_the_status_until_the_next_attempt_and_then_the
     Fixture fixture(refusal.address());
     QVERIFY(fixture.device.connectDevice());
     QTRY_VERIFY_WITH_TIMEOUT(fixture.text("status").contains("Check the port"), patience);
-    QVERIFY(fixture.label("failure").isHidden());
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.label("failure").isHidden(), patience);
 
     const EmbeddedRobot robot(0);
     fixture.device.overrideAddress(robot.address());
     QVERIFY(fixture.device.connectDevice());
-    QVERIFY(!fixture.label("failure").isHidden());
-    QVERIFY(fixture.text("failure").startsWith("Last error, "));
-    QVERIFY(fixture.text("failure").contains(refusal.address()));
-    QVERIFY(fixture.text("failure").contains("Check the port"));
+    QTRY_VERIFY_WITH_TIMEOUT(!fixture.label("failure").isHidden(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.text("failure").startsWith("Last error, "), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.text("failure").contains(refusal.address()), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.text("failure").contains("Check the port"), patience);
     QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
-    QVERIFY(!fixture.label("failure").isHidden());
+    QTRY_VERIFY_WITH_TIMEOUT(!fixture.label("failure").isHidden(), patience);
 }
 
 void StatusLineTest::faults_on_purpose_are_named_as_long_as_they_are_on()

@@ -160,11 +160,12 @@ void WindowTest::the_page_follows_the_connection()
     EmbeddedRobot robot(0);
     Workbench workbench(TEST_PLUGIN_FOLDER "/OnlyToolbar.so", robot.address(), robot.address());
     QVERIFY(workbench.device.connectDevice());
-    QVERIFY(workbench.text("connection").startsWith("Connecting to 127.0.0.1:"));
-    QVERIFY(workbench.text("steps").contains("give up"));
+    QTRY_VERIFY_WITH_TIMEOUT(workbench.text("connection").startsWith("Connecting to 127.0.0.1:"),
+                             patience);
+    QTRY_VERIFY_WITH_TIMEOUT(workbench.text("steps").contains("give up"), patience);
     QTRY_COMPARE_WITH_TIMEOUT(workbench.device.connectionState(), 3, patience);
-    QCOMPARE(workbench.text("connection"), workbench.text("status"));
-    QVERIFY(workbench.text("steps").contains("end the connection"));
+    QTRY_COMPARE_WITH_TIMEOUT(workbench.text("connection"), workbench.text("status"), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(workbench.text("steps").contains("end the connection"), patience);
 }
 
 void WindowTest::the_plugins_own_dialog_has_its_three_tabs()
@@ -268,13 +269,13 @@ void WindowTest::a_click_connects_to_the_robot_and_another_one_disconnects()
     const QSize size = workbench.button()->iconSize();
     QCOMPARE(icon(*workbench.button()), picture("wifi_connect3", size));
     QVERIFY(!workbench.field()->isEnabled());
-    QVERIFY(workbench.text("status").contains(robot.address()));
+    QTRY_VERIFY_WITH_TIMEOUT(workbench.text("status").contains(robot.address()), patience);
 
     workbench.click();
     QTRY_COMPARE_WITH_TIMEOUT(workbench.button()->toolTip(), QString("Not connected."), patience);
     QCOMPARE(icon(*workbench.button()), picture("wifi_disconnect", size));
     QTRY_VERIFY_WITH_TIMEOUT(workbench.field()->isEnabled(), patience);
-    QCOMPARE(workbench.text("status"), QString("Not connected."));
+    QTRY_COMPARE_WITH_TIMEOUT(workbench.text("status"), QString("Not connected."), patience);
 }
 
 void WindowTest::a_refusal_stands_in_the_status_bar_with_what_to_try()
@@ -311,17 +312,20 @@ void WindowTest::a_problem_of_the_device_stays_until_it_is_put_away()
 
     Q_EMIT workbench.device.problem("The stored settings are damaged.");
     QVERIFY(notice->isVisible());
-    QCOMPARE(notice->findChild<QLabel*>()->text(), QString("The stored settings are damaged."));
+    QTRY_COMPARE_WITH_TIMEOUT(notice->findChild<QLabel*>()->text(),
+                              QString("The stored settings are damaged."), patience);
     Q_EMIT workbench.device.problem("The disk is full.");
-    QCOMPARE(notice->findChild<QLabel*>()->text(),
-             QString("The stored settings are damaged.\nThe disk is full."));
+    QTRY_COMPARE_WITH_TIMEOUT(notice->findChild<QLabel*>()->text(),
+                              QString("The stored settings are damaged.\nThe disk is full."),
+                              patience);
     Q_EMIT workbench.device.statusChanged("Not connected.");
     QVERIFY(notice->isVisible());
     QTest::mouseClick(notice->findChild<QAbstractButton*>(), Qt::LeftButton);
     QVERIFY(!notice->isVisible());
 
     Q_EMIT workbench.device.problem("The disk is full again.");
-    QCOMPARE(notice->findChild<QLabel*>()->text(), QString("The disk is full again."));
+    QTRY_COMPARE_WITH_TIMEOUT(notice->findChild<QLabel*>()->text(),
+                              QString("The disk is full again."), patience);
 }
 
 void WindowTest::help_is_about_what_has_the_focus()
