@@ -1,5 +1,6 @@
 #include "robot/CommandLine.h"
 #include "robot/InfoOptions.h"
+#include "robot/MessageLimit.h"
 #include "robot/Robot.h"
 #include "robot/TerminationSignals.h"
 
@@ -21,6 +22,7 @@ void print(FILE* file, const QString& text)
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    const robot::MessageLimit limit;
     const robot::TerminationSignals signals;
     QCoreApplication::setApplicationName(QStringLiteral("quandrel-robot"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QUANDREL_VERSION));

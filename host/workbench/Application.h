@@ -3,6 +3,7 @@
 
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/window/WheelGuard.h"
+#include "robot/MessageLimit.h"
 
 #include <QApplication>
 #include <QStringList>
@@ -46,6 +47,7 @@ public:
     static int show(window::Window& window);
 
 private:
+    const robot::MessageLimit m_messageLimit;
     const QStringList m_arguments;
     const bool m_hasDisplay;
     const QApplication m_application;
