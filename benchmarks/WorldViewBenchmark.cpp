@@ -2,6 +2,7 @@
 #include "Ratios.h"
 #include "Scan.h"
 #include "tests/host/workbench/robotview/RobotMessages.h"
+#include "tests/host/workbench/robotview/Tell.h"
 
 #include "host/workbench/robotview/WorldView.h"
 #include "rosbridge/protocol/Codec.h"
@@ -60,7 +61,7 @@ RobotState stateInTheRoom()
                                      3 * std::sin(angle * 1.3), angle),
                    now + std::chrono::milliseconds(i));
     }
-    state.read(RobotState::Scan, sweep(), now);
+    tell(state, RobotState::Scan, sweep(), now);
     return state;
 }
 
@@ -152,7 +153,7 @@ void readScan(benchmark::State& state)
 {
     RobotState robot = stateInTheRoom();
     const QCborMap scan = sweep();
-    measure(state, [&] { robot.read(RobotState::Scan, scan, RobotState::Clock::now()); });
+    measure(state, [&] { tell(robot, RobotState::Scan, scan, RobotState::Clock::now()); });
     if (!robot.raysPlace())
         state.SkipWithError("the scan is not shown");
 }

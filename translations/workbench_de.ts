@@ -19,10 +19,6 @@
         <source>&quot;%1&quot; was not changed: the device refuses what is written.</source>
         <translation>„%1“ wurde nicht geändert: Das Gerät verweigert das Schreiben.</translation>
     </message>
-    <message>
-        <source>A message of the topic %1 is ignored: %2.</source>
-        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
-    </message>
 </context>
 <context>
     <name>host::device::connection::Commands</name>
@@ -105,9 +101,12 @@
         <source>it gave no name</source>
         <translation>er nannte keinen Namen</translation>
     </message>
+</context>
+<context>
+    <name>host::device::connection::Listener</name>
     <message>
-        <source>a pretended one</source>
-        <translation>ein vorgetäuschter</translation>
+        <source>A message of the topic %1 is ignored: %2.</source>
+        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
     </message>
 </context>
 <context>
@@ -281,6 +280,10 @@
     <message>
         <source>Faults are on: %1</source>
         <translation>Störungen sind eingeschaltet: %1</translation>
+    </message>
+    <message>
+        <source>a pretended one</source>
+        <translation>ein vorgetäuschter</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "host/device/Environment.h"
 #include "host/device/SimulationDirectExecRole.h"
 #include "host/device/connection/MessageRole.h"
+#include "host/device/faults/FaultyClient.h"
 #include "host/device/trace/ClassName.h"
 #include "host/device/trace/TracedCall.h"
 #include "host/device/variables/ConfigDefaults.h"
@@ -12,7 +13,6 @@
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/HostCall.h"
 #include "plugin/gui/Interface.h"
-#include "rosbridge/protocol/Topics.h"
 
 #include <QDebug>
 #include <QMetaObject>
@@ -27,11 +27,8 @@ namespace host::device {
 using plugin::gui::DeviceWidget;
 using plugin::gui::VariableKind;
 using plugin::plugin::DataRole;
-namespace topic = rosbridge::protocol::topic;
 
 namespace {
-
-constexpr const char* factoryName = "OLM GmbH Quandrel";
 
 constexpr const char* addressName = "ipAddress";
 
@@ -49,10 +46,9 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
       m_name(name),
       m_environment(environment),
       m_storage(storageFolder, name),
-      m_connection(timing, m_faults),
-      m_offer(m_connection),
-      m_cameraRate(m_connection),
-      m_commands(m_connection, m_offer)
+      m_connection(timing, [this](const rosbridge::client::Client::Timeouts& timeouts) {
+          return std::make_unique<faults::FaultyClient>(timeouts, m_faults);
+      })
 {
     loadConfig();
     m_variables.set(VariableKind::State, "connectedToSimulator", false);
@@ -60,32 +56,30 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
     connect(&m_variables, &variables::Variables::changed, this, &Device::deliver);
     connect(&m_connection, &connection::Connection::stateChanged, this, &Device::onStateChanged);
     connect(&m_connection, &connection::Connection::statusChanged, this, &Device::statusChanged);
-    connect(&m_connection, &connection::Connection::message, this,
-            [this](DataRole role, const QString& text) { sendMessage(role, text); });
     connect(&m_connection, &connection::Connection::simulatorChanged, this,
             [this](bool isSimulator) {
                 m_variables.set(VariableKind::State, "connectedToSimulator", isSimulator);
             });
-    connect(&m_cameraRate, &readers::CameraRate::changed, this, [this](unsigned int rate) {
+    connect(&m_connection, &connection::Connection::message, this, &Device::sendMessage);
+    connect(&m_offer, &connection::Offer::message, this, &Device::sendMessage);
+    connect(&m_listener, &connection::Listener::message, this, &Device::sendMessage);
+    connect(&m_robotLog, &connection::RobotLog::message, this, &Device::sendMessage);
+    connect(&m_commands, &connection::Commands::message, this, &Device::sendMessage);
+    connect(&m_sensors, &Sensors::scanned, this, &Device::onScan);
+    connect(&m_sensors, &Sensors::cameraRateChanged, this, [this](unsigned int rate) {
         m_variables.set(VariableKind::Input, "cameraFrequency", rate);
     });
-    connect(&m_commands, &connection::Commands::message, this,
-            [this](DataRole role, const QString& text) { sendMessage(role, text); });
     connect(&m_faults, &faults::Faults::wrongTypeChanged, &m_variables,
             &variables::Variables::repeat);
     connect(&m_faults, &faults::Faults::writeRefused, this, &Device::onWriteRefused);
-    connect(&m_offer, &connection::Offer::message, this,
-            [this](DataRole role, const QString& text) { sendMessage(role, text); });
+    connect(&m_faults, &faults::Faults::changed, this,
+            [this] { m_connection.pretendController(m_faults.otherController()); });
     connect(&m_offer, &connection::Offer::ready, this, [this] {
         if (m_connection.state() == connection::Connection::connected)
             applyAllSettings();
     });
     connect(&remappings(), &connection::Remappings::problem, this, &Device::say);
     say(remappings().load(storageFolder, name));
-    m_connection.follow(topic::scan.name, topic::scan.type,
-                        [this](const QCborMap& message) { onScan(message); });
-    m_connection.follow(topic::jointStates.name, topic::jointStates.type,
-                        [this](const QCborMap& message) { onJointState(message); });
 }
 
 Device::~Device() = default;
@@ -120,12 +114,13 @@ DeviceWidget* Device::loadWidget(const plugin::gui::Interface& factory, const ch
 
 DeviceWidget* Device::build(const plugin::gui::Interface& factory, const char* widgetName)
 {
-    const trace::Arguments arguments{{"device", std::string(factoryName)},
-                                     {"widget", std::string(widgetName)}};
+    const std::string deviceName = factory.info().vendor() + ' ' + factory.info().name();
+    const trace::Arguments arguments{{"device", deviceName}, {"widget", std::string(widgetName)}};
     trace::TracedCall call(m_traffic,
                            {trace::PluginCall::Direction::ToPlugin, "loadDeviceWidget", nullptr,
                             std::make_shared<const trace::Arguments>(arguments)});
-    DeviceWidget* const widget = factory.loadDeviceWidget(factoryName, widgetName, m_tracedHost);
+    DeviceWidget* const widget =
+        factory.loadDeviceWidget(deviceName.c_str(), widgetName, m_tracedHost);
     call.answer(widget ? Variant(trace::className(typeid(*widget))) : Variant());
     return widget;
 }
@@ -335,38 +330,15 @@ void Device::applyAllSettings()
     });
 }
 
-void Device::onScan(const QCborMap& message)
+void Device::onScan(const olm::core::LaserScanMessage& scan)
 {
-    if (m_faults.isScanFrozen())
-        return;
-    QString fault;
-    if (const auto scan = m_scanReader.read(message, &fault))
-        m_variables.set(VariableKind::Input, "scan", *scan);
-    report(connection::laserLogLine, topic::scan.name, fault, m_scanError);
-}
-
-void Device::onJointState(const QCborMap& message)
-{
-    report(connection::manipulatorLogLine, topic::jointStates.name, m_armPose.read(message),
-           m_armPoseError);
-}
-
-/// Says what is wrong with a topic's messages when that changes, not with each of them.
-void Device::report(DataRole log, const QString& topic, const QString& fault, QString& lastError)
-{
-    const QString error = fault.isEmpty() ? QString()
-                                          : tr("A message of the topic %1 is ignored: %2.")
-                                                .arg(remappings().theirs(topic), fault);
-    if (error == lastError)
-        return;
-    lastError = error;
-    if (!error.isEmpty())
-        sendMessage(log, error);
+    if (!m_faults.isScanFrozen())
+        m_variables.set(VariableKind::Input, "scan", scan);
 }
 
 void Device::storePose()
 {
-    const std::optional<readers::ArmPose::Axes> pose = m_armPose.axes();
+    const std::optional<readers::ArmPose::Axes> pose = m_sensors.armPose().axes();
     sendMessage(connection::manipulatorLogLine,
                 pose ? variables::PositionStore(*this).add(*pose)
                      : tr("The arm's position was not stored: the robot has not told where all "
@@ -375,10 +347,8 @@ void Device::storePose()
 
 void Device::onStateChanged(int state)
 {
-    if (state == connection::Connection::notConnected) {
-        m_armPose.forget();
-        m_cameraRate.reset();
-    }
+    if (state == connection::Connection::notConnected)
+        m_sensors.reset();
     Q_EMIT connectionStateChanged(state);
     sendMessage(connection::connectionStateMessage, state);
     if (m_isConnected && state == connection::Connection::connected)

@@ -1,15 +1,16 @@
 #ifndef HOST_DEVICE_DEVICE_H
 #define HOST_DEVICE_DEVICE_H
 
+#include "host/device/Sensors.h"
 #include "host/device/WidgetList.h"
 #include "host/device/connection/Commands.h"
 #include "host/device/connection/Connection.h"
+#include "host/device/connection/Listener.h"
 #include "host/device/connection/Offer.h"
+#include "host/device/connection/RobotLog.h"
 #include "host/device/connection/Timing.h"
 #include "host/device/faults/Faults.h"
-#include "host/device/readers/ArmPose.h"
-#include "host/device/readers/CameraRate.h"
-#include "host/device/readers/ScanReader.h"
+#include "host/device/faults/FaultyHost.h"
 #include "host/device/trace/TracedHost.h"
 #include "host/device/trace/Traffic.h"
 #include "host/device/variables/ConfigStorage.h"
@@ -49,7 +50,8 @@ public:
 
     QString name() const { return m_name; }
 
-    /// Has @p factory build the device's widget @p widgetName and translates all that was built.
+    /// Has @p factory build the widget @p widgetName of the device that the plugin says it serves,
+    /// and translates all that was built.
     /// The caller owns it; null where the plugin has no such widget. What a constructor throws
     /// passes through, and nothing of the widget is left.
     plugin::gui::DeviceWidget* loadWidget(const plugin::gui::Interface& factory,
@@ -76,6 +78,9 @@ public:
 
     /// What the robot has of that.
     connection::Offer& offer() { return m_offer; }
+
+    /// What the robot's sensors tell, for views that show it too.
+    const Sensors& sensors() const { return m_sensors; }
 
     /// For developers' tools: what they set here counts as set by the device, and is not stored.
     variables::Variables& variables() { return m_variables; }
@@ -127,10 +132,7 @@ private:
     void deliver(const plugin::gui::HistoryBundleContent& content);
     void applySetting(const char* name, const Variant& value);
     void applyAllSettings();
-    void onScan(const QCborMap& message);
-    void onJointState(const QCborMap& message);
-    void report(plugin::plugin::DataRole log, const QString& topic, const QString& fault,
-                QString& lastError);
+    void onScan(const olm::core::LaserScanMessage& scan);
     void storePose();
     void onStateChanged(int state);
     void onWriteRefused(const variables::Variables::Key& key);
@@ -143,16 +145,15 @@ private:
     variables::ConfigStorage m_storage;
     faults::Faults m_faults;
     connection::Connection m_connection;
-    connection::Offer m_offer;
-    readers::CameraRate m_cameraRate;
-    connection::Commands m_commands;
-    readers::ScanReader m_scanReader;
-    QString m_scanError; // the last one said, empty since a good scan
-    readers::ArmPose m_armPose;
-    QString m_armPoseError;     // likewise
+    connection::Offer m_offer{m_connection};
+    connection::Listener m_listener{m_connection};
+    connection::RobotLog m_robotLog{m_listener};
+    Sensors m_sensors{m_listener};
+    connection::Commands m_commands{m_connection, m_listener, m_offer};
     bool m_isConnected = false; // as the widgets were told
     trace::Traffic m_traffic;
-    trace::TracedHost m_tracedHost{*this, m_traffic, m_faults}; // what the widgets are built on
+    faults::FaultyHost m_faultyHost{*this, m_faults};
+    trace::TracedHost m_tracedHost{m_faultyHost, m_traffic}; // what the widgets are built on
     WidgetList m_widgets{m_traffic};
     int m_loads = 0; // loadWidget() calls under way
 };

@@ -39,20 +39,6 @@ Client::~Client()
     close();
 }
 
-QString Client::refusedText(const QString& address)
-{
-    return tr("%1 refuses the connection. Check the port and whether the robot's program is "
-              "running.")
-        .arg(address);
-}
-
-QString Client::lostText(const QString& address)
-{
-    return tr("The link to %1 is lost: the robot closed it or cannot be reached any more. Check "
-              "the network and whether the robot's program is running.")
-        .arg(address);
-}
-
 void Client::open(const protocol::Address& address)
 {
     const QPointer<Client> alive(this);
@@ -67,8 +53,7 @@ void Client::open(const protocol::Address& address)
     m_socket = new QWebSocket(QString(), QWebSocketProtocol::VersionLatest, this);
     m_socket->setMaxAllowedIncomingFrameSize(protocol::maximumMessageSize);
     m_socket->setMaxAllowedIncomingMessageSize(protocol::maximumMessageSize);
-    connect(m_socket, &QWebSocket::connected, this,
-            [this] { afterDelay([this] { onConnected(); }); });
+    connect(m_socket, &QWebSocket::connected, this, [this] { onHandshake(); });
     connect(m_socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
             &Client::onError);
     connect(m_socket, &QWebSocket::disconnected, this, [this] { onError(m_socket->error()); });
@@ -87,9 +72,14 @@ void Client::open(const protocol::Address& address)
     // A port on this machine may refuse at once; closed() shall not come from inside open().
     const auto connectSocket = [this, socket = m_socket] {
         if (socket == m_socket) // and not closed meanwhile
-            socket->open(m_address.url());
+            openSocket();
     };
     QMetaObject::invokeMethod(this, connectSocket, Qt::QueuedConnection);
+}
+
+void Client::openSocket()
+{
+    m_socket->open(m_address.url());
 }
 
 void Client::close()
@@ -175,7 +165,7 @@ void Client::unsubscribe(const QString& id)
           {QStringLiteral("topic"), topic}});
 }
 
-void Client::onConnected()
+void Client::onHandshake()
 {
     m_deadline.stop();
     m_pingTimer.start();
@@ -224,7 +214,9 @@ void Client::endConnecting(QAbstractSocket::SocketError error)
                                      "is the robot's.")
                                       .arg(address, m_socket->errorString()));
     else if (error == QAbstractSocket::ConnectionRefusedError)
-        end(Cause::Refused, refusedText(address));
+        end(Cause::Refused, tr("%1 refuses the connection. Check the port and whether the robot's "
+                               "program is running.")
+                                .arg(address));
     else if (error == QAbstractSocket::HostNotFoundError)
         end(Cause::Unreachable,
             tr("There is no host \"%1\". Check the address and the network.").arg(m_address.host));
@@ -247,8 +239,15 @@ void Client::endOpen()
                                       .arg(address, reason));
         break;
     default:
-        end(Cause::Lost, lostText(address));
+        lose();
     }
+}
+
+void Client::lose()
+{
+    end(Cause::Lost, tr("The link to %1 is lost: the robot closed it or cannot be reached any "
+                        "more. Check the network and whether the robot's program is running.")
+                         .arg(m_address.toString()));
 }
 
 /// The way out of every state; "this" may be gone when it returns.
@@ -299,24 +298,15 @@ bool Client::send(const QCborMap& message)
 
 void Client::receive(const std::optional<QCborMap>& message, const QString& error)
 {
-    if (!message)
-        Q_EMIT malformedReceived(error);
-    else if (message->value(QLatin1String("op")) == QLatin1String("service_response"))
-        afterDelay([this, message = *message] { m_inbox.receive(message); });
+    if (message)
+        onMessage(*message);
     else
-        m_inbox.receive(*message);
+        Q_EMIT malformedReceived(error);
 }
 
-/// What the link owes is forgotten with it.
-template <class Handle>
-void Client::afterDelay(const Handle& handle)
+void Client::onMessage(const QCborMap& message)
 {
-    if (m_delay == m_delay.zero())
-        return handle();
-    QTimer::singleShot(m_delay, this, [this, socket = QPointer<QWebSocket>(m_socket), handle] {
-        if (socket && socket == m_socket)
-            handle();
-    });
+    m_inbox.receive(message);
 }
 
 } // namespace rosbridge::client

@@ -80,17 +80,9 @@ public:
 
     State state() const { return m_state; }
 
-    /// What closed() says of a refused and of a lost link, for those who play through such an end.
-    static QString refusedText(const QString& address);
-    static QString lostText(const QString& address);
-
-    /// From now on the robot's end of the handshake and its answers to calls are taken @p delay
-    /// after they came, as if the robot were slow: all deadlines stay. Zero for none.
-    void setDelay(std::chrono::milliseconds delay) { m_delay = delay; }
-
     /// Starts to connect; the outcome is opened() or closed(), later. A link or an attempt that
     /// there is already is closed first.
-    void open(const protocol::Address& address);
+    virtual void open(const protocol::Address& address);
 
     /// Ends the link or the attempt at one at once: closed(Cause::Requested) is emitted before
     /// this returns, then calls without answer fail. Does nothing if already closed.
@@ -110,8 +102,8 @@ public:
 
     /// Asks for a topic's messages; each goes to @p handler until unsubscribe() or the link's
     /// end. The id that is returned is for unsubscribe(); empty if the link is not open.
-    QString subscribe(const QString& topic, const QString& type, const SubscribeOptions& options,
-                      const Handler& handler);
+    virtual QString subscribe(const QString& topic, const QString& type,
+                              const SubscribeOptions& options, const Handler& handler);
 
     /// Does nothing with an id that is unknown or of a link that is closed.
     void unsubscribe(const QString& id);
@@ -129,9 +121,18 @@ Q_SIGNALS:
     /// A message was not understood and is ignored; @p text says why.
     void malformedReceived(const QString& text);
 
-private:
-    void onConnected();
+protected:
+    // The steps of a link, in their order, for a client that takes one of them in another way. They
+    // are called out of the event loop, and not for a link that was closed meanwhile.
+    virtual void openSocket();
+    virtual void onHandshake();
+    virtual void onMessage(const QCborMap& message);
+    /// The socket failed, or was closed by the other end.
     void onError(QAbstractSocket::SocketError error);
+    /// The other end is gone.
+    void lose();
+
+private:
     void onDeadline();
     void ping();
     void endConnecting(QAbstractSocket::SocketError error);
@@ -142,8 +143,6 @@ private:
     QString nextId(const QString& op);
     bool send(const QCborMap& message);
     void receive(const std::optional<QCborMap>& message, const QString& error);
-    template <class Handle>
-    void afterDelay(const Handle& handle);
 
     Timeouts m_timeouts;
     State m_state = State::Closed;
@@ -151,7 +150,6 @@ private:
     QWebSocket* m_socket = nullptr; // ours, as long as the state is not Closed
     QTimer m_pingTimer;
     QTimer m_deadline; // connecting: for the handshake; open: for the next pong
-    std::chrono::milliseconds m_delay{0};
     quint64 m_lastId = 0;
     Inbox m_inbox;
 };

@@ -2,6 +2,7 @@
 // it has.
 #include "LinkInput.h"
 #include "Require.h"
+#include "tests/host/workbench/robotview/Tell.h"
 
 #include "host/workbench/robotview/WorldView.h"
 
@@ -107,7 +108,7 @@ public:
         if (!topic)
             return;
         const RobotState before = m_state;
-        m_state.read(*topic, message.value(QLatin1String("msg")).toMap(), m_now);
+        tell(m_state, *topic, message.value(QLatin1String("msg")).toMap(), m_now);
         requireSound(m_state);
         if (isRefused(*topic))
             requireSame(m_state, before);

@@ -51,7 +51,7 @@ public:
                      plugin::gui::DeviceDelegate& delegate) const override
     {
         const bool isKnown =
-            std::strcmp(device, "OLM GmbH Quandrel") == 0 &&
+            std::strcmp(device, "tests test plugin") == 0 &&
             (!std::strcmp(widget, "toolbar") || (hasDialog && !std::strcmp(widget, "dialog")));
         return isKnown ? new Widget(delegate, widget) : nullptr;
     }

@@ -1,8 +1,10 @@
 #include "host/device/connection/Commands.h"
 
 #include "host/device/connection/Connection.h"
+#include "host/device/connection/Listener.h"
 #include "host/device/connection/MessageRole.h"
 #include "host/device/connection/Offer.h"
+#include "host/device/readers/BoolReader.h"
 #include "olm/core/Vector.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
@@ -19,7 +21,7 @@ using plugin::plugin::DataRole;
 namespace service = rosbridge::protocol::service;
 namespace topic = rosbridge::protocol::topic;
 
-Commands::Commands(Connection& connection, const Offer& offer)
+Commands::Commands(Connection& connection, Listener& listener, const Offer& offer)
     : m_connection(connection),
       m_offer(offer)
 {
@@ -30,10 +32,16 @@ Commands::Commands(Connection& connection, const Offer& offer)
             m_failures.clear();
         }
     });
-    connection.follow(topic::armTorqueEnabled.name, topic::armTorqueEnabled.type,
-                      [this](const QCborMap& state) {
-                          m_isTorqueOn = state.value(QLatin1String("data")).toBool();
-                      });
+    listener.listen(topic::armTorqueEnabled, manipulatorLogLine,
+                    [this](const QCborMap& state) { return readTorque(state); });
+}
+
+QString Commands::readTorque(const QCborMap& state)
+{
+    QString fault;
+    if (const auto isOn = readers::readBool(state, &fault))
+        m_isTorqueOn = *isOn;
+    return fault;
 }
 
 void Commands::disableDriveSystem(bool on)

@@ -14,6 +14,7 @@
 namespace host::device::connection {
 
 class Connection;
+class Listener;
 class Offer;
 
 /// What the device asks of its robot: to be as the configuration says, and to switch the arm. What
@@ -28,8 +29,8 @@ public:
 
     static constexpr int lineCount = 3;
 
-    /// Both outlive the commands.
-    Commands(Connection& connection, const Offer& offer);
+    /// All outlive the commands.
+    Commands(Connection& connection, Listener& listener, const Offer& offer);
 
     void disableDriveSystem(bool on);
     /// @p size is a Vector<unsigned int> of width and height; anything else is ignored.
@@ -55,6 +56,7 @@ private:
         QString why;
     };
 
+    QString readTorque(const QCborMap& state);
     void setBool(const QString& service, bool on, const QString& what,
                  plugin::plugin::DataRole log);
     void call(const QString& service, const QCborMap& args, const QString& what,

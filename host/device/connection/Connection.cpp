@@ -1,14 +1,11 @@
 #include "host/device/connection/Connection.h"
 
 #include "host/device/connection/MessageRole.h"
-#include "host/device/faults/Faults.h"
-#include "rosbridge/protocol/CanonicalName.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
 
 #include <QDebug>
 
-#include <algorithm>
 #include <utility>
 
 namespace host::device::connection {
@@ -18,13 +15,6 @@ namespace topic = rosbridge::protocol::topic;
 
 namespace {
 
-std::optional<std::chrono::milliseconds> since(const QElapsedTimer& timer)
-{
-    if (!timer.isValid())
-        return std::nullopt;
-    return std::chrono::milliseconds(timer.elapsed());
-}
-
 QString text(const QCborMap& map, const char* key)
 {
     return map.value(QLatin1String(key)).toString();
@@ -32,9 +22,16 @@ QString text(const QCborMap& map, const char* key)
 
 } // namespace
 
-Connection::Connection(const Timing& timing, faults::Faults& faults)
+Connection::Connection(const Timing& timing)
+    : Connection(timing, [](const Client::Timeouts& timeouts) {
+          return std::make_unique<Client>(timeouts);
+      })
+{
+}
+
+Connection::Connection(const Timing& timing, MakeClient makeClient)
     : m_timing(timing),
-      m_faults(faults),
+      m_makeClient(std::move(makeClient)),
       m_status([] { return tr("Not connected."); })
 {
     m_frameTimer.setInterval(m_timing.frame);
@@ -47,28 +44,15 @@ Connection::Connection(const Timing& timing, faults::Faults& faults)
                 "program and connect again.")
                  .arg(m_address, QString::number(seconds)));
     });
-    connect(&m_remappings, &Remappings::changed, this, &Connection::subscribeAnew);
-    // Its lines are no data: they come from a robot whose sensors are silent, too.
-    m_followed.push_back({++m_lastFollower,
-                          topic::log.name,
-                          topic::log.type,
-                          [this](const QCborMap& log) { onLogMessage(log); },
-                          {},
-                          QString()});
-    connect(&m_faults, &faults::Faults::changed, this, &Connection::onFaultsChanged);
-    connect(&m_faults, &faults::Faults::linkDropped, this, &Connection::loseLink);
 }
 
 Connection::~Connection() = default;
 
 std::optional<std::chrono::milliseconds> Connection::connectedFor() const
 {
-    return since(m_connected);
-}
-
-std::optional<std::chrono::milliseconds> Connection::dataAge() const
-{
-    return since(m_newestData);
+    if (!m_connected.isValid())
+        return std::nullopt;
+    return std::chrono::milliseconds(m_connected.elapsed());
 }
 
 bool Connection::open(const QString& addressText)
@@ -82,7 +66,7 @@ bool Connection::open(const QString& addressText)
         return false;
     }
     m_address = address->toString();
-    m_client = std::make_unique<Client>(m_timing.link);
+    m_client = m_makeClient(m_timing.link);
     connect(m_client.get(), &Client::opened, this, &Connection::onOpened);
     connect(m_client.get(), &Client::closed, this,
             [this](Client::Cause, const QString& words) { fail(words); });
@@ -90,13 +74,7 @@ bool Connection::open(const QString& addressText)
     connect(m_client.get(), &Client::malformedReceived, this, [this](const QString& why) {
         qWarning().noquote() << "A message of" << m_address << "was not understood:" << why;
     });
-    m_subscribed.clear();
-    m_client->setDelay(m_faults.delay());
-    if (m_faults.takeRefusal())
-        QMetaObject::invokeMethod(
-            m_client.get(), [this] { fail(Client::refusedText(m_address)); }, Qt::QueuedConnection);
-    else
-        m_client->open(*address);
+    m_client->open(*address);
     m_isFirstRound = true;
     m_isAcquireAnswered = false;
     m_frameTimer.start();
@@ -124,38 +102,15 @@ auto Connection::whileCurrent(const Handle& handle)
     };
 }
 
-/// For the messages of one topic.
-Connection::Client::Handler Connection::unlessDropped(const Client::Handler& handler)
-{
-    const auto count = std::make_shared<quint64>(0); // by all copies of the handler together
-    return whileCurrent([this, handler, count](const QCborMap& message) {
-        if (!m_faults.dropsMessage(++*count))
-            handler(message);
-    });
-}
-
 int Connection::follow(const QString& topic, const QString& type, const Client::Handler& handler,
                        std::chrono::milliseconds throttle)
 {
-    const QString name = rosbridge::protocol::canonicalName(topic);
-    const auto hear = [this, handler](const QCborMap& msg) {
-        m_newestData.start();
-        handler(msg);
-    };
-    m_followed.push_back({++m_lastFollower, name, type, hear, throttle, QString()});
-    subscribeAnew(name);
-    return m_lastFollower;
+    return m_followers.follow(topic, type, handler, throttle);
 }
 
 void Connection::unfollow(int id)
 {
-    const auto followed = std::find_if(m_followed.begin(), m_followed.end(),
-                                       [id](const Followed& each) { return each.id == id; });
-    if (followed == m_followed.end())
-        return;
-    if (m_client)
-        m_client->unsubscribe(followed->subscription);
-    m_followed.erase(followed);
+    m_followers.unfollow(id);
 }
 
 void Connection::call(const QString& service, const QCborMap& args,
@@ -172,38 +127,12 @@ void Connection::callOn(Client& client, const QString& service, const QCborMap& 
     client.callService(m_remappings.theirs(service), args, callback, timeout);
 }
 
-/// All subscriptions come through here: it is the robot's name that goes out.
-void Connection::subscribe(Followed& followed)
-{
-    Client::SubscribeOptions options;
-    options.compression = Client::Compression::Cbor;
-    options.throttleRate = followed.throttle;
-    options.queueLength = followed.throttle.count() > 0 ? 1 : 0; // the newest is not lost
-    followed.subscription = m_client->subscribe(m_remappings.theirs(followed.topic), followed.type,
-                                                options, unlessDropped(followed.handler));
-    m_subscribed.insert(followed.subscription, followed.topic);
-}
-
-/// All followers of a topic: a robot tells its state once for all subscriptions of a client to it.
-void Connection::subscribeAnew(const QString& topic)
-{
-    if (!m_client || m_client->state() != Client::State::Open)
-        return;
-    for (const Followed& followed : m_followed) {
-        if (followed.topic == topic)
-            m_client->unsubscribe(followed.subscription);
-    }
-    for (Followed& followed : m_followed) {
-        if (followed.topic == topic)
-            subscribe(followed);
-    }
-}
-
 void Connection::onOpened()
 {
     // First the log, which tells of the rest; last the topics, some of which have much to say at
     // once.
-    subscribe(m_followed.front());
+    m_followers.open(*m_client);
+    m_followers.subscribe(topic::log.name);
     callOn(*m_client, service::parameter.name,
            {{QStringLiteral("name"), QStringLiteral("/use_sim_time")},
             {QStringLiteral("default"), QStringLiteral("false")}},
@@ -215,14 +144,13 @@ void Connection::onOpened()
            whileCurrent([this](const Client::Result& result) { onAcquireAnswered(result); }),
            2 * m_timing.answer);
     Q_EMIT opened();
-    for (std::size_t i = 1; i < m_followed.size(); ++i)
-        subscribe(m_followed[i]);
+    m_followers.subscribeRest();
 }
 
 void Connection::onStatus(const QString& level, const QString& words, const QString& id)
 {
     const QString line = tr("Robot, %1: %2").arg(level, words);
-    const QString topic = m_subscribed.value(id);
+    const QString topic = m_followers.topicOf(id);
     if (level == QLatin1String("error") && !topic.isEmpty())
         Q_EMIT subscriptionRefused(topic, line);
     else
@@ -259,12 +187,12 @@ void Connection::onFrame()
 void Connection::settle()
 {
     m_frameTimer.stop();
-    if (isGranted() && !m_faults.hasOtherController()) {
+    if (isGranted()) {
         enter(connected, [address = m_address] { return tr("Connected to %1.").arg(address); });
         return;
     }
     const QString reason =
-        isGranted() ? tr("a pretended one") : text(m_acquireResult.values, "message");
+        isGrantedByRobot() ? m_pretendedController : text(m_acquireResult.values, "message");
     const Words words = [address = m_address, reason] {
         return tr("Connected to %1, passive: another client is in control (%2). To take over, "
                   "connect again when it has left.")
@@ -275,41 +203,21 @@ void Connection::settle()
 }
 
 /// A robot without control services is anyone's.
-bool Connection::isGranted() const
+bool Connection::isGrantedByRobot() const
 {
     return m_hasControl || !m_acquireResult.ok;
 }
 
-void Connection::onFaultsChanged()
+bool Connection::isGranted() const
 {
-    if (m_client)
-        m_client->setDelay(m_faults.delay());
-    const bool isPassive = m_faults.hasOtherController() || !isGranted();
-    if (m_state >= connected && isPassive != (m_state == passive))
+    return isGrantedByRobot() && m_pretendedController.isEmpty();
+}
+
+void Connection::pretendController(const QString& holder)
+{
+    m_pretendedController = holder;
+    if (m_state >= connected && isGranted() != (m_state == connected))
         settle();
-}
-
-/// As if the robot had vanished.
-void Connection::loseLink()
-{
-    if (m_state != notConnected)
-        fail(Client::lostText(m_address));
-}
-
-void Connection::onLogMessage(const QCborMap& log)
-{
-    const QString line = text(log, "msg");
-    QString name = text(log, "name");
-    if (name.startsWith(QLatin1Char('/')))
-        name.remove(0, 1);
-    if (name == QLatin1String("base"))
-        Q_EMIT message(baseLogLine, line);
-    else if (name == QLatin1String("manipulator"))
-        Q_EMIT message(manipulatorLogLine, line);
-    else if (name == QLatin1String("laser"))
-        Q_EMIT message(laserLogLine, line);
-    else
-        Q_EMIT message(baseLogLine, QStringLiteral("%1: %2").arg(name, line));
 }
 
 void Connection::enter(int state, const Words& status)
@@ -330,12 +238,12 @@ void Connection::leave(const Words& status)
     m_frameTimer.stop();
     m_acquireDeadline.stop();
     m_hasControl = false;
+    m_followers.close();
     if (const auto client = std::move(m_client)) {
         client->disconnect(this);
         client->close();
     }
     m_connected.invalidate();
-    m_newestData.invalidate();
     setSimulator(false);
     enter(notConnected, status);
 }

@@ -1,6 +1,7 @@
 #ifndef HOST_DEVICE_CONNECTION_CONNECTION_H
 #define HOST_DEVICE_CONNECTION_CONNECTION_H
 
+#include "host/device/connection/Followers.h"
 #include "host/device/connection/Remappings.h"
 #include "host/device/connection/Timing.h"
 #include "plugin/plugin/DataRole.h"
@@ -8,7 +9,6 @@
 
 #include <QDateTime>
 #include <QElapsedTimer>
-#include <QHash>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -17,11 +17,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
-
-namespace host::device::faults {
-class Faults;
-} // namespace host::device::faults
 
 namespace host::device::connection {
 
@@ -40,8 +35,12 @@ public:
     static constexpr int connected = 3;
     static constexpr int passive = 4;
 
-    /// @p faults outlives the connection, which takes them for the robot's.
-    Connection(const Timing& timing, faults::Faults& faults);
+    /// Makes the client end of each link anew.
+    using MakeClient = std::function<std::unique_ptr<rosbridge::client::Client>(
+        const rosbridge::client::Client::Timeouts&)>;
+
+    explicit Connection(const Timing& timing);
+    Connection(const Timing& timing, MakeClient makeClient);
     /// Says nothing any more. The robot takes the end of the link as the end of control.
     ~Connection() override;
 
@@ -54,8 +53,9 @@ public:
     /// How long it has been connected, passively or not; none unless it is.
     std::optional<std::chrono::milliseconds> connectedFor() const;
 
-    /// The age of the newest message of any topic that is followed; none on a link without any.
-    std::optional<std::chrono::milliseconds> dataAge() const;
+    /// The age of the newest message of any topic that is followed, the robot's log not counted;
+    /// none on a link without any.
+    std::optional<std::chrono::milliseconds> dataAge() const { return m_followers.dataAge(); }
 
     /// What went wrong last, and what to try: kept when the next connection succeeds.
     struct Failure
@@ -76,6 +76,10 @@ public:
     /// Gives control back and closes, or gives up connecting: the state is -1 at once, and no
     /// message is sent. False where there is nothing to close.
     bool close();
+
+    /// From now on control counts as that of @p holder, a few words, whatever the robot grants;
+    /// with an empty text as the robot says.
+    void pretendController(const QString& holder);
 
     /// From now on gives each message of @p topic to @p handler, on this link and on all to come,
     /// until unfollow(). With a @p throttle, and where nobody else follows the topic more closely,
@@ -110,33 +114,18 @@ private:
     using Client = rosbridge::client::Client;
     using Words = std::function<QString()>;
 
-    struct Followed
-    {
-        int id;
-        QString topic; // in its canonical form
-        QString type;
-        Client::Handler handler;
-        std::chrono::milliseconds throttle;
-        QString subscription; // on the link that is open
-    };
-
     void onOpened();
     void onStatus(const QString& level, const QString& words, const QString& id);
     template <class Handle>
     auto whileCurrent(const Handle& handle);
-    Client::Handler unlessDropped(const Client::Handler& handler);
     void callOn(Client& client, const QString& service, const QCborMap& args,
                 const Client::Callback& callback, std::chrono::milliseconds timeout);
-    void subscribe(Followed& followed);
-    void subscribeAnew(const QString& topic);
     void onSimTimeAnswered(const Client::Result& result);
     void onAcquireAnswered(const Client::Result& result);
     void onFrame();
     void settle();
+    bool isGrantedByRobot() const;
     bool isGranted() const;
-    void onFaultsChanged();
-    void loseLink();
-    void onLogMessage(const QCborMap& log);
     void enter(int state, const Words& status);
     void leave(const Words& status);
     void fail(const QString& words);
@@ -144,19 +133,17 @@ private:
     void setSimulator(bool isSimulator);
 
     Timing m_timing;
-    faults::Faults& m_faults;
+    MakeClient m_makeClient;
     Remappings m_remappings;
+    Followers m_followers{m_remappings};
     int m_state = notConnected;
     Words m_status;
-    QElapsedTimer m_connected;  // invalid unless the state is connected or passive
-    QElapsedTimer m_newestData; // invalid on a link without any
+    QElapsedTimer m_connected; // invalid unless the state is connected or passive
     Failure m_lastFailure;
     QString m_address;
-    std::vector<Followed> m_followed;
-    int m_lastFollower = 0;
-    QHash<QString, QString> m_subscribed; // topics by the subscriptions' ids, ended ones too
-    std::unique_ptr<Client> m_client;     // as long as the state is not -1
+    std::unique_ptr<Client> m_client; // as long as the state is not -1
     bool m_hasControl = false;
+    QString m_pretendedController;
     bool m_isSimulator = false;
     QTimer m_frameTimer;
     bool m_isFirstRound = false; // of the frames

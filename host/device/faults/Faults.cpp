@@ -67,6 +67,11 @@ void Faults::setOtherController(bool on)
     set(m_hasOtherController, on);
 }
 
+QString Faults::otherController() const
+{
+    return m_hasOtherController ? tr("a pretended one") : QString();
+}
+
 void Faults::setDelay(std::chrono::milliseconds delay)
 {
     set(m_delay, delay);

@@ -13,8 +13,8 @@
 namespace host::device::faults {
 
 /// What goes wrong with a device on purpose, for developers who want to see how their plugin
-/// stands it. It keeps what was chosen and decides; connection and device ask it where the fault
-/// would strike. Nothing goes wrong at first, and nothing is stored.
+/// stands it. It keeps what was chosen and decides; FaultyClient, FaultyHost and the device ask it
+/// where the fault would strike. Nothing goes wrong at first, and nothing is stored.
 class Faults : public QObject
 {
     Q_OBJECT
@@ -36,6 +36,8 @@ public:
 
     /// Another client seems to be in control of the robot.
     bool hasOtherController() const { return m_hasOtherController; }
+    /// A few words for that client; empty where there is none.
+    QString otherController() const;
     void setOtherController(bool on);
 
     /// How much later than they come the robot's answers are taken; zero for no delay.

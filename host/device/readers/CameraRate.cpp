@@ -1,17 +1,11 @@
 #include "host/device/readers/CameraRate.h"
 
-#include "host/device/connection/Connection.h"
-#include "rosbridge/protocol/Topics.h"
-
 namespace host::device::readers {
 
-CameraRate::CameraRate(connection::Connection& connection)
+CameraRate::CameraRate()
 {
     m_timer.setInterval(std::chrono::milliseconds(250));
     connect(&m_timer, &QTimer::timeout, this, &CameraRate::measure);
-    connection.follow(rosbridge::protocol::topic::cameraInfo.name,
-                      rosbridge::protocol::topic::cameraInfo.type,
-                      [this](const QCborMap&) { onFrame(); });
 }
 
 void CameraRate::reset()
@@ -21,7 +15,7 @@ void CameraRate::reset()
     setRate(0);
 }
 
-void CameraRate::onFrame()
+void CameraRate::count()
 {
     m_meter.arrived(std::chrono::steady_clock::now());
     if (!m_timer.isActive())

@@ -6,10 +6,6 @@
 #include <QObject>
 #include <QTimer>
 
-namespace host::device::connection {
-class Connection;
-} // namespace host::device::connection
-
 namespace host::device::readers {
 
 /// The rate at which the camera's frames arrive, measured here: what the robot says of its camera
@@ -19,9 +15,10 @@ class CameraRate : public QObject
     Q_OBJECT
 
 public:
-    /// Follows the camera on every link of @p connection, which outlives it.
-    explicit CameraRate(connection::Connection& connection);
+    CameraRate();
 
+    /// A frame arrived.
+    void count();
     /// The link is over: the rate is 0 at once, not when the frames are missed.
     void reset();
 
@@ -30,7 +27,6 @@ Q_SIGNALS:
     void changed(unsigned int rate);
 
 private:
-    void onFrame();
     void measure();
     void setRate(unsigned int rate);
 

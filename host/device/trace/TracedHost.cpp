@@ -1,6 +1,5 @@
 #include "host/device/trace/TracedHost.h"
 
-#include "host/device/faults/Faults.h"
 #include "host/device/trace/TracedCall.h"
 #include "plugin/gui/HostCall.h"
 
@@ -78,14 +77,13 @@ void TracedHost::registerConfigVariable(const char* name, bool on)
 Variant TracedHost::read(VariableKind kind, const char* name) const
 {
     TracedCall call(m_traffic, callToHost(functionsOf(kind).read, {text(name)}));
-    return call.answer(m_faults.seen(kind, name, m_host.read(kind, name)));
+    return call.answer(m_host.read(kind, name));
 }
 
 void TracedHost::write(VariableKind kind, const char* name, const Variant& value)
 {
     const TracedCall call(m_traffic, callToHost(functionsOf(kind).write, {text(name), value}));
-    if (!m_faults.refusesWrite(kind, name))
-        m_host.write(kind, name, value);
+    m_host.write(kind, name, value);
 }
 
 Variant TracedHost::property(VariableKind kind, const char* name, const char* property) const

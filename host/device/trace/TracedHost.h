@@ -3,29 +3,19 @@
 
 #include "plugin/gui/DeviceHost.h"
 
-namespace host::device::faults {
-class Faults;
-} // namespace host::device::faults
-
 namespace host::device::trace {
 
 class Traffic;
 
 /// What widgets are built on in place of their device: passes every call on to it and notes the
-/// call in the traffic. The faults that only widgets are to see strike here: the device itself
-/// reads and writes its variables as ever.
+/// call in the traffic.
 class TracedHost : public plugin::gui::DeviceHost
 {
 public:
     using Variant = olm::core::variant::Variant;
 
-    /// All outlive it.
-    TracedHost(DeviceHost& host, Traffic& traffic, faults::Faults& faults)
-        : m_host(host),
-          m_traffic(traffic),
-          m_faults(faults)
-    {
-    }
+    /// Both outlive it.
+    TracedHost(DeviceHost& host, Traffic& traffic) : m_host(host), m_traffic(traffic) {}
 
     void registerInput(const char* name, bool on) override;
     void registerOutput(const char* name, bool on) override;
@@ -51,7 +41,6 @@ public:
 private:
     DeviceHost& m_host;
     Traffic& m_traffic;
-    faults::Faults& m_faults;
 };
 
 } // namespace host::device::trace

@@ -11,34 +11,30 @@ constexpr float longestRange = 10000; // metres: no laser on a robot sees that f
 
 } // namespace
 
-std::optional<LaserRays> LaserRays::read(device::readers::ScanReader& reader,
-                                         const QCborMap& message, QString* fault)
+std::optional<LaserRays> LaserRays::of(const olm::core::LaserScanMessage& scan, QString* fault)
 {
-    const auto scan = reader.read(message, fault);
-    if (!scan)
-        return std::nullopt;
-    if (!std::isfinite(scan->minimumAngle) || !std::isfinite(scan->angleIncrement)) {
+    if (!std::isfinite(scan.minimumAngle) || !std::isfinite(scan.angleIncrement)) {
         *fault = tr("its angles are no numbers");
         return std::nullopt;
     }
     LaserRays rays;
-    rays.frame = QString::fromStdString(scan->frameId);
-    rays.stamp = scan->timeStamp;
-    const int count = static_cast<int>(scan->ranges.size());
+    rays.frame = QString::fromStdString(scan.frameId);
+    rays.stamp = scan.timeStamp;
+    const int count = static_cast<int>(scan.ranges.size());
     rays.hits.reserve(count);
     rays.swept.reserve(count + 1);
     const QPointF laser(0, 0);
     rays.swept.append(laser);
     for (int i = 0; i < count; ++i) {
-        const float range = scan->ranges[i];
-        if (!(range >= scan->minimumRange && range <= scan->maximumRange && range > 0 &&
+        const float range = scan.ranges[i];
+        if (!(range >= scan.minimumRange && range <= scan.maximumRange && range > 0 &&
               range <= longestRange)) {
             if (rays.swept.last() != laser)
                 rays.swept.append(laser);
             continue;
         }
         const double angle =
-            double(scan->minimumAngle) + i * static_cast<double>(scan->angleIncrement);
+            double(scan.minimumAngle) + i * static_cast<double>(scan.angleIncrement);
         const QPointF hit(range * std::cos(angle), range * std::sin(angle));
         rays.hits.append(hit);
         rays.swept.append(hit);

@@ -1,9 +1,8 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_LASERRAYS_H
 #define HOST_WORKBENCH_ROBOTVIEW_LASERRAYS_H
 
-#include "host/device/readers/ScanReader.h"
+#include "olm/core/LaserScanMessage.h"
 
-#include <QCborMap>
 #include <QCoreApplication>
 #include <QPolygonF>
 #include <QString>
@@ -12,8 +11,7 @@
 
 namespace host::workbench::robotview {
 
-/// What a laser saw, in metres in its own frame, out of a sensor_msgs/LaserScan message. Rays
-/// without an answer within the laser's limits are not among it.
+/// What a laser saw, in metres in its own frame. Rays without an answer within the laser's limits are not among it.
 struct LaserRays
 {
     Q_DECLARE_TR_FUNCTIONS(host::workbench::robotview::LaserRays)
@@ -25,9 +23,8 @@ public:
     QPolygonF hits;
     QPolygonF swept; ///< what the rays passed over
 
-    /// A message of the wrong shape gives nothing and, in @p fault, what is wrong.
-    static std::optional<LaserRays> read(device::readers::ScanReader& reader,
-                                         const QCborMap& message, QString* fault);
+    /// A scan that cannot be shown gives nothing and, in @p fault, what is wrong.
+    static std::optional<LaserRays> of(const olm::core::LaserScanMessage& scan, QString* fault);
 };
 
 } // namespace host::workbench::robotview

@@ -23,6 +23,8 @@ RobotFeed::RobotFeed(device::Device& device, QObject* parent) : QObject(parent),
     connect(&device.offer(), &Offer::changed, this, &RobotFeed::arrange);
     connect(&device.offer(), &Offer::ready, this, &RobotFeed::arrange);
     connect(&device, &device::Device::connectionStateChanged, this, &RobotFeed::onConnectionState);
+    connect(&device.sensors(), &device::Sensors::scanned, this, &RobotFeed::onScan);
+    connect(&device.sensors(), &device::Sensors::scanRefused, this, &RobotFeed::onScanRefused);
     onConnectionState(device.connectionState());
 }
 
@@ -70,10 +72,10 @@ void RobotFeed::arrange()
         const bool isOffered = found != Offer::State::Missing && found != Offer::State::OtherType;
         m_state.setName(topic, m_device.remappings().theirs(name));
         m_state.setPublished(topic, isOffered, RobotState::Clock::now());
-        if (isOffered)
-            follow(topic);
-        else
+        if (!isOffered)
             m_askTimer.start();
+        else if (topic != RobotState::Scan) // which the device follows and reads
+            follow(topic);
     }
     Q_EMIT changed();
 }
@@ -91,6 +93,22 @@ void RobotFeed::follow(Topic topic)
             Q_EMIT changed();
         },
         info.throttle);
+}
+
+void RobotFeed::onScan(const olm::core::LaserScanMessage& scan)
+{
+    if (!m_isActive)
+        return;
+    m_state.readScan(scan, RobotState::Clock::now());
+    Q_EMIT changed();
+}
+
+void RobotFeed::onScanRefused(const QString& fault)
+{
+    if (!m_isActive)
+        return;
+    m_state.refuse(RobotState::Scan, fault);
+    Q_EMIT changed();
 }
 
 void RobotFeed::leaveAll()

@@ -38,6 +38,8 @@ private:
     void onConnectionState(int state);
     void arrange();
     void follow(RobotState::Topic topic);
+    void onScan(const olm::core::LaserScanMessage& scan);
+    void onScanRefused(const QString& fault);
     void leaveAll();
 
     device::Device& m_device;

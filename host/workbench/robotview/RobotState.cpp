@@ -1,5 +1,9 @@
 #include "host/workbench/robotview/RobotState.h"
 
+#include "host/device/readers/BoolReader.h"
+#include "host/device/readers/CameraInfo.h"
+#include "rosbridge/protocol/Fields.h"
+
 #include <QLocale>
 
 #include <cmath>
@@ -88,11 +92,36 @@ void RobotState::setPublished(Topic topic, bool isPublished, TimePoint now)
 
 void RobotState::read(Topic topic, const QCborMap& message, TimePoint now)
 {
+    admit(topic, now,
+          [&](QString* fault) { return take(topic, message, now, fault); });
+}
+
+void RobotState::readScan(const olm::core::LaserScanMessage& scan, TimePoint now)
+{
+    admit(Scan, now, [&](QString* fault) {
+        if (auto rays = LaserRays::of(scan, fault))
+            m_rays = std::move(rays);
+        return true;
+    });
+}
+
+void RobotState::refuse(Topic topic, const QString& fault)
+{
+    m_errors.at(topic) = tr("A message of the topic %1 is ignored: %2.").arg(name(topic), fault);
+}
+
+/// @p take returns false where the message tells only of what is not shown, and sets the fault
+/// where it is wrong.
+template <class Take>
+void RobotState::admit(Topic topic, TimePoint now, const Take& take)
+{
     const bool wasOverdue = !overdue(Transforms, now).isEmpty();
-    QString error;
-    const bool isTaken = take(topic, message, now, &error);
-    m_errors.at(topic) = error;
-    if (!isTaken)
+    QString fault;
+    const bool isNews = take(&fault);
+    if (!fault.isEmpty())
+        return refuse(topic, fault);
+    m_errors.at(topic).clear();
+    if (!isNews)
         return;
     m_arrivals.at(topic) = now;
     const QString newWorld = world();
@@ -112,46 +141,32 @@ void RobotState::read(Topic topic, const QCborMap& message, TimePoint now)
     placeRays();
 }
 
-/// False where nothing of the message counts: it is wrong, for the reason in @p error, or tells
-/// only of what is not shown.
-bool RobotState::take(Topic topic, const QCborMap& message, TimePoint now, QString* error)
+bool RobotState::take(Topic topic, const QCborMap& message, TimePoint now, QString* fault)
 {
-    QString fault;
-    bool isNews = true;
     switch (topic) {
     case Map:
-        if (auto map = GridMap::read(message, &fault))
+        if (auto map = GridMap::read(message, fault))
             m_map = std::move(map);
         break;
     case Transforms:
     case StaticTransforms:
-        fault = m_frames.readTransforms(message, topic == StaticTransforms, now);
+        *fault = m_frames.readTransforms(message, topic == StaticTransforms, now);
         break;
     case Odometry:
-        fault = m_frames.readOdometry(message, now, &m_odometryFrame);
-        break;
-    case Scan:
-        if (auto rays = LaserRays::read(m_scanReader, message, &fault))
-            m_rays = std::move(rays);
+        *fault = m_frames.readOdometry(message, now, &m_odometryFrame);
         break;
     case JointStates:
     case ArmState:
-        isNews = takeAxes(topic, message, &fault);
-        break;
+        return takeAxes(topic, message, fault);
     case Camera:
-        m_camera.arrived(now);
+        if (device::readers::CameraInfo::read(message, fault))
+            m_camera.arrived(now);
         break;
-    default: {
-        Fields fields(message, &fault);
-        const bool isOn = fields.truth("data");
-        if (fields.isGood())
+    default:
+        if (const auto isOn = device::readers::readBool(message, fault))
             m_switches.at(topic) = isOn;
     }
-    }
-    if (fault.isEmpty())
-        return isNews;
-    *error = tr("A message of the topic %1 is ignored: %2.").arg(name(topic), fault);
-    return false;
+    return true;
 }
 
 /// Several parts of a robot may tell of their joints in turn.

@@ -3,7 +3,6 @@
 
 #include "host/device/readers/ArmPose.h"
 #include "host/device/readers/RateMeter.h"
-#include "host/device/readers/ScanReader.h"
 #include "host/workbench/robotview/GridMap.h"
 #include "host/workbench/robotview/LaserRays.h"
 #include "host/workbench/robotview/Path.h"
@@ -78,8 +77,11 @@ public:
     /// Whether the robot publishes the topic; what it publishes is due soon.
     void setPublished(Topic topic, bool isPublished, TimePoint now);
 
-    /// Takes a message of the topic.
+    /// Takes a message of any topic but Scan.
     void read(Topic topic, const QCborMap& message, TimePoint now);
+    void readScan(const olm::core::LaserScanMessage& scan, TimePoint now);
+    /// A message of the topic came that is none, for the reason in @p fault.
+    void refuse(Topic topic, const QString& fault);
 
     bool isConnected() const { return m_isConnected; }
 
@@ -112,7 +114,9 @@ public:
     QStringList notes(TimePoint now) const;
 
 private:
-    bool take(Topic topic, const QCborMap& message, TimePoint now, QString* error);
+    template <class Take>
+    void admit(Topic topic, TimePoint now, const Take& take);
+    bool take(Topic topic, const QCborMap& message, TimePoint now, QString* fault);
     bool takeAxes(Topic topic, const QCborMap& message, QString* fault);
     void placeRays();
     QString name(Topic topic) const; // as the robot says
@@ -130,7 +134,6 @@ private:
     std::optional<GridMap> m_map;
     TransformTree m_frames;
     QString m_odometryFrame;
-    device::readers::ScanReader m_scanReader;
     std::optional<LaserRays> m_rays;
     std::optional<Transform> m_raysPlace;
     qint64 m_raysLag = 0; // from when they were measured to when their place was; milliseconds

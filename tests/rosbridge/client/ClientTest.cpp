@@ -32,8 +32,6 @@ private Q_SLOTS:
     void a_message_that_is_not_understood_is_reported_and_ignored_data();
     void a_message_that_is_not_understood_is_reported_and_ignored();
     void the_owner_may_delete_the_client_inside_callbacks();
-    void a_delay_holds_answers_back_and_nothing_else();
-    void a_delayed_handshake_opens_no_link_that_was_closed();
 };
 
 void ClientTest::topics_are_advertised_published_and_unadvertised()
@@ -321,42 +319,6 @@ void ClientTest::the_owner_may_delete_the_client_inside_callbacks()
         link.peer.sendText("x");
         QTRY_VERIFY_WITH_TIMEOUT(!link.client, patience);
     }
-}
-
-void ClientTest::a_delay_holds_answers_back_and_nothing_else()
-{
-    Link link;
-    QStringList heard;
-    link.client->subscribe("/t", "std_msgs/Int32", {},
-                           [&](const QCborMap&) { heard << "message"; });
-    link.next();
-    link.client->setDelay(100ms);
-    QElapsedTimer clock;
-    clock.start();
-    link.client->callService(
-        "/s", {}, [&](const Client::Result&) { heard << "answer"; }, 30s);
-    link.peer.send(response(text(link.next(), "id"), true, QCborMap()));
-    link.peer.send(publication("/t", number(1)));
-    QTRY_COMPARE_WITH_TIMEOUT(heard, QStringList({"message", "answer"}), patience);
-    QVERIFY2(clock.elapsed() >= 90, qPrintable(QString::number(clock.elapsed()))); // coarse timers
-}
-
-void ClientTest::a_delayed_handshake_opens_no_link_that_was_closed()
-{
-    const Peer peer;
-    Client client(noHurry());
-    const QSignalSpy opened(&client, &Client::opened);
-    client.setDelay(50ms);
-    client.open(peer.address());
-    const auto* const socket = client.findChild<QWebSocket*>();
-    QTRY_COMPARE_WITH_TIMEOUT(socket->state(), QAbstractSocket::ConnectedState, patience);
-    client.setDelay(1h);
-    client.open(peer.address());
-    bool isOver = false; // for the first handshake too
-    QTimer::singleShot(70, this, [&] { isOver = true; });
-    QTRY_VERIFY_WITH_TIMEOUT(isOver, patience);
-    QCOMPARE(opened.size(), 0);
-    QCOMPARE(client.state(), Client::State::Connecting);
 }
 
 TEST_WITHOUT_WINDOWS(ClientTest)

@@ -111,7 +111,7 @@ void TrafficTest::what_a_widget_does_while_it_is_built_is_within_its_constructio
     m_traffic.clear();
     const auto probe = loadProbe(m_device);
     QCOMPARE(words(m_traffic),
-             QStringList({" < loadDeviceWidget(device: OLM GmbH Quandrel, widget: toolbar) = Probe",
+             QStringList({" < loadDeviceWidget(device: vendor name, widget: toolbar) = Probe",
                           "   > registerInput(a, true)",
                           "  Probe/name > readInput(a) = ", "Probe/name < translate()"}));
 }

@@ -122,6 +122,11 @@ inline QCborMap armState(std::initializer_list<const char*> names,
             {"desired", QCborMap{{"positions", joints["position"]}}}};
 }
 
+inline QCborMap cameraInfo()
+{
+    return {{QStringLiteral("width"), 640}, {QStringLiteral("height"), 480}};
+}
+
 inline QCborMap truth(bool data)
 {
     return {{"data", data}};

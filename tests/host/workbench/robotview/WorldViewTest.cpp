@@ -1,4 +1,5 @@
 #include "RobotMessages.h"
+#include "Tell.h"
 #include "TestCase.h"
 
 #include "host/workbench/robotview/WorldView.h"
@@ -57,7 +58,7 @@ struct World
 
     void tell(RobotState::Topic topic, const QCborMap& message)
     {
-        state.read(topic, message, RobotState::Clock::now() - age);
+        ::tell(state, topic, message, RobotState::Clock::now() - age);
     }
 
     QColor colourAt(double x, double y)

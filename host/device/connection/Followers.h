@@ -1,0 +1,75 @@
+#ifndef HOST_DEVICE_CONNECTION_FOLLOWERS_H
+#define HOST_DEVICE_CONNECTION_FOLLOWERS_H
+
+#include "rosbridge/client/Client.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QObject>
+#include <QString>
+
+#include <chrono>
+#include <optional>
+#include <vector>
+
+namespace host::device::connection {
+
+class Remappings;
+
+/// Who follows which topic of the robot, on the link that is open and on all to come. All
+/// subscriptions go through here: topics are ours, and the robot's names go out.
+class Followers : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Client = rosbridge::client::Client;
+
+    /// @p remappings outlive the followers. A new name is in effect at once.
+    explicit Followers(const Remappings& remappings);
+
+    /// As Connection::follow() and unfollow() say.
+    int follow(const QString& topic, const QString& type, const Client::Handler& handler,
+               std::chrono::milliseconds throttle);
+    void unfollow(int id);
+
+    /// The link of @p client is open until close(); nothing is subscribed yet.
+    void open(Client& client);
+    /// Subscribes, for all its followers, to @p topic, again where that was done already: a robot
+    /// tells its state once for all subscriptions of a client to it. Nothing without a link.
+    void subscribe(const QString& topic);
+    /// Subscribes to the topics that are not subscribed to yet.
+    void subscribeRest();
+    /// Nothing of the link that was open is heard any more.
+    void close();
+
+    /// The topic of a subscription of this link, an ended one too; empty where there was none.
+    QString topicOf(const QString& subscription) const { return m_topics.value(subscription); }
+
+    /// The age of the newest message of any topic but the log; none on a link without any.
+    std::optional<std::chrono::milliseconds> dataAge() const;
+
+private:
+    struct Follower
+    {
+        int id;
+        QString topic; // in its canonical form
+        QString type;
+        Client::Handler handler;
+        std::chrono::milliseconds throttle;
+        QString subscription; // on the link that is open
+    };
+
+    void subscribe(Follower& follower);
+
+    const Remappings& m_remappings;
+    Client* m_client = nullptr; // while its link is open
+    std::vector<Follower> m_followers;
+    int m_lastId = 0;
+    QHash<QString, QString> m_topics; // by the subscriptions' ids
+    QElapsedTimer m_newestData;       // invalid on a link without any
+};
+
+} // namespace host::device::connection
+
+#endif

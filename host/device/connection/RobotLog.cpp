@@ -1,0 +1,37 @@
+#include "host/device/connection/RobotLog.h"
+
+#include "host/device/connection/Listener.h"
+#include "host/device/connection/MessageRole.h"
+#include "rosbridge/protocol/Fields.h"
+#include "rosbridge/protocol/Topics.h"
+
+namespace host::device::connection {
+
+RobotLog::RobotLog(Listener& listener)
+{
+    listener.listen(rosbridge::protocol::topic::log, baseLogLine,
+                    [this](const QCborMap& line) { return read(line); });
+}
+
+QString RobotLog::read(const QCborMap& line)
+{
+    QString fault;
+    rosbridge::protocol::Fields fields(line, &fault);
+    const QString text = fields.text("msg");
+    QString name = fields.text("name");
+    if (!fields.isGood())
+        return fault;
+    if (name.startsWith(QLatin1Char('/')))
+        name.remove(0, 1);
+    if (name == QLatin1String("base"))
+        Q_EMIT message(baseLogLine, text);
+    else if (name == QLatin1String("manipulator"))
+        Q_EMIT message(manipulatorLogLine, text);
+    else if (name == QLatin1String("laser"))
+        Q_EMIT message(laserLogLine, text);
+    else
+        Q_EMIT message(baseLogLine, QStringLiteral("%1: %2").arg(name, text));
+    return {};
+}
+
+} // namespace host::device::connection

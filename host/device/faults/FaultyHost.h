@@ -1,0 +1,49 @@
+#ifndef HOST_DEVICE_FAULTS_FAULTYHOST_H
+#define HOST_DEVICE_FAULTS_FAULTYHOST_H
+
+#include "plugin/gui/DeviceHost.h"
+
+namespace host::device::faults {
+
+class Faults;
+
+/// Passes what widgets ask on to their device, except where a fault strikes that only widgets are
+/// to see: a write is refused, or a value is read in a wrong type. The device itself reads and
+/// writes its variables as ever.
+class FaultyHost : public plugin::gui::DeviceHost
+{
+public:
+    using Variant = olm::core::variant::Variant;
+
+    /// Both outlive it.
+    FaultyHost(DeviceHost& host, Faults& faults) : m_host(host), m_faults(faults) {}
+
+    void registerInput(const char* name, bool on) override;
+    void registerOutput(const char* name, bool on) override;
+    void registerStateVariable(const char* name, bool on) override;
+    void registerConfigVariable(const char* name, bool on) override;
+    Variant read(plugin::gui::VariableKind kind, const char* name) const override;
+    void write(plugin::gui::VariableKind kind, const char* name, const Variant& value) override;
+    Variant property(plugin::gui::VariableKind kind, const char* name,
+                     const char* property) const override;
+    void setProperty(plugin::gui::VariableKind kind, const char* name, const char* property,
+                     const Variant& value) override;
+    void beginTransaction(const QString& name) override;
+    void endTransaction() override;
+    bool connectDevice() override;
+    bool disconnectDevice() override;
+    Variant simulationDirectExec(const Variant& role, const Variant& value) override;
+    QString translate(const QString& text) const override;
+    QString currentLanguage() const override;
+    QAction* helpAction(const QString& context) const override;
+    void widgetAdded(plugin::gui::DeviceWidget& widget) override;
+    void widgetRemoved(plugin::gui::DeviceWidget& widget) override;
+
+private:
+    DeviceHost& m_host;
+    Faults& m_faults;
+};
+
+} // namespace host::device::faults
+
+#endif

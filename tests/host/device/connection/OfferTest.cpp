@@ -1,0 +1,318 @@
+#include "NamesFixture.h"
+#include "TestCase.h"
+
+#include <QCborArray>
+#include <QtTest>
+
+namespace offer_test {
+
+using Fixture = NamesFixture;
+using host::device::connection::Offer;
+using host::device::connection::Remappings;
+using host::device::connection::Timing;
+
+namespace {
+
+constexpr int patience = 60000;
+
+} // namespace
+
+/// A robot that does not have all: what is known of it, and what is said.
+class OfferTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_robot_that_has_all_is_told_nothing_about();
+    void a_robot_that_has_nothing_is_usable_and_that_is_said_in_one_line();
+    void what_is_missing_is_said_with_the_robots_name_and_what_it_is_for();
+    void what_is_missing_is_said_once_for_each_connection();
+    void what_is_missing_is_said_to_a_passive_client_too();
+    void a_topic_of_other_messages_is_said_with_both_types();
+    void types_as_ROS_2_writes_them_are_the_same();
+    void a_topic_that_nobody_publishes_is_missing();
+    void a_topic_that_comes_later_is_heard();
+    void a_refused_topic_is_said_only_where_the_robot_claims_to_have_it();
+    void refused_topics_are_in_one_line_where_the_robot_tells_nothing();
+    void settings_wait_until_it_is_known_what_there_is();
+    void a_robot_that_never_tells_gets_the_settings_all_the_same();
+    void a_service_that_comes_later_is_called_once_it_was_asked_for();
+    void nothing_is_known_of_a_robot_that_is_gone();
+    void another_name_has_another_state();
+};
+
+void OfferTest::a_robot_that_has_all_is_told_nothing_about()
+{
+    Fixture f;
+    f.offerAllBut({});
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QVERIFY(f.isCalled(R"(/arm/line2 {"data":true})"));
+    QVERIFY(f.settle());
+    QCOMPARE(f.lines(), QStringList());
+    for (const Remappings::Entry& entry : Remappings::all())
+        QCOMPARE(f.device.offer().state(entry.name),
+                 entry.isRequired ? Offer::State::Offered : Offer::State::Missing);
+    QCOMPARE(f.device.offer().state(QStringLiteral("/nobody")), Offer::State::Unknown);
+}
+
+void OfferTest::a_robot_that_has_nothing_is_usable_and_that_is_said_in_one_line()
+{
+    Fixture f;
+    f.tell(); // empty lists
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QCOMPARE(f.lines().size(), 1);
+    const QString line = f.lines().first();
+    for (const Remappings::Entry& entry : Remappings::all()) {
+        const QString words = entry.name + " (" + entry.purpose() + ')';
+        QVERIFY2(line.contains(words) == entry.isRequired, qPrintable(words));
+    }
+    QVERIFY2(line.startsWith("1000 ") && line.contains("Robot > Names…"), qPrintable(line));
+
+    // What is missing is not called by itself, and nothing more is said of it.
+    QCOMPARE(f.robot.calls().filter("/drive/"), QStringList());
+    QCOMPARE(f.robot.calls().filter("/arm/"), QStringList());
+    QCOMPARE(f.robot.calls().filter("/camera/"), QStringList());
+    // Who asks for it all the same gets the robot's answer.
+    f.probe->writeConfigVariable("disableDriveSystem", true);
+    QVERIFY(f.isCalled(R"(/drive/disable {"data":true})"));
+    QCOMPARE(f.lines().size(), 1);
+    QCOMPARE(f.device.connectionState(), 3);
+    QVERIFY(f.device.disconnectDevice());
+}
+
+void OfferTest::what_is_missing_is_said_with_the_robots_name_and_what_it_is_for()
+{
+    Fixture f;
+    f.offerAllBut({"/scan", "/arm/torque"});
+    QVERIFY(f.device.remappings().set("/scan", "/base_scan"));
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QCOMPARE(f.lines(),
+             QStringList("1000 This robot does not offer /base_scan (the laser's scans), "
+                         "/arm/torque (switching the arm's torque). What stands in "
+                         "brackets does not work; if the robot has other names for it, "
+                         "enter them in Robot > Names…."));
+    QCOMPARE(f.state("/scan"), Offer::State::Missing);
+    QCOMPARE(f.state("/odom"), Offer::State::Offered);
+    QVERIFY(f.isCalled(R"(/arm/line2 {"data":true})"));
+}
+
+void OfferTest::what_is_missing_is_said_once_for_each_connection()
+{
+    Fixture f;
+    f.offerAllBut({"/map"});
+    for (int time = 1; time <= 2; ++time) {
+        QVERIFY(f.connect());
+        QTRY_COMPARE_WITH_TIMEOUT(int(f.readies.count()), time, patience);
+        f.device.offer().ask();
+        QSignalSpy changes(&f.device.offer(), &Offer::changed);
+        QVERIFY(changes.count() > 0 || changes.wait(patience));
+        QVERIFY(f.settle());
+        QCOMPARE(f.lines().size(), time);
+        QVERIFY(f.device.disconnectDevice());
+    }
+    QCOMPARE(int(f.readies.count()), 2);
+}
+
+void OfferTest::what_is_missing_is_said_to_a_passive_client_too()
+{
+    Fixture f;
+    f.offerAllBut({"/map"});
+    f.robot.answerTrigger("/control/acquire", false, "somebody");
+    QVERIFY(f.connect(4));
+    QVERIFY(f.isReady());
+    QCOMPARE(f.lines().filter("1000 ").size(), 1);
+    QVERIFY(f.lines().filter("1000 ").first().contains("/map (the map)"));
+    QCOMPARE(f.robot.calls().filter("/drive/"), QStringList());
+}
+
+void OfferTest::a_topic_of_other_messages_is_said_with_both_types()
+{
+    Fixture f;
+    f.offerAllBut({});
+    f.topics["/scan"] = "sensor_msgs/PointCloud2";
+    f.tell();
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QCOMPARE(f.state("/scan"), Offer::State::OtherType);
+    QCOMPARE(f.lines().size(), 1);
+    const QString words = "/scan as sensor_msgs/LaserScan, but as sensor_msgs/PointCloud2 (the "
+                          "laser's scans)";
+    QVERIFY2(f.lines().first().contains(words), qPrintable(f.lines().first()));
+}
+
+void OfferTest::types_as_ROS_2_writes_them_are_the_same()
+{
+    Fixture f;
+    f.offerAllBut({});
+    for (auto& topic : f.topics)
+        topic.second.replace("/", "/msg/");
+    f.tell();
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QCOMPARE(f.lines(), QStringList());
+    QCOMPARE(f.state("/scan"), Offer::State::Offered);
+    QCOMPARE(f.device.offer().candidates(*Remappings::find("/scan")), QStringList("/scan"));
+}
+
+void OfferTest::a_topic_that_nobody_publishes_is_missing()
+{
+    Fixture f;
+    f.offerAllBut({});
+    f.robotServices.append("/rosapi/publishers");
+    f.robot.answer("/rosapi/publishers", {{"publishers", QCborArray()}});
+    f.tell();
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QVERIFY(f.robot.calls().contains(R"(/rosapi/publishers {"topic":"/scan"})"));
+    QVERIFY(!f.robot.calls().contains(R"(/rosapi/publishers {"topic":"/tf_static"})"));
+    QCOMPARE(f.state("/scan"), Offer::State::Missing);
+    QCOMPARE(f.state("/drive/disable"), Offer::State::Offered);
+    QCOMPARE(f.lines().size(), 1);
+
+    f.robot.answer("/rosapi/publishers", {{"publishers", QCborArray{"/laser"}}});
+    f.device.offer().ask();
+    QTRY_COMPARE_WITH_TIMEOUT(f.state("/scan"), Offer::State::Offered, patience);
+}
+
+void OfferTest::a_topic_that_comes_later_is_heard()
+{
+    Fixture f;
+    f.offerAllBut({"/joint_states"});
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    f.robot.publish("/joint_states", {});
+    QVERIFY(f.settle());
+    QCOMPARE(f.probe->calls.filter("1001 A message of the topic /joint_states").size(), 1);
+}
+
+void OfferTest::a_refused_topic_is_said_only_where_the_robot_claims_to_have_it()
+{
+    Fixture f;
+    f.offerAllBut({"/scan", "/map"});
+    for (const char* topic : {"/scan", "/odd", "/map", "/odom"})
+        f.robot.refuse(topic);
+    const auto ignore = [](const QCborMap&) {};
+    f.device.connection().follow("/odom", "nav_msgs/Odometry", ignore);
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QCOMPARE(f.lines().size(), 2);
+    QVERIFY(f.lines().filter("does not offer /scan").size() == 1);
+    QVERIFY(f.lines().contains("1000 Robot, error: No topic /odom"));
+    f.device.connection().follow("/map", "nav_msgs/OccupancyGrid", ignore);
+    f.device.connection().follow("/odd", "std_msgs/Bool", ignore);
+    f.device.connection().follow("/odd", "std_msgs/Bool", ignore); // both anew
+    QVERIFY(f.settle());
+    QCOMPARE(f.lines().mid(2), QStringList("1000 Robot, error: No topic /odd"));
+}
+
+void OfferTest::refused_topics_are_in_one_line_where_the_robot_tells_nothing()
+{
+    Fixture f;
+    f.robot.obey();
+    for (const char* topic : {"/scan", "/joint_states"})
+        f.robot.refuse(topic);
+    f.robot.ignore("/rosapi/topics");
+    f.robot.ignore("/rosapi/services");
+    QVERIFY(f.connect());
+    QTRY_COMPARE_WITH_TIMEOUT(f.followers("/scan"), 1, patience);
+    QVERIFY(f.settle());
+    f.robot.answerLate("/rosapi/topics", {});
+    f.robot.answerLate("/rosapi/services", {});
+    QVERIFY(f.isReady());
+    QCOMPARE(f.lines().size(), 1);
+    QVERIFY(
+        f.lines().first().startsWith("1000 This robot does not offer /scan (the laser's scans), "
+                                     "/joint_states ("));
+    QCOMPARE(f.state("/odom"), Offer::State::Unknown);
+    QCOMPARE(f.state("/drive/disable"), Offer::State::Unknown);
+}
+
+void OfferTest::settings_wait_until_it_is_known_what_there_is()
+{
+    Fixture f;
+    f.offerAllBut({"/drive/disable"});
+    f.robot.ignore("/rosapi/services");
+    QVERIFY(f.connect());
+    QVERIFY(f.settle());
+    QVERIFY(f.settle());
+    QCOMPARE(f.robot.calls().filter("/arm/"), QStringList());
+    f.robot.answerLate("/rosapi/services", {{"services", QCborArray{"/arm/line0"}}});
+    QVERIFY(f.isCalled(R"(/arm/line0 {"data":true})"));
+    QVERIFY(f.settle());
+    QCOMPARE(f.robot.calls().filter("/arm/").size(), 1);
+    QCOMPARE(f.robot.calls().filter("/drive/").size(), 0);
+}
+
+void OfferTest::a_robot_that_never_tells_gets_the_settings_all_the_same()
+{
+    Timing timing = noHurry();
+    timing.answer = std::chrono::seconds(1);
+    Fixture f(timing);
+    f.robot.obey();
+    f.robot.ignore("/rosapi/topics");
+    f.robot.ignore("/rosapi/services");
+    QVERIFY(f.connect());
+    QVERIFY(f.isCalled(R"(/arm/line2 {"data":true})"));
+    QVERIFY(f.settle());
+    QCOMPARE(f.lines(), QStringList());
+}
+
+void OfferTest::a_service_that_comes_later_is_called_once_it_was_asked_for()
+{
+    Fixture f;
+    f.offerAllBut({"/drive/disable"});
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    f.robotServices.append("/drive/disable");
+    f.tell();
+    f.device.offer().ask();
+    QTRY_COMPARE_WITH_TIMEOUT(f.state("/drive/disable"), Offer::State::Offered, patience);
+    f.probe->writeConfigVariable("disableDriveSystem", true);
+    QVERIFY(f.isCalled(R"(/drive/disable {"data":true})"));
+}
+
+void OfferTest::nothing_is_known_of_a_robot_that_is_gone()
+{
+    Fixture f;
+    f.offerAllBut({"/map"});
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    f.device.offer().ask(); // its answers are not waited for
+    QVERIFY(f.device.disconnectDevice());
+    for (const Remappings::Entry& entry : Remappings::all()) {
+        QCOMPARE(f.device.offer().state(entry.name), Offer::State::Unknown);
+        QCOMPARE(f.device.offer().candidates(entry), QStringList());
+    }
+    f.device.offer().ask();
+    QTRY_COMPARE_WITH_TIMEOUT(f.robot.clientCount(), 0, patience);
+    QCOMPARE(f.device.connectionState(), -1);
+}
+
+void OfferTest::another_name_has_another_state()
+{
+    Fixture f;
+    f.offerAllBut({"/scan"});
+    f.topics["/base_scan"] = "sensor_msgs/LaserScan";
+    f.topics["/points"] = "sensor_msgs/PointCloud2";
+    f.tell();
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QCOMPARE(f.state("/scan"), Offer::State::Missing);
+    QCOMPARE(f.device.offer().candidates(*Remappings::find("/scan")), QStringList("/base_scan"));
+    QVERIFY(f.device.remappings().set("/scan", "/points"));
+    QCOMPARE(f.state("/scan"), Offer::State::OtherType);
+    QCOMPARE(f.device.offer().typeOf("/scan"), QString("sensor_msgs/PointCloud2"));
+    QVERIFY(f.device.remappings().set("/scan", "/base_scan"));
+    QCOMPARE(f.state("/scan"), Offer::State::Offered);
+    QVERIFY(f.settle());
+    QCOMPARE(f.lines().size(), 1); // what is done in the window is seen there
+}
+
+TEST_WITH_WINDOWS(OfferTest)
+
+} // namespace offer_test
+
+#include "OfferTest.moc"

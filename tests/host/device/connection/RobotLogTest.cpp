@@ -1,0 +1,123 @@
+#include "TestCase.h"
+#include "tests/host/device/FakeRobot.h"
+#include "tests/host/device/NoHurry.h"
+
+#include "host/device/connection/Connection.h"
+#include "host/device/connection/Listener.h"
+#include "host/device/connection/RobotLog.h"
+
+#include <QtTest>
+
+namespace robot_log_test {
+
+using namespace host::device::connection;
+
+namespace {
+
+constexpr int patience = 60000;
+
+/// A robot, and what its log makes.
+struct Fixture
+{
+    explicit Fixture(bool isGranted = true)
+    {
+        robot.answerTrigger("/control/acquire", isGranted, "taken");
+        const auto keep = [this](plugin::plugin::DataRole role, const QString& text) {
+            lines << QStringLiteral("%1 ").arg(role) + text;
+        };
+        QObject::connect(&log, &RobotLog::message, &log, keep);
+        QObject::connect(&listener, &Listener::message, &log, keep);
+        connection.open(robot.address());
+        const int state = isGranted ? Connection::connected : Connection::passive;
+        QTRY_COMPARE_WITH_TIMEOUT(connection.state(), state, patience);
+    }
+
+    bool hears(const QString& line) const
+    {
+        return QTest::qWaitFor([&] { return lines.contains(line); }, patience);
+    }
+
+    FakeRobot robot;
+    Connection connection{noHurry()};
+    Listener listener{connection};
+    RobotLog log{listener};
+    QStringList lines;
+};
+
+} // namespace
+
+/// The robot's log, on its way into the logs of its parts.
+class RobotLogTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void lines_go_to_the_log_of_their_part_data();
+    void lines_go_to_the_log_of_their_part();
+    void lines_are_heard_by_a_passive_client_too();
+    void lines_are_no_data();
+    void what_is_no_line_is_said_once_and_makes_none();
+};
+
+void RobotLogTest::lines_go_to_the_log_of_their_part_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("base") << "base"
+                          << "1000 Ready";
+    QTest::newRow("manipulator") << "manipulator"
+                                 << "1001 Ready";
+    QTest::newRow("laser") << "laser"
+                           << "1002 Ready";
+    QTest::newRow("as a node's full name") << "/laser"
+                                           << "1002 Ready";
+    QTest::newRow("another node") << "/rosbridge"
+                                  << "1000 rosbridge: Ready";
+}
+
+void RobotLogTest::lines_go_to_the_log_of_their_part()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QString, expected);
+    Fixture f;
+    QCOMPARE(f.robot.subscriberCount("/rosout", "rosgraph_msgs/Log", "cbor"), 1);
+    f.robot.log(name, "Ready");
+    QTRY_VERIFY_WITH_TIMEOUT(!f.lines.isEmpty(), patience);
+    QCOMPARE(f.lines, QStringList(expected));
+}
+
+void RobotLogTest::lines_are_heard_by_a_passive_client_too()
+{
+    Fixture f(false);
+    f.robot.log("base", "Ready");
+    QVERIFY(f.hears("1000 Ready"));
+}
+
+void RobotLogTest::lines_are_no_data()
+{
+    Fixture f;
+    f.connection.follow("/data", "std_msgs/Empty", [](const QCborMap&) {});
+    f.robot.log("base", "Ready");
+    QVERIFY(f.hears("1000 Ready"));
+    QVERIFY(!f.connection.dataAge());
+    f.robot.publish("/data", {});
+    QTRY_VERIFY_WITH_TIMEOUT(f.connection.dataAge().has_value(), patience);
+}
+
+void RobotLogTest::what_is_no_line_is_said_once_and_makes_none()
+{
+    Fixture f;
+    for (int time = 0; time < 2; ++time)
+        f.robot.publish("/rosout", {{"name", "base"}, {"msg", 7}});
+    f.robot.log("base", "Ready");
+    QVERIFY(f.hears("1000 Ready"));
+    QCOMPARE(f.lines, QStringList({"1000 A message of the topic /rosout is ignored: the field "
+                                   "\"msg\" is a number, not text.",
+                                   "1000 Ready"}));
+}
+
+TEST_WITHOUT_WINDOWS(RobotLogTest)
+
+} // namespace robot_log_test
+
+#include "RobotLogTest.moc"

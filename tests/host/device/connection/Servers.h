@@ -1,0 +1,34 @@
+#ifndef HOST_DEVICE_CONNECTION_TESTS_SERVERS_H
+#define HOST_DEVICE_CONNECTION_TESTS_SERVERS_H
+
+#include <QString>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+/// A port that nobody else gets, and where nobody listens.
+class ClosedPort
+{
+public:
+    ClosedPort() { m_socket.bind(QHostAddress::LocalHost); }
+
+    QString address() const { return QStringLiteral("127.0.0.1:%1").arg(m_socket.localPort()); }
+
+private:
+    QTcpSocket m_socket;
+};
+
+/// The network accepts for it, but it never says a word.
+class SilentServer
+{
+public:
+    SilentServer() { m_server.listen(QHostAddress::LocalHost); }
+
+    QString address() const { return QStringLiteral("127.0.0.1:%1").arg(m_server.serverPort()); }
+
+    bool hasVisitor() const { return m_server.hasPendingConnections(); }
+
+private:
+    QTcpServer m_server;
+};
+
+#endif

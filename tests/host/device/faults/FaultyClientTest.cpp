@@ -1,0 +1,142 @@
+#include "TestCase.h"
+#include "tests/host/device/FakeRobot.h"
+#include "tests/host/device/NoHurry.h"
+
+#include "host/device/faults/Faults.h"
+#include "host/device/faults/FaultyClient.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QWebSocket>
+#include <QtTest>
+
+#include <memory>
+
+namespace faulty_client_test {
+
+using namespace std::chrono_literals;
+using host::device::faults::Faults;
+using host::device::faults::FaultyClient;
+using rosbridge::client::Client;
+
+namespace {
+
+constexpr int patience = 60000;
+
+/// A client whose link to a robot is open.
+struct Link
+{
+    Link()
+    {
+        open();
+        QTRY_COMPARE_WITH_TIMEOUT(client->state(), Client::State::Open, patience);
+    }
+
+    void open() const
+    {
+        client->open(*rosbridge::protocol::Address::parse(robot.address(), nullptr));
+    }
+
+    void call(const QString& word)
+    {
+        client->callService(
+            "/service", {}, [this, word](const Client::Result&) { heard << word; }, 1h);
+    }
+
+    void subscribe(const QString& word)
+    {
+        client->subscribe("/" + word, "std_msgs/Empty", {},
+                          [this, word](const QCborMap&) { heard << word; });
+    }
+
+    bool hears(const QStringList& words)
+    {
+        return QTest::qWaitFor([&] { return heard == words; }, patience);
+    }
+
+    FakeRobot robot;
+    Faults faults;
+    std::unique_ptr<FaultyClient> client = std::make_unique<FaultyClient>(noHurry().link, faults);
+    QStringList heard;
+};
+
+} // namespace
+
+/// The client end of a link, with faults on it, where only the link itself shows them.
+class FaultyClientTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_delay_holds_answers_back_and_nothing_else();
+    void a_delayed_handshake_opens_no_link_that_was_closed();
+    void an_answer_that_waits_is_forgotten_with_its_link_data();
+    void an_answer_that_waits_is_forgotten_with_its_link();
+};
+
+void FaultyClientTest::a_delay_holds_answers_back_and_nothing_else()
+{
+    Link link;
+    link.subscribe("message");
+    link.faults.setDelay(100ms);
+    QElapsedTimer clock;
+    clock.start();
+    link.call("answer");
+    QTRY_COMPARE_WITH_TIMEOUT(link.robot.calls().size(), 1, patience);
+    link.robot.publish("/message", {});
+    QVERIFY(link.hears({"message", "answer"}));
+    QVERIFY2(clock.elapsed() >= 90, qPrintable(QString::number(clock.elapsed()))); // coarse timers
+}
+
+void FaultyClientTest::a_delayed_handshake_opens_no_link_that_was_closed()
+{
+    Link link;
+    const QSignalSpy opened(link.client.get(), &Client::opened);
+    link.faults.setDelay(50ms);
+    link.open();
+    const auto* const socket = link.client->findChild<QWebSocket*>();
+    QTRY_COMPARE_WITH_TIMEOUT(socket->state(), QAbstractSocket::ConnectedState, patience);
+    link.faults.setDelay(1h);
+    link.open();
+    bool isOver = false; // for the first handshake too
+    QTimer::singleShot(70, this, [&] { isOver = true; });
+    QTRY_VERIFY_WITH_TIMEOUT(isOver, patience);
+    QCOMPARE(opened.size(), 0);
+    QCOMPARE(link.client->state(), Client::State::Connecting);
+}
+
+void FaultyClientTest::an_answer_that_waits_is_forgotten_with_its_link_data()
+{
+    QTest::addColumn<bool>("isDeleted");
+    QTest::newRow("deleted") << true;
+    QTest::newRow("closed") << false;
+}
+
+void FaultyClientTest::an_answer_that_waits_is_forgotten_with_its_link()
+{
+    QFETCH(const bool, isDeleted);
+    Link link;
+    link.subscribe("message");
+    link.faults.setDelay(100ms);
+    link.call("answer");
+    QTRY_COMPARE_WITH_TIMEOUT(link.robot.calls().size(), 1, patience);
+    link.robot.publish("/message", {}); // comes after the answer, which waits by now
+    QVERIFY(link.hears({"message"}));
+    if (isDeleted)
+        link.client.reset();
+    else
+        link.client->close(); // whose answer is the failure of what waits
+    link.heard.clear();
+
+    Link witness; // its answer would come later
+    witness.faults.setDelay(100ms);
+    witness.call("answer");
+    QVERIFY(witness.hears({"answer"}));
+    QCOMPARE(link.heard, QStringList());
+}
+
+TEST_WITHOUT_WINDOWS(FaultyClientTest)
+
+} // namespace faulty_client_test
+
+#include "FaultyClientTest.moc"
