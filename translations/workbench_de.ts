@@ -21,6 +21,17 @@
     </message>
 </context>
 <context>
+    <name>host::device::Settings</name>
+    <message>
+        <source>Line %1 of the robot is on.</source>
+        <translation>Leitung %1 des Roboters ist eingeschaltet.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the robot is off.</source>
+        <translation>Leitung %1 des Roboters ist ausgeschaltet.</translation>
+    </message>
+</context>
+<context>
     <name>host::device::connection::Commands</name>
     <message>
         <source>Disable the drive system</source>
@@ -55,20 +66,12 @@
         <translation>%1: nicht ausgeführt. %2</translation>
     </message>
     <message>
-        <source>Another client is in control of the robot.</source>
-        <translation>Ein anderer Client steuert den Roboter.</translation>
-    </message>
-    <message>
         <source>The device is not connected.</source>
         <translation>Das Gerät ist nicht verbunden.</translation>
     </message>
     <message>
-        <source>%1 (%2)</source>
-        <translation>%1 (%2)</translation>
-    </message>
-    <message>
-        <source>Not done: %1. If the robot has other names for what it does not know, enter them in Robot &gt; Names….</source>
-        <translation>Nicht erledigt: %1. Hat der Roboter andere Namen für das, was er nicht kennt, tragen Sie sie unter „Roboter &gt; Namen…“ ein.</translation>
+        <source>Another client is in control of the robot. To take over, connect again when it has left.</source>
+        <translation>Ein anderer Client hat die Steuerung des Roboters. Um sie zu übernehmen, verbinden Sie erneut, sobald er gegangen ist.</translation>
     </message>
 </context>
 <context>
@@ -1966,6 +1969,10 @@
     <message>
         <source>%1 is in control; it has to call /control/release first</source>
         <translation>%1 hat die Steuerung und muss zuerst /control/release aufrufen</translation>
+    </message>
+    <message>
+        <source>%1 is in control</source>
+        <translation>%1 hat die Steuerung</translation>
     </message>
 </context>
 <context>

@@ -34,7 +34,6 @@ Fleet::Fleet(int robots, bool hasDocks)
         auto& device = m_devices.emplace_back(QStringLiteral("Robot %1").arg(i + 1),
                                               m_settings.path(), m_environment);
         device.overrideAddress(m_robots[static_cast<std::size_t>(i)].address());
-        device.write(VariableKind::Config, "camera_resolution", quickestResolution());
         m_window.add(device, QString());
     }
     for (auto* dock : m_window.findChildren<QDockWidget*>())
@@ -51,11 +50,12 @@ bool Fleet::connectAll()
         return device.connectionState() == host::device::connection::Connection::connected &&
                !device.read(VariableKind::Input, "scan").isEmpty();
     };
-    for (const auto& device : m_devices) {
+    for (auto& device : m_devices) {
         if (!QTest::qWaitFor([&] { return isReady(device); }, patience)) {
             qWarning("%s: %s", qPrintable(device.name()), qPrintable(device.status()));
             return false;
         }
+        device.write(VariableKind::Config, "camera_resolution", quickestResolution());
     }
     QTest::qWait(settlingTime);
     return true;

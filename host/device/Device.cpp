@@ -9,6 +9,7 @@
 #include "host/device/variables/ConfigDefaults.h"
 #include "host/device/variables/Latin1.h"
 #include "host/device/variables/PositionStore.h"
+#include "olm/core/Vector.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/HostCall.h"
@@ -36,6 +37,13 @@ bool haveSameType(const Device::Variant& a, const Device::Variant& b)
 {
     // By name, as Variant::get() compares.
     return std::strcmp(a.any().type().name(), b.any().type().name()) == 0;
+}
+
+/// Of the settings' types.
+bool isSame(const Device::Variant& a, const Device::Variant& b)
+{
+    using Size = olm::core::Vector<unsigned int>;
+    return haveSameType(a, b) && a.toBool() == b.toBool() && a.get<Size>() == b.get<Size>();
 }
 
 } // namespace
@@ -74,10 +82,7 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
     connect(&m_faults, &faults::Faults::writeRefused, this, &Device::onWriteRefused);
     connect(&m_faults, &faults::Faults::changed, this,
             [this] { m_connection.pretendController(m_faults.otherController()); });
-    connect(&m_offer, &connection::Offer::ready, this, [this] {
-        if (m_connection.state() == connection::Connection::connected)
-            applyAllSettings();
-    });
+    connect(&m_settings, &Settings::told, this, &Device::takeOver);
     connect(&remappings(), &connection::Remappings::problem, this, &Device::say);
     say(remappings().load(storageFolder, name));
 }
@@ -179,14 +184,14 @@ Device::Variant Device::read(VariableKind kind, const char* name) const
 void Device::write(VariableKind kind, const char* name, const Variant& value)
 {
     const QWidget* const widget = plugin::gui::HostCall::caller();
+    const Variant before = read(kind, name);
     m_variables.set(kind, name, value, widget ? trace::className(typeid(*widget)) : QString());
     if (kind != VariableKind::Config)
         return;
     m_storage.set(name, value);
     if (!m_variables.isInTransaction())
         say(m_storage.save());
-    if (m_connection.state() >= connection::Connection::connected)
-        applySetting(name, value);
+    m_settings.write(name, before, value);
 }
 
 Device::Variant Device::property(VariableKind kind, const char* name, const char* property) const
@@ -244,7 +249,7 @@ Device::Variant Device::simulationDirectExec(const Variant& role, const Variant&
     case enableFirstLine:
     case enableFirstLine + 1:
     case enableFirstLine + 2:
-        m_commands.enableLine(static_cast<int>(number - enableFirstLine), value.toBool());
+        m_settings.enableLine(static_cast<int>(number - enableFirstLine), value.toBool());
         return {};
     default:
         qWarning("The device does not know the command with the role %u.",
@@ -308,26 +313,20 @@ void Device::deliver(const plugin::gui::HistoryBundleContent& content)
                       [&](DeviceWidget& widget) { widget.update(bundle); });
 }
 
-/// The lines of the arm are no settings here: their widgets send a command as well.
-void Device::applySetting(const char* name, const Variant& value)
+/// What the robot tells of its settings goes before what is stored, and is stored.
+void Device::takeOver(const std::string& name, const Variant& value)
 {
-    if (std::strcmp(name, "disableDriveSystem") == 0)
-        m_commands.disableDriveSystem(value.toBool());
-    else if (std::strcmp(name, "camera_resolution") == 0)
-        m_commands.setCameraResolution(value);
-}
-
-/// The robot may have been told otherwise by another client.
-void Device::applyAllSettings()
-{
-    m_commands.sendOffered([this] {
-        for (const char* name : {"disableDriveSystem", "camera_resolution"})
-            applySetting(name, read(VariableKind::Config, name));
-        for (int line = 0; line < connection::Commands::lineCount; ++line) {
-            const QByteArray name = QByteArray("line") + QByteArray::number(line) + "_enabled";
-            m_commands.enableLine(line, read(VariableKind::Config, name.constData()).toBool());
-        }
-    });
+    if (isSame(read(VariableKind::Config, name.c_str()), value))
+        return;
+    m_variables.set(VariableKind::Config, name.c_str(), value);
+    // Widgets read the resolution when this is news, and at no other time.
+    m_variables.repeat({VariableKind::State, "connectedToSimulator"});
+    m_storage.set(name, value);
+    if (!m_variables.isInTransaction())
+        say(m_storage.save());
+    const QString words = Settings::inWords(name, value);
+    if (!words.isEmpty())
+        sendMessage(connection::manipulatorLogLine, words);
 }
 
 void Device::onScan(const olm::core::LaserScanMessage& scan)
@@ -347,12 +346,12 @@ void Device::storePose()
 
 void Device::onStateChanged(int state)
 {
-    if (state == connection::Connection::notConnected)
+    if (state == connection::Connection::notConnected) {
         m_sensors.reset();
+        m_settings.forget();
+    }
     Q_EMIT connectionStateChanged(state);
     sendMessage(connection::connectionStateMessage, state);
-    if (m_isConnected && state == connection::Connection::connected)
-        applyAllSettings(); // the other client is gone
     const bool isConnected = state >= connection::Connection::connected;
     if (isConnected == m_isConnected)
         return;

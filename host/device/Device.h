@@ -2,6 +2,7 @@
 #define HOST_DEVICE_DEVICE_H
 
 #include "host/device/Sensors.h"
+#include "host/device/Settings.h"
 #include "host/device/WidgetList.h"
 #include "host/device/connection/Commands.h"
 #include "host/device/connection/Connection.h"
@@ -32,8 +33,9 @@ namespace host::device {
 class Environment;
 
 /// One Quandrel robot as the plugin's widgets see it: its variables, its stored configuration
-/// and its connection. Widgets are notified out of the event loop only, never within a call of
-/// their own.
+/// and its connection. What the robot itself keeps of the configuration, the robot knows best: to
+/// connect changes nothing of a robot. Widgets are notified out of the event loop only, never
+/// within a call of their own.
 class Device : public QObject, public plugin::gui::DeviceHost
 {
     Q_OBJECT
@@ -130,8 +132,7 @@ private:
     void loadConfig();
     void say(const QString& problem);
     void deliver(const plugin::gui::HistoryBundleContent& content);
-    void applySetting(const char* name, const Variant& value);
-    void applyAllSettings();
+    void takeOver(const std::string& name, const Variant& value);
     void onScan(const olm::core::LaserScanMessage& scan);
     void storePose();
     void onStateChanged(int state);
@@ -149,7 +150,8 @@ private:
     connection::Listener m_listener{m_connection};
     connection::RobotLog m_robotLog{m_listener};
     Sensors m_sensors{m_listener};
-    connection::Commands m_commands{m_connection, m_listener, m_offer};
+    connection::Commands m_commands{m_connection, m_listener};
+    Settings m_settings{m_connection, m_listener, m_sensors, m_commands};
     bool m_isConnected = false; // as the widgets were told
     trace::Traffic m_traffic;
     faults::FaultyHost m_faultyHost{*this, m_faults};

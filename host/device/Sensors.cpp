@@ -2,7 +2,6 @@
 
 #include "host/device/connection/Listener.h"
 #include "host/device/connection/MessageRole.h"
-#include "host/device/readers/CameraInfo.h"
 #include "rosbridge/protocol/Topics.h"
 
 namespace host::device {
@@ -39,8 +38,10 @@ QString Sensors::readScan(const QCborMap& message)
 QString Sensors::readCamera(const QCborMap& message)
 {
     QString fault;
-    if (readers::CameraInfo::read(message, &fault))
+    if (const auto picture = readers::CameraInfo::read(message, &fault)) {
         m_cameraRate.count();
+        Q_EMIT pictureTaken(*picture);
+    }
     return fault;
 }
 

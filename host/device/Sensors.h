@@ -2,6 +2,7 @@
 #define HOST_DEVICE_SENSORS_H
 
 #include "host/device/readers/ArmPose.h"
+#include "host/device/readers/CameraInfo.h"
 #include "host/device/readers/CameraRate.h"
 #include "host/device/readers/ScanReader.h"
 #include "olm/core/LaserScanMessage.h"
@@ -34,6 +35,7 @@ Q_SIGNALS:
     void scanned(const olm::core::LaserScanMessage& scan);
     /// A scan came that is none: what is wrong with which field.
     void scanRefused(const QString& fault);
+    void pictureTaken(const host::device::readers::CameraInfo& picture);
     /// Frames a second.
     void cameraRateChanged(unsigned int rate);
 

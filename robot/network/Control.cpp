@@ -7,7 +7,7 @@ Control::Answer Control::acquire(const rosbridge::server::Peer& peer)
     if (m_holder == peer)
         return {true, tr("this client is already in control")};
     if (m_holder) {
-        const QString reason = refusal(peer);
+        const QString reason = tr("%1 is in control").arg(m_holder->name);
         Q_EMIT refused(peer, reason);
         return {false, reason};
     }

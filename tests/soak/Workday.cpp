@@ -70,7 +70,6 @@ Workday::Station::Station(const QString& name, quint32 seed, const QString& sett
       device(name, settings, environment, quick())
 {
     device.overrideAddress(robot.address());
-    device.write(VariableKind::Config, "camera_resolution", quickestResolution());
     QObject::connect(&device.variables(), &host::device::variables::Variables::touched,
                      [this](const host::device::variables::Variables::Key& key) {
                          if (key.second == "scan")
@@ -138,9 +137,10 @@ void Workday::connectAll()
 {
     for (const Station& station : m_stations)
         station.connectButton().click();
-    for (const Station& station : m_stations) {
+    for (Station& station : m_stations) {
         waitFor(station.device, "connected",
                 [&station] { return station.device.connectionState() == Connection::connected; });
+        station.device.write(VariableKind::Config, "camera_resolution", quickestResolution());
     }
     waitForScans();
 }

@@ -3,17 +3,12 @@
 #include "host/device/connection/Connection.h"
 #include "host/device/connection/Listener.h"
 #include "host/device/connection/MessageRole.h"
-#include "host/device/connection/Offer.h"
 #include "host/device/readers/BoolReader.h"
 #include "olm/core/Vector.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
 
 #include <QCborArray>
-#include <QScopedValueRollback>
-#include <QStringList>
-
-#include <utility>
 
 namespace host::device::connection {
 
@@ -21,16 +16,11 @@ using plugin::plugin::DataRole;
 namespace service = rosbridge::protocol::service;
 namespace topic = rosbridge::protocol::topic;
 
-Commands::Commands(Connection& connection, Listener& listener, const Offer& offer)
-    : m_connection(connection),
-      m_offer(offer)
+Commands::Commands(Connection& connection, Listener& listener) : m_connection(connection)
 {
     connect(&connection, &Connection::stateChanged, this, [this](int state) {
-        if (state == Connection::notConnected) {
-            m_waiting = 0;
+        if (state == Connection::notConnected)
             m_isTorqueOn = false;
-            m_failures.clear();
-        }
     });
     listener.listen(topic::armTorqueEnabled, manipulatorLogLine,
                     [this](const QCborMap& state) { return readTorque(state); });
@@ -44,97 +34,71 @@ QString Commands::readTorque(const QCborMap& state)
     return fault;
 }
 
-void Commands::disableDriveSystem(bool on)
+void Commands::disableDriveSystem(bool on, const Done& done)
 {
     setBool(service::disableDrive.name, on,
-            on ? tr("Disable the drive system") : tr("Enable the drive system"), baseLogLine);
+            on ? tr("Disable the drive system") : tr("Enable the drive system"), baseLogLine, done);
 }
 
-void Commands::setCameraResolution(const Variant& size)
+void Commands::setCameraResolution(const Variant& size, const Done& done)
 {
     const auto pixels = size.get<olm::core::Vector<unsigned int>>();
     if (pixels.size() != 2)
-        return;
+        return done(false);
     const QString mode = QStringLiteral("%1x%2").arg(pixels[0]).arg(pixels[1]);
     const QCborMap parameter{{QStringLiteral("name"), QStringLiteral("video_mode")},
                              {QStringLiteral("value"), mode}};
     const QCborMap config{{QStringLiteral("strs"), QCborArray{parameter}}};
     call(service::setCamera.name, {{QStringLiteral("config"), config}},
-         tr("Camera resolution %1").arg(mode), baseLogLine);
+         tr("Camera resolution %1").arg(mode), baseLogLine, done);
 }
 
-void Commands::enableLine(int line, bool on)
+void Commands::enableLine(int line, bool on, const Done& done)
 {
     const QString what = on ? tr("Enable line %1") : tr("Disable line %1");
     setBool(service::armLine.at(static_cast<std::size_t>(line)).name, on, what.arg(line + 1),
-            manipulatorLogLine);
+            manipulatorLogLine, done);
 }
 
 void Commands::toggleTorque()
 {
     setBool(service::armTorque.name, !m_isTorqueOn,
-            m_isTorqueOn ? tr("Switch torque off") : tr("Switch torque on"), manipulatorLogLine);
+            m_isTorqueOn ? tr("Switch torque off") : tr("Switch torque on"), manipulatorLogLine,
+            [](bool) {}); // the robot tells the state
 }
 
-void Commands::sendOffered(const std::function<void()>& settings)
+void Commands::setBool(const QString& service, bool on, const QString& what, DataRole log,
+                       const Done& done)
 {
-    const QScopedValueRollback<bool> onlyOffered(m_isOnlyOffered, true);
-    settings();
+    call(service, {{QStringLiteral("data"), on}}, what, log, done);
 }
 
-void Commands::setBool(const QString& service, bool on, const QString& what, DataRole log)
-{
-    call(service, {{QStringLiteral("data"), on}}, what, log);
-}
-
-void Commands::call(const QString& service, const QCborMap& args, const QString& what, DataRole log)
+void Commands::call(const QString& service, const QCborMap& args, const QString& what, DataRole log,
+                    const Done& done)
 {
     if (m_connection.state() == Connection::passive)
-        return refuse({log, what, tr("Another client is in control of the robot.")});
+        return refuse(what,
+                      tr("Another client is in control of the robot. To take over, connect again "
+                         "when it has left."),
+                      log, done);
     if (m_connection.state() != Connection::connected)
-        return refuse({log, what, tr("The device is not connected.")});
-    if (m_isOnlyOffered && m_offer.lacks(service))
-        return;
-    ++m_waiting;
-    m_connection.call(service, args, [this, what, log](const Result& result) {
-        --m_waiting;
-        if (!result.ok)
-            onFailed({log, what, result.error});
-        // A service without this field has nothing to refuse in it.
-        else if (!result.values.value(QLatin1String("success")).toBool(true))
-            refuse({log, what, result.values.value(QLatin1String("message")).toString()});
-        if (m_waiting == 0)
-            sayFailures();
-    });
+        return refuse(what, tr("The device is not connected."), log, done);
+    m_connection.call(
+        service, args, [this, what, log, done](const rosbridge::client::Client::Result& result) {
+            if (!result.ok)
+                refuse(what, result.error, log, done);
+            // A service without this field has nothing to refuse in it.
+            else if (!result.values.value(QLatin1String("success")).toBool(true))
+                refuse(what, result.values.value(QLatin1String("message")).toString(), log, done);
+            else
+                done(true);
+        });
 }
 
-void Commands::refuse(const Failure& failure)
+void Commands::refuse(const QString& what, const QString& why, DataRole log, const Done& done)
 {
-    Q_EMIT message(failure.log, tr("%1: not done. %2").arg(failure.what, failure.why));
-}
-
-/// Where the robot does not tell what it offers, this is how it is found out: not a line for each.
-void Commands::onFailed(const Failure& failure)
-{
-    if (m_offer.knowsServices())
-        refuse(failure);
-    else
-        m_failures.append(failure);
-}
-
-void Commands::sayFailures()
-{
-    const QVector<Failure> failures = std::exchange(m_failures, {});
-    if (failures.size() == 1)
-        return refuse(failures.first());
-    QStringList words;
-    for (const Failure& failure : failures)
-        words += tr("%1 (%2)").arg(failure.what, failure.why);
-    if (!words.isEmpty())
-        Q_EMIT message(baseLogLine,
-                       tr("Not done: %1. If the robot has other names for what it does not know, "
-                          "enter them in Robot > Names….")
-                           .arg(words.join(QStringLiteral("; "))));
+    Q_EMIT message(log, tr("%1: not done. %2").arg(what, why));
+    done(false);
 }
 
 } // namespace host::device::connection

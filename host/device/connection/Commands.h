@@ -3,11 +3,10 @@
 
 #include "olm/core/variant/Variant.h"
 #include "plugin/plugin/DataRole.h"
-#include "rosbridge/client/Client.h"
 
+#include <QCborMap>
 #include <QObject>
 #include <QString>
-#include <QVector>
 
 #include <functional>
 
@@ -15,11 +14,9 @@ namespace host::device::connection {
 
 class Connection;
 class Listener;
-class Offer;
 
-/// What the device asks of its robot: to be as the configuration says, and to switch the arm. What
-/// a robot does it says in its own log; why something was not done is said here. What the robot
-/// does not offer is not asked of it: the offer said so already.
+/// What the device asks of its robot: to be as a setting says, and to switch the arm. What a robot
+/// does it says in its own log; why something was not done is said here.
 class Commands : public QObject
 {
     Q_OBJECT
@@ -29,49 +26,33 @@ public:
 
     static constexpr int lineCount = 3;
 
-    /// All outlive the commands.
-    Commands(Connection& connection, Listener& listener, const Offer& offer);
+    /// Told once, whether the robot has done what it was asked for; not where the link ends before.
+    using Done = std::function<void(bool isDone)>;
 
-    void disableDriveSystem(bool on);
-    /// @p size is a Vector<unsigned int> of width and height; anything else is ignored.
-    void setCameraResolution(const Variant& size);
+    /// Both outlive the commands.
+    Commands(Connection& connection, Listener& listener);
+
+    void disableDriveSystem(bool on, const Done& done);
+    /// @p size is a Vector<unsigned int> of width and height; anything else is not done.
+    void setCameraResolution(const Variant& size, const Done& done);
     /// @p line counts from 0.
-    void enableLine(int line, bool on);
+    void enableLine(int line, bool on, const Done& done);
     void toggleTorque();
-
-    /// Sends what @p settings sends, except what the robot does not offer: that was said, and
-    /// nobody asked for it just now.
-    void sendOffered(const std::function<void()>& settings);
 
 Q_SIGNALS:
     void message(plugin::plugin::DataRole role, const QString& text);
 
 private:
-    using Result = rosbridge::client::Client::Result;
-
-    struct Failure
-    {
-        plugin::plugin::DataRole log;
-        QString what;
-        QString why;
-    };
-
     QString readTorque(const QCborMap& state);
-    void setBool(const QString& service, bool on, const QString& what,
-                 plugin::plugin::DataRole log);
+    void setBool(const QString& service, bool on, const QString& what, plugin::plugin::DataRole log,
+                 const Done& done);
     void call(const QString& service, const QCborMap& args, const QString& what,
-              plugin::plugin::DataRole log);
-
-    void refuse(const Failure& failure);
-    void onFailed(const Failure& failure);
-    void sayFailures();
+              plugin::plugin::DataRole log, const Done& done);
+    void refuse(const QString& what, const QString& why, plugin::plugin::DataRole log,
+                const Done& done);
 
     Connection& m_connection;
-    const Offer& m_offer;
-    int m_waiting = 0;           // calls of this link without an answer
-    QVector<Failure> m_failures; // of a robot that does not tell what it offers
     bool m_isTorqueOn = false;
-    bool m_isOnlyOffered = false; // within sendOffered()
 };
 
 } // namespace host::device::connection

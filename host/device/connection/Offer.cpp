@@ -70,11 +70,6 @@ Offer::State Offer::state(const Remappings::Entry& entry) const
     return type.isEmpty() || type == entry.type ? State::Offered : State::OtherType;
 }
 
-bool Offer::lacks(const QString& service) const
-{
-    return state(service) == State::Missing;
-}
-
 QString Offer::typeOf(const QString& topic) const
 {
     return m_lists.topics ? m_lists.topics->value(m_connection.remappings().theirs(topic))

@@ -44,12 +44,6 @@ public:
     /// Whether ready() was emitted for this link.
     bool isReady() const { return m_isReported; }
 
-    /// Whether calls of @p service, our name, are in vain.
-    bool lacks(const QString& service) const;
-
-    /// Whether the robot tells its services.
-    bool knowsServices() const { return m_lists.services.has_value(); }
-
     /// The type of the robot's topic for @p topic, our name; empty where it is not known.
     QString typeOf(const QString& topic) const;
 

@@ -63,10 +63,10 @@ struct DeviceFixture
     }
 
     /// The robot's camera takes a picture.
-    void takePicture()
+    void takePicture(int width = 640, int height = 480)
     {
         robot.publish(QStringLiteral("/camera/camera_info"),
-                      {{QStringLiteral("width"), 640}, {QStringLiteral("height"), 480}});
+                      {{QStringLiteral("width"), width}, {QStringLiteral("height"), height}});
     }
 
     /// The robot's camera takes fifty pictures a second while @p timer runs.

@@ -1,6 +1,8 @@
 #include "NamesFixture.h"
 #include "TestCase.h"
 
+#include "host/device/SimulationDirectExecRole.h"
+
 #include <QtTest>
 
 namespace connection_names_test {
@@ -87,6 +89,8 @@ void ConnectionNamesTest::services_are_called_under_the_robots_names()
         f.robot.answerTrigger(QLatin1String("/lab") + service, true);
     }
     QVERIFY(f.connect());
+    f.probe->simulationDirectExec(SimulationDirectExecRole(1008), true);
+    f.probe->simulationDirectExec(SimulationDirectExecRole(1009), true);
     QVERIFY(f.isCalled(R"(/lab/arm/line0 {"data":true})"));
     QVERIFY(f.isCalled(R"(/arm/line1 {"data":true})"));
     QVERIFY(f.device.disconnectDevice());
@@ -104,6 +108,7 @@ void ConnectionNamesTest::a_service_that_is_renamed_is_called_by_its_new_name_ne
     Fixture f;
     f.robot.obey();
     QVERIFY(f.connect());
+    f.probe->writeConfigVariable("disableDriveSystem", false);
     QVERIFY(f.isCalled(R"(/drive/disable {"data":false})"));
     QVERIFY(f.device.remappings().set("/drive/disable", "/base/halt"));
     f.probe->writeConfigVariable("disableDriveSystem", true);

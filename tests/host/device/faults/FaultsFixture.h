@@ -21,7 +21,8 @@
 struct FaultsFixture
 {
     explicit FaultsFixture(const host::device::connection::Timing& timing = noHurry())
-        : device(std::make_unique<host::device::Device>("robot", folder.path(), environment, timing)),
+        : device(
+              std::make_unique<host::device::Device>("robot", folder.path(), environment, timing)),
           faults(device->faults())
     {
         const Factory factory(
