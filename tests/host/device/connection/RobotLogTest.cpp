@@ -55,7 +55,7 @@ private Q_SLOTS:
     void lines_go_to_the_log_of_their_part_data();
     void lines_go_to_the_log_of_their_part();
     void lines_are_heard_by_a_passive_client_too();
-    void lines_are_no_data();
+    void lines_do_not_count_as_data_that_came();
     void what_is_no_line_is_said_once_and_makes_none();
 };
 
@@ -93,7 +93,7 @@ void RobotLogTest::lines_are_heard_by_a_passive_client_too()
     QVERIFY(f.hears("1000 Ready"));
 }
 
-void RobotLogTest::lines_are_no_data()
+void RobotLogTest::lines_do_not_count_as_data_that_came()
 {
     Fixture f;
     f.connection.follow("/data", "std_msgs/Empty", [](const QCborMap&) {});
