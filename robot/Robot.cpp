@@ -44,7 +44,7 @@ bool Robot::setLaserLog(const QString& file, double rate, QStringList* problems,
 
 void Robot::step()
 {
-    m_laser->publish(m_simulation->step(m_clock.advance()));
+    m_laser->setMeasured(m_simulation->step(m_clock.advance()));
     for (const std::unique_ptr<nodes::Node>& node : m_nodes)
         node->step(m_simulation->world().time());
 }

@@ -1279,6 +1279,10 @@
         <source>off</source>
         <translation>aus</translation>
     </message>
+    <message>
+        <source>Axis %1</source>
+        <translation>Achse %1</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::robotview::RobotState</name>
@@ -1830,25 +1834,6 @@
     </message>
 </context>
 <context>
-    <name>robot::ArmMessages</name>
-    <message>
-        <source>points[0].%1: %2</source>
-        <translation>points[0].%1: %2</translation>
-    </message>
-    <message>
-        <source>points[0].%1 must have a number for each of the %2 joint_names, not %3</source>
-        <translation>points[0].%1 muss für jeden der %2 joint_names eine Zahl enthalten, nicht %3</translation>
-    </message>
-    <message>
-        <source>joint_names must be a list of text</source>
-        <translation>joint_names muss eine Liste von Texten sein</translation>
-    </message>
-    <message>
-        <source>points must be a list of one point; send the next one when it is due</source>
-        <translation>points muss eine Liste mit einem Punkt sein; senden Sie den nächsten, wenn er an der Reihe ist</translation>
-    </message>
-</context>
-<context>
     <name>robot::CommandLine</name>
     <message>
         <source>A simulated robot that speaks rosbridge v2.</source>
@@ -1930,21 +1915,6 @@
     </message>
 </context>
 <context>
-    <name>robot::Messages</name>
-    <message>
-        <source>a geometry_msgs/Twist has no field &quot;%1&quot;; there it has %2</source>
-        <translation>geometry_msgs/Twist hat kein Feld „%1“; dort hat es %2</translation>
-    </message>
-    <message>
-        <source>%1 must be an object with the numbers x, y and z</source>
-        <translation>%1 muss ein Objekt mit den Zahlen x, y und z sein</translation>
-    </message>
-    <message>
-        <source>%1.%2 must be a number</source>
-        <translation>%1.%2 muss eine Zahl sein</translation>
-    </message>
-</context>
-<context>
     <name>robot::network::Control</name>
     <message>
         <source>this client is already in control</source>
@@ -1973,6 +1943,13 @@
     <message>
         <source>%1 is in control</source>
         <translation>%1 hat die Steuerung</translation>
+    </message>
+</context>
+<context>
+    <name>robot::network::LogWriter</name>
+    <message>
+        <source>%1 more lines were left out: clients caused too many</source>
+        <translation>%1 weitere Zeilen wurden weggelassen: Clients haben zu viele verursacht</translation>
     </message>
 </context>
 <context>
@@ -2013,16 +1990,35 @@
 <context>
     <name>robot::network::RosApi</name>
     <message>
-        <source>topic must be text</source>
-        <translation>topic muss Text sein</translation>
-    </message>
-    <message>
-        <source>service must be text</source>
-        <translation>service muss Text sein</translation>
-    </message>
-    <message>
         <source>name must be text</source>
         <translation>name muss Text sein</translation>
+    </message>
+    <message>
+        <source>this robot has no type &quot;%1&quot;</source>
+        <translation>dieser Roboter hat keinen Typ „%1“</translation>
+    </message>
+    <message>
+        <source>%1 must be text</source>
+        <translation>%1 muss Text sein</translation>
+    </message>
+</context>
+<context>
+    <name>robot::nodes::ArmMessages</name>
+    <message>
+        <source>points[0].%1: %2</source>
+        <translation>points[0].%1: %2</translation>
+    </message>
+    <message>
+        <source>points[0].%1 must have a number for each of the %2 joint_names, not %3</source>
+        <translation>points[0].%1 muss für jeden der %2 joint_names eine Zahl enthalten, nicht %3</translation>
+    </message>
+    <message>
+        <source>joint_names must be a list of text</source>
+        <translation>joint_names muss eine Liste von Texten sein</translation>
+    </message>
+    <message>
+        <source>points must be a list of one point; send the next one when it is due</source>
+        <translation>points muss eine Liste mit einem Punkt sein; senden Sie den nächsten, wenn er an der Reihe ist</translation>
     </message>
 </context>
 <context>
@@ -2083,6 +2079,21 @@
     <message>
         <source>replaying %1: %2 scans, at %3 times the speed they were recorded at</source>
         <translation>%1 wird abgespielt: %2 Scans, mit dem %3-Fachen der Geschwindigkeit, mit der sie aufgenommen wurden</translation>
+    </message>
+</context>
+<context>
+    <name>robot::nodes::RosMessages</name>
+    <message>
+        <source>a geometry_msgs/Twist has no field &quot;%1&quot;; there it has %2</source>
+        <translation>geometry_msgs/Twist hat kein Feld „%1“; dort hat es %2</translation>
+    </message>
+    <message>
+        <source>%1 must be an object with the numbers x, y and z</source>
+        <translation>%1 muss ein Objekt mit den Zahlen x, y und z sein</translation>
+    </message>
+    <message>
+        <source>%1.%2 must be a number</source>
+        <translation>%1.%2 muss eine Zahl sein</translation>
     </message>
 </context>
 <context>
@@ -2199,10 +2210,6 @@
         <translation>der Befehl nennt keine Achse; nennen Sie mindestens eine von %1 bis %2</translation>
     </message>
     <message>
-        <source>%1 is named twice; name each axis once</source>
-        <translation>%1 ist zweimal genannt; nennen Sie jede Achse nur einmal</translation>
-    </message>
-    <message>
         <source>the torque is off: the arm does not move; switch it on first</source>
         <translation>das Drehmoment ist aus: Der Arm bewegt sich nicht; schalten Sie es zuerst ein</translation>
     </message>
@@ -2235,14 +2242,6 @@
         <translation>der Arm hat keine Achse „%1“; er hat %2 bis %3</translation>
     </message>
     <message>
-        <source>the target %1 of %2 is refused; give one from 0 to %3</source>
-        <translation>das Ziel %1 für %2 wird abgewiesen; geben Sie eines von 0 bis %3 an</translation>
-    </message>
-    <message>
-        <source>the speed %1 of %2 is refused; give one from 0 to %3</source>
-        <translation>die Geschwindigkeit %1 für %2 wird abgewiesen; geben Sie eine von 0 bis %3 an</translation>
-    </message>
-    <message>
         <source>line %1 is off</source>
         <translation>Leitung %1 ist aus</translation>
     </message>
@@ -2257,6 +2256,22 @@
     <message>
         <source>line %1 off: axes %2 to %3 do not move</source>
         <translation>Leitung %1 aus: Die Achsen %2 bis %3 bewegen sich nicht</translation>
+    </message>
+    <message>
+        <source>axis %1</source>
+        <translation>Achse %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is named twice; name each axis once</source>
+        <translation>„%1“ ist zweimal genannt; nennen Sie jede Achse nur einmal</translation>
+    </message>
+    <message>
+        <source>the target %1° of %2 is refused; give one from 0° to %3°</source>
+        <translation>das Ziel %1° für %2 wird abgewiesen; geben Sie eines von 0° bis %3° an</translation>
+    </message>
+    <message>
+        <source>the speed %1°/s of %2 is refused; give one from 0°/s to %3°/s</source>
+        <translation>die Geschwindigkeit %1°/s für %2 wird abgewiesen; geben Sie eine von 0°/s bis %3°/s an</translation>
     </message>
 </context>
 <context>

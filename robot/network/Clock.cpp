@@ -9,18 +9,13 @@ Clock::Clock(std::chrono::nanoseconds longestStep) : m_longestStep(longestStep)
     m_sinceThen.start();
 }
 
-std::chrono::nanoseconds Clock::now() const
-{
-    const std::chrono::nanoseconds elapsed(m_sinceThen.nsecsElapsed());
-    return m_advancedTo + std::min(elapsed, m_longestStep);
-}
-
 std::chrono::nanoseconds Clock::advance()
 {
-    const std::chrono::nanoseconds before = m_advancedTo;
-    m_advancedTo = now();
+    const std::chrono::nanoseconds elapsed(m_sinceThen.nsecsElapsed());
     m_sinceThen.start();
-    return m_advancedTo - before;
+    const std::chrono::nanoseconds step = std::min(elapsed, m_longestStep);
+    m_now += step;
+    return step;
 }
 
 QCborMap Clock::stamp(std::chrono::nanoseconds time)

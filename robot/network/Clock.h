@@ -16,7 +16,8 @@ class Clock
 public:
     explicit Clock(std::chrono::nanoseconds longestStep = std::chrono::seconds(1));
 
-    std::chrono::nanoseconds now() const;
+    /// What the last advance() came to.
+    std::chrono::nanoseconds now() const { return m_now; }
 
     /// Returns how much time has passed since the last call, or the beginning.
     std::chrono::nanoseconds advance();
@@ -26,7 +27,7 @@ public:
 
 private:
     std::chrono::nanoseconds m_longestStep;
-    std::chrono::nanoseconds m_advancedTo{0};
+    std::chrono::nanoseconds m_now{0};
     QElapsedTimer m_sinceThen;
 };
 

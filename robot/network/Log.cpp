@@ -6,6 +6,7 @@
 
 #include <QCborArray>
 #include <QCborMap>
+#include <QRegularExpression>
 
 namespace robot::network {
 
@@ -14,6 +15,21 @@ Log::Log(rosbridge::server::Endpoint& endpoint, const Clock& clock)
       m_clock(clock)
 {
 }
+
+namespace {
+
+/// One line that is not too long.
+QString asLine(const QString& text)
+{
+    static const QRegularExpression lineBreaks(
+        QStringLiteral("[\\n\\r\\x{0b}\\f\\x{85}\\x{2028}\\x{2029}]+"));
+    QString line = text;
+    if (line.size() > Log::longestText)
+        line = line.left(Log::longestText - 1) + QChar(0x2026); // "…"
+    return line.replace(lineBreaks, QStringLiteral(" "));
+}
+
+} // namespace
 
 void Log::write(Level level, const QString& name, const QString& text)
 {
@@ -24,7 +40,7 @@ void Log::write(Level level, const QString& name, const QString& text)
                        {{QStringLiteral("header"), header},
                         {QStringLiteral("level"), static_cast<int>(level)},
                         {QStringLiteral("name"), name},
-                        {QStringLiteral("msg"), text},
+                        {QStringLiteral("msg"), asLine(text)},
                         {QStringLiteral("file"), QString()},
                         {QStringLiteral("function"), QString()},
                         {QStringLiteral("line"), 0},

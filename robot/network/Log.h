@@ -27,7 +27,10 @@ public:
     /// Both must outlive the log.
     Log(rosbridge::server::Endpoint& endpoint, const Clock& clock);
 
-    /// @p name is the part of the robot that speaks: base, manipulator or laser.
+    static constexpr int longestText = 2000; ///< characters; a longer one is cut
+
+    /// Writes one line, for LogWriter: @p name is the part of the robot that speaks. Line breaks in
+    /// @p text become spaces.
     void write(Level level, const QString& name, const QString& text);
 
 private:

@@ -42,9 +42,10 @@ rosbridge::server::ServiceReply trigger(const Control::Answer& answer)
 Network::Network(const Clock& clock, const rosbridge::server::Limits& limits)
     : m_topics(m_control),
       m_services(m_control),
-      m_rosApi(m_topics, m_services, {{QStringLiteral("/use_sim_time"), true}}),
+      m_rosApi(m_topics, m_services, Parameters({{QStringLiteral("/use_sim_time"), true}})),
       m_endpoint(m_topics, m_services, limits),
-      m_log(m_endpoint, clock)
+      m_log(m_endpoint, clock),
+      m_clientLog(m_log, QStringLiteral("base"))
 {
     m_topics.addPublished(topic::log.name, topic::log.type);
     m_rosApi.addTo(m_services);
@@ -111,31 +112,28 @@ void Network::addControlServices()
 
 void Network::keepLog()
 {
-    const QString base = QStringLiteral("base");
     connect(&m_endpoint, &rosbridge::server::Endpoint::joined, this,
-            [this, base](const rosbridge::server::Peer& peer) {
-                m_log.write(Log::Level::Info, base, tr("%1 joined").arg(peer.name));
+            [this](const rosbridge::server::Peer& peer) {
+                m_clientLog.write(Log::Level::Info, tr("%1 joined").arg(peer.name));
             });
     connect(&m_endpoint, &rosbridge::server::Endpoint::left, this,
-            [this, base](const rosbridge::server::Peer& peer, const QString& why) {
-                m_log.write(Log::Level::Info, base, tr("%1 left: %2").arg(peer.name, why));
+            [this](const rosbridge::server::Peer& peer, const QString& why) {
+                m_clientLog.write(Log::Level::Info, tr("%1 left: %2").arg(peer.name, why));
             });
     connect(&m_endpoint, &rosbridge::server::Endpoint::originRefused, this,
-            [this, base](const QString& origin) {
-                m_log.write(Log::Level::Warning, base, tr("a page of %1 was refused").arg(origin));
+            [this](const QString& origin) {
+                m_clientLog.write(Log::Level::Warning, tr("a page of %1 was refused").arg(origin));
             });
-    connect(&m_control, &Control::acquired, this,
-            [this, base](const rosbridge::server::Peer& peer) {
-                m_log.write(Log::Level::Info, base, tr("%1 took control").arg(peer.name));
-            });
-    connect(&m_control, &Control::released, this,
-            [this, base](const rosbridge::server::Peer& peer) {
-                m_log.write(Log::Level::Info, base, tr("%1 released control").arg(peer.name));
-            });
+    connect(&m_control, &Control::acquired, this, [this](const rosbridge::server::Peer& peer) {
+        m_clientLog.write(Log::Level::Info, tr("%1 took control").arg(peer.name));
+    });
+    connect(&m_control, &Control::released, this, [this](const rosbridge::server::Peer& peer) {
+        m_clientLog.write(Log::Level::Info, tr("%1 released control").arg(peer.name));
+    });
     connect(&m_control, &Control::refused, this,
-            [this, base](const rosbridge::server::Peer& peer, const QString& reason) {
-                m_log.write(Log::Level::Warning, base,
-                            tr("%1 was refused control: %2").arg(peer.name, reason));
+            [this](const rosbridge::server::Peer& peer, const QString& reason) {
+                m_clientLog.write(Log::Level::Warning,
+                                  tr("%1 was refused control: %2").arg(peer.name, reason));
             });
 }
 

@@ -3,6 +3,7 @@
 
 #include "robot/network/Control.h"
 #include "robot/network/Log.h"
+#include "robot/network/LogWriter.h"
 #include "robot/network/RosApi.h"
 #include "rosbridge/server/Endpoint.h"
 #include "rosbridge/server/Limits.h"
@@ -52,7 +53,7 @@ public:
     /// Tells when the client in control gives it back, which ends what it had commanded.
     const Control& control() const { return m_control; }
 
-    /// The robot's diary, where each part writes under its own name.
+    /// The robot's diary; each part has a LogWriter for it.
     Log& log() { return m_log; }
 
     /// Sends @p msg to all who subscribed to @p topic, a published topic's canonical name.
@@ -71,6 +72,7 @@ private:
     RosApi m_rosApi;
     rosbridge::server::Endpoint m_endpoint;
     Log m_log;
+    LogWriter m_clientLog;
 };
 
 } // namespace robot::network

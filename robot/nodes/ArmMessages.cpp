@@ -1,7 +1,8 @@
 #include "robot/nodes/ArmMessages.h"
 
 #include "robot/network/Clock.h"
-#include "robot/nodes/Messages.h"
+#include "robot/nodes/RosMessages.h"
+#include "rosbridge/protocol/Angle.h"
 #include "rosbridge/protocol/Codec.h"
 
 #include <QCborArray>
@@ -16,7 +17,7 @@ namespace {
 
 struct Text
 {
-    Q_DECLARE_TR_FUNCTIONS(robot::ArmMessages)
+    Q_DECLARE_TR_FUNCTIONS(robot::nodes::ArmMessages)
 };
 
 QCborArray names()
@@ -27,12 +28,13 @@ QCborArray names()
     return names;
 }
 
-template <typename Number>
-QCborArray ofEachAxis(const Arm& arm, Number number)
+/// In radians what @p degrees gives of each axis.
+template <typename Degrees>
+QCborArray ofEachAxis(const Arm& arm, Degrees degrees)
 {
     QCborArray numbers;
     for (const Arm::Axis& axis : arm.axes())
-        numbers.append(number(axis));
+        numbers.append(rosbridge::protocol::toRadians(degrees(axis)));
     return numbers;
 }
 
@@ -65,11 +67,11 @@ std::optional<QCborMap> onlyPoint(const QCborMap& trajectory)
     return points.first().toMap();
 }
 
-/// The point's float64[] with one number for each of the joints.
-std::optional<QVector<float>> toNumbers(const QCborMap& point, const QString& field, int jointCount,
-                                        QString* error)
+/// The point's float64[], radians, with one number for each of the joints.
+std::optional<QVector<double>> toDegrees(const QCborMap& point, const QString& field,
+                                         int jointCount, QString* error)
 {
-    std::optional<QVector<float>> numbers =
+    const std::optional<QVector<float>> numbers =
         rosbridge::protocol::toFloats(point.value(field), error);
     if (!numbers) {
         *error = Text::tr("points[0].%1: %2").arg(field, *error);
@@ -82,7 +84,10 @@ std::optional<QVector<float>> toNumbers(const QCborMap& point, const QString& fi
                      .arg(numbers->size());
         return std::nullopt;
     }
-    return numbers;
+    QVector<double> degrees;
+    for (const float number : *numbers)
+        degrees.append(rosbridge::protocol::toDegrees(number));
+    return degrees;
 }
 
 /// ROS leaves a list out by sending an empty one.
@@ -135,7 +140,7 @@ std::optional<std::vector<Arm::Movement>> toMovements(const QCborMap& trajectory
     }
 
     const QString positions = QStringLiteral("positions");
-    const std::optional<QVector<float>> targets = toNumbers(*point, positions, count, error);
+    const std::optional<QVector<double>> targets = toDegrees(*point, positions, count, error);
     if (!targets)
         return std::nullopt;
     for (int i = 0; i < count; ++i)
@@ -144,7 +149,7 @@ std::optional<std::vector<Arm::Movement>> toMovements(const QCborMap& trajectory
     const QString velocities = QStringLiteral("velocities");
     if (isLeftOut(point->value(velocities)))
         return movements;
-    const std::optional<QVector<float>> speeds = toNumbers(*point, velocities, count, error);
+    const std::optional<QVector<double>> speeds = toDegrees(*point, velocities, count, error);
     if (!speeds)
         return std::nullopt;
     for (int i = 0; i < count; ++i)

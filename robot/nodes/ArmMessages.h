@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-/// What the arm tells and is told, as ROS's messages.
+/// What the arm tells and is told, as ROS's messages: with radians for its degrees.
 namespace robot::nodes {
 
 /// sensor_msgs/JointState.

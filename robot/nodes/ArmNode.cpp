@@ -2,7 +2,7 @@
 
 #include "robot/network/Network.h"
 #include "robot/nodes/ArmMessages.h"
-#include "robot/nodes/Messages.h"
+#include "robot/nodes/RosMessages.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
 
@@ -14,7 +14,9 @@ using simulation::Arm;
 namespace service = rosbridge::protocol::service;
 namespace topic = rosbridge::protocol::topic;
 
-ArmNode::ArmNode(network::Network& network) : m_network(network)
+ArmNode::ArmNode(network::Network& network)
+    : m_network(network),
+      m_log(network.log(), QStringLiteral("manipulator"))
 {
     network.topics().addPublished(topic::jointStates.name, topic::jointStates.type);
     network.topics().addPublished(topic::armState.name, topic::armState.type);
@@ -84,8 +86,8 @@ void ArmNode::stop()
 
 void ArmNode::report(const Answer& answer)
 {
-    m_network.log().write(answer.success ? network::Log::Level::Info : network::Log::Level::Warning,
-                          QStringLiteral("manipulator"), answer.message);
+    m_log.write(answer.success ? network::Log::Level::Info : network::Log::Level::Warning,
+                answer.message);
 }
 
 void ArmNode::publishState()

@@ -1,6 +1,7 @@
 #ifndef ROBOT_NODES_ARMNODE_H
 #define ROBOT_NODES_ARMNODE_H
 
+#include "robot/network/LogWriter.h"
 #include "robot/nodes/Beat.h"
 #include "robot/nodes/Node.h"
 #include "robot/simulation/Arm.h"
@@ -47,6 +48,7 @@ private:
     void publishState();
 
     network::Network& m_network;
+    network::LogWriter m_log;
     simulation::Arm m_arm;
     simulation::Time m_now{0};
     Beat m_beat{std::chrono::nanoseconds(std::chrono::seconds(1)) / 30};

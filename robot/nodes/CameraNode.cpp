@@ -1,7 +1,7 @@
 #include "robot/nodes/CameraNode.h"
 
 #include "robot/network/Network.h"
-#include "robot/nodes/Messages.h"
+#include "robot/nodes/RosMessages.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
 

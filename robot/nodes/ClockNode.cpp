@@ -15,9 +15,9 @@ ClockNode::ClockNode(network::Network& network, const network::Clock& clock)
     network.topics().addPublished(topic::clock.name, topic::clock.type);
 }
 
-void ClockNode::step(simulation::Time now)
+void ClockNode::step(simulation::Time /*now*/)
 {
-    if (m_beat.isDue(now))
+    if (m_network.hasSubscribers(topic::clock.name))
         m_network.publish(topic::clock.name,
                           {{QStringLiteral("clock"), network::Clock::stamp(m_clock.now())}});
 }

@@ -1,7 +1,6 @@
 #ifndef ROBOT_NODES_CLOCKNODE_H
 #define ROBOT_NODES_CLOCKNODE_H
 
-#include "robot/nodes/Beat.h"
 #include "robot/nodes/Node.h"
 
 namespace robot::network {
@@ -11,8 +10,8 @@ class Network;
 
 namespace robot::nodes {
 
-/// The simulation's time as the topic /clock, ten times a second and exact, where other parts give
-/// their messages the time of the world's last step.
+/// The simulation's time as the topic /clock. Has to be the first of the nodes: the clock comes
+/// with every step and before what it stamps, so that no stamp is ever ahead of it.
 class ClockNode : public Node
 {
 public:
@@ -24,7 +23,6 @@ public:
 private:
     network::Network& m_network;
     const network::Clock& m_clock;
-    Beat m_beat{std::chrono::milliseconds(100)};
 };
 
 } // namespace robot::nodes

@@ -1,7 +1,7 @@
 #include "robot/nodes/DriveNode.h"
 
 #include "robot/network/Network.h"
-#include "robot/nodes/Messages.h"
+#include "robot/nodes/RosMessages.h"
 #include "robot/simulation/DriveBase.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
@@ -13,6 +13,7 @@ namespace topic = rosbridge::protocol::topic;
 
 DriveNode::DriveNode(network::Network& network, simulation::DriveBase& driveBase)
     : m_network(network),
+      m_log(network.log(), QStringLiteral("base")),
       m_driveBase(driveBase)
 {
     network.topics().addPublished(topic::odometry.name, topic::odometry.type);
@@ -60,7 +61,7 @@ rosbridge::server::ServiceReply DriveNode::disable(const QCborMap& args)
     publishDisabled();
     const QString message = data.toBool() ? tr("the drive is disabled, the robot stands still")
                                           : tr("the drive is enabled");
-    m_network.log().write(network::Log::Level::Info, QStringLiteral("base"), message);
+    m_log.write(network::Log::Level::Info, message);
     return {{{QStringLiteral("success"), true}, {QStringLiteral("message"), message}}, QString()};
 }
 

@@ -1,6 +1,7 @@
 #ifndef ROBOT_NODES_DRIVENODE_H
 #define ROBOT_NODES_DRIVENODE_H
 
+#include "robot/network/LogWriter.h"
 #include "robot/nodes/Beat.h"
 #include "robot/nodes/Node.h"
 #include "rosbridge/server/ServiceRegistry.h"
@@ -36,6 +37,7 @@ private:
     void publishDisabled();
 
     network::Network& m_network;
+    network::LogWriter m_log;
     simulation::DriveBase& m_driveBase;
     Beat m_beat{simulation::Time(std::chrono::seconds(1)) / 30};
     quint32 m_seq = 0;

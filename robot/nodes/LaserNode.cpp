@@ -1,7 +1,7 @@
 #include "robot/nodes/LaserNode.h"
 
 #include "robot/network/Network.h"
-#include "robot/nodes/Messages.h"
+#include "robot/nodes/RosMessages.h"
 #include "robot/recording/Recording.h"
 #include "robot/simulation/Laser.h"
 #include "rosbridge/protocol/Topics.h"
@@ -16,6 +16,7 @@ using simulation::LaserScan;
 
 LaserNode::LaserNode(network::Network& network, simulation::Laser& laser)
     : m_network(network),
+      m_log(network.log(), QStringLiteral("laser")),
       m_laser(laser)
 {
     network.topics().addPublished(topic::scan.name, topic::scan.type);
@@ -46,10 +47,9 @@ bool LaserNode::setLog(const QString& file, double rate, QStringList* problems, 
     return true;
 }
 
-void LaserNode::publish(const std::vector<LaserScan>& scans)
+void LaserNode::setMeasured(std::vector<LaserScan> scans)
 {
-    for (const LaserScan& scan : scans)
-        m_network.publish(topic::scan.name, toMessage(scan));
+    m_measured = std::move(scans);
 }
 
 void LaserNode::step(simulation::Time now)
@@ -58,6 +58,8 @@ void LaserNode::step(simulation::Time now)
     m_isWanted = m_network.hasSubscribers(topic::scan.name);
     if (!m_replay) {
         m_laser.setOn(m_isWanted);
+        for (const LaserScan& scan : m_measured)
+            m_network.publish(topic::scan.name, toMessage(scan));
         return;
     }
     if (wasWanted)
@@ -74,10 +76,9 @@ void LaserNode::step(simulation::Time now)
 
 void LaserNode::announce()
 {
-    const QString laser = QStringLiteral("laser");
-    m_network.log().write(network::Log::Level::Info, laser, m_announcement);
+    m_log.write(network::Log::Level::Info, m_announcement);
     for (const QString& problem : std::as_const(m_problems))
-        m_network.log().write(network::Log::Level::Warning, laser, problem);
+        m_log.write(network::Log::Level::Warning, problem);
 }
 
 } // namespace robot::nodes

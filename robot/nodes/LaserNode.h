@@ -1,6 +1,7 @@
 #ifndef ROBOT_NODES_LASERNODE_H
 #define ROBOT_NODES_LASERNODE_H
 
+#include "robot/network/LogWriter.h"
 #include "robot/nodes/Node.h"
 #include "robot/recording/Replay.h"
 
@@ -35,8 +36,8 @@ public:
     /// lines that could not be read, for the user.
     bool setLog(const QString& file, double rate, QStringList* problems, QString* error);
 
-    /// What the simulated laser has measured since the last step, oldest first.
-    void publish(const std::vector<simulation::LaserScan>& scans);
+    /// What the simulated laser has measured since the last step, oldest first; before step().
+    void setMeasured(std::vector<simulation::LaserScan> scans);
 
     void step(simulation::Time now) override;
 
@@ -44,7 +45,9 @@ private:
     void announce();
 
     network::Network& m_network;
+    network::LogWriter m_log;
     simulation::Laser& m_laser;
+    std::vector<simulation::LaserScan> m_measured;
     std::optional<recording::Replay> m_replay;
     QString m_announcement; // of the replay, for the log
     QStringList m_problems;

@@ -1,7 +1,7 @@
 #include "robot/nodes/MapNode.h"
 
 #include "robot/network/Network.h"
-#include "robot/nodes/Messages.h"
+#include "robot/nodes/RosMessages.h"
 #include "robot/simulation/FloorPlan.h"
 #include "rosbridge/protocol/Topics.h"
 

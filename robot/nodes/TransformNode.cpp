@@ -1,7 +1,7 @@
 #include "robot/nodes/TransformNode.h"
 
 #include "robot/network/Network.h"
-#include "robot/nodes/Messages.h"
+#include "robot/nodes/RosMessages.h"
 #include "robot/simulation/Camera.h"
 #include "robot/simulation/DriveBase.h"
 #include "robot/simulation/FloorPlan.h"

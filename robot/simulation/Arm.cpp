@@ -20,6 +20,12 @@ int axisNamed(const QString& name)
     return none;
 }
 
+/// For people, who count from 1.
+QString axisInWords(int axis)
+{
+    return Arm::tr("axis %1").arg(axis + 1);
+}
+
 /// Not so for NaN.
 bool isWithin(double value, double maximum)
 {
@@ -56,7 +62,7 @@ Arm::Answer Arm::move(const std::vector<Movement>& movements)
             return {false, refusal};
         const Movement*& place = wanted.at(axisNamed(movement.axis));
         if (place)
-            return {false, tr("%1 is named twice; name each axis once").arg(movement.axis)};
+            return {false, tr("\"%1\" is named twice; name each axis once").arg(movement.axis)};
         place = &movement;
     }
     if (!m_isTorqueEnabled)
@@ -75,9 +81,9 @@ Arm::Answer Arm::move(const std::vector<Movement>& movements)
         }
         const QString why = hindrance(axis);
         if (why.isEmpty())
-            moving.append(name(axis));
+            moving.append(axisInWords(axis));
         else
-            still.append(QStringLiteral("%1 (%2)").arg(name(axis), why));
+            still.append(QStringLiteral("%1 (%2)").arg(axisInWords(axis), why));
     }
     QStringList message;
     if (!moving.isEmpty())
@@ -108,8 +114,8 @@ Arm::Answer Arm::setLineEnabled(int line, bool isEnabled)
     if (!isEnabled)
         return {true, lineOff(line)};
     if (!m_isTorqueEnabled)
-        return {true, tr("line %1 on; the torque is off: the arm does not move").arg(line)};
-    return {true, tr("line %1 on").arg(line)};
+        return {true, tr("line %1 on; the torque is off: the arm does not move").arg(line + 1)};
+    return {true, tr("line %1 on").arg(line + 1)};
 }
 
 bool Arm::stop()
@@ -138,15 +144,16 @@ void Arm::step(Time elapsed)
 /// Why the movement is unfit; empty if it is not.
 QString Arm::refusalOf(const Movement& movement)
 {
-    if (axisNamed(movement.axis) == none)
+    const int axis = axisNamed(movement.axis);
+    if (axis == none)
         return tr("the arm has no axis \"%1\"; it has %2 to %3")
             .arg(movement.axis, name(0), name(axisCount - 1));
     if (!isWithin(movement.target, maximumPosition))
-        return tr("the target %1 of %2 is refused; give one from 0 to %3")
-            .arg(number(movement.target), movement.axis, number(maximumPosition));
+        return tr("the target %1° of %2 is refused; give one from 0° to %3°")
+            .arg(number(movement.target), axisInWords(axis), number(maximumPosition));
     if (!isWithin(movement.speed, maximumSpeed))
-        return tr("the speed %1 of %2 is refused; give one from 0 to %3")
-            .arg(number(movement.speed), movement.axis, number(maximumSpeed));
+        return tr("the speed %1°/s of %2 is refused; give one from 0°/s to %3°/s")
+            .arg(number(movement.speed), axisInWords(axis), number(maximumSpeed));
     return QString();
 }
 
@@ -160,7 +167,7 @@ QString Arm::hindrance(int axis) const
 {
     const int line = axis / axesPerLine;
     if (!m_isLineEnabled.at(line))
-        return tr("line %1 is off").arg(line);
+        return tr("line %1 is off").arg(line + 1);
     if (m_axes.at(axis).target == m_axes.at(axis).position)
         return tr("it is there already");
     if (m_axes.at(axis).speed == 0.0)
@@ -168,13 +175,13 @@ QString Arm::hindrance(int axis) const
     return QString();
 }
 
-QString Arm::lineOff(int line) const
+QString Arm::lineOff(int line)
 {
     const int first = line * axesPerLine;
     return tr("line %1 off: axes %2 to %3 do not move")
-        .arg(line)
-        .arg(first)
-        .arg(first + axesPerLine - 1);
+        .arg(line + 1)
+        .arg(first + 1)
+        .arg(first + axesPerLine);
 }
 
 void Arm::stopUnpowered()

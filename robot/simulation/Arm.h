@@ -20,10 +20,11 @@ class Arm
 public:
     static constexpr int axisCount = 9;
     static constexpr int lineCount = 3;
-    static constexpr int axesPerLine = axisCount / lineCount; ///< line 0 feeds axes 0 to 2
-    static constexpr double maximumPosition = 300.0;          ///< degrees; the least is 0
-    static constexpr double maximumSpeed = 143.0;             ///< degrees per second
-    static constexpr double defaultSpeed = 30.0;              ///< degrees per second
+    static constexpr int axesPerLine =
+        axisCount / lineCount;                       ///< the first line feeds the first three
+    static constexpr double maximumPosition = 300.0; ///< degrees; the least is 0
+    static constexpr double maximumSpeed = 143.0;    ///< degrees per second
+    static constexpr double defaultSpeed = 30.0;     ///< degrees per second
 
     /// Degrees and degrees per second.
     struct Axis
@@ -51,7 +52,7 @@ public:
         QString message; ///< a sentence for people: what was done, or why nothing was
     };
 
-    /// "axis0" to "axis8".
+    /// For clients: "axis0" to "axis8". People count axes and lines from 1.
     static QString name(int axis);
 
     /// Gives the axes of @p movements new targets; the others go on as they are. Those without
@@ -78,7 +79,7 @@ private:
     static QString refusalOf(const Movement& movement);
     bool isPowered(int axis) const;
     QString hindrance(int axis) const;
-    QString lineOff(int line) const;
+    static QString lineOff(int line);
     void stopUnpowered();
 
     std::array<Axis, axisCount> m_axes;

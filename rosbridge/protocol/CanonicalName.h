@@ -10,6 +10,10 @@ namespace rosbridge::protocol {
 /// An empty name stays empty.
 QString canonicalName(const QString& name);
 
+/// The one spelling of a type, ROS 1's "sensor_msgs/LaserScan": ROS 2 writes
+/// "sensor_msgs/msg/LaserScan", and "std_srvs/srv/Trigger".
+QString canonicalType(const QString& type);
+
 } // namespace rosbridge::protocol
 
 #endif

@@ -153,7 +153,7 @@ void Conversation::advertise(Request& request)
         request.fail(TopicRegistry::unknown(name));
     else if (!topic->handler)
         request.fail(TopicRegistry::notForClients(name));
-    else if (type != topic->type)
+    else if (protocol::canonicalType(type) != topic->type)
         request.fail(tr("the type of \"%1\" is %2, not %3").arg(name, topic->type, type));
     else if (!m_advertised.contains(canonical) && m_advertised.size() >= m_limits.advertisements)
         request.fail(tr("a client may advertise at most %1 topics").arg(m_limits.advertisements));
@@ -208,7 +208,7 @@ void Conversation::subscribe(Request& request)
     else if (topic->handler)
         request.fail(
             tr("the robot takes commands on \"%1\" and publishes nothing there").arg(name));
-    else if (!type.isEmpty() && type != topic->type)
+    else if (!type.isEmpty() && protocol::canonicalType(type) != topic->type)
         request.fail(tr("the type of \"%1\" is %2, not %3").arg(name, topic->type, type));
     else if (isNew && requestCount() >= m_limits.subscriptions)
         request.fail(tr("a client may have at most %1 subscriptions").arg(m_limits.subscriptions));

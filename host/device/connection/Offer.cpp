@@ -2,6 +2,7 @@
 
 #include "host/device/connection/Connection.h"
 #include "host/device/connection/MessageRole.h"
+#include "rosbridge/protocol/CanonicalName.h"
 #include "rosbridge/protocol/Services.h"
 
 #include <QCborArray>
@@ -13,12 +14,6 @@ namespace service = rosbridge::protocol::service;
 namespace {
 
 using Kind = Remappings::Kind;
-
-/// ROS 2 writes "sensor_msgs/msg/LaserScan".
-QString asInRos1(const QString& type)
-{
-    return QString(type).replace(QLatin1String("/msg/"), QLatin1String("/"));
-}
 
 /// Nothing where it is no list.
 std::optional<QStringList> texts(const QCborMap& values, const char* field)
@@ -99,7 +94,7 @@ void Offer::ask()
             return;
         lists.topics.emplace();
         for (int i = 0; i < static_cast<int>(names->size()); ++i)
-            lists.topics->insert(names->at(i), asInRos1(types.value(i)));
+            lists.topics->insert(names->at(i), rosbridge::protocol::canonicalType(types.value(i)));
     });
     call(round, service::services.name, {}, [](Lists& lists, const QCborMap& values) {
         if (const auto names = texts(values, "services"))

@@ -1,5 +1,7 @@
 #include "host/device/readers/ArmPose.h"
 
+#include "rosbridge/protocol/Angle.h"
+#include "rosbridge/protocol/Codec.h"
 #include "rosbridge/protocol/Fields.h"
 
 namespace host::device::readers {
@@ -33,7 +35,8 @@ QString ArmPose::read(const QCborMap& jointState)
     for (int i = 0; i < static_cast<int>(names.size()); ++i) {
         const int axis = axisOf(names.at(i));
         if (axis >= 0)
-            m_axes.at(static_cast<std::size_t>(axis)) = positions.at(i);
+            m_axes.at(static_cast<std::size_t>(axis)) =
+                rosbridge::protocol::toFloat(rosbridge::protocol::toDegrees(positions.at(i)));
     }
     return {};
 }

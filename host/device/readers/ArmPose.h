@@ -25,7 +25,7 @@ public:
     /// otherwise the empty text.
     QString read(const QCborMap& jointState);
 
-    /// In the robot's units; nothing until every axis was told.
+    /// Degrees; nothing until every axis was told.
     std::optional<Axes> axes() const;
 
     void forget();

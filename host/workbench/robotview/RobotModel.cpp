@@ -106,7 +106,7 @@ QString RobotModel::name(int row) const
     case DriveRow:
         return tr("Drive");
     default:
-        return RobotState::axisName(row);
+        return tr("Axis %1").arg(row + 1);
     }
 }
 

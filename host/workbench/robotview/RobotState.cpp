@@ -2,6 +2,8 @@
 
 #include "host/device/readers/BoolReader.h"
 #include "host/device/readers/CameraInfo.h"
+#include "rosbridge/protocol/Angle.h"
+#include "rosbridge/protocol/Codec.h"
 #include "rosbridge/protocol/Fields.h"
 
 #include <QLocale>
@@ -193,7 +195,8 @@ bool RobotState::takeAxes(Topic topic, const QCborMap& message, QString* fault)
         if (at < 0)
             continue;
         Axis& axis = m_axes.at(index(i));
-        (isTarget ? axis.target : axis.present) = positions.at(at);
+        (isTarget ? axis.target : axis.present) =
+            rosbridge::protocol::toFloat(rosbridge::protocol::toDegrees(positions.at(at)));
         isNews = true;
     }
     return isNews;

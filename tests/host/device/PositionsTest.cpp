@@ -2,6 +2,7 @@
 #include "TestCase.h"
 
 #include "olm/core/Vector.h"
+#include "rosbridge/protocol/Angle.h"
 
 #include <QCborArray>
 #include <QtTest>
@@ -25,7 +26,7 @@ QCborMap jointState(int axes = 9)
     QCborArray positions;
     for (int axis = 0; axis < axes; ++axis) {
         names.append(QStringLiteral("axis%1").arg(axis));
-        positions.append(10.0 * (axis + 1));
+        positions.append(rosbridge::protocol::toRadians(10.0 * (axis + 1)));
     }
     return {{QStringLiteral("name"), names}, {QStringLiteral("position"), positions}};
 }

@@ -28,6 +28,8 @@ namespace {
 
 constexpr int patience = 30000; // many tests may share a slow machine
 
+constexpr double degree = 3.14159265358979323846 / 180; // in radians
+
 /// A client with all that the arm tells it.
 class Viewer
 {
@@ -87,9 +89,10 @@ public:
         return messages.isEmpty() ? QCborValue() : messages.last().value(QLatin1String(field));
     }
 
+    /// Degrees.
     double position(int axis) const
     {
-        return last("/joint_states", "position").toArray().at(axis).toDouble();
+        return last("/joint_states", "position").toArray().at(axis).toDouble() / degree;
     }
 
     /// The manipulator's lines, each after the number of its level.
@@ -143,11 +146,25 @@ public:
     milliseconds now{0};
 };
 
+/// What is no number stays as it is.
+QCborArray inRadians(const QCborArray& degrees)
+{
+    QCborArray radians;
+    for (const QCborValue value : degrees) {
+        if (value.isInteger() || value.isDouble())
+            radians.append(value.toDouble() * degree);
+        else
+            radians.append(value);
+    }
+    return radians;
+}
+
+/// Degrees, and degrees per second.
 QCborMap trajectory(const QCborArray& names, const QCborArray& positions,
                     const QCborArray& velocities)
 {
-    const QCborMap point{{QStringLiteral("positions"), positions},
-                         {QStringLiteral("velocities"), velocities}};
+    const QCborMap point{{QStringLiteral("positions"), inRadians(positions)},
+                         {QStringLiteral("velocities"), inRadians(velocities)}};
     return {{QStringLiteral("joint_names"), names}, {QStringLiteral("points"), QCborArray{point}}};
 }
 
@@ -173,6 +190,7 @@ class ArmNodeTest : public TestCase
 private Q_SLOTS:
     void the_state_comes_thirty_times_a_second();
     void a_command_moves_the_axes_it_names_in_any_order();
+    void the_greatest_angle_and_speed_may_come_as_float32();
     void an_axis_without_a_speed_moves_at_the_usual_one();
     void the_state_tells_where_the_axes_go();
     void an_unfit_command_is_refused_with_the_reason_data();
@@ -227,8 +245,27 @@ void ArmNodeTest::a_command_moves_the_axes_it_names_in_any_order()
         const double expected = axis == 7 ? 20.0 : axis == 2 ? 11.0 : 0.0;
         QVERIFY2(isNear(rig.viewer.position(axis), expected), qPrintable(QString::number(axis)));
     }
-    QVERIFY(isNear(rig.viewer.last("/joint_states", "velocity").toArray().at(7).toDouble(), 10.0));
-    QCOMPARE(rig.viewer.log().last(), QStringLiteral("2 moving: axis2, axis7"));
+    QVERIFY(isNear(rig.viewer.last("/joint_states", "velocity").toArray().at(7).toDouble(),
+                   10.0 * degree));
+    QCOMPARE(rig.viewer.log().last(), QStringLiteral("2 moving: axis 3, axis 8"));
+}
+
+void ArmNodeTest::the_greatest_angle_and_speed_may_come_as_float32()
+{
+    Rig rig;
+    QVERIFY(rig.begin());
+    rig.viewer.set("/arm/torque", true);
+    // Each a little too large, as a float32 is not that exact.
+    const float angle = std::nextafter(static_cast<float>(300 * degree), 10.0F);
+    const float speed = std::nextafter(static_cast<float>(143 * degree), 10.0F);
+    QVERIFY(angle > 300 * degree && speed > 143 * degree);
+    const QCborMap point{{QStringLiteral("positions"), QCborArray{double(angle)}},
+                         {QStringLiteral("velocities"), QCborArray{double(speed)}}};
+    rig.viewer.move({{QStringLiteral("joint_names"), QCborArray{"axis0"}},
+                     {QStringLiteral("points"), QCborArray{point}}});
+    rig.pass(seconds(3));
+    QCOMPARE(rig.viewer.complaints, QStringList());
+    QVERIFY(isNear(rig.viewer.position(0), 300));
 }
 
 void ArmNodeTest::an_axis_without_a_speed_moves_at_the_usual_one()
@@ -238,7 +275,7 @@ void ArmNodeTest::an_axis_without_a_speed_moves_at_the_usual_one()
     rig.viewer.set("/arm/torque", true);
     rig.viewer.move(trajectory({"axis0"}, {100}, {5}));
     rig.viewer.move(trajectory({"axis0"}, {100}, {})); // as ROS leaves it out
-    QCborMap point{{QStringLiteral("positions"), QCborArray{100}}};
+    QCborMap point{{QStringLiteral("positions"), inRadians({100})}};
     rig.viewer.move({{QStringLiteral("joint_names"), QCborArray{"axis1"}},
                      {QStringLiteral("points"), QCborArray{point}}});
     point.insert(QStringLiteral("velocities"), QCborValue::Null);
@@ -261,7 +298,7 @@ void ArmNodeTest::the_state_tells_where_the_axes_go()
 
     const auto number = [&rig](const char* point, const char* field) {
         const QCborMap message = rig.viewer.last("/arm/state", point).toMap();
-        return message.value(QLatin1String(field)).toArray().at(4).toDouble();
+        return message.value(QLatin1String(field)).toArray().at(4).toDouble() / degree;
     };
     QCOMPARE(rig.viewer.last("/arm/state", "joint_names").toArray().at(4).toString(),
              QStringLiteral("axis4"));
@@ -306,12 +343,12 @@ void ArmNodeTest::an_unfit_command_is_refused_with_the_reason_data()
         << trajectory(names, {1, 2}, {false, 4}) << "points[0].velocities: element 0 is ";
     QTest::newRow("positions missing")
         << with("points", QCborArray{QCborMap()}) << "points[0].positions: found ";
-    QTest::newRow("a position not finite")
-        << trajectory(names, {1, QCborValue::Null}, {3, 4}) << "the target nan of axis1 is refused";
+    QTest::newRow("a position not finite") << trajectory(names, {1, QCborValue::Null}, {3, 4})
+                                           << "the target nan° of axis 2 is refused";
     QTest::newRow("a position too large")
-        << trajectory(names, {1, 301}, {3, 4}) << "the target 301 of axis1 is refused";
+        << trajectory(names, {1, 301}, {3, 4}) << "the target 301° of axis 2 is refused";
     QTest::newRow("a velocity too large")
-        << trajectory(names, {1, 2}, {143.5, 4}) << "the speed 143.5 of axis0 is refused";
+        << trajectory(names, {1, 2}, {143.5, 4}) << "the speed 143.5°/s of axis 1 is refused";
 }
 
 void ArmNodeTest::an_unfit_command_is_refused_with_the_reason()
@@ -350,20 +387,20 @@ void ArmNodeTest::switches_answer_log_and_publish_what_they_did()
     QVERIFY(rig.begin());
     QCOMPARE(rig.viewer.set("/arm/torque", true), QStringLiteral("torque on"));
     QCOMPARE(rig.viewer.set("/arm/line1", false),
-             QStringLiteral("line 1 off: axes 3 to 5 do not move"));
+             QStringLiteral("line 2 off: axes 4 to 6 do not move"));
     QCOMPARE(rig.viewer.last("/arm/torque_enabled", "data"), QCborValue(true));
     QCOMPARE(rig.viewer.last("/arm/line0_enabled", "data"), QCborValue(true));
     QCOMPARE(rig.viewer.last("/arm/line1_enabled", "data"), QCborValue(false));
     QCOMPARE(rig.viewer.last("/arm/line2_enabled", "data"), QCborValue(true));
-    QCOMPARE(rig.viewer.set("/arm/line1", true), QStringLiteral("line 1 on"));
+    QCOMPARE(rig.viewer.set("/arm/line1", true), QStringLiteral("line 2 on"));
     QCOMPARE(rig.viewer.last("/arm/line1_enabled", "data"), QCborValue(true));
     QCOMPARE(rig.viewer.set("/arm/torque", false),
              QStringLiteral("torque off: the arm does not move"));
     QCOMPARE(rig.viewer.last("/arm/torque_enabled", "data"), QCborValue(false));
     QCOMPARE(rig.viewer.log(),
              (QStringList{QStringLiteral("2 torque on"),
-                          QStringLiteral("2 line 1 off: axes 3 to 5 do not move"),
-                          QStringLiteral("2 line 1 on"),
+                          QStringLiteral("2 line 2 off: axes 4 to 6 do not move"),
+                          QStringLiteral("2 line 2 on"),
                           QStringLiteral("2 torque off: the arm does not move")}));
 }
 

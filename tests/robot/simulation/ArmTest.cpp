@@ -89,8 +89,8 @@ void ArmTest::each_axis_goes_to_its_target_at_its_own_speed()
         movements.push_back({Arm::name(axis), 200.0 + axis, 10.0 * (axis + 1)});
     const Arm::Answer answer = arm.move(movements);
     QVERIFY2(answer.success, qPrintable(answer.message));
-    QCOMPARE(answer.message, QStringLiteral("moving: axis0, axis1, axis2, axis3, axis4, axis5, "
-                                            "axis6, axis7, axis8"));
+    QCOMPARE(answer.message, QStringLiteral("moving: axis 1, axis 2, axis 3, axis 4, axis 5, "
+                                            "axis 6, axis 7, axis 8, axis 9"));
 
     arm.step(seconds(2));
     for (int axis = 0; axis < Arm::axisCount; ++axis) {
@@ -182,7 +182,7 @@ void ArmTest::speed_zero_stops_an_axis()
     arm.step(seconds(1));
     const Arm::Answer answer = arm.move({{Arm::name(0), 100.0, 0.0}});
     QVERIFY(answer.success);
-    QCOMPARE(answer.message, QStringLiteral("not moving: axis0 (its speed is 0)"));
+    QCOMPARE(answer.message, QStringLiteral("not moving: axis 1 (its speed is 0)"));
     arm.step(seconds(1));
     QVERIFY(isNear(position(arm, 0), 10.0));
     QCOMPARE(arm.axes().at(0).velocity, 0.0);
@@ -218,7 +218,7 @@ void ArmTest::the_limits_themselves_can_be_reached()
     QCOMPARE(position(arm, 8), 300.0);
     const Arm::Answer again = arm.move({{Arm::name(8), Arm::maximumPosition, Arm::maximumSpeed}});
     QVERIFY(again.success);
-    QCOMPARE(again.message, QStringLiteral("not moving: axis8 (it is there already)"));
+    QCOMPARE(again.message, QStringLiteral("not moving: axis 9 (it is there already)"));
     QVERIFY(arm.move({{Arm::name(8), 0.0, Arm::maximumSpeed}}).success);
     arm.step(seconds(1000000));
     QCOMPARE(position(arm, 8), 0.0);
@@ -233,29 +233,34 @@ void ArmTest::an_unfit_command_is_refused_whole_data()
     QTest::addColumn<double>("speed");
     QTest::addColumn<QString>("reason");
     QTest::newRow("target nan") << "axis3" << nan << 10.0
-                                << "the target nan of axis3 is refused; give one from 0 to 300";
+                                << "the target nan° of axis 4 is refused; give one from 0° to 300°";
     QTest::newRow("target infinite")
         << "axis3" << infinity << 10.0
-        << "the target inf of axis3 is refused; give one from 0 to 300";
+        << "the target inf° of axis 4 is refused; give one from 0° to 300°";
     QTest::newRow("target negative")
-        << "axis4" << -0.5 << 10.0 << "the target -0.5 of axis4 is refused; give one from 0 to 300";
+        << "axis4" << -0.5 << 10.0
+        << "the target -0.5° of axis 5 is refused; give one from 0° to 300°";
     QTest::newRow("target just too large")
         << "axis4" << 300.0000001 << 10.0
-        << "the target 300.0000001 of axis4 is refused; give one from 0 to 300";
-    QTest::newRow("speed nan") << "axis5" << 10.0 << nan
-                               << "the speed nan of axis5 is refused; give one from 0 to 143";
-    QTest::newRow("speed infinite") << "axis5" << 10.0 << infinity
-                                    << "the speed inf of axis5 is refused; give one from 0 to 143";
+        << "the target 300.0000001° of axis 5 is refused; give one from 0° to 300°";
+    QTest::newRow("speed nan")
+        << "axis5" << 10.0 << nan
+        << "the speed nan°/s of axis 6 is refused; give one from 0°/s to 143°/s";
+    QTest::newRow("speed infinite")
+        << "axis5" << 10.0 << infinity
+        << "the speed inf°/s of axis 6 is refused; give one from 0°/s to 143°/s";
     QTest::newRow("speed negative")
-        << "axis5" << 10.0 << -1.0 << "the speed -1 of axis5 is refused; give one from 0 to 143";
+        << "axis5" << 10.0 << -1.0
+        << "the speed -1°/s of axis 6 is refused; give one from 0°/s to 143°/s";
     QTest::newRow("speed too large")
-        << "axis5" << 10.0 << 144.0 << "the speed 144 of axis5 is refused; give one from 0 to 143";
+        << "axis5" << 10.0 << 144.0
+        << "the speed 144°/s of axis 6 is refused; give one from 0°/s to 143°/s";
     QTest::newRow("axis unknown") << "axis9" << 10.0 << 10.0
                                   << "the arm has no axis \"axis9\"; it has axis0 to axis8";
     QTest::newRow("axis with a place marker")
         << "%2" << 10.0 << 10.0 << "the arm has no axis \"%2\"; it has axis0 to axis8";
     QTest::newRow("axis twice") << "axis0" << 10.0 << 10.0
-                                << "axis0 is named twice; name each axis once";
+                                << "\"axis0\" is named twice; name each axis once";
 }
 
 void ArmTest::an_unfit_command_is_refused_whole()
@@ -333,9 +338,9 @@ void ArmTest::a_line_feeds_three_axes()
     const Arm::Answer answer = arm.setLineEnabled(line, false);
     QVERIFY(answer.success);
     QCOMPARE(answer.message, QStringLiteral("line %1 off: axes %2 to %3 do not move")
-                                 .arg(line)
-                                 .arg(3 * line)
-                                 .arg(3 * line + 2));
+                                 .arg(line + 1)
+                                 .arg(3 * line + 1)
+                                 .arg(3 * line + 3));
     QVERIFY(!arm.isLineEnabled(line));
     arm.step(seconds(1));
     for (int axis = 0; axis < Arm::axisCount; ++axis) {
@@ -353,7 +358,7 @@ void ArmTest::a_command_without_any_line_it_needs_is_refused()
     const Arm::Answer answer = arm.move({{Arm::name(5), 100.0, 10.0}, {Arm::name(3), 100.0, 0.0}});
     QVERIFY(!answer.success);
     QCOMPARE(answer.message,
-             QStringLiteral("not moving: axis3 (line 1 is off), axis5 (line 1 is off)"));
+             QStringLiteral("not moving: axis 4 (line 2 is off), axis 6 (line 2 is off)"));
 }
 
 void ArmTest::a_command_moves_what_has_power_and_says_what_has_not()
@@ -362,7 +367,7 @@ void ArmTest::a_command_moves_what_has_power_and_says_what_has_not()
     arm.setLineEnabled(1, false);
     const Arm::Answer answer = arm.move({{Arm::name(3), 100.0, 10.0}, {Arm::name(2), 100.0, 10.0}});
     QVERIFY(answer.success);
-    QCOMPARE(answer.message, QStringLiteral("moving: axis2; not moving: axis3 (line 1 is off)"));
+    QCOMPARE(answer.message, QStringLiteral("moving: axis 3; not moving: axis 4 (line 2 is off)"));
     arm.step(seconds(1));
     QVERIFY(isNear(position(arm, 2), 10.0));
     QCOMPARE(position(arm, 3), 0.0);
@@ -390,15 +395,15 @@ void ArmTest::switching_says_what_moves_and_what_does_not()
 {
     Arm arm;
     QCOMPARE(arm.setLineEnabled(2, false).message,
-             QStringLiteral("line 2 off: axes 6 to 8 do not move"));
+             QStringLiteral("line 3 off: axes 7 to 9 do not move"));
     QCOMPARE(arm.setTorqueEnabled(true).message,
-             QStringLiteral("torque on; line 2 off: axes 6 to 8 do not move"));
-    QCOMPARE(arm.setLineEnabled(2, true).message, QStringLiteral("line 2 on"));
+             QStringLiteral("torque on; line 3 off: axes 7 to 9 do not move"));
+    QCOMPARE(arm.setLineEnabled(2, true).message, QStringLiteral("line 3 on"));
     QCOMPARE(arm.setTorqueEnabled(true).message, QStringLiteral("torque on"));
     QCOMPARE(arm.setTorqueEnabled(false).message,
              QStringLiteral("torque off: the arm does not move"));
     QCOMPARE(arm.setLineEnabled(0, true).message,
-             QStringLiteral("line 0 on; the torque is off: the arm does not move"));
+             QStringLiteral("line 1 on; the torque is off: the arm does not move"));
 }
 
 TEST_WITHOUT_WINDOWS(ArmTest)

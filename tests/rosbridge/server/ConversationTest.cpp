@@ -202,7 +202,11 @@ void ConversationTest::a_command_topic_is_advertised_with_its_type_only()
     first.handle(setLevel("info"));
     const QString drive = QStringLiteral("/drive");
     QCOMPARE(scene.levelOfAnswer(first, advertise(drive, "test/Command")), QStringLiteral("info"));
+    QCOMPARE(scene.levelOfAnswer(first, advertise(drive, "test/msg/Command")),
+             QStringLiteral("info")); // as ROS 2 writes it
     QCOMPARE(scene.levelOfAnswer(first, advertise(drive, "test/Other")), QStringLiteral("error"));
+    QCOMPARE(scene.levelOfAnswer(first, advertise(drive, "test/msg/Other")),
+             QStringLiteral("error"));
     QCOMPARE(scene.levelOfAnswer(first, {{text("op"), text("advertise")}, {text("topic"), drive}}),
              QStringLiteral("error"));
     QCOMPARE(scene.levelOfAnswer(first, advertise(QStringLiteral("/state"), "test/State")),

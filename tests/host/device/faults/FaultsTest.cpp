@@ -2,6 +2,7 @@
 #include "TestCase.h"
 
 #include "host/device/SimulationDirectExecRole.h"
+#include "rosbridge/protocol/Angle.h"
 
 #include <QCborArray>
 #include <QSignalSpy>
@@ -28,7 +29,7 @@ QCborMap jointState()
     QCborArray positions;
     for (int axis = 0; axis < 9; ++axis) {
         names.append(QStringLiteral("axis%1").arg(axis));
-        positions.append(10.0);
+        positions.append(rosbridge::protocol::toRadians(10.0));
     }
     return {{QStringLiteral("name"), names}, {QStringLiteral("position"), positions}};
 }

@@ -264,7 +264,7 @@ void RobotDockTest::the_table_tells_targets_places_and_switches()
     QTRY_COMPARE_WITH_TIMEOUT(workbench.cell(0), QString("12.3°"), patience);
     QTRY_COMPARE_WITH_TIMEOUT(workbench.cell(0, RobotModel::TargetColumn), QString("90.0°"),
                               patience);
-    QCOMPARE(workbench.cell(0, RobotModel::NameColumn), QString("axis0"));
+    QCOMPARE(workbench.cell(0, RobotModel::NameColumn), QString("Axis 1"));
     QCOMPARE(workbench.cell(8), QString("300.0°"));
     QCOMPARE(workbench.cell(8, RobotModel::TargetColumn), QString("–"));
     QCOMPARE(workbench.cell(RobotModel::FirstLineRow, RobotModel::NameColumn),

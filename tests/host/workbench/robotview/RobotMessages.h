@@ -1,6 +1,8 @@
 #ifndef HOST_WORKBENCH_TESTS_ROBOTMESSAGES_H
 #define HOST_WORKBENCH_TESTS_ROBOTMESSAGES_H
 
+#include "rosbridge/protocol/Angle.h"
+
 #include <QCborArray>
 #include <QCborMap>
 #include <QString>
@@ -103,14 +105,14 @@ inline QCborMap scan(const QString& frame, double angle, double increment,
 }
 
 inline QCborMap jointStates(std::initializer_list<const char*> names,
-                            std::initializer_list<double> positions)
+                            std::initializer_list<double> degrees)
 {
     QCborArray nameList;
     for (const char* name : names)
         nameList.append(QString(name));
     QCborArray positionList;
-    for (const double position : positions)
-        positionList.append(position);
+    for (const double position : degrees)
+        positionList.append(rosbridge::protocol::toRadians(position));
     return {{"name", nameList}, {"position", positionList}};
 }
 

@@ -1,4 +1,4 @@
-#include "robot/nodes/Messages.h"
+#include "robot/nodes/RosMessages.h"
 
 #include "robot/network/Clock.h"
 #include "robot/simulation/Camera.h"
@@ -19,7 +19,7 @@ namespace {
 
 struct Text
 {
-    Q_DECLARE_TR_FUNCTIONS(robot::Messages)
+    Q_DECLARE_TR_FUNCTIONS(robot::nodes::RosMessages)
 };
 
 template <typename Numbers>

@@ -1,5 +1,5 @@
-#ifndef ROBOT_NODES_MESSAGES_H
-#define ROBOT_NODES_MESSAGES_H
+#ifndef ROBOT_NODES_ROSMESSAGES_H
+#define ROBOT_NODES_ROSMESSAGES_H
 
 #include "robot/simulation/Geometry.h"
 #include "robot/simulation/Header.h"

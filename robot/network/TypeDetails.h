@@ -1,0 +1,52 @@
+#ifndef ROBOT_NETWORK_TYPEDETAILS_H
+#define ROBOT_NETWORK_TYPEDETAILS_H
+
+#include <QCborArray>
+#include <QCborMap>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace robot::network {
+
+/// One type as rosapi describes it, out of its definition.
+class TypeDetails
+{
+public:
+    /// @p type as typeDefinition() has it, or "time" or "duration".
+    explicit TypeDetails(const QString& type);
+
+    /// False if the robot does not use such a type.
+    bool isKnown() const { return !m_definition.isNull(); }
+
+    QStringList fieldNames() const;
+
+    /// The rosapi/TypeDef of the type, and after it those of the types of its fields, each once.
+    QCborArray withNested() const;
+
+    /// The definition, and below it those of the types of its fields, as gendeps --cat prints them.
+    QString fullText() const;
+
+private:
+    struct Field
+    {
+        QString type; ///< of an array, that of its elements
+        QString name;
+        int arrayLength; ///< -1: no array; 0: any
+    };
+
+    void readLine(const QString& line);
+    QCborMap typeDef() const;
+    QVector<TypeDetails> nested() const;
+    void addNested(QVector<TypeDetails>& types) const;
+
+    QString m_type;
+    QString m_definition;
+    QVector<Field> m_fields;
+    QStringList m_constantNames;
+    QStringList m_constantValues;
+};
+
+} // namespace robot::network
+
+#endif
