@@ -28,13 +28,13 @@ FaultsMenu::FaultsMenu(device::Device& device, QWidget* parent)
     m_refuse = addToggle(&Faults::isNextRefused, &Faults::setNextRefused);
     m_controller = addToggle(&Faults::hasOtherController, &Faults::setOtherController);
     addSeparator();
-    m_delay = addChoice(
+    m_delay = addStrengths(
         {0, 500, 2000, 10000}, [this] { return static_cast<int>(m_faults.delay().count()); },
         [this](int value) { m_faults.setDelay(std::chrono::milliseconds(value)); },
         [](int value) {
             return value < 1000 ? tr("%1 ms").arg(value) : tr("%1 s").arg(value / 1000);
         });
-    m_lose = addChoice(
+    m_lose = addStrengths(
         {0, 2, 5, 20}, [this] { return m_faults.dropInterval(); },
         [this](int value) { m_faults.setDropInterval(value); },
         [](int value) { return tr("One in %1").arg(value); });
@@ -84,8 +84,9 @@ QAction* FaultsMenu::addToggle(bool (Faults::*isOn)() const, void (Faults::*set)
     return action;
 }
 
-QMenu* FaultsMenu::addChoice(std::initializer_list<int> values, const std::function<int()>& chosen,
-                             const std::function<void(int)>& choose, QString (*words)(int value))
+QMenu* FaultsMenu::addStrengths(std::initializer_list<int> values,
+                                const std::function<int()>& chosen,
+                                const std::function<void(int)>& choose, QString (*words)(int value))
 {
     QMenu* const menu = addMenu(QString());
     auto* group = new QActionGroup(menu);
@@ -95,7 +96,7 @@ QMenu* FaultsMenu::addChoice(std::initializer_list<int> values, const std::funct
         action->setData(value);
         connect(action, &QAction::triggered, this, [choose, value] { choose(value); });
     }
-    m_choices.push_back({menu, chosen, words});
+    m_strengths.push_back({menu, chosen, words});
     return menu;
 }
 
@@ -160,11 +161,11 @@ void FaultsMenu::translate()
     m_end->setToolTip(tr("The device works as it should again."));
     for (QMenu* menu : {m_delay, m_lose, m_types})
         menu->setAccessibleName(menu->title().remove('&'));
-    for (const Choice& choice : m_choices) {
-        const auto actions = choice.menu->actions();
+    for (const StrengthMenu& strengths : m_strengths) {
+        const auto actions = strengths.menu->actions();
         for (QAction* action : actions) {
             const int value = action->data().toInt();
-            action->setText(value == 0 ? tr("Off") : choice.words(value));
+            action->setText(value == 0 ? tr("Off") : strengths.words(value));
         }
     }
 }
@@ -175,10 +176,10 @@ void FaultsMenu::refresh()
     m_end->setEnabled(m_faults.isAnyOn());
     for (const Toggle& toggle : m_toggles)
         toggle.action->setChecked((m_faults.*toggle.isOn)());
-    for (const Choice& choice : m_choices) {
-        const auto actions = choice.menu->actions();
+    for (const StrengthMenu& strengths : m_strengths) {
+        const auto actions = strengths.menu->actions();
         for (QAction* action : actions)
-            action->setChecked(action->data().toInt() == choice.chosen());
+            action->setChecked(action->data().toInt() == strengths.chosen());
     }
 }
 

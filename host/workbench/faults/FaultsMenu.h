@@ -39,7 +39,7 @@ private:
     };
 
     /// Some strengths of one fault, and 0 for its end.
-    struct Choice
+    struct StrengthMenu
     {
         QMenu* menu;
         std::function<int()> chosen;
@@ -47,8 +47,8 @@ private:
     };
 
     QAction* addToggle(bool (Faults::*isOn)() const, void (Faults::*set)(bool on));
-    QMenu* addChoice(std::initializer_list<int> values, const std::function<int()>& chosen,
-                     const std::function<void(int)>& choose, QString (*words)(int value));
+    QMenu* addStrengths(std::initializer_list<int> values, const std::function<int()>& chosen,
+                        const std::function<void(int)>& choose, QString (*words)(int value));
     void listVariables();
     void translate();
     void refresh();
@@ -57,7 +57,7 @@ private:
     device::Device& m_device;
     Faults& m_faults;
     std::vector<Toggle> m_toggles;
-    std::vector<Choice> m_choices;
+    std::vector<StrengthMenu> m_strengths;
     QAction* m_drop;
     QAction* m_refuse;
     QAction* m_controller;

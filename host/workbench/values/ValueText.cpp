@@ -6,6 +6,7 @@
 #include "olm/core/LaserScanMessage.h"
 #include "olm/core/StringList.h"
 #include "olm/core/Vector.h"
+#include "olm/core/variant/Held.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -13,7 +14,6 @@
 #include <QJsonDocument>
 
 #include <charconv>
-#include <cstring>
 #include <limits>
 #include <string>
 #include <type_traits>
@@ -28,6 +28,7 @@ namespace {
 using olm::core::LaserScanMessage;
 using olm::core::StringList;
 using olm::core::Vector;
+using olm::core::variant::held;
 using olm::core::variant::Variant;
 
 struct Text
@@ -37,15 +38,6 @@ struct Text
 
 constexpr unsigned int longestVector = 12;
 constexpr int longestText = 200;
-
-// By name like Variant::get, which is slow where the type is another one.
-template <class T>
-const T* held(const Variant& value)
-{
-    const boost::any& any = value.any();
-    return std::strcmp(any.type().name(), typeid(T).name()) == 0 ? boost::unsafe_any_cast<T>(&any)
-                                                                 : nullptr;
-}
 
 // The shortest text that reads back as the same number, in every locale.
 template <class Number>
@@ -195,8 +187,8 @@ struct Type
 template <class T>
 Type typeNamed(const char* name)
 {
-    return {name, [](const Variant& value) { return held<T>(value) != nullptr; },
-            [](const Variant& value) { return print(*held<T>(value)); },
+    return {name, [](const Variant& value) { return held<T>(value.any()) != nullptr; },
+            [](const Variant& value) { return print(*held<T>(value.any())); },
             [](const QString& text, QString* error) -> std::optional<Variant> {
                 T value{};
                 return read(text, value, error) ? std::optional<Variant>(value) : std::nullopt;
@@ -267,17 +259,17 @@ QString typeName(const Variant& value)
 
 QString inWords(const Variant& value)
 {
-    if (const auto* bytes = held<std::string>(value))
+    if (const auto* bytes = held<std::string>(value.any()))
         return quoted(fromLatin1(*bytes));
-    if (const auto* text = held<QString>(value))
+    if (const auto* text = held<QString>(value.any()))
         return quoted(*text);
-    if (const auto* vector = held<Vector<float>>(value))
+    if (const auto* vector = held<Vector<float>>(value.any()))
         return inWords(*vector);
-    if (const auto* vector = held<Vector<unsigned int>>(value))
+    if (const auto* vector = held<Vector<unsigned int>>(value.any()))
         return inWords(*vector);
-    if (const auto* scan = held<LaserScanMessage>(value))
+    if (const auto* scan = held<LaserScanMessage>(value.any()))
         return inWords(*scan);
-    if (const auto* role = held<SimulationDirectExecRole>(value))
+    if (const auto* role = held<SimulationDirectExecRole>(value.any()))
         return print(static_cast<unsigned int>(*role));
     return enterableType(value) <= 0 ? typeName(value) : cut(toText(value));
 }

@@ -1,5 +1,7 @@
 #include "olm/core/variant/Variant.h"
 
+#include "olm/core/variant/Held.h"
+
 #include <QString>
 
 #include <charconv>
@@ -13,15 +15,6 @@ namespace core {
 namespace variant {
 
 namespace {
-
-// By name like Variant::get, and without copying the value.
-template <class T>
-const T* held(const boost::any& any)
-{
-    if (std::strcmp(any.type().name(), typeid(T).name()) != 0)
-        return nullptr;
-    return boost::unsafe_any_cast<T>(&any);
-}
 
 template <class... Types>
 std::optional<long long> heldInteger(const boost::any& any)
