@@ -325,10 +325,6 @@
 <context>
     <name>host::device::variables::SettingsFile</name>
     <message>
-        <source>The stored settings in %1 cannot be read (%2). The defaults are used, and changes are not stored: make the file readable and start again.</source>
-        <translation>Die gespeicherten Einstellungen in %1 können nicht gelesen werden (%2). Es gelten die Vorgaben, und Änderungen werden nicht gespeichert: Machen Sie die Datei lesbar und starten Sie neu.</translation>
-    </message>
-    <message>
         <source>at byte %1: %2</source>
         <translation>bei Byte %1: %2</translation>
     </message>
@@ -349,8 +345,40 @@
         <translation>der Ordner kann nicht angelegt werden</translation>
     </message>
     <message>
-        <source>The settings cannot be stored in %1 (%2). Changes are lost when the program ends: make room or the folder writable, and change a setting again.</source>
-        <translation>Die Einstellungen können nicht in %1 gespeichert werden (%2). Änderungen gehen am Programmende verloren: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar, und ändern Sie eine Einstellung erneut.</translation>
+        <source>The stored settings in %1 cannot be used: %2. The defaults are used, and changes are not stored. Fix this or move the file away, and start again.</source>
+        <translation>Die gespeicherten Einstellungen in %1 sind nicht zu verwenden: %2. Es gelten die Standardwerte, und Änderungen werden nicht gespeichert. Beheben Sie das oder verschieben Sie die Datei, und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>another program is writing it</source>
+        <translation>ein anderes Programm schreibt sie gerade</translation>
+    </message>
+    <message>
+        <source>The settings cannot be stored in %1: %2. Changes are lost when the program ends: fix this or move the file away, and change a setting again.</source>
+        <translation>Die Einstellungen können nicht in %1 gespeichert werden: %2. Änderungen gehen verloren, wenn das Programm endet: Beheben Sie das oder verschieben Sie die Datei, und ändern Sie dann eine Einstellung noch einmal.</translation>
+    </message>
+    <message>
+        <source>The stored settings in %1 have been damaged (%2). They were moved to %3, and the settings of this program were stored in their place.</source>
+        <translation>Die gespeicherten Einstellungen in %1 sind inzwischen beschädigt worden (%2). Sie wurden nach %3 verschoben, und an ihrer Stelle wurden die Einstellungen dieses Programms gespeichert.</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 MB</source>
+        <translation>sie ist größer als %1 MB</translation>
+    </message>
+    <message>
+        <source>a newer version of this program wrote it</source>
+        <translation>eine neuere Version dieses Programms hat sie geschrieben</translation>
+    </message>
+    <message>
+        <source>they are larger than %1 MB</source>
+        <translation>sie sind größer als %1 MB</translation>
+    </message>
+    <message>
+        <source>The settings cannot be stored in %1 (%2). Changes are lost when the program ends: free disk space or make the folder writable, and change a setting again.</source>
+        <translation>Die Einstellungen können nicht in %1 gespeichert werden (%2). Änderungen gehen verloren, wenn das Programm endet: Schaffen Sie Platz auf dem Datenträger oder machen Sie den Ordner beschreibbar, und ändern Sie dann eine Einstellung noch einmal.</translation>
     </message>
 </context>
 <context>
@@ -697,8 +725,8 @@
 <context>
     <name>host::workbench::TableFile</name>
     <message>
-        <source>%1 was not written: %2. Choose another folder, or make room in this one.</source>
-        <translation>%1 wurde nicht geschrieben: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie in diesem Platz.</translation>
+        <source>%1 was not written: %2. Choose another folder, or free disk space.</source>
+        <translation>%1 wurde nicht geschrieben: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie Platz auf dem Datenträger.</translation>
     </message>
 </context>
 <context>
@@ -1829,8 +1857,8 @@
         <translation>Textdateien (*.txt);;Alle Dateien (*)</translation>
     </message>
     <message>
-        <source>The log could not be saved to %1: %2. Choose another folder, or free some space.</source>
-        <translation>Das Protokoll konnte nicht in %1 gespeichert werden: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie Platz.</translation>
+        <source>The log could not be saved to %1: %2. Choose another folder, or free disk space.</source>
+        <translation>Das Protokoll konnte nicht in %1 gespeichert werden: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie Platz auf dem Datenträger.</translation>
     </message>
 </context>
 <context>

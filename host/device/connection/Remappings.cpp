@@ -109,6 +109,21 @@ QString unknown(const QString& ours)
         .arg(ours, known.join(QStringLiteral(", ")));
 }
 
+/// What is wrong with a file's entries, or nothing.
+QString faultOf(const QJsonObject& entries)
+{
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+        if (!Remappings::find(entry.key()))
+            continue;
+        if (!entry->isString())
+            return Remappings::tr("the name for \"%1\" is not text").arg(entry.key());
+        QString fault = Remappings::fault(entry->toString());
+        if (!fault.isEmpty())
+            return fault;
+    }
+    return {};
+}
+
 } // namespace
 
 const std::vector<Remappings::Entry>& Remappings::all()
@@ -151,19 +166,8 @@ std::optional<Remappings::Mapping> Remappings::parseOption(const QString& text, 
 
 QString Remappings::load(const QString& folder, const QString& deviceName)
 {
-    m_file.emplace(folder, deviceName, QStringLiteral(".names"));
-    QString problem = m_file->load([](const QJsonObject& entries) -> QString {
-        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-            if (!find(entry.key()))
-                continue;
-            if (!entry->isString())
-                return tr("the name for \"%1\" is not text").arg(entry.key());
-            QString fault = Remappings::fault(entry->toString());
-            if (!fault.isEmpty())
-                return fault;
-        }
-        return {};
-    });
+    m_file.emplace(folder, deviceName, QStringLiteral(".names"), &faultOf);
+    QString problem = m_file->load();
     const QJsonObject stored = m_file->entries();
     for (const Entry& entry : all()) {
         if (!stored.contains(entry.name))

@@ -8,23 +8,21 @@
 namespace host::device::variables {
 
 ConfigStorage::ConfigStorage(const QString& folder, const QString& deviceName)
-    : m_file(folder, deviceName, QStringLiteral(".json"))
+    : m_file(folder, deviceName, QStringLiteral(".json"), &ConfigStorage::fault)
 {
 }
 
-QString ConfigStorage::load()
+QString ConfigStorage::fault(const QJsonObject& entries)
 {
-    return m_file.load([](const QJsonObject& entries) -> QString {
-        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-            const QJsonObject stored = entry->toObject();
-            if (!stored.value(QLatin1String("type")).isString() ||
-                !stored.contains(QLatin1String("value")))
-                return tr("\"%1\" is not an object with a type and a value").arg(entry.key());
-            if (isKnownType(stored) && !fromStored(stored))
-                return tr("the value of \"%1\" is not of its type").arg(entry.key());
-        }
-        return {};
-    });
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+        const QJsonObject stored = entry->toObject();
+        if (!stored.value(QLatin1String("type")).isString() ||
+            !stored.contains(QLatin1String("value")))
+            return tr("\"%1\" is not an object with a type and a value").arg(entry.key());
+        if (isKnownType(stored) && !fromStored(stored))
+            return tr("the value of \"%1\" is not of its type").arg(entry.key());
+    }
+    return {};
 }
 
 std::map<std::string, ConfigStorage::Variant> ConfigStorage::values() const
@@ -48,11 +46,6 @@ void ConfigStorage::set(const std::string& name, const Variant& value)
     else
         qWarning("The configuration variable \"%s\" is not stored: a value of its type cannot be.",
                  name.c_str());
-}
-
-QString ConfigStorage::save()
-{
-    return m_file.save();
 }
 
 } // namespace host::device::variables

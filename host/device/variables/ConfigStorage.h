@@ -12,9 +12,8 @@
 
 namespace host::device::variables {
 
-/// The configuration of one device in one JSON file, which is at any moment either the old or
-/// the new one. Entries of types that this version does not know are kept as they are. What goes
-/// wrong is returned in words that name the file, the reason and what to do.
+/// The configuration of one device in a SettingsFile. Entries of types that this version does not
+/// know are kept as they are.
 class ConfigStorage
 {
     Q_DECLARE_TR_FUNCTIONS(host::device::variables::ConfigStorage)
@@ -27,9 +26,8 @@ public:
 
     QString fileName() const { return m_file.fileName(); }
 
-    /// Reads the file; none is no problem. A damaged one is set aside under a name that no other
-    /// file has. Returns the problem, or nothing.
-    QString load();
+    /// As SettingsFile::load().
+    QString load() { return m_file.load(); }
 
     /// All values that this version understands, by the variables' names.
     std::map<std::string, Variant> values() const;
@@ -37,11 +35,12 @@ public:
     /// with a warning.
     void set(const std::string& name, const Variant& value);
 
-    /// Writes the file if there is something new: a process killed after this loses nothing.
-    /// Returns the problem, or nothing where it succeeded or the problem is the last one again.
-    QString save();
+    /// As SettingsFile::save().
+    QString save() { return m_file.save(); }
 
 private:
+    static QString fault(const QJsonObject& entries);
+
     SettingsFile m_file;
 };
 

@@ -3,15 +3,17 @@
 
 #include <QCoreApplication>
 #include <QJsonObject>
+#include <QSet>
 #include <QString>
 
 #include <functional>
 
 namespace host::device::variables {
 
-/// One file of what a device remembers, a JSON object: at any moment either the old or the new
-/// one. Entries that nobody touches are kept as they are. What goes wrong is returned in words
-/// that name the file, the reason and what to do.
+/// One file of what a device or the program remembers, a JSON object: at any moment either the old
+/// or the new one. Several programs may share it: a save changes the entries that were touched here
+/// and keeps what others wrote meanwhile. What goes wrong is returned in words that name the file,
+/// the reason and what to do.
 class SettingsFile
 {
     Q_DECLARE_TR_FUNCTIONS(host::device::variables::SettingsFile)
@@ -20,34 +22,57 @@ public:
     /// What is wrong with the entries of a file, or nothing.
     using Check = std::function<QString(const QJsonObject& entries)>;
 
-    /// Nothing is read or made yet. No two names share a file, and no two endings.
-    SettingsFile(const QString& folder, const QString& deviceName, const QString& ending);
+    /// Larger files are neither read nor written.
+    static constexpr qint64 mostBytes = 16 * 1024 * 1024;
+
+    /// Nothing is read or made yet. No two names share a file, and no two endings. A file that
+    /// @p check objects to is damaged.
+    SettingsFile(const QString& folder, const QString& name, const QString& ending,
+                 Check check = [](const QJsonObject&) { return QString(); });
 
     QString fileName() const { return m_fileName; }
 
-    /// Reads the file; none is no problem. A damaged one, or one that @p check objects to, is set
-    /// aside under a name that no other file has. Returns the problem, or nothing.
-    QString load(const Check& check);
+    /// Reads the file; none is no problem. A damaged one is set aside under a name that no other
+    /// file has. What is no file at all, cannot be read or comes from a newer version is left
+    /// alone. Returns the problem, or nothing.
+    QString load();
 
     QJsonObject entries() const { return m_entries; }
 
-    /// These are written by the next save().
-    void insert(const QString& key, const QJsonValue& value) { m_entries.insert(key, value); }
-    void remove(const QString& key) { m_entries.remove(key); }
+    /// These are written by the next save() that succeeds.
+    void insert(const QString& key, const QJsonValue& value);
+    void remove(const QString& key);
 
-    /// Writes the file if there is something new: a process killed after this loses nothing.
-    /// Returns the problem, or nothing where it succeeded or the problem is the last one again.
+    /// Writes the file if there is something new: when this returns nothing, it is on the disk.
+    /// Returns the problem otherwise, each time.
     QString save();
 
 private:
-    QString setAside(const QString& reason);
+    enum class State
+    {
+        Missing,
+        Good,
+        Damaged,
+        NotOurs ///< to read or to replace
+    };
+
+    struct Content
+    {
+        State state;
+        QJsonObject entries;
+        QString reason; ///< of a bad state
+    };
+
+    Content read() const;
+    QString write(const QJsonObject& entries) const;
+    QString moveAside(QString* error) const;
+    QString notStored(const QString& reason) const;
 
     QString m_folder;
     QString m_fileName;
+    Check m_check;
     QJsonObject m_entries;
-    QJsonObject m_savedEntries;
-    bool m_isReadOnly = false; // the file is not ours to replace
-    QString m_lastError;
+    QSet<QString> m_touched; // since the last save that succeeded
 };
 
 } // namespace host::device::variables

@@ -1,8 +1,9 @@
 #include "host/workbench/traffic/TableFile.h"
 
+#include "olm/qt/replaceFile.h"
+
 #include <QAbstractItemModel>
 #include <QCoreApplication>
-#include <QSaveFile>
 #include <QStringList>
 
 namespace host::workbench::traffic {
@@ -28,19 +29,17 @@ QByteArray line(int columns, Text textOf)
 QString saveTable(const QAbstractItemModel& table, const QString& fileName)
 {
     const int columns = table.columnCount();
-    QSaveFile file(fileName);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(
-            line(columns, [&](int column) { return table.headerData(column, Qt::Horizontal); }));
-        for (int row = 0; row < table.rowCount(); ++row)
-            file.write(line(columns, [&](int column) { return table.index(row, column).data(); }));
-        if (file.commit()) // fails where a write did
-            return {};
-    }
+    QByteArray content =
+        line(columns, [&](int column) { return table.headerData(column, Qt::Horizontal); });
+    for (int row = 0; row < table.rowCount(); ++row)
+        content += line(columns, [&](int column) { return table.index(row, column).data(); });
+    const QString error = olm::qt::replaceFile(fileName, content);
+    if (error.isEmpty())
+        return {};
     return QCoreApplication::translate("host::workbench::TableFile",
-                                       "%1 was not written: %2. Choose another folder, or make "
-                                       "room in this one.")
-        .arg(fileName, file.errorString());
+                                       "%1 was not written: %2. Choose another folder, or free "
+                                       "disk space.")
+        .arg(fileName, error);
 }
 
 } // namespace host::workbench::traffic

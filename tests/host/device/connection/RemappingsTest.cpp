@@ -60,6 +60,7 @@ private Q_SLOTS:
     void a_damaged_file_is_set_aside_data();
     void a_damaged_file_is_set_aside();
     void a_file_that_cannot_be_written_is_said_and_the_mapping_holds();
+    void two_programs_keep_each_others_names();
     void the_settings_of_no_device_are_anothers_names();
     void an_option_is_a_mapping();
     void an_option_that_is_none_is_refused_data();
@@ -229,6 +230,23 @@ void RemappingsTest::a_file_that_cannot_be_written_is_said_and_the_mapping_holds
     QCOMPARE(int(problems.count()), 1);
     const QString words = problems.first().first().toString();
     QVERIFY2(words.contains("robot.names"), qPrintable(words));
+}
+
+void RemappingsTest::two_programs_keep_each_others_names()
+{
+    const QTemporaryDir folder;
+    Remappings first;
+    Remappings second;
+    QCOMPARE(first.load(folder.path(), "robot"), QString());
+    QCOMPARE(second.load(folder.path(), "robot"), QString());
+    QVERIFY(first.set("/scan", "/base_scan"));
+    QVERIFY(second.set("/odom", "/wheels"));
+    QVERIFY(first.set("/map", "/plan"));
+    Remappings later;
+    QCOMPARE(later.load(folder.path(), "robot"), QString());
+    QCOMPARE(later.theirs("/scan"), QString("/base_scan"));
+    QCOMPARE(later.theirs("/odom"), QString("/wheels"));
+    QCOMPARE(later.theirs("/map"), QString("/plan"));
 }
 
 void RemappingsTest::the_settings_of_no_device_are_anothers_names()

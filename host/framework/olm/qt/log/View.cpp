@@ -1,6 +1,7 @@
 #include "olm/qt/log/View.h"
 
 #include "EndFollower.h"
+#include "olm/qt/replaceFile.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -8,7 +9,6 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
-#include <QSaveFile>
 #include <QScrollBar>
 
 namespace olm {
@@ -58,14 +58,13 @@ void View::save()
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("txt"));
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& fileName) {
-        QSaveFile file(fileName);
-        const QByteArray text = toPlainText().toUtf8() + '\n';
-        if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
+        const QString error = replaceFile(fileName, toPlainText().toUtf8() + '\n');
+        if (error.isEmpty())
             return;
         auto* const message = new QMessageBox(
             QMessageBox::Warning, tr("Save the log"),
-            tr("The log could not be saved to %1: %2. Choose another folder, or free some space.")
-                .arg(QDir::toNativeSeparators(fileName), file.errorString()),
+            tr("The log could not be saved to %1: %2. Choose another folder, or free disk space.")
+                .arg(QDir::toNativeSeparators(fileName), error),
             QMessageBox::Ok, this);
         message->setAttribute(Qt::WA_DeleteOnClose);
         message->open();
