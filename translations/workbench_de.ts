@@ -297,6 +297,13 @@
     </message>
 </context>
 <context>
+    <name>host::device::trace::Traffic</name>
+    <message>
+        <source>%L1 bytes, which are too many to keep</source>
+        <translation>%L1 Bytes, die zu viele zum Aufheben sind</translation>
+    </message>
+</context>
+<context>
     <name>host::device::variables::ConfigStorage</name>
     <message>
         <source>&quot;%1&quot; is not an object with a type and a value</source>

@@ -7,6 +7,7 @@
 
 #include <deque>
 #include <memory>
+#include <unordered_map>
 
 namespace host::device::trace {
 
@@ -20,6 +21,11 @@ public:
     using Number = quint64;
 
     static constexpr std::size_t capacity = 10000;
+    /// The calls that are kept take about that much memory at most: fewer are kept where they are
+    /// large. A dock that is paused keeps as much again.
+    static constexpr std::size_t mostBytes = 8 * 1024 * 1024;
+    /// Of a larger value only its size is kept.
+    static constexpr std::size_t largestValue = 1024 * 1024;
 
     /// The calls that are kept: from the oldest one's number to that after the newest one's.
     Number begin() const { return m_first; }
@@ -40,9 +46,13 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void dropOldest();
+
     std::deque<std::shared_ptr<PluginCall>> m_calls;
     Number m_first = 0;
     int m_depth = 0;
+    std::size_t m_bytes = 0;
+    std::unordered_map<const Arguments*, int> m_uses; // by the calls that are kept
 };
 
 } // namespace host::device::trace

@@ -15,6 +15,7 @@
 namespace traffic_test {
 
 using host::device::Device;
+using host::device::trace::Arguments;
 using host::device::trace::className;
 using host::device::trace::PluginCall;
 using host::device::trace::TracedCall;
@@ -62,10 +63,10 @@ QStringList words(const Traffic& traffic)
     return all;
 }
 
-PluginCall callNamed(const char* name)
+PluginCall callNamed(const char* name, Arguments arguments = {})
 {
     return {PluginCall::Direction::ToHost, name, nullptr,
-            std::make_shared<const host::device::trace::Arguments>()};
+            std::make_shared<const Arguments>(std::move(arguments))};
 }
 
 std::unique_ptr<Probe> loadProbe(Device& device)
@@ -96,6 +97,10 @@ private Q_SLOTS:
     void a_call_lasts_until_it_returns();
     void a_call_above_50_milliseconds_is_too_long();
     void the_newest_calls_are_kept();
+    void large_calls_are_kept_up_to_a_bound_data();
+    void large_calls_are_kept_up_to_a_bound();
+    void a_value_of_many_calls_is_counted_once();
+    void of_a_huge_value_only_its_size_is_kept();
     void numbers_go_on_after_clearing();
     void a_variable_knows_the_widget_that_wrote_it();
 
@@ -248,6 +253,68 @@ void TrafficTest::the_newest_calls_are_kept()
     QCOMPARE(words(*traffic.call(2)), QString(" > old()"));
     QCOMPARE(words(*traffic.call(traffic.end() - 2)), QString(" > outer()"));
     QCOMPARE(words(*traffic.call(traffic.end() - 1)), QString("   > inner()"));
+}
+
+void TrafficTest::large_calls_are_kept_up_to_a_bound_data()
+{
+    QTest::addColumn<bool>("isResult");
+    QTest::newRow("arguments") << false;
+    QTest::newRow("results") << true;
+}
+
+void TrafficTest::large_calls_are_kept_up_to_a_bound()
+{
+    QFETCH(const bool, isResult);
+    constexpr std::size_t size = 512 * 1024;
+    constexpr std::size_t most = Traffic::mostBytes / size;
+    Traffic traffic;
+    for (int round = 0; round < 2; ++round) { // the second one with what the first one left
+        for (std::size_t i = 0; i < 10 * most; ++i) {
+            const std::string large(size, 'x');
+            TracedCall call(traffic, isResult ? callNamed("large")
+                                              : callNamed("large", {{"", Variant(large)}}));
+            if (isResult)
+                call.answer(large);
+        }
+        const std::size_t count = traffic.end() - traffic.begin();
+        QVERIFY2(count < most && count > most / 2, qPrintable(QString::number(count)));
+        for (std::size_t i = 0; i < Traffic::capacity; ++i)
+            const TracedCall call(traffic, callNamed("small"));
+        QCOMPARE(traffic.end() - traffic.begin(), Traffic::Number(Traffic::capacity));
+    }
+    traffic.clear();
+    QCOMPARE(traffic.begin(), traffic.end());
+}
+
+void TrafficTest::a_value_of_many_calls_is_counted_once()
+{
+    constexpr Traffic::Number count = 100;
+    Traffic traffic;
+    const auto shared = std::make_shared<const Arguments>(
+        Arguments{{"", std::string(Traffic::largestValue / 2, 'x')}});
+    for (Traffic::Number i = 0; i < count; ++i)
+        const TracedCall call(traffic,
+                              {PluginCall::Direction::ToPlugin, "update", nullptr, shared});
+    QCOMPARE(traffic.end() - traffic.begin(), count);
+}
+
+void TrafficTest::of_a_huge_value_only_its_size_is_kept()
+{
+    const std::string huge(Traffic::mostBytes, 'x');
+    Traffic traffic;
+    {
+        const TracedCall before(traffic, callNamed("before"));
+    }
+    {
+        TracedCall call(traffic, callNamed("huge", {{"value", huge}, {"other", 7}}));
+        QCOMPARE(call.answer(huge).size(), huge.size()); // the caller gets all of it
+    }
+    QCOMPARE(traffic.begin(), Traffic::Number(0));
+    const PluginCall& call = *traffic.call(1);
+    QVERIFY(call.arguments->at(0).value.get<QString>().contains("bytes"));
+    QCOMPARE(call.arguments->at(0).name, std::string("value"));
+    QCOMPARE(call.arguments->at(1).value.get<int>(), 7);
+    QVERIFY(call.result->get<QString>().contains("bytes"));
 }
 
 void TrafficTest::numbers_go_on_after_clearing()
