@@ -1053,24 +1053,52 @@
 <context>
     <name>host::workbench::plugin::PluginAccess</name>
     <message>
-        <source>Connect or disconnect</source>
-        <translation>Verbinden oder trennen</translation>
-    </message>
-    <message>
-        <source>Address of the robot</source>
-        <translation>Adresse des Roboters</translation>
-    </message>
-    <message>
-        <source>Stored positions of the arm</source>
-        <translation>Gespeicherte Positionen des Arms</translation>
-    </message>
-    <message>
         <source>Select all</source>
         <translation>Alles auswählen</translation>
     </message>
     <message>
         <source>Log</source>
         <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Button</source>
+        <translation>Schaltfläche</translation>
+    </message>
+    <message>
+        <source>Option</source>
+        <translation>Option</translation>
+    </message>
+    <message>
+        <source>Input field</source>
+        <translation>Eingabefeld</translation>
+    </message>
+    <message>
+        <source>Selection</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Zahl</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>Tabelle</translation>
+    </message>
+    <message>
+        <source>Tree</source>
+        <translation>Baum</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -1170,13 +1198,6 @@
         <translation>&amp;Hell</translation>
     </message>
     <message>
-        <source>The appearance could not be stored in %1, so the next start will not know it: make room or the folder writable, and choose it again.</source>
-        <translation>Das Aussehen konnte nicht in %1 gespeichert werden, der nächste Start kennt es also nicht: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar und wählen Sie es noch einmal.</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::preferences::AppearanceMenu</name>
-    <message>
         <source>&amp;Appearance</source>
         <translation>A&amp;ussehen</translation>
     </message>
@@ -1187,13 +1208,6 @@
         <source>Pseudo (for developers)</source>
         <translation>Pseudo (für Entwickler)</translation>
     </message>
-    <message>
-        <source>The language could not be stored in %1, so the next start will not know it: make room or the folder writable, and choose it again.</source>
-        <translation>Die Sprache konnte nicht in %1 gespeichert werden, beim nächsten Start ist sie vergessen: Schaffen Sie Platz oder machen Sie den Ordner beschreibbar, und wählen Sie sie erneut.</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::preferences::LanguageMenu</name>
     <message>
         <source>&amp;Language</source>
         <translation>&amp;Sprache</translation>

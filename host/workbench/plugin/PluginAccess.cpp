@@ -1,14 +1,21 @@
 #include "host/workbench/plugin/PluginAccess.h"
 
-#include <QAbstractButton>
+#include "olm/qt/log/View.h"
+
 #include <QAbstractItemModel>
 #include <QAbstractSpinBox>
+#include <QAccessible>
 #include <QChildEvent>
 #include <QComboBox>
 #include <QDialog>
+#include <QGroupBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QTableView>
+
+#include <algorithm>
+#include <iterator>
 
 namespace host::workbench::plugin {
 
@@ -29,6 +36,28 @@ void nameField(const QDialog& dialog)
         fields.first()->setAccessibleName(dialog.windowTitle());
 }
 
+/// The control that @p widget is a part of, as the field of a combo box is.
+QWidget& wholeOf(QWidget& widget)
+{
+    QWidget* const parent = widget.parentWidget();
+    const bool isPart = qobject_cast<QComboBox*>(parent) || qobject_cast<QAbstractSpinBox*>(parent);
+    return isPart ? *parent : widget;
+}
+
+QString labelOf(QWidget& control)
+{
+    const auto labels =
+        QAccessible::queryAccessibleInterface(&control)->relations(QAccessible::Label);
+    return labels.isEmpty() ? QString() : labels.first().first->text(QAccessible::Name);
+}
+
+QString placeholderOf(const QWidget& control)
+{
+    const auto* const combo = qobject_cast<const QComboBox*>(&control);
+    const auto* const field = combo ? combo->lineEdit() : qobject_cast<const QLineEdit*>(&control);
+    return field ? field->placeholderText() : QString();
+}
+
 } // namespace
 
 PluginAccess::PluginAccess(QWidget& widget) : QObject(&widget), m_widget(widget)
@@ -41,13 +70,22 @@ PluginAccess::PluginAccess(QWidget& widget) : QObject(&widget), m_widget(widget)
     }
     for (auto* tabs : widget.findChildren<QTabWidget*>())
         tabs->setUsesScrollButtons(false);
-    translate();
+    for (auto* control : widget.findChildren<QWidget*>()) {
+        if (!isNameless(*control))
+            continue;
+        m_nameless << control;
+        control->installEventFilter(this);
+    }
 }
 
 bool PluginAccess::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange && watched == &m_widget)
-        translate();
+    // What surrounds the plugin has its titles by the time that the plugin is shown.
+    if (watched == &m_widget &&
+        (event->type() == QEvent::Show || event->type() == QEvent::LanguageChange))
+        nameAll();
+    if (event->type() == QEvent::ToolTipChange)
+        nameAll();
     if (event->type() != QEvent::ChildPolished)
         return false;
     QObject* const child = static_cast<QChildEvent*>(event)->child();
@@ -60,23 +98,89 @@ bool PluginAccess::eventFilter(QObject* watched, QEvent* event)
     return false;
 }
 
-void PluginAccess::translate()
+/// Whether a screen reader would have nothing to say of it.
+bool PluginAccess::isNameless(QWidget& widget)
 {
-    for (auto* widget : m_widget.findChildren<QWidget*>()) {
-        if (widget->inherits("ConnectButton")) {
-            widget->setAccessibleName(tr("Connect or disconnect"));
-        } else if (widget->inherits("AddressInput")) {
-            widget->setAccessibleName(tr("Address of the robot"));
-            static_cast<QComboBox*>(widget)->lineEdit()->setAccessibleName(
-                widget->accessibleName());
-        } else if (widget->inherits("PositionView")) {
-            widget->setAccessibleName(tr("Stored positions of the arm"));
-        } else if (widget->inherits("QTableCornerButton")) {
-            widget->setAccessibleName(tr("Select all"));
-        } else if (widget->inherits("olm::qt::log::View")) {
-            widget->setAccessibleName(tr("Log"));
-        }
+    const QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(&widget);
+    if (!interface || !widget.accessibleName().isEmpty() || kindOf(widget).isEmpty())
+        return false;
+    // What a combo box calls its name is what it shows.
+    return qobject_cast<QComboBox*>(&widget) ? labelOf(widget).isEmpty()
+                                             : interface->text(QAccessible::Name).isEmpty();
+}
+
+/// Empty for what is no control.
+QString PluginAccess::kindOf(QWidget& widget)
+{
+    if (qobject_cast<olm::qt::log::View*>(&widget))
+        return tr("Log");
+    if (widget.inherits("QTableCornerButton"))
+        return tr("Select all");
+    const QAccessibleInterface& interface = *QAccessible::queryAccessibleInterface(&widget);
+    switch (interface.role()) {
+    case QAccessible::Button:
+    case QAccessible::ButtonMenu:
+    case QAccessible::ButtonDropDown:
+        return tr("Button");
+    case QAccessible::CheckBox:
+    case QAccessible::RadioButton:
+        return tr("Option");
+    case QAccessible::ComboBox:
+        return static_cast<QComboBox&>(widget).isEditable() ? tr("Input field") : tr("Selection");
+    case QAccessible::EditableText:
+        return interface.state().readOnly ? tr("Text") : tr("Input field");
+    case QAccessible::SpinBox:
+    case QAccessible::Slider:
+    case QAccessible::Dial:
+        return tr("Number");
+    case QAccessible::Table:
+        return qobject_cast<QHeaderView*>(&widget) ? QString() : tr("Table");
+    case QAccessible::Tree:
+        return tr("Tree");
+    case QAccessible::List:
+        return tr("List");
+    default:
+        return {};
     }
+}
+
+void PluginAccess::nameAll()
+{
+    for (const QPointer<QWidget>& control : std::as_const(m_nameless)) {
+        if (control)
+            name(*control);
+    }
+}
+
+void PluginAccess::name(QWidget& control) const
+{
+    QWidget& whole = wholeOf(control);
+    const QString kind = kindOf(control);
+    const QString place = placeOf(whole);
+    const QString words[] = {labelOf(whole), whole.toolTip(), placeholderOf(whole),
+                             place.isEmpty() ? kind : tr("%1: %2").arg(place, kind)};
+    control.setAccessibleName(*std::find_if(std::begin(words), std::end(words),
+                                            [](const QString& each) { return !each.isEmpty(); }));
+}
+
+/// The title of the group, tab, dialog or bar that is nearest around it, if there is any.
+QString PluginAccess::placeOf(const QWidget& control) const
+{
+    QString title;
+    const QWidget* inner = &control;
+    while (title.isEmpty() && inner != m_widget.parentWidget()) {
+        const QWidget* const outer = inner->parentWidget();
+        if (!outer)
+            break;
+        if (const auto* tabs = qobject_cast<const QTabWidget*>(outer->parentWidget()))
+            title = tabs->tabText(tabs->indexOf(inner)); // the pages are in a stack
+        else if (const auto* box = qobject_cast<const QGroupBox*>(outer))
+            title = box->title();
+        if (title.isEmpty())
+            title = outer->windowTitle();
+        inner = outer;
+    }
+    return title.remove('&');
 }
 
 } // namespace host::workbench::plugin

@@ -7,17 +7,6 @@
 
 namespace host::workbench::plugin {
 
-namespace {
-
-/// A widget asks for a text alone, while lupdate files each text under the class that asks. So
-/// the classes are tried in turn; one text has one translation in all of them.
-constexpr const char* pluginContexts[] = {
-    "BaseDialog",        "ConnectButton", "Dialog",       "LaserRangeFinderDialog",
-    "ManipulatorDialog", "PositionModel", "PositionView",
-};
-
-} // namespace
-
 PluginEnvironment::PluginEnvironment()
 {
     connect(&m_language, &preferences::Language::changed, this,
@@ -26,13 +15,8 @@ PluginEnvironment::PluginEnvironment()
 
 QString PluginEnvironment::translate(const QString& text) const
 {
-    const QByteArray source = text.toUtf8();
-    for (const char* context : pluginContexts) {
-        QString translation = QCoreApplication::translate(context, source.constData());
-        if (translation != text)
-            return translation;
-    }
-    return text;
+    // Without a context: whichever class of the plugin the text is filed under.
+    return QCoreApplication::translate("", text.toUtf8().constData());
 }
 
 QString PluginEnvironment::currentLanguage() const

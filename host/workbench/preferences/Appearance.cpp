@@ -81,50 +81,36 @@ QPalette palette(const Colours& colours)
 
 } // namespace
 
-Appearance::Appearance() : m_code(QLatin1String(asSystem)) {}
+Appearance::Appearance() : Preference("appearance", codes()) {}
 
 QStringList Appearance::codes()
 {
     return {QLatin1String(asSystem), QLatin1String(light), QLatin1String(dark)};
 }
 
-QString Appearance::name(const QString& code)
+QString Appearance::title() const
+{
+    return tr("&Appearance");
+}
+
+QString Appearance::name(const QString& code) const
 {
     if (code == QLatin1String(asSystem))
         return tr("As the &system");
     return code == QLatin1String(dark) ? tr("&Dark") : tr("&Light");
 }
 
-void Appearance::use(const QString& code)
+void Appearance::apply()
 {
-    if (code == m_code)
-        return;
-    m_code = code;
     if (m_systemStyle.isEmpty())
         m_systemStyle = QApplication::style()->objectName();
-    const bool isSystem = code == QLatin1String(asSystem);
+    const bool isSystem = code() == QLatin1String(asSystem);
     // The palette first: a new style looks at it for the colours that style sheets take from it. An
     // empty one brings the system's back.
     QApplication::setPalette(
-        isSystem ? QPalette() : palette(code == QLatin1String(dark) ? darkColours : lightColours));
+        isSystem ? QPalette()
+                 : palette(code() == QLatin1String(dark) ? darkColours : lightColours));
     QApplication::setStyle(isSystem ? m_systemStyle : QStringLiteral("fusion"));
-}
-
-void Appearance::restore(const QString& folder)
-{
-    const QString code = m_choice.restore(folder);
-    if (codes().contains(code))
-        use(code);
-}
-
-QString Appearance::choose(const QString& code)
-{
-    use(code);
-    if (m_choice.keep(code))
-        return {};
-    return tr("The appearance could not be stored in %1, so the next start will not know it: make "
-              "room or the folder writable, and choose it again.")
-        .arg(m_choice.file());
 }
 
 } // namespace host::workbench::preferences

@@ -1,7 +1,10 @@
 #include "host/workbench/preferences/Language.h"
 
+#include "host/workbench/preferences/PluginTranslator.h"
 #include "host/workbench/preferences/PseudoTranslator.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -14,6 +17,8 @@ constexpr const char* english = "en";
 constexpr const char* german = "de";
 constexpr const char* pseudo = "pseudo";
 
+constexpr const char* ourFolder = ":/translations";
+
 QString folderOfQtsOwn()
 {
     // Qt 6 has a new name for it beside this one, which Qt 5 knows too.
@@ -23,16 +28,9 @@ QString folderOfQtsOwn()
     QT_WARNING_POP
 }
 
-std::unique_ptr<QTranslator> load(const QString& file, const QString& folder)
-{
-    auto translator = std::make_unique<QTranslator>();
-    // Qt's own file is not on every machine: its few texts stay English then.
-    return translator->load(file, folder) ? std::move(translator) : nullptr;
-}
-
 } // namespace
 
-Language::Language() : m_code(QLatin1String(english)) {}
+Language::Language() : Preference("language", codes()) {}
 
 Language::~Language() = default;
 
@@ -47,7 +45,12 @@ QString Language::system()
     return codes().contains(code) ? code : QLatin1String(english);
 }
 
-QString Language::name(const QString& code)
+QString Language::title() const
+{
+    return tr("&Language");
+}
+
+QString Language::name(const QString& code) const
 {
     if (code == QLatin1String(pseudo))
         return tr("Pseudo (for developers)");
@@ -56,42 +59,55 @@ QString Language::name(const QString& code)
 
 QString Language::written() const
 {
-    return m_code == QLatin1String(pseudo) ? QLatin1String(english) : m_code;
+    return code() == QLatin1String(pseudo) ? QLatin1String(english) : code();
 }
 
-void Language::use(const QString& code)
+void Language::addPlugin(const QString& file)
 {
-    if (code == m_code)
+    if (m_plugins.contains(file))
         return;
-    m_code = code;
+    m_plugins << file;
+    apply();
+}
+
+void Language::apply()
+{
     m_translators.clear(); // which takes them out of the application
-    if (code == QLatin1String(pseudo)) {
-        m_translators.push_back(std::make_unique<PseudoTranslator>());
-    } else if (code != QLatin1String(english)) {
-        m_translators.push_back(load("qtbase_" + code, folderOfQtsOwn()));
-        for (const char* component : {"workbench_", "device_quandrel_gui_"})
-            m_translators.push_back(load(QLatin1String(component) + code, ":/translations"));
-    }
-    for (const auto& translator : m_translators)
-        QCoreApplication::installTranslator(translator.get());
+    if (code() == QLatin1String(pseudo))
+        install(std::make_unique<PseudoTranslator>());
+    else if (code() != QLatin1String(english))
+        installAll();
     Q_EMIT changed();
 }
 
-void Language::restore(const QString& folder)
+void Language::installAll()
 {
-    const QString code = m_choice.restore(folder);
-    if (codes().contains(code))
-        use(code);
+    // Qt's own file is not on every machine: its few texts stay English then.
+    auto qts = std::make_unique<QTranslator>();
+    if (qts->load("qtbase_" + code(), folderOfQtsOwn()))
+        install(std::move(qts));
+    auto own = std::make_unique<QTranslator>();
+    if (own->load("workbench_" + code(), ourFolder))
+        install(std::move(own));
+    for (const QString& plugin : std::as_const(m_plugins)) {
+        const QFileInfo library(plugin);
+        QString name = library.completeBaseName() + '_' + code() + ".qm";
+        if (name.startsWith(QLatin1String("lib")))
+            name.remove(0, 3);
+        for (const QString& folder : {library.path(), QString(ourFolder)}) {
+            auto texts = std::make_unique<PluginTranslator>();
+            if (!texts->read(folder + '/' + name))
+                continue;
+            install(std::move(texts));
+            break;
+        }
+    }
 }
 
-QString Language::choose(const QString& code)
+void Language::install(std::unique_ptr<QTranslator> translator)
 {
-    use(code);
-    if (m_choice.keep(code))
-        return {};
-    return tr("The language could not be stored in %1, so the next start will not know it: make "
-              "room or the folder writable, and choose it again.")
-        .arg(m_choice.file());
+    QCoreApplication::installTranslator(translator.get());
+    m_translators.push_back(std::move(translator));
 }
 
 } // namespace host::workbench::preferences

@@ -3,7 +3,6 @@
 
 #include "host/workbench/preferences/Preference.h"
 
-#include <QCoreApplication>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -17,8 +16,9 @@ namespace host::workbench::preferences {
 
 /// The language of all texts: the program's own, its plugin's and Qt's. English is what the
 /// sources say and needs no translation; the pseudo-language shows developers which texts
-/// cannot be translated, or have no room to grow.
-class Language : public QObject
+/// cannot be translated, or have no room to grow. Widgets are told of another one by
+/// QEvent::LanguageChange, out of the event loop.
+class Language : public QObject, public Preference
 {
     Q_OBJECT
 
@@ -27,35 +27,33 @@ public:
     Language();
     ~Language() override;
 
-    /// What there is, as in "de", in the order to offer it.
+    /// As in "de".
     static QStringList codes();
     /// The system's language if it is one of ours, English otherwise.
     static QString system();
-    /// As those who speak it call it.
-    static QString name(const QString& code);
 
-    /// One of codes().
-    const QString& code() const { return m_code; }
+    QString title() const override;
+    /// As those who speak it call it.
+    QString name(const QString& code) const override;
     /// The language that texts without translation are written in: "en" for the
     /// pseudo-language, otherwise as code().
     QString written() const;
 
-    /// @p code is one of codes(). Widgets are told by QEvent::LanguageChange, out of the event
-    /// loop.
-    void use(const QString& code);
-    /// Uses what choose() kept in @p folder, where there is such a thing, and has choose() keep
-    /// it there from now on.
-    void restore(const QString& folder);
-    /// use(), and again at the next start. Empty, or why the choice could not be kept and what
-    /// to do about it.
-    QString choose(const QString& code);
+    /// Has the texts of a plugin's library follow the language too: their translation lies beside
+    /// the library or comes with this program, and is named as in "device_quandrel_gui_de.qm".
+    void addPlugin(const QString& file);
 
 Q_SIGNALS:
     void changed();
 
+protected:
+    void apply() override;
+
 private:
-    QString m_code;
-    Preference m_choice{"language"};
+    void installAll();
+    void install(std::unique_ptr<QTranslator> translator);
+
+    QStringList m_plugins; // their libraries
     std::vector<std::unique_ptr<QTranslator>> m_translators;
 };
 

@@ -1,29 +1,40 @@
 #include "host/workbench/preferences/Preference.h"
 
-#include <QDir>
-#include <QSettings>
-
 namespace host::workbench::preferences {
+
+Preference::Preference(const char* key, const QStringList& choices)
+    : m_key(QLatin1String(key)),
+      m_choices(choices),
+      m_code(choices.first())
+{
+}
+
+void Preference::use(const QString& code)
+{
+    if (code == m_code)
+        return;
+    m_code = code;
+    apply();
+}
 
 QString Preference::restore(const QString& folder)
 {
-    m_file = QDir(folder).filePath("workbench.ini");
-    return QSettings(m_file, QSettings::IniFormat).value(m_key).toString();
+    // One file for all: each touches its own entry alone.
+    m_file.emplace(folder, QStringLiteral("workbench"), QStringLiteral(".preferences"));
+    QString problem = m_file->load();
+    const QString code = m_file->entries().value(m_key).toString();
+    if (m_choices.contains(code))
+        use(code);
+    return problem;
 }
 
-bool Preference::keep(const QString& value) const
+QString Preference::choose(const QString& code)
 {
-    if (m_file.isEmpty())
-        return true;
-    QSettings settings(m_file, QSettings::IniFormat);
-    settings.setValue(m_key, value);
-    settings.sync();
-    return settings.status() == QSettings::NoError;
-}
-
-QString Preference::file() const
-{
-    return QDir::toNativeSeparators(m_file);
+    use(code);
+    if (!m_file)
+        return {};
+    m_file->insert(m_key, code);
+    return m_file->save();
 }
 
 } // namespace host::workbench::preferences

@@ -1,25 +1,31 @@
 #include "host/workbench/preferences/PreferenceMenu.h"
 
+#include "host/workbench/preferences/Preference.h"
+
 #include <QAction>
 #include <QActionGroup>
 #include <QEvent>
 
 namespace host::workbench::preferences {
 
-PreferenceMenu::PreferenceMenu(const QStringList& codes, QWidget* parent) : QMenu(parent)
+PreferenceMenu::PreferenceMenu(Preference& preference, QWidget* parent)
+    : QMenu(parent),
+      m_preference(preference)
 {
+    setObjectName(preference.key());
     auto* group = new QActionGroup(this);
-    for (const QString& code : codes) {
+    for (const QString& code : preference.choices()) {
         QAction* action = group->addAction(QString());
         action->setCheckable(true);
         action->setData(code);
         addAction(action);
     }
     connect(group, &QActionGroup::triggered, this, [this](const QAction* action) {
-        const QString words = choose(action->data().toString());
+        const QString words = m_preference.choose(action->data().toString());
         if (!words.isEmpty())
             Q_EMIT problem(words);
     });
+    translate();
 }
 
 void PreferenceMenu::changeEvent(QEvent* event)
@@ -31,11 +37,11 @@ void PreferenceMenu::changeEvent(QEvent* event)
 
 void PreferenceMenu::translate()
 {
-    setTitle(words());
+    setTitle(m_preference.title());
     for (QAction* action : actions()) {
         const QString code = action->data().toString();
-        action->setText(name(code));
-        action->setChecked(code == current());
+        action->setText(m_preference.name(code));
+        action->setChecked(code == m_preference.code());
     }
 }
 

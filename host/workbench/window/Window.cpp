@@ -5,8 +5,7 @@
 #include "host/workbench/help/HelpPanel.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
-#include "host/workbench/preferences/AppearanceMenu.h"
-#include "host/workbench/preferences/LanguageMenu.h"
+#include "host/workbench/preferences/PreferenceMenu.h"
 #include "host/workbench/window/DeviceArea.h"
 #include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/FocusFrame.h"
@@ -53,6 +52,7 @@ Window::Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& en
       m_devices(new DeviceArea),
       m_help(new help::HelpPanel(environment.language(), this))
 {
+    environment.language().addPlugin(plugin.file());
     setContextMenuPolicy(Qt::NoContextMenu);
     addDockWidget(Qt::RightDockWidgetArea, m_help);
 
@@ -170,15 +170,14 @@ void Window::addMenus()
     m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
 
-    auto* languages = new preferences::LanguageMenu(m_environment.language(), this);
-    m_languageMenu = languages;
-    menuBar()->addMenu(languages);
-    auto* appearances = new preferences::AppearanceMenu(m_environment.appearance(), this);
-    menuBar()->addMenu(appearances);
-    for (const preferences::PreferenceMenu* choices :
-         {static_cast<preferences::PreferenceMenu*>(languages),
-          static_cast<preferences::PreferenceMenu*>(appearances)})
-        connect(choices, &preferences::PreferenceMenu::problem, this, &Window::notify);
+    const auto addPreference = [this](preferences::Preference& preference) {
+        auto* menu = new preferences::PreferenceMenu(preference, this);
+        menuBar()->addMenu(menu);
+        connect(menu, &preferences::PreferenceMenu::problem, this, &Window::notify);
+        return menu;
+    };
+    m_languageMenu = addPreference(m_environment.language());
+    addPreference(m_environment.appearance());
 
     m_helpMenu = menuBar()->addMenu(QString());
     m_contextHelp = m_helpMenu->addAction(QString());

@@ -4,7 +4,7 @@
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/preferences/Appearance.h"
-#include "host/workbench/preferences/AppearanceMenu.h"
+#include "host/workbench/preferences/PreferenceMenu.h"
 #include "host/workbench/window/Notice.h"
 #include "host/workbench/window/StartPage.h"
 #include "host/workbench/window/Window.h"
@@ -49,7 +49,7 @@ struct Workbench
 
     void choose(const QString& code) const
     {
-        for (QAction* action : window.findChild<AppearanceMenu*>()->actions()) {
+        for (QAction* action : window.findChild<PreferenceMenu*>("appearance")->actions()) {
             if (action->data() == code)
                 action->trigger();
         }
@@ -224,7 +224,7 @@ void AppearanceTest::the_menu_shows_which_appearance_is_used()
 {
     Appearance appearance;
     appearance.use("dark");
-    const AppearanceMenu menu(appearance, nullptr);
+    const PreferenceMenu menu(appearance, nullptr);
     QStringList checked;
     for (const QAction* action : menu.actions()) {
         if (action->isChecked())
@@ -261,15 +261,16 @@ void AppearanceTest::a_choice_is_kept_for_the_next_start()
 void AppearanceTest::what_is_kept_is_used_only_if_it_is_an_appearance()
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath("workbench.ini"));
+    QFile file(folder.filePath("workbench.preferences"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[General]\nappearance=mauve\n");
+    file.write(R"({"appearance": "mauve"})");
     file.close();
     Appearance appearance;
     appearance.restore(folder.path());
     QCOMPARE(appearance.code(), QString("system"));
 
-    const QString missing = folder.filePath("workbench.ini/below"); // no folder can be made there
+    const QString missing =
+        folder.filePath("workbench.preferences/below"); // no folder can be made there
     appearance.restore(missing);
     const QString words = appearance.choose("dark");
     QVERIFY2(words.contains(missing), qPrintable(words));

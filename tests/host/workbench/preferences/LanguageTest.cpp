@@ -5,7 +5,7 @@
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/preferences/Language.h"
-#include "host/workbench/preferences/LanguageMenu.h"
+#include "host/workbench/preferences/PreferenceMenu.h"
 #include "host/workbench/preferences/PseudoTranslator.h"
 #include "host/workbench/window/Notice.h"
 #include "host/workbench/window/Window.h"
@@ -52,7 +52,7 @@ struct Workbench
         return window.findChild<Widget*>(QLatin1String(name));
     }
 
-    LanguageMenu* menu() const { return window.findChild<LanguageMenu*>(); }
+    PreferenceMenu* menu() const { return find<PreferenceMenu>("language"); }
 
     /// As a person would: out of the menu.
     void choose(const QString& code) const
@@ -123,6 +123,7 @@ private Q_SLOTS:
     void a_choice_is_kept_for_the_next_start();
     void a_choice_that_cannot_be_kept_is_told();
     void what_is_kept_is_used_only_if_it_is_a_language();
+    void a_damaged_file_of_choices_is_told();
     void the_pseudo_language_keeps_what_is_not_words_data();
     void the_pseudo_language_keeps_what_is_not_words();
     void the_pseudo_language_is_about_two_fifths_longer();
@@ -198,6 +199,7 @@ void LanguageTest::qts_own_texts_follow_the_language()
 void LanguageTest::every_text_of_the_plugin_is_found_without_its_context()
 {
     PluginEnvironment environment;
+    environment.language().addPlugin(DEVICE_PLUGIN_FILE);
     environment.language().use("de");
     QFile file(TRANSLATIONS_FOLDER "/device_quandrel_gui_de.ts");
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -245,16 +247,17 @@ void LanguageTest::a_choice_is_kept_for_the_next_start()
     const QTemporaryDir folder;
     {
         Language language;
-        language.restore(folder.path());
+        QCOMPARE(language.restore(folder.path()), QString());
         QCOMPARE(language.code(), QString("en"));
         language.use("pseudo"); // not chosen by a person
         QCOMPARE(language.choose("de"), QString());
     }
-    QCOMPARE(QCoreApplication::translate("Dialog", "Base"), QString("Base"));
+    const char* const context = "host::workbench::window::Window";
+    QCOMPARE(QCoreApplication::translate(context, "&File"), QString("&File"));
     Language language;
-    language.restore(folder.path());
+    QCOMPARE(language.restore(folder.path()), QString());
     QCOMPARE(language.code(), QString("de"));
-    QCOMPARE(QCoreApplication::translate("Dialog", "Base"), QString("Basis"));
+    QCOMPARE(QCoreApplication::translate(context, "&File"), QString("&Datei"));
 }
 
 void LanguageTest::a_choice_that_cannot_be_kept_is_told()
@@ -272,13 +275,26 @@ void LanguageTest::a_choice_that_cannot_be_kept_is_told()
 void LanguageTest::what_is_kept_is_used_only_if_it_is_a_language()
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath("workbench.ini"));
+    QFile file(folder.filePath("workbench.preferences"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[General]\nlanguage=fr\n");
+    file.write(R"({"language": "fr"})");
     file.close();
     Language language;
-    language.restore(folder.path());
+    QCOMPARE(language.restore(folder.path()), QString());
     QCOMPARE(language.code(), QString("en"));
+}
+
+void LanguageTest::a_damaged_file_of_choices_is_told()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("workbench.preferences"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("language=de");
+    file.close();
+    Language language;
+    const QString words = language.restore(folder.path());
+    QVERIFY2(words.contains(file.fileName()), qPrintable(words));
+    QCOMPARE(language.choose("de"), QString());
 }
 
 void LanguageTest::the_pseudo_language_keeps_what_is_not_words_data()
