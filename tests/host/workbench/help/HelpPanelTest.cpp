@@ -112,11 +112,11 @@ void HelpPanelTest::all_languages_have_the_same_pages_and_the_program_has_them_a
 void HelpPanelTest::all_links_and_pictures_are_there()
 {
     static const QRegularExpression link("\\]\\(([^)]*)\\)");
-    int links = 0;
     // In the program and in the repository, whose paths are the same.
     for (const QString& root : {QString(":/docs/help/"), QString(HELP_FOLDER "/")}) {
         for (const QString& language : languages) {
             const QDir folder(root + language);
+            int links = 0;
             for (const QString& page : folder.entryList({"*.md"})) {
                 auto matches = link.globalMatch(textOf(folder.filePath(page)));
                 while (matches.hasNext()) {
@@ -126,9 +126,9 @@ void HelpPanelTest::all_links_and_pictures_are_there()
                     ++links;
                 }
             }
+            QVERIFY2(links > 0, qPrintable(folder.path()));
         }
     }
-    QVERIFY(links > 0);
 }
 
 void HelpPanelTest::every_page_can_be_reached_from_the_main_one()
@@ -136,7 +136,9 @@ void HelpPanelTest::every_page_can_be_reached_from_the_main_one()
     for (const QString& language : languages) {
         const QDir folder(":/docs/help/" + language);
         const QString main = QString(mainHelpPage) + ".md";
-        for (const QString& page : folder.entryList({"*.md"})) {
+        const QStringList pages = folder.entryList({"*.md"});
+        QVERIFY2(pages.size() > 1, qPrintable(folder.path()));
+        for (const QString& page : pages) {
             QVERIFY2(page == main || textOf(folder.filePath(main)).contains("](" + page + ')'),
                      qPrintable(page));
         }

@@ -423,15 +423,19 @@ void WorldViewTest::far_away_places_do_no_harm()
 {
     World world;
     world.tell(RobotState::Scan, message::scan("base_link", 0, 0.1, {1, 5, 2}));
+    const QPoint middle(212, 212);
+    const auto colourInTheMiddle = [&] { return world.view.grab().toImage().pixelColor(middle); };
     for (const double far : {1e4, 1e7}) {
         for (const double x : {-far, far, 1.0}) {
             world.tell(RobotState::Odometry, message::odometry("map", "base_link", x, far, 1));
             world.view.showAll();
             world.view.grab();
+            QVERIFY2(world.scale() > 0 && world.scale() < 1, qPrintable(QString::number(x)));
             world.view.setFollowing(true);
-            world.view.grab();
-            world.turnWheel({212, 212}, 12000);
-            world.view.grab();
+            QCOMPARE(colourInTheMiddle(), QColor(Qt::blue)); // the robot
+            world.turnWheel(middle, 12000);
+            QVERIFY(world.scale() > 100);
+            QCOMPARE(colourInTheMiddle(), QColor(Qt::blue));
         }
     }
     // A map on the other end of the earth, seen from as near as can be.
@@ -440,6 +444,14 @@ void WorldViewTest::far_away_places_do_no_harm()
         world.view.grab();
         world.view.zoom(1.5, {0, 0});
     }
+    // Back home all is as ever.
+    world.tell(RobotState::Map,
+               message::map("map", 4, 2, 1, message::pose(0, 0, 0), {0, 0, 0, 100, 0, 0, 0, 100}));
+    world.tell(RobotState::Odometry, message::odometry("map", "base_link", 1, 1, 0));
+    world.view.showAll();
+    QCOMPARE(world.colourAt(3.5, 0.5), QColor(Qt::black));
+    QCOMPARE(world.scale(), 100.0);
+    QCOMPARE(world.colourAt(1.05, 1), QColor(Qt::blue));
 }
 
 void WorldViewTest::a_map_that_just_leaves_the_sight_does_no_harm()
