@@ -67,14 +67,17 @@ Application::Application(const char* name, int argc, char** argv)
     m_environment.language().use(preferences::Language::system());
 }
 
-void Application::restorePreferences(const Options& options, const QString& settings)
+QStringList Application::restorePreferences(const Options& options, const QString& settings)
 {
-    m_environment.language().restore(settings);
+    QStringList problems{m_environment.language().restore(settings)};
     if (!options.language().isEmpty())
         m_environment.language().use(options.language());
-    m_environment.appearance().restore(settings);
+    problems << m_environment.appearance().restore(settings);
     if (!options.appearance().isEmpty())
         m_environment.appearance().use(options.appearance());
+    problems.removeAll(QString());
+    problems.removeDuplicates(); // both are in one file
+    return problems;
 }
 
 int Application::answer(const Options& options)

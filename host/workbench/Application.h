@@ -27,8 +27,9 @@ public:
     Application(const char* name, int argc, char** argv);
 
     /// Takes language and appearance from @p options, or else those chosen last, which are in the
-    /// folder @p settings and kept there from now on.
-    void restorePreferences(const Options& options, const QString& settings);
+    /// folder @p settings and kept there from now on. Returns what is wrong with that folder's
+    /// file.
+    QStringList restorePreferences(const Options& options, const QString& settings);
 
     /// The program's name first.
     const QStringList& arguments() const { return m_arguments; }

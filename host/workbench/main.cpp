@@ -21,9 +21,11 @@ int main(int argc, char** argv)
             Application::tr("There is no display: set DISPLAY or WAYLAND_DISPLAY. Without one, "
                             "workbench-tour DIR writes pictures of the window."));
     const QString settings = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    application.restorePreferences(options, settings);
+    const QStringList problems = application.restorePreferences(options, settings);
     Session session(options, settings, application.environment());
     if (!session.error().isEmpty())
         return Application::fail(session.error());
+    for (const QString& words : problems)
+        session.window().notify(words);
     return Application::show(session.window());
 }
