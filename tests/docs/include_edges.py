@@ -5,7 +5,7 @@ Usage: include_edges.py MAP ROOT
 
 The table's rows are "| `folder/` | what it holds | `included/`, `folders/` |"; a row "`folder/…`"
 stands for all folders below as well. An edge that no row allows is a fault, and so are a row that no
-include needs, a folder without a row, and an include that leads to no file.
+include needs, a folder without a row, an include that leads to no file, and edges that form a cycle.
 """
 
 import collections
@@ -46,6 +46,27 @@ def target(root, file, bracket, name):
     return None
 
 
+def cycle(edges):
+    """Folders that include each other in a ring, or nothing."""
+    targets = collections.defaultdict(set)
+    for source, included in sorted(edges):
+        targets[source].add(included)
+    done = set()
+
+    def walk(folder, way):
+        if folder in way:
+            return way[way.index(folder):] + [folder]
+        if folder in done:
+            return None
+        for included in sorted(targets[folder]):
+            if ring := walk(included, way + [folder]):
+                return ring
+        done.add(folder)
+        return None
+
+    return next(filter(None, (walk(folder, []) for folder in sorted(targets))), None)
+
+
 def faults(text, root):
     """What is wrong, one line each."""
     root = root.resolve()
@@ -75,6 +96,8 @@ def faults(text, root):
         yield f"{edge[0]}/ must not include {edge[1]}/: {'; '.join(found[edge])}"
     for edge in sorted(table.edges - set(found)):
         yield f"{edge[0]}/ includes nothing of {edge[1]}/: take it out of the row"
+    if ring := cycle(found):
+        yield "these folders include each other: " + " -> ".join(ring)
 
 
 def main():

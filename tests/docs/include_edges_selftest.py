@@ -64,6 +64,12 @@ class IncludeEdgesTest(unittest.TestCase):
         self.assertEqual(self.faults(files), [
             "host/room/Chair.h includes host/room/Table.h, which is no file"])
 
+    def test_folders_that_include_each_other_are_reported_though_the_table_allows_them(self):
+        files = {"host/Door.h": "", "host/room/Chair.h": '#include "host/Door.h"\n'}
+        table = TABLE.replace("| a room | – |", "| a room | `host/` |")
+        self.assertEqual(self.faults(files, table), [
+            "these folders include each other: host -> host/room -> host"])
+
     def test_a_map_without_a_table_is_reported(self):
         self.assertEqual(self.faults(table="# The house\n"), ["the map has no table of folders"])
 
