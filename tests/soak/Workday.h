@@ -16,8 +16,8 @@ class QAbstractButton;
 class QDockWidget;
 
 /// The workbench's window with two devices whose robots send all they can, with all docks open,
-/// and somebody who does over and over what people do with it. Whatever does not come about in
-/// time ends the program with words.
+/// and a user who does what people do with it. Whatever does not happen in time ends the program
+/// with a message.
 class Workday
 {
 public:

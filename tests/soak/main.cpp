@@ -1,4 +1,5 @@
-// Soak: whether the workbench holds no more after hours than after minutes.
+// Soak test: uses the workbench repeatedly, and checks that it holds no more after hours than after
+// minutes.
 #include "Census.h"
 #include "Record.h"
 #include "Workday.h"
@@ -54,8 +55,7 @@ int main(int argc, char* argv[])
     const QApplication application(argc, argv);
     qInstallMessageHandler(report); // now that Qt has said what it thinks of the machine
     QCommandLineParser parser;
-    const QCommandLineOption minutesOption("minutes", "Go on for <number> minutes.", "number",
-                                           "60");
+    const QCommandLineOption minutesOption("minutes", "Run for NUMBER minutes.", "NUMBER", "60");
     parser.addOption(minutesOption);
     parser.addHelpOption();
     parser.process(application);

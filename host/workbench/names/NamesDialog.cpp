@@ -194,7 +194,7 @@ void NamesDialog::translate()
     refresh();
 }
 
-/// What somebody wrote and was not taken stays for them to mend.
+/// A name that was entered and refused stays in the field, to be corrected.
 void NamesDialog::refresh()
 {
     for (const Row& row : m_rows) {

@@ -17,7 +17,7 @@ namespace host::workbench::window {
 class Lamp;
 
 /// How the connection stands, in words: with whom, since when, how old the newest data is, what
-/// went wrong last, with what to try, and what goes wrong on purpose.
+/// went wrong last, with what to try, and the faults that are injected.
 class StatusLine : public QWidget
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ private:
     QLabel* m_age;
     QLabel* m_robot; // null without one
     QLabel* m_failure;
-    QLabel* m_faults; // those made on purpose
+    QLabel* m_faults; // those that are injected
     Paced m_connection;
     QTimer m_clock; // runs while connected
 };
