@@ -1214,6 +1214,21 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::preferences::LostLinks</name>
+    <message>
+        <source>&amp;Lost connections</source>
+        <translation>Ver&amp;lorene Verbindungen</translation>
+    </message>
+    <message>
+        <source>Connect again by itself</source>
+        <translation>Von selbst wieder verbinden</translation>
+    </message>
+    <message>
+        <source>Leave closed</source>
+        <translation>Geschlossen lassen</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::robotview::GridMap</name>
     <message>
         <source>is %1, which is no cell&apos;s edge in metres</source>
@@ -1795,6 +1810,22 @@
     <message>
         <source>Newest data: %1 s old</source>
         <translation>Neueste Daten: %1 s alt</translation>
+    </message>
+    <message>
+        <source>Do not wait</source>
+        <translation>Nicht warten</translation>
+    </message>
+    <message>
+        <source>Make no further attempts to connect.</source>
+        <translation>Keine weiteren Versuche, sich zu verbinden.</translation>
+    </message>
+    <message>
+        <source>Connects again in %1 s</source>
+        <translation>Verbindet sich wieder in %1 s</translation>
+    </message>
+    <message>
+        <source>Connects again</source>
+        <translation>Verbindet sich wieder</translation>
     </message>
 </context>
 <context>

@@ -54,9 +54,11 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
       m_name(name),
       m_environment(environment),
       m_storage(storageFolder, name),
-      m_connection(timing, [this](const rosbridge::client::Client::Timeouts& timeouts) {
-          return std::make_unique<faults::FaultyClient>(timeouts, m_faults);
-      })
+      m_connection(timing,
+                   [this](const rosbridge::client::Client::Timeouts& timeouts) {
+                       return std::make_unique<faults::FaultyClient>(timeouts, m_faults);
+                   }),
+      m_reconnection(m_connection, timing)
 {
     loadConfig();
     m_variables.set(VariableKind::State, "connectedToSimulator", false);
@@ -218,12 +220,14 @@ void Device::endTransaction()
 
 bool Device::connectDevice()
 {
+    m_reconnection.forget();
     const auto address = read(VariableKind::Config, addressName).get<std::string>();
     return m_connection.open(variables::fromLatin1(address));
 }
 
 bool Device::disconnectDevice()
 {
+    m_reconnection.forget();
     return m_connection.close();
 }
 

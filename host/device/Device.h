@@ -8,6 +8,7 @@
 #include "host/device/connection/Connection.h"
 #include "host/device/connection/Listener.h"
 #include "host/device/connection/Offer.h"
+#include "host/device/connection/Reconnection.h"
 #include "host/device/connection/RobotLog.h"
 #include "host/device/connection/Timing.h"
 #include "host/device/faults/Faults.h"
@@ -74,6 +75,9 @@ public:
 
     /// For views that follow topics of their own.
     connection::Connection& connection() { return m_connection; }
+
+    /// Of a link that was lost; does nothing by itself until it is told to.
+    connection::Reconnection& reconnection() { return m_reconnection; }
 
     /// What the robot calls what the device uses of it; remembered beside the configuration.
     connection::Remappings& remappings() { return m_connection.remappings(); }
@@ -146,6 +150,7 @@ private:
     variables::ConfigStorage m_storage;
     faults::Faults m_faults;
     connection::Connection m_connection;
+    connection::Reconnection m_reconnection;
     connection::Offer m_offer{m_connection};
     connection::Listener m_listener{m_connection};
     connection::RobotLog m_robotLog{m_listener};

@@ -75,8 +75,9 @@ QStringList Application::restorePreferences(const Options& options, const QStrin
     problems << m_environment.appearance().restore(settings);
     if (!options.appearance().isEmpty())
         m_environment.appearance().use(options.appearance());
+    problems << m_environment.lostLinks().restore(settings);
     problems.removeAll(QString());
-    problems.removeDuplicates(); // both are in one file
+    problems.removeDuplicates(); // all are in one file
     return problems;
 }
 

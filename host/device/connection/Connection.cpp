@@ -250,9 +250,12 @@ void Connection::leave(const Words& status)
 
 void Connection::fail(const QString& words)
 {
+    const bool wasConnected = m_connected.isValid();
     m_lastFailure = {words, QDateTime::currentDateTime()};
     leave([words] { return words; });
     Q_EMIT message(emphasisedBaseLogLine, words);
+    if (wasConnected)
+        Q_EMIT lost(m_address);
 }
 
 /// Gives control back on a link that nobody waits for any more.

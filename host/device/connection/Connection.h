@@ -102,6 +102,8 @@ Q_SIGNALS:
     void opened();
     /// Also -1 after -1, where open() could not understand the address.
     void stateChanged(int state);
+    /// After that: the link to the robot at @p address, which was connected, has failed.
+    void lost(const QString& address);
     void statusChanged(const QString& words);
     /// A line for a log.
     void message(plugin::plugin::DataRole role, const QString& text);

@@ -13,6 +13,8 @@ struct Timing
     std::chrono::milliseconds frame{300};   ///< one frame of the connecting animation
     std::chrono::milliseconds answer{5000}; ///< for each answer of the robot's services
     rosbridge::client::Client::Timeouts link;
+    std::chrono::milliseconds firstPause{1000};    ///< before a lost link is joined again
+    std::chrono::milliseconds longestPause{60000}; ///< between two attempts
 };
 
 } // namespace host::device::connection

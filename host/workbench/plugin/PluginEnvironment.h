@@ -4,6 +4,7 @@
 #include "host/device/Environment.h"
 #include "host/workbench/preferences/Appearance.h"
 #include "host/workbench/preferences/Language.h"
+#include "host/workbench/preferences/LostLinks.h"
 
 #include <QHash>
 #include <QObject>
@@ -12,6 +13,7 @@ namespace host::workbench::plugin {
 
 /// What the workbench gives the widgets of a plugin beside their device: the language, the
 /// appearance, and one help action for each context word. It opens no help itself: the window does.
+/// What else a person prefers for all devices is here, too.
 class PluginEnvironment : public QObject, public device::Environment
 {
     Q_OBJECT
@@ -21,6 +23,7 @@ public:
 
     preferences::Language& language() { return m_language; }
     preferences::Appearance& appearance() { return m_appearance; }
+    preferences::LostLinks& lostLinks() { return m_lostLinks; }
 
     QString translate(const QString& text) const override;
     QString currentLanguage() const override;
@@ -35,6 +38,7 @@ private:
 
     preferences::Language m_language;
     preferences::Appearance m_appearance;
+    preferences::LostLinks m_lostLinks;
     QHash<QString, QAction*> m_helpActions;
 };
 

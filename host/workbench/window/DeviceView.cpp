@@ -76,6 +76,8 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
     connect(&device, &device::Device::connectionStateChanged, this,
             [this] { m_connection.request(); });
     connect(&device, &device::Device::statusChanged, this, [this] { m_connection.request(); });
+    connect(&device.reconnection(), &device::connection::Reconnection::changed, this,
+            [this] { m_connection.request(); });
     connect(&device, &device::Device::problem, this, &DeviceView::notify);
     translate();
 }
@@ -221,7 +223,8 @@ void DeviceView::addFailure(const plugin::FailureWords& failure)
 void DeviceView::showConnection()
 {
     if (m_startPage)
-        m_startPage->setConnection(m_device.connectionState(), m_device.status());
+        m_startPage->setConnection(m_device.connectionState(), m_device.reconnection().isLost(),
+                                   m_device.status());
 }
 
 } // namespace host::workbench::window

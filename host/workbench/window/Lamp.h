@@ -13,8 +13,9 @@ class Lamp : public QLabel
 public:
     Lamp();
 
-    /// @p state as in device::Device::connectionState().
-    void setState(int state);
+    /// @p state as in device::Device::connectionState(). @p isLost: the link ended by itself, and
+    /// was not closed.
+    void setState(int state, bool isLost);
 };
 
 } // namespace host::workbench::window

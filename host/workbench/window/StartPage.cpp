@@ -79,9 +79,9 @@ StartPage::StartPage(const QString& deviceName, const QString& robot, QWidget* p
     layout->addStretch(3);
 }
 
-void StartPage::setConnection(int state, const QString& status)
+void StartPage::setConnection(int state, bool isLost, const QString& status)
 {
-    m_lamp->setState(state);
+    m_lamp->setState(state, isLost);
     m_status->setText(values::shortened(status));
     m_note->setText(
         tr("This plugin brings no dialog of its own: all it offers is in the tool bar."));

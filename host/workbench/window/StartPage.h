@@ -19,8 +19,8 @@ public:
     /// @p robot says where the simulated robot runs; empty where there is none.
     StartPage(const QString& deviceName, const QString& robot, QWidget* parent = nullptr);
 
-    /// @p state as in device::Device::connectionState(). Sets all texts: also for a new language.
-    void setConnection(int state, const QString& status);
+    /// @p state and @p isLost as in Lamp::setState(). Sets all texts: also for a new language.
+    void setConnection(int state, bool isLost, const QString& status);
 
 private:
     Lamp* m_lamp;

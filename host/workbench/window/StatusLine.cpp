@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QResizeEvent>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -38,6 +39,8 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
       m_words(label("status")),
       m_duration(label("duration")),
       m_age(label("age")),
+      m_retry(label("retry")),
+      m_giveUp(new QToolButton),
       m_robot(robot.isEmpty() ? nullptr : label("robot")),
       m_failure(label("failure")),
       m_faults(label("faults")),
@@ -52,11 +55,15 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     m_age->setStyleSheet("[stale=\"true\"] { background: rgba(255, 170, 0, 90); }");
     m_faults->setStyleSheet("background: rgba(255, 170, 0, 90); padding: 2px;");
     m_clock.setInterval(500ms);
+    m_giveUp->setObjectName("giveUp");
+    connect(m_giveUp, &QToolButton::clicked, this, [this] { m_device.reconnection().giveUp(); });
 
     auto* times = new QHBoxLayout;
     times->setSpacing(12);
     times->addWidget(m_duration);
     times->addWidget(m_age);
+    times->addWidget(m_retry);
+    times->addWidget(m_giveUp);
     times->addStretch();
     auto* now = new QVBoxLayout;
     now->setSpacing(0);
@@ -82,6 +89,8 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     connect(&device, &device::Device::connectionStateChanged, this,
             [this] { m_connection.request(); });
     connect(&device, &device::Device::statusChanged, this, [this] { m_connection.request(); });
+    connect(&device.reconnection(), &device::connection::Reconnection::changed, this,
+            [this] { m_connection.request(); });
     connect(&device.faults(), &device::faults::Faults::changed, this, &StatusLine::showFaults);
     translate();
 }
@@ -114,6 +123,8 @@ void StatusLine::changeEvent(QEvent* event)
 void StatusLine::translate()
 {
     m_age->setToolTip(tr("How long ago the robot sent anything that it sends all the time."));
+    m_giveUp->setText(tr("Do not wait"));
+    m_giveUp->setToolTip(tr("Make no further attempts to connect."));
     if (m_robot)
         m_robot->setText(tr("Simulated robot: %1").arg(m_robotAddress));
     showConnection();
@@ -129,7 +140,7 @@ void StatusLine::showFaults()
 void StatusLine::showConnection()
 {
     const int state = m_device.connectionState();
-    m_lamp->setState(state);
+    m_lamp->setState(state, m_device.reconnection().isLost());
     m_words->setText(values::shortened(m_device.status()));
     m_words->setToolTip(values::plainToolTip(m_device.status()));
 
@@ -140,15 +151,28 @@ void StatusLine::showConnection()
                            .arg(failure.time.toString(QStringLiteral("HH:mm:ss")),
                                 values::shortened(failure.words)));
 
-    if (m_device.connection().connectedFor())
+    if (m_device.connection().connectedFor() || m_device.reconnection().isTrying())
         m_clock.start();
     else
         m_clock.stop();
     showTimes();
 }
 
+void StatusLine::showReconnection()
+{
+    const device::connection::Reconnection& reconnection = m_device.reconnection();
+    m_retry->setVisible(reconnection.isTrying());
+    m_giveUp->setVisible(reconnection.isTrying());
+    const auto wait = reconnection.untilNextAttempt();
+    if (wait)
+        m_retry->setText(tr("Connects again in %1 s").arg((*wait + 999ms) / 1s));
+    else
+        m_retry->setText(tr("Connects again"));
+}
+
 void StatusLine::showTimes()
 {
+    showReconnection();
     const auto duration = m_device.connection().connectedFor();
     m_duration->setVisible(duration.has_value());
     m_age->setVisible(duration.has_value());

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QLabel;
+class QToolButton;
 
 namespace host::device {
 class Device;
@@ -38,6 +39,7 @@ protected:
 private:
     void translate();
     void showConnection();
+    void showReconnection();
     void showTimes();
     void showFaults();
 
@@ -47,6 +49,8 @@ private:
     QLabel* m_words;
     QLabel* m_duration;
     QLabel* m_age;
+    QLabel* m_retry; // after a loss
+    QToolButton* m_giveUp;
     QLabel* m_robot; // null without one
     QLabel* m_failure;
     QLabel* m_faults; // those that are injected

@@ -75,6 +75,11 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
 {
     auto* view = new DeviceView(m_plugin, device, robot);
     m_views.append(view);
+    const auto join = [this, &device] {
+        device.reconnection().setAutomatic(m_environment.lostLinks().areJoinedAgain());
+    };
+    connect(&m_environment.lostLinks(), &preferences::LostLinks::changed, view, join);
+    join();
     m_devices->add(view);
     resize(sizeForOne.width() * qMin(int(m_views.size()), mostInSight), sizeForOne.height());
     for (QMenu* menu : view->menus())
@@ -170,14 +175,15 @@ void Window::addMenus()
     m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
 
-    const auto addPreference = [this](preferences::Preference& preference) {
+    const auto makeMenu = [this](preferences::Preference& preference) {
         auto* menu = new preferences::PreferenceMenu(preference, this);
-        menuBar()->addMenu(menu);
         connect(menu, &preferences::PreferenceMenu::problem, this, &Window::notify);
         return menu;
     };
-    m_languageMenu = addPreference(m_environment.language());
-    addPreference(m_environment.appearance());
+    m_fileMenu->insertMenu(m_quit, makeMenu(m_environment.lostLinks()));
+    m_languageMenu = makeMenu(m_environment.language());
+    menuBar()->addMenu(m_languageMenu);
+    menuBar()->addMenu(makeMenu(m_environment.appearance()));
 
     m_helpMenu = menuBar()->addMenu(QString());
     m_contextHelp = m_helpMenu->addAction(QString());

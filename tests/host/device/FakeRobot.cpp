@@ -9,9 +9,10 @@
 #include <algorithm>
 #include <utility>
 
-FakeRobot::FakeRobot() : m_server(QStringLiteral("robot"), QWebSocketServer::NonSecureMode)
+FakeRobot::FakeRobot(quint16 port)
+    : m_server(QStringLiteral("robot"), QWebSocketServer::NonSecureMode)
 {
-    m_server.listen(QHostAddress::LocalHost);
+    m_server.listen(QHostAddress::LocalHost, port);
     connect(&m_server, &QWebSocketServer::newConnection, this, [this] {
         QWebSocket* const client = m_server.nextPendingConnection();
         m_clients.append(client);

@@ -17,7 +17,8 @@ class FakeRobot : public QObject
     Q_OBJECT
 
 public:
-    FakeRobot();
+    /// Listens on @p port of this computer, 0 for any free one.
+    explicit FakeRobot(quint16 port = 0);
     ~FakeRobot() override;
 
     QString address() const;

@@ -3,9 +3,11 @@
 #include "host/device/Device.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
+#include "host/workbench/window/Lamp.h"
 #include "host/workbench/window/StatusLine.h"
 #include "tests/host/device/FakeRobot.h"
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -71,6 +73,7 @@ private Q_SLOTS:
     void a_connection_tells_whom_and_for_how_long();
     void data_that_stops_is_marked_as_stale_with_its_age();
     void a_failure_is_the_status_until_the_next_attempt_and_then_the_last_error();
+    void a_lost_link_is_joined_again_in_sight_unless_somebody_gives_up();
     void faults_on_purpose_are_named_as_long_as_they_are_on();
     void the_simulated_robot_is_named_if_there_is_one();
 };
@@ -148,6 +151,41 @@ void StatusLineTest::a_failure_is_the_status_until_the_next_attempt_and_then_the
     QTRY_VERIFY_WITH_TIMEOUT(fixture.text("failure").contains("Check the port"), patience);
     QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
     QTRY_VERIFY_WITH_TIMEOUT(!fixture.label("failure").isHidden(), patience);
+}
+
+void StatusLineTest::a_lost_link_is_joined_again_in_sight_unless_somebody_gives_up()
+{
+    FakeRobot robot;
+    robot.obey();
+    Fixture fixture(robot.address());
+    fixture.device.reconnection().setAutomatic(true);
+    auto& giveUp = *fixture.line.findChild<QAbstractButton*>("giveUp");
+    const auto lamp = [&] {
+        return fixture.line.findChild<Lamp*>()->pixmap(Qt::ReturnByValue).toImage();
+    };
+    const QImage closed = lamp();
+    QVERIFY(giveUp.isHidden() && fixture.label("retry").isHidden());
+
+    const auto lose = [&] {
+        QVERIFY(fixture.device.connectDevice() || fixture.device.connectionState() == 3);
+        QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
+        robot.drop();
+        QTRY_VERIFY_WITH_TIMEOUT(!giveUp.isHidden(), patience);
+    };
+    lose();
+    QCOMPARE(fixture.text("retry"), QString("Connects again in 1 s"));
+    QVERIFY(lamp() != closed);
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience); // by itself
+    QTRY_VERIFY_WITH_TIMEOUT(giveUp.isHidden(), patience);
+
+    lose();
+    giveUp.click();
+    QTRY_VERIFY_WITH_TIMEOUT(giveUp.isHidden(), patience);
+    QVERIFY(fixture.label("retry").isHidden());
+    QVERIFY(!fixture.device.reconnection().isTrying());
+    QVERIFY(lamp() != closed); // it is lost all the same
+    QVERIFY(!fixture.device.disconnectDevice());
+    QTRY_COMPARE_WITH_TIMEOUT(lamp(), closed, patience);
 }
 
 void StatusLineTest::faults_on_purpose_are_named_as_long_as_they_are_on()

@@ -9,12 +9,14 @@
 #include "host/workbench/window/Notice.h"
 #include "host/workbench/window/StartPage.h"
 #include "host/workbench/window/Window.h"
+#include "tests/host/device/FakeRobot.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTcpServer>
@@ -123,6 +125,7 @@ private Q_SLOTS:
     void the_button_shows_the_frames_while_the_robot_does_not_answer();
     void a_click_connects_to_the_robot_and_another_one_disconnects();
     void a_refusal_stands_in_the_status_bar_with_what_to_try();
+    void a_lost_connection_is_made_again_unless_somebody_prefers_otherwise();
     void a_problem_of_the_device_stays_until_it_is_put_away();
     void help_is_about_what_has_the_focus();
     void help_in_a_tab_is_about_that_tab_data();
@@ -300,6 +303,38 @@ void WindowTest::a_refusal_stands_in_the_status_bar_with_what_to_try()
     QCOMPARE(workbench.device.connectionState(), -1);
     QTRY_VERIFY_WITH_TIMEOUT(workbench.field()->isEnabled(), patience);
     QVERIFY(!QApplication::activeModalWidget());
+}
+
+void WindowTest::a_lost_connection_is_made_again_unless_somebody_prefers_otherwise()
+{
+    expectWarning("does not support propagateSizeHints");
+    FakeRobot robot;
+    robot.obey();
+    Workbench workbench(DEVICE_PLUGIN_FILE, QString(), robot.address());
+    workbench.show();
+    auto& reconnection = workbench.device.reconnection();
+    const auto lose = [&] {
+        QVERIFY(workbench.device.connectDevice());
+        QTRY_COMPARE_WITH_TIMEOUT(workbench.device.connectionState(), 3, patience);
+        robot.drop();
+        QTRY_VERIFY_WITH_TIMEOUT(reconnection.isLost(), patience);
+    };
+    lose();
+    QVERIFY(reconnection.isTrying());
+    workbench.click(); // at once, by hand
+    QVERIFY(!reconnection.isTrying());
+    workbench.click();
+    QCOMPARE(workbench.device.connectionState(), -1);
+
+    lose();
+    QVERIFY(reconnection.isTrying());
+    const auto* const menu = workbench.window.findChild<QMenu*>("lost_links");
+    QCOMPARE(menu->actions().size(), 2);
+    QVERIFY(menu->actions().first()->isChecked());
+    menu->actions().last()->trigger();
+    QVERIFY(!reconnection.isTrying());
+    lose();
+    QVERIFY(!reconnection.isTrying());
 }
 
 void WindowTest::a_problem_of_the_device_stays_until_it_is_put_away()
