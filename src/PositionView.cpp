@@ -62,6 +62,8 @@ void PositionView::on_editSpeed()
     editor->setWindowTitle(tr("Position") + QString::number(m_row) + " " + tr("Axis") +
                            QString::number(m_axis + 1) + " - " + tr("speed"));
     const int result = editor->exec();
+    if (!editor)
+        return;
     // The device may have reported other positions meanwhile: the speed goes to the place that was
     // pressed, as a removal does.
     if (result == QDialog::Accepted && model())

@@ -2066,6 +2066,10 @@
         <source>%1 was refused control: %2</source>
         <translation>%1 wurde die Steuerung verweigert: %2</translation>
     </message>
+    <message>
+        <source>new clients have to wait: there are no file descriptors or memory left</source>
+        <translation>neue Clients müssen warten: Dateideskriptoren oder Speicher sind aufgebraucht</translation>
+    </message>
 </context>
 <context>
     <name>robot::network::RosApi</name>
@@ -2422,6 +2426,22 @@
         <source>The service %1 did not answer: %2</source>
         <translation>Der Dienst %1 hat nicht geantwortet: %2</translation>
     </message>
+    <message>
+        <source>%1 closed the link: %2.</source>
+        <translation>%1 hat die Verbindung geschlossen: %2.</translation>
+    </message>
+    <message>
+        <source>it closed the connection at once</source>
+        <translation>die Verbindung wurde sofort wieder geschlossen</translation>
+    </message>
+    <message>
+        <source>A message has %1 MB and was left out; at most %2 MB are accepted.</source>
+        <translation>Eine Nachricht hat %1 MB und wurde ausgelassen; höchstens %2 MB werden angenommen.</translation>
+    </message>
+    <message>
+        <source>A message of %1 has %2 MB and was left out; at most %3 MB are accepted.</source>
+        <translation>Eine Nachricht von %1 hat %2 MB und wurde ausgelassen; höchstens %3 MB werden angenommen.</translation>
+    </message>
 </context>
 <context>
     <name>rosbridge::client::Inbox</name>
@@ -2530,6 +2550,10 @@
     <message>
         <source>%1, at byte %2</source>
         <translation>%1, bei Byte %2</translation>
+    </message>
+    <message>
+        <source>the message has more than %1 values, or %2 texts, arrays and objects</source>
+        <translation>die Nachricht hat mehr als %1 Werte oder %2 Texte, Listen und Objekte</translation>
     </message>
 </context>
 <context>
@@ -2676,6 +2700,14 @@
         <source>it closed the connection</source>
         <translation>er hat die Verbindung geschlossen</translation>
     </message>
+    <message>
+        <source>more than %1 bytes a second</source>
+        <translation>mehr als %1 Bytes in der Sekunde</translation>
+    </message>
+    <message>
+        <source>its connection broke</source>
+        <translation>seine Verbindung ist abgebrochen</translation>
+    </message>
 </context>
 <context>
     <name>rosbridge::server::Conversation</name>
@@ -2810,6 +2842,99 @@
     <message>
         <source>the robot itself publishes &quot;%1&quot; and takes no message there</source>
         <translation>der Roboter selbst veröffentlicht „%1“ und nimmt dort keine Nachricht an</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::websocket::Connector</name>
+    <message>
+        <source>it does not answer</source>
+        <translation>keine Antwort</translation>
+    </message>
+    <message>
+        <source>this computer has too many connections open</source>
+        <translation>dieser Computer hat zu viele Verbindungen offen</translation>
+    </message>
+    <message>
+        <source>the connection failed</source>
+        <translation>die Verbindung ist gescheitert</translation>
+    </message>
+    <message>
+        <source>it does not speak HTTP</source>
+        <translation>die Antwort ist kein HTTP</translation>
+    </message>
+    <message>
+        <source>it answers &quot;%1&quot;</source>
+        <translation>die Antwort ist „%1“</translation>
+    </message>
+    <message>
+        <source>its answer does not end</source>
+        <translation>die Antwort nimmt kein Ende</translation>
+    </message>
+    <message>
+        <source>it closed the connection without an answer</source>
+        <translation>die Verbindung wurde ohne Antwort geschlossen</translation>
+    </message>
+    <message>
+        <source>there is no route to it</source>
+        <translation>kein Weg führt dorthin</translation>
+    </message>
+    <message>
+        <source>this computer does not allow the connection</source>
+        <translation>dieser Computer lässt die Verbindung nicht zu</translation>
+    </message>
+    <message>
+        <source>its handshake does not follow WebSocket</source>
+        <translation>der Handshake entspricht nicht WebSocket</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::websocket::FrameReader</name>
+    <message>
+        <source>a frame uses an extension that was not agreed on</source>
+        <translation>ein Frame nutzt eine Erweiterung, die nicht vereinbart ist</translation>
+    </message>
+    <message>
+        <source>a server&apos;s frame is masked</source>
+        <translation>ein Frame des Servers ist maskiert</translation>
+    </message>
+    <message>
+        <source>a client&apos;s frame is not masked</source>
+        <translation>ein Frame des Clients ist nicht maskiert</translation>
+    </message>
+    <message>
+        <source>a message begins inside another</source>
+        <translation>eine Nachricht beginnt innerhalb einer anderen</translation>
+    </message>
+    <message>
+        <source>a frame continues no message</source>
+        <translation>ein Frame setzt keine Nachricht fort</translation>
+    </message>
+    <message>
+        <source>a frame is of a kind that does not exist</source>
+        <translation>ein Frame hat eine Art, die es nicht gibt</translation>
+    </message>
+    <message>
+        <source>a message has more than %1 bytes</source>
+        <translation>eine Nachricht hat mehr als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>a frame&apos;s length is encoded wrongly</source>
+        <translation>die Länge eines Frames ist falsch kodiert</translation>
+    </message>
+    <message>
+        <source>a control frame is too long or split</source>
+        <translation>ein Steuer-Frame ist zu lang oder geteilt</translation>
+    </message>
+    <message>
+        <source>a message has too many empty frames</source>
+        <translation>eine Nachricht hat zu viele leere Frames</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::websocket::Socket</name>
+    <message>
+        <source>a text is not UTF-8</source>
+        <translation>ein Text ist nicht UTF-8</translation>
     </message>
 </context>
 </TS>

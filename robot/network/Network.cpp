@@ -124,6 +124,10 @@ void Network::keepLog()
             [this](const QString& origin) {
                 m_clientLog.write(Log::Level::Warning, tr("a page of %1 was refused").arg(origin));
             });
+    connect(&m_endpoint, &rosbridge::server::Endpoint::acceptFailed, this, [this] {
+        m_clientLog.write(Log::Level::Error, tr("new clients have to wait: there are no file "
+                                                "descriptors or memory left"));
+    });
     connect(&m_control, &Control::acquired, this, [this](const rosbridge::server::Peer& peer) {
         m_clientLog.write(Log::Level::Info, tr("%1 took control").arg(peer.name));
     });

@@ -2,16 +2,25 @@
 
 #include "rosbridge/protocol/CanonicalName.h"
 #include "rosbridge/protocol/Codec.h"
+#include "rosbridge/websocket/Socket.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QSignalBlocker>
-#include <QWebSocket>
 
 #include <utility>
 
 namespace rosbridge::client {
 
+using websocket::CloseCode;
+using websocket::Connector;
+using websocket::Opcode;
+using websocket::Socket;
+
 namespace {
+
+// How long messages may be read before others have their turn, the window among them.
+constexpr qint64 turnMilliseconds = 10;
 
 QString seconds(std::chrono::milliseconds time)
 {
@@ -27,7 +36,9 @@ Client::Client(const Timeouts& timeouts, QObject* parent) : QObject(parent), m_t
     m_pingTimer.setInterval(m_timeouts.pingInterval);
     m_deadline.setSingleShot(true);
     connect(&m_pingTimer, &QTimer::timeout, this, &Client::ping);
+    m_nextTurn.setSingleShot(true);
     connect(&m_deadline, &QTimer::timeout, this, &Client::onDeadline);
+    connect(&m_nextTurn, &QTimer::timeout, this, &Client::takeTurn);
     connect(&m_inbox, &Inbox::statusReceived, this, &Client::statusReceived);
     connect(&m_inbox, &Inbox::malformedReceived, this, &Client::malformedReceived);
 }
@@ -50,28 +61,19 @@ void Client::open(const protocol::Address& address)
     m_address = address;
     m_deadline.start(m_timeouts.connect);
 
-    m_socket = new QWebSocket(QString(), QWebSocketProtocol::VersionLatest, this);
-    m_socket->setMaxAllowedIncomingFrameSize(protocol::maximumMessageSize);
-    m_socket->setMaxAllowedIncomingMessageSize(protocol::maximumMessageSize);
-    connect(m_socket, &QWebSocket::connected, this, [this] { onHandshake(); });
-    connect(m_socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
-            &Client::onError);
-    connect(m_socket, &QWebSocket::disconnected, this, [this] { onError(m_socket->error()); });
-    connect(m_socket, &QWebSocket::pong, &m_deadline, &QTimer::stop);
-    connect(m_socket, &QWebSocket::textMessageReceived, this, [this](const QString& text) {
-        QString error;
-        const std::optional<QCborMap> message = protocol::decodeText(text.toUtf8(), &error);
-        receive(message, error);
-    });
-    connect(m_socket, &QWebSocket::binaryMessageReceived, this, [this](const QByteArray& cbor) {
-        QString error;
-        const std::optional<QCborMap> message = protocol::decodeBinary(cbor, &error);
-        receive(message, error);
+    m_connector = new Connector(protocol::maximumMessageSize, this);
+    connect(m_connector, &Connector::failed, this, &Client::endConnecting);
+    connect(m_connector, &Connector::connected, this, [this](Socket* socket) {
+        m_socket = socket;
+        m_socket->setParent(this);
+        connect(m_socket, &Socket::ended, this, &Client::onEnded);
+        connect(m_socket, &Socket::readyRead, this, &Client::onReadyRead);
+        onHandshake();
     });
 
     // A port on this machine may refuse at once; closed() shall not come from inside open().
-    const auto connectSocket = [this, socket = m_socket] {
-        if (socket == m_socket) // and not closed meanwhile
+    const auto connectSocket = [this, connector = m_connector] {
+        if (connector == m_connector) // and not closed meanwhile
             openSocket();
     };
     QMetaObject::invokeMethod(this, connectSocket, Qt::QueuedConnection);
@@ -79,7 +81,7 @@ void Client::open(const protocol::Address& address)
 
 void Client::openSocket()
 {
-    m_socket->open(m_address.url());
+    m_connector->open(m_address.host, m_address.port);
 }
 
 void Client::close()
@@ -88,7 +90,8 @@ void Client::close()
         return;
     if (m_state == State::Open) {
         m_socket->disconnect(this);
-        m_socket->close(); // says good-bye, so that the server need not wait for our silence
+        // Says good-bye, so that the server need not wait for our silence.
+        m_socket->close(CloseCode::Normal, QString());
     }
     end(Cause::Requested, tr("The link to %1 was closed on request.").arg(m_address.toString()));
 }
@@ -170,15 +173,26 @@ void Client::onHandshake()
     m_deadline.stop();
     m_pingTimer.start();
     m_state = State::Open;
+    const QPointer<Socket> socket(m_socket);
     Q_EMIT opened();
+    if (socket && socket == m_socket)
+        takeTurn(); // what came right behind the handshake
 }
 
-void Client::onError(QAbstractSocket::SocketError error)
+void Client::onReadyRead()
 {
-    if (m_state == State::Connecting)
-        endConnecting(error);
+    if (m_state != State::Open)
+        return;
+    m_deadline.stop(); // whatever comes is a sign of life, also a part of a large message
+    takeTurn();
+}
+
+void Client::onEnded(CloseCode code, const QString& reason)
+{
+    if (m_state == State::Open)
+        endOpen(code, reason);
     else
-        endOpen();
+        endConnecting(Connector::Failure::NotWebSocket, tr("it closed the connection at once"));
 }
 
 void Client::onDeadline()
@@ -188,7 +202,7 @@ void Client::onDeadline()
         end(Cause::Lost, tr("The link to %1 is lost: the robot has not answered for %2 s. Check "
                             "the network and whether the robot is switched on.")
                              .arg(address, seconds(m_timeouts.pongDeadline)));
-    else if (m_socket->localPort() != 0) // which it has from being connected on
+    else if (m_connector->isReached())
         end(Cause::Silent, tr("%1 accepts a connection but has not answered for %2 s. Check "
                               "whether the port is the robot's, or restart the robot's program.")
                                .arg(address, seconds(m_timeouts.connect)));
@@ -205,41 +219,48 @@ void Client::ping()
     m_socket->ping();
 }
 
-void Client::endConnecting(QAbstractSocket::SocketError error)
+void Client::endConnecting(Connector::Failure failure, const QString& why)
 {
     const QString address = m_address.toString();
-    // QWebSocket calls a failed handshake a refused connection too; only then there was one.
-    if (m_socket->localPort() != 0 || error == QAbstractSocket::RemoteHostClosedError)
-        end(Cause::ProtocolError, tr("%1 answers, but not as a robot: %2. Check whether the port "
-                                     "is the robot's.")
-                                      .arg(address, m_socket->errorString()));
-    else if (error == QAbstractSocket::ConnectionRefusedError)
+    switch (failure) {
+    case Connector::Failure::Refused:
         end(Cause::Refused, tr("%1 refuses the connection. Check the port and whether the robot's "
                                "program is running.")
                                 .arg(address));
-    else if (error == QAbstractSocket::HostNotFoundError)
+        break;
+    case Connector::Failure::NoHost:
         end(Cause::Unreachable,
             tr("There is no host \"%1\". Check the address and the network.").arg(m_address.host));
-    else
-        end(Cause::Unreachable, tr("%1 cannot be reached: %2. Check the address and the network.")
-                                    .arg(address, m_socket->errorString()));
+        break;
+    case Connector::Failure::Unreachable:
+        end(Cause::Unreachable,
+            tr("%1 cannot be reached: %2. Check the address and the network.").arg(address, why));
+        break;
+    case Connector::Failure::NotWebSocket:
+        end(Cause::ProtocolError, tr("%1 answers, but not as a robot: %2. Check whether the port "
+                                     "is the robot's.")
+                                      .arg(address, why));
+        break;
+    }
 }
 
-void Client::endOpen()
+void Client::endOpen(CloseCode code, const QString& reason)
 {
     const QString address = m_address.toString();
-    const QString reason = m_socket->closeReason();
-    switch (m_socket->closeCode()) {
-    case QWebSocketProtocol::CloseCodeProtocolError:
-    case QWebSocketProtocol::CloseCodeDatatypeNotSupported:
-    case QWebSocketProtocol::CloseCodeWrongDatatype:
-    case QWebSocketProtocol::CloseCodeTooMuchData:
+    switch (code) {
+    case CloseCode::ProtocolError:
+    case CloseCode::WrongDatatype:
+    case CloseCode::NotUtf8:
+    case CloseCode::TooLarge:
         end(Cause::ProtocolError, tr("The link to %1 was closed, as one end did not understand the "
                                      "other: %2. Check whether both have the same version.")
                                       .arg(address, reason));
         break;
     default:
-        lose();
+        if (reason.isEmpty())
+            lose();
+        else
+            end(Cause::Lost, tr("%1 closed the link: %2.").arg(address, reason));
     }
 }
 
@@ -273,11 +294,17 @@ void Client::end(Cause cause, const QString& text)
 /// inside one of its signals.
 void Client::releaseSocket()
 {
-    if (!m_socket)
+    m_nextTurn.stop();
+    if (Connector* const connector = std::exchange(m_connector, nullptr)) {
+        connector->disconnect(this);
+        connector->setParent(nullptr);
+        connector->abort();
+        connector->deleteLater();
+    }
+    Socket* const socket = std::exchange(m_socket, nullptr);
+    if (!socket)
         return;
-    QWebSocket* socket = std::exchange(m_socket, nullptr);
     socket->disconnect(this);
-    socket->disconnect(&m_deadline);
     socket->setParent(nullptr);
     socket->abort();
     socket->deleteLater();
@@ -292,16 +319,57 @@ bool Client::send(const QCborMap& message)
 {
     if (m_state != State::Open)
         return false;
-    m_socket->sendTextMessage(QString::fromUtf8(protocol::encodeText(message)));
-    return m_state == State::Open; // writing may show that the link is gone
+    m_socket->send(Opcode::Text, protocol::encodeText(message));
+    return true;
 }
 
-void Client::receive(const std::optional<QCborMap>& message, const QString& error)
+/// Handles what has come, as much as there is time for.
+void Client::takeTurn()
 {
+    QElapsedTimer time;
+    time.start();
+    const QPointer<Client> alive(this);
+    const QPointer<Socket> socket(m_socket);
+    while (alive && socket && socket == m_socket) {
+        if (time.elapsed() >= turnMilliseconds) {
+            m_nextTurn.start(0);
+            return;
+        }
+        const std::optional<Socket::Item> item = m_socket->take();
+        if (!item)
+            return;
+        receive(*item);
+    }
+}
+
+void Client::receive(const Socket::Item& item)
+{
+    if (item.leftOut > 0) {
+        Q_EMIT statusReceived(QStringLiteral("error"), leftOutText(item), QString());
+        return;
+    }
+    if (item.opcode != Opcode::Text && item.opcode != Opcode::Binary)
+        return;
+    QString error;
+    const std::optional<QCborMap> message = item.opcode == Opcode::Text
+                                                ? protocol::decodeText(item.data, &error)
+                                                : protocol::decodeBinary(item.data, &error);
     if (message)
         onMessage(*message);
     else
         Q_EMIT malformedReceived(error);
+}
+
+QString Client::leftOutText(const Socket::Item& item) const
+{
+    constexpr int megabyte = 1000000;
+    const QString topic = m_inbox.topicIn(item.data);
+    const QString text =
+        topic.isEmpty()
+            ? tr("A message has %1 MB and was left out; at most %2 MB are accepted.")
+            : tr("A message of %1 has %2 MB and was left out; at most %3 MB are accepted.")
+                  .arg(topic);
+    return text.arg(item.leftOut / megabyte).arg(protocol::maximumMessageSize / megabyte);
 }
 
 void Client::onMessage(const QCborMap& message)

@@ -3,18 +3,14 @@
 
 #include "rosbridge/client/Inbox.h"
 #include "rosbridge/protocol/Address.h"
+#include "rosbridge/websocket/Connector.h"
+#include "rosbridge/websocket/Socket.h"
 
-#include <QAbstractSocket>
 #include <QCborMap>
 #include <QObject>
 #include <QTimer>
 
 #include <chrono>
-#include <optional>
-
-QT_BEGIN_NAMESPACE
-class QWebSocket;
-QT_END_NAMESPACE
 
 namespace rosbridge::client {
 
@@ -115,7 +111,8 @@ Q_SIGNALS:
     void closed(rosbridge::client::Client::Cause cause, const QString& text);
 
     /// The server's "status": @p level is "info", "warning" or "error", as a rule. @p id is that of
-    /// the subscription it is about, where it is about one. A failed call has only its answer.
+    /// the subscription it is about, where it is about one. A failed call has only its answer. Also
+    /// this end's own word, an "error", on a message that is too large to be taken.
     void statusReceived(const QString& level, const QString& text, const QString& id);
 
     /// A message was not understood and is ignored; @p text says why.
@@ -127,29 +124,34 @@ protected:
     virtual void openSocket();
     virtual void onHandshake();
     virtual void onMessage(const QCborMap& message);
-    /// The socket failed, or was closed by the other end.
-    void onError(QAbstractSocket::SocketError error);
+    /// The attempt to connect failed; @p why as Connector says it.
+    void endConnecting(websocket::Connector::Failure failure, const QString& why);
     /// The other end is gone.
     void lose();
 
 private:
+    void onReadyRead();
+    void onEnded(websocket::CloseCode code, const QString& reason);
     void onDeadline();
     void ping();
-    void endConnecting(QAbstractSocket::SocketError error);
-    void endOpen();
+    void endOpen(websocket::CloseCode code, const QString& reason);
     void end(Cause cause, const QString& text);
     void releaseSocket();
 
     QString nextId(const QString& op);
     bool send(const QCborMap& message);
-    void receive(const std::optional<QCborMap>& message, const QString& error);
+    void takeTurn();
+    void receive(const websocket::Socket::Item& item);
+    QString leftOutText(const websocket::Socket::Item& item) const;
 
     Timeouts m_timeouts;
     State m_state = State::Closed;
     protocol::Address m_address;
-    QWebSocket* m_socket = nullptr; // ours, as long as the state is not Closed
+    websocket::Connector* m_connector = nullptr; // a child, while the state is not Closed
+    websocket::Socket* m_socket = nullptr;       // a child, from the handshake on
     QTimer m_pingTimer;
-    QTimer m_deadline; // connecting: for the handshake; open: for the next pong
+    QTimer m_deadline; // connecting: for the handshake; open: for the next sign of life
+    QTimer m_nextTurn; // to go on reading
     quint64 m_lastId = 0;
     Inbox m_inbox;
 };

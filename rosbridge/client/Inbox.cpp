@@ -34,6 +34,15 @@ QString Inbox::removeSubscription(const QString& id)
     return m_subscriptions.take(id).topic;
 }
 
+QString Inbox::topicIn(const QByteArray& bytes) const
+{
+    QString found; // the longest, as one name may begin with another
+    for (const Subscription& subscription : m_subscriptions)
+        if (subscription.topic.size() > found.size() && bytes.contains(subscription.topic.toUtf8()))
+            found = subscription.topic;
+    return found;
+}
+
 QHash<QString, Inbox::PendingCall> Inbox::clear()
 {
     m_subscriptions.clear();

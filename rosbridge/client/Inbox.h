@@ -50,6 +50,10 @@ public:
     /// The topic of the subscription that ends by this; empty if there was none with this id.
     QString removeSubscription(const QString& id);
 
+    /// Of the topics that are subscribed to, the one whose name stands in @p bytes, a part of a
+    /// message as it came; empty if none does.
+    QString topicIn(const QByteArray& bytes) const;
+
     /// Ends all subscriptions, and returns the calls that nothing answers any more.
     QHash<QString, PendingCall> clear();
 

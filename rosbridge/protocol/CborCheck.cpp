@@ -1,5 +1,7 @@
 #include "rosbridge/protocol/CborCheck.h"
 
+#include "rosbridge/protocol/Codec.h"
+
 namespace rosbridge::protocol {
 
 namespace {
@@ -37,6 +39,13 @@ std::optional<QString> CborCheck::fault()
     return m_fault;
 }
 
+QString CborCheck::tooManyText()
+{
+    return tr("the message has more than %1 values, or %2 texts, arrays and objects")
+        .arg(maximumValues)
+        .arg(maximumParts);
+}
+
 void CborCheck::readItem()
 {
     const unsigned head = readByte();
@@ -48,6 +57,11 @@ void CborCheck::readItem()
     }
     const unsigned major = head >> 5;
     const unsigned info = head & 0x1fU;
+    const bool isPart = major >= ByteString && major <= Tag;
+    if (++m_values > maximumValues || (isPart && ++m_parts > maximumParts)) {
+        fail(tooManyText());
+        return;
+    }
     const bool isKey = !m_open.empty() && m_open.back().isKeyNext;
     if (isKey && major != TextString) {
         fail(tr("a field's name is not text"));

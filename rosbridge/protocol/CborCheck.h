@@ -27,6 +27,9 @@ public:
     /// once.
     std::optional<QString> fault();
 
+    /// What is wrong where there are more than maximumValues or maximumParts, in any form.
+    static QString tooManyText();
+
 private:
     /// A map or an array that is not yet complete.
     struct Container
@@ -53,6 +56,8 @@ private:
     std::string_view m_data;
     int m_maximumDepth;
     size_t m_position = 0;
+    int m_values = 0;
+    int m_parts = 0;
     std::vector<Container> m_open;
     std::optional<QString> m_fault;
 };

@@ -53,6 +53,8 @@ struct JsonOutline
 {
     int depth = 0;
     qsizetype fields = 0;
+    qsizetype values = 1;
+    qsizetype parts = 0;
 };
 
 JsonOutline outlineOf(const QByteArray& json)
@@ -68,7 +70,12 @@ JsonOutline outlineOf(const QByteArray& json)
                 inString = false;
         } else if (*c == '"') {
             inString = true;
+            ++outline.parts;
+        } else if (*c == ',') {
+            ++outline.values;
         } else if (*c == '{' || *c == '[') {
+            ++outline.values;
+            ++outline.parts;
             outline.depth = std::max(outline.depth, ++depth);
         } else if (*c == '}' || *c == ']') {
             --depth;
@@ -206,6 +213,8 @@ std::optional<QCborMap> decodeText(const QByteArray& utf8Json, QString* error)
     if (outline.depth > maximumMessageDepth)
         return refuse(error,
                       Text::tr("the message nests deeper than %1 levels").arg(maximumMessageDepth));
+    if (outline.values > maximumValues || outline.parts > maximumParts)
+        return refuse(error, CborCheck::tooManyText());
 
     QJsonParseError fault;
     const QJsonDocument document = QJsonDocument::fromJson(utf8Json, &fault);

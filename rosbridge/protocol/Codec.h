@@ -20,16 +20,21 @@
 /// that subscribed with the compression "cbor".
 namespace rosbridge::protocol {
 
-/// No message in either form may be longer, in bytes; a socket's bound on what it receives too.
-/// Ample for a map or an image; a hostile message can take a hundred times as much memory.
-constexpr int maximumMessageSize = 4 * 1024 * 1024;
+/// No message in either form may be longer, in bytes; what a client takes of a robot. It fits a map
+/// of 4096 x 4096 cells as JSON, spaces between them included.
+constexpr int maximumMessageSize = 96 * 1024 * 1024;
+
+/// A value takes many times its size in memory, so that their number is bounded too: that of all
+/// values, and that of texts, arrays and objects among them.
+constexpr int maximumValues = 20 * 1000 * 1000;
+constexpr int maximumParts = 4 * 1000 * 1000;
 
 /// Maps and arrays nest no deeper than this, the message itself counted. ROS's standard
 /// messages need less than ten levels.
 constexpr int maximumMessageDepth = 32;
 
-/// Decode one message of any origin. Too large, too deep, malformed, a field given twice, data
-/// after the end or no "op" all give nothing and a reason in @p error (may be null).
+/// Decode one message of any origin. Too large, too many values, too deep, malformed, a field given
+/// twice, data after the end or no "op" all give nothing and a reason in @p error (may be null).
 std::optional<QCborMap> decodeText(const QByteArray& utf8Json, QString* error);
 std::optional<QCborMap> decodeBinary(const QByteArray& cbor, QString* error);
 

@@ -2,23 +2,23 @@
 
 #include "rosbridge/protocol/Codec.h"
 
-#include <QWebSocket>
-
 #include <algorithm>
+#include <optional>
 
 namespace rosbridge::server {
+
+using websocket::CloseCode;
+using websocket::Opcode;
+using websocket::Socket;
 
 namespace {
 
 // Enough in the socket's own buffer to keep it busy; the rest waits where it can be dropped.
-constexpr int socketBytes = 256 * 1024;
-
-// What a frame takes besides its payload; the buffer has to hold a whole frame.
-constexpr int frameOverhead = 16;
+constexpr int socketBytes = 64 * 1024;
 
 } // namespace
 
-ClientSession::ClientSession(const Peer& peer, QWebSocket* socket, const TopicRegistry& topics,
+ClientSession::ClientSession(const Peer& peer, Socket* socket, const TopicRegistry& topics,
                              const ServiceRegistry& services, const Limits& limits, QObject* parent)
     : QObject(parent),
       m_peer(peer),
@@ -27,31 +27,19 @@ ClientSession::ClientSession(const Peer& peer, QWebSocket* socket, const TopicRe
       m_outbox(limits.outboxBytes),
       m_conversation(peer, topics, services, limits,
                      [this](const EncodedMessage& frame, Outbox::Kind kind) { send(frame, kind); }),
-      m_rate(limits.messagesPerSecond, limits.messageBurst)
+      m_rate(limits.messagesPerSecond, limits.messageBurst),
+      m_byteRate(limits.bytesPerSecond, limits.byteBurst)
 {
     m_time.start();
     m_socket->setParent(this);
-    m_socket->setMaxAllowedIncomingFrameSize(static_cast<quint64>(limits.messageBytes));
-    m_socket->setMaxAllowedIncomingMessageSize(static_cast<quint64>(limits.messageBytes));
-    m_socket->setReadBufferSize(limits.messageBytes + frameOverhead);
-
-    connect(m_socket, &QWebSocket::textMessageReceived, this, [this](const QString& text) {
-        if (!isWithinRate())
-            return;
-        QString error;
-        const auto message = protocol::decodeText(text.toUtf8(), &error);
-        receive(message, error);
+    m_socket->setCloseDeadline(limits.closeDeadline);
+    connect(m_socket, &Socket::readyRead, this, [this] {
+        m_heard = now();
+        Q_EMIT readyRead();
     });
-    connect(m_socket, &QWebSocket::binaryMessageReceived, this, [this](const QByteArray& bytes) {
-        if (!isWithinRate())
-            return;
-        QString error;
-        const auto message = protocol::decodeBinary(bytes, &error);
-        receive(message, error);
-    });
-    connect(m_socket, &QWebSocket::pong, this, [this] { m_heard = now(); });
-    connect(m_socket, &QWebSocket::bytesWritten, this, &ClientSession::drain);
-    connect(m_socket, &QWebSocket::disconnected, this, &ClientSession::onDisconnected);
+    connect(m_socket, &Socket::bytesWritten, this, &ClientSession::drain);
+    connect(m_socket, &Socket::ended, this, &ClientSession::onEnded);
+    connect(m_socket, &Socket::closed, this, &ClientSession::closed);
 
     m_dueTimer.setSingleShot(true);
     m_dueTimer.setTimerType(Qt::PreciseTimer);
@@ -68,19 +56,36 @@ void ClientSession::offer(const Publication& publication)
     planSendDue();
 }
 
-void ClientSession::end(QWebSocketProtocol::CloseCode code, const QString& reason)
+void ClientSession::end(CloseCode code, const QString& reason)
 {
     if (m_isEnded)
         return;
+    m_outbox.clear(); // nothing is to delay the reason
     m_conversation.tell(Conversation::Level::Error, reason);
+    while (const std::optional<EncodedMessage> frame = m_outbox.pop())
+        write(*frame);
     finish(reason);
     m_socket->close(code, reason);
-    // Closing waits for a peer that does not read.
-    QTimer::singleShot(m_limits.closeDeadline, m_socket, [socket = m_socket] { socket->abort(); });
 }
 
-void ClientSession::receive(const std::optional<QCborMap>& message, const QString& error)
+bool ClientSession::answerNext()
 {
+    if (m_isEnded)
+        return false;
+    const std::optional<Socket::Item> item = m_socket->take();
+    if (!item || m_isEnded || !isWithinRate(*item))
+        return false;
+    if (item->opcode == Opcode::Text || item->opcode == Opcode::Binary)
+        answer(*item);
+    return !m_isEnded;
+}
+
+void ClientSession::answer(const Socket::Item& item)
+{
+    QString error;
+    const std::optional<QCborMap> message = item.opcode == Opcode::Text
+                                                ? protocol::decodeText(item.data, &error)
+                                                : protocol::decodeBinary(item.data, &error);
     if (message)
         m_conversation.handle(*message);
     else
@@ -88,16 +93,16 @@ void ClientSession::receive(const std::optional<QCborMap>& message, const QStrin
     sendDue();
 }
 
-bool ClientSession::isWithinRate()
+/// Pings and pongs count as messages.
+bool ClientSession::isWithinRate(const Socket::Item& item)
 {
-    if (m_isEnded)
-        return false;
-    m_heard = now();
-    if (m_rate.allow(m_heard))
-        return true;
-    end(QWebSocketProtocol::CloseCodePolicyViolated,
-        tr("more than %1 messages a second").arg(m_limits.messagesPerSecond));
-    return false;
+    if (!m_rate.allow(now()))
+        end(CloseCode::PolicyViolated,
+            tr("more than %1 messages a second").arg(m_limits.messagesPerSecond));
+    else if (!m_byteRate.allow(now(), static_cast<int>(item.data.size())))
+        end(CloseCode::PolicyViolated,
+            tr("more than %1 bytes a second").arg(m_limits.bytesPerSecond));
+    return !m_isEnded;
 }
 
 void ClientSession::send(const EncodedMessage& frame, Outbox::Kind kind)
@@ -125,11 +130,13 @@ void ClientSession::drain()
             m_isBehind = false;
             return;
         }
-        if (frame->encoding == Encoding::Json)
-            m_socket->sendTextMessage(QString::fromUtf8(frame->bytes));
-        else
-            m_socket->sendBinaryMessage(frame->bytes);
+        write(*frame);
     }
+}
+
+void ClientSession::write(const EncodedMessage& frame)
+{
+    m_socket->send(frame.encoding == Encoding::Json ? Opcode::Text : Opcode::Binary, frame.bytes);
 }
 
 void ClientSession::sendDue()
@@ -154,18 +161,20 @@ void ClientSession::checkPeer()
         m_socket->ping();
 }
 
-void ClientSession::onDisconnected()
+void ClientSession::onEnded(CloseCode code, const QString& reason)
 {
-    const QString reason = m_socket->closeReason();
-    finish(reason.isEmpty() ? tr("it closed the connection") : reason);
-    Q_EMIT closed();
+    if (!reason.isEmpty())
+        finish(reason);
+    else
+        finish(code == CloseCode::Abnormal ? tr("its connection broke")
+                                           : tr("it closed the connection"));
 }
 
 void ClientSession::cutOff(const QString& why)
 {
     finish(why);
     // Not at once: this may run inside a signal of the socket.
-    QTimer::singleShot(0, m_socket, [socket = m_socket] { socket->abort(); });
+    QTimer::singleShot(0, m_socket, &Socket::abort);
 }
 
 void ClientSession::finish(const QString& why)

@@ -6,17 +6,11 @@
 #include "rosbridge/server/Outbox.h"
 #include "rosbridge/server/Peer.h"
 #include "rosbridge/server/RateLimit.h"
+#include "rosbridge/websocket/Socket.h"
 
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
-#include <QWebSocketProtocol>
-
-#include <optional>
-
-QT_BEGIN_NAMESPACE
-class QWebSocket;
-QT_END_NAMESPACE
 
 namespace rosbridge::server {
 
@@ -32,7 +26,7 @@ class ClientSession : public QObject
 
 public:
     /// Takes @p socket over. The registries must outlive the session.
-    ClientSession(const Peer& peer, QWebSocket* socket, const TopicRegistry& topics,
+    ClientSession(const Peer& peer, websocket::Socket* socket, const TopicRegistry& topics,
                   const ServiceRegistry& services, const Limits& limits, QObject* parent);
 
     const Peer& peer() const { return m_peer; }
@@ -43,33 +37,40 @@ public:
     bool isSubscribed(const QString& topic) const { return m_conversation.isSubscribed(topic); }
 
     /// Tells the client why, as an error and in the close frame, and closes the connection.
-    void end(QWebSocketProtocol::CloseCode code, const QString& reason);
+    void end(websocket::CloseCode code, const QString& reason);
+
+    /// Answers the next message of the client that has come; false if there is none.
+    bool answerNext();
 
 Q_SIGNALS:
+    /// Something has come for answerNext(); the endpoint decides whose turn it is.
+    void readyRead();
     /// Once, when nothing more is read from the client; @p why is for the log.
     void ended(const QString& why);
     /// Once, after ended(): the socket is gone and the session may be deleted.
     void closed();
 
 private:
-    void receive(const std::optional<QCborMap>& message, const QString& error);
-    bool isWithinRate();
+    void answer(const websocket::Socket::Item& item);
+    bool isWithinRate(const websocket::Socket::Item& item);
     void send(const EncodedMessage& frame, Outbox::Kind kind);
     void drain();
     void sendDue();
     void planSendDue();
     void checkPeer();
-    void onDisconnected();
+    void onEnded(websocket::CloseCode code, const QString& reason);
+    void write(const EncodedMessage& frame);
     void cutOff(const QString& why);
     void finish(const QString& why);
     std::chrono::milliseconds now() const;
 
     Peer m_peer;
-    QWebSocket* m_socket; // a child
+    websocket::Socket* m_socket; // a child
     Limits m_limits;
     Outbox m_outbox;
     Conversation m_conversation;
     RateLimit m_rate;
+    RateLimit m_byteRate;
     QElapsedTimer m_time;
     std::chrono::milliseconds m_heard{0};
     QTimer m_dueTimer;

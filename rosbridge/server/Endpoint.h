@@ -3,16 +3,16 @@
 
 #include "rosbridge/server/Limits.h"
 #include "rosbridge/server/Peer.h"
+#include "rosbridge/websocket/Listener.h"
 
 #include <QCborMap>
 #include <QList>
 #include <QObject>
 #include <QStringList>
-#include <QWebSocketServer>
+#include <QTimer>
 
 QT_BEGIN_NAMESPACE
 class QHostAddress;
-class QWebSocketCorsAuthenticator;
 QT_END_NAMESPACE
 
 namespace rosbridge::server {
@@ -22,7 +22,7 @@ class ServiceRegistry;
 class TopicRegistry;
 
 /// The robot's WebSocket server: lets clients in, as many as there may be and no browser page
-/// that was not invited, and hands every topic's messages to all of them.
+/// that was not invited, answers them by turns, and hands every topic's messages to all of them.
 class Endpoint : public QObject
 {
     Q_OBJECT
@@ -58,17 +58,22 @@ Q_SIGNALS:
     void left(const Peer& peer, const QString& why);
     void originRefused(const QString& origin);
 
+    /// Nobody can be let in for now, for want of file descriptors or memory; told at most once a
+    /// minute.
+    void acceptFailed();
+
 private:
-    void admit();
-    void checkOrigin(QWebSocketCorsAuthenticator* authenticator);
-    void resumeLater();
+    void admit(websocket::Socket* socket, const QHostAddress& address, quint16 port);
+    void queue(ClientSession* session);
+    void takeTurns();
 
     TopicRegistry& m_topics;
     const ServiceRegistry& m_services;
     Limits m_limits;
-    QStringList m_allowedOrigins;
-    QWebSocketServer m_server;
+    websocket::Listener m_listener;
     QList<ClientSession*> m_sessions; // children
+    QList<ClientSession*> m_queue;    // of m_sessions, those with something to answer
+    QTimer m_turn;
     quint64 m_lastId = 0;
 };
 

@@ -31,6 +31,12 @@ std::optional<EncodedMessage> Outbox::pop()
     return frame;
 }
 
+void Outbox::clear()
+{
+    m_entries.clear();
+    m_bytes = 0;
+}
+
 bool Outbox::dropOldestTopicMessage()
 {
     const auto oldest = std::find_if(m_entries.begin(), m_entries.end(),

@@ -28,6 +28,8 @@ public:
 
     std::optional<EncodedMessage> pop();
 
+    void clear();
+
     bool isEmpty() const { return m_entries.empty(); }
 
     qint64 bytes() const { return m_bytes; }

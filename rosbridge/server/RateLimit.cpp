@@ -11,14 +11,14 @@ RateLimit::RateLimit(int perSecond, int burst)
 {
 }
 
-bool RateLimit::allow(Time now)
+bool RateLimit::allow(Time now, int amount)
 {
     m_left =
         std::min(m_burst, m_left + m_perMillisecond * static_cast<double>((now - m_last).count()));
     m_last = now;
-    if (m_left < 1.0)
+    if (m_left < amount)
         return false;
-    m_left -= 1.0;
+    m_left -= amount;
     return true;
 }
 

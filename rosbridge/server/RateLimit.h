@@ -5,7 +5,7 @@
 
 namespace rosbridge::server {
 
-/// A token bucket: so many events a second for long, and a burst after a pause.
+/// A token bucket: so many events or bytes a second for long, and a burst after a pause.
 class RateLimit
 {
 public:
@@ -13,8 +13,8 @@ public:
 
     RateLimit(int perSecond, int burst);
 
-    /// Counts one event at @p now; false if it is one too many.
-    bool allow(Time now);
+    /// Counts @p amount of them at @p now; false if that is too much.
+    bool allow(Time now, int amount = 1);
 
 private:
     double m_perMillisecond;

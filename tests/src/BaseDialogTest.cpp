@@ -77,10 +77,8 @@ void BaseDialogTest::the_parts_stand_below_each_other()
     const auto* const resolution = qobject_cast<QHBoxLayout*>(inside->itemAt(0)->layout());
     QVERIFY(resolution);
     QCOMPARE(resolution->count(), 2);
-    auto* const caption = qobject_cast<QLabel*>(resolution->itemAt(0)->widget());
-    QVERIFY(caption);
+    QVERIFY(qobject_cast<QLabel*>(resolution->itemAt(0)->widget()));
     QVERIFY(qobject_cast<QComboBox*>(resolution->itemAt(1)->widget()));
-    QCOMPARE(caption->buddy(), resolution->itemAt(1)->widget());
     QCOMPARE(resolution->stretch(0), 0);
     QCOMPARE(resolution->stretch(1), 1);
     const auto* const below = qobject_cast<QVBoxLayout*>(inside->itemAt(1)->layout());

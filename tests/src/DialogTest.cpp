@@ -215,11 +215,6 @@ void DialogTest::nothing_is_written_while_it_lives_and_dies()
         dialog->translate();
         dialog->show();
         QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
-        for (const int role : {0, 1000, 1001, 1002, 1004, 1005})
-            message(host, role, 3);
-        dialog->connected();
-        dialog->disconnected();
-        deliver(host, plugin::gui::HistoryBundleContent());
     }
     QCOMPARE(host.calls.filter("write"), QStringList());
 }

@@ -36,7 +36,7 @@ QString FaultyClient::subscribe(const QString& topic, const QString& type,
 void FaultyClient::openSocket()
 {
     if (m_isRefused)
-        onError(QAbstractSocket::ConnectionRefusedError);
+        endConnecting(rosbridge::websocket::Connector::Failure::Refused, QString());
     else
         Client::openSocket();
 }

@@ -28,7 +28,6 @@ private Q_SLOTS:
     void transactions_and_the_connection_are_the_hosts();
     void a_command_and_its_answer_pass_unchanged();
     void the_host_can_tell_which_widget_calls();
-    void the_host_can_tell_which_widget_asks_or_commands();
     void notifications_do_nothing_by_default();
     void a_widget_is_its_hosts_from_construction_to_destruction();
     void a_widget_leaves_its_host_before_its_parts_are_gone();
@@ -156,43 +155,6 @@ void DeviceWidgetTest::the_host_can_tell_which_widget_calls()
     host.throwAt = "connect";
     QVERIFY_EXCEPTION_THROWN(outer->connectDevice(), std::runtime_error);
     QVERIFY(!HostCall::caller());
-}
-
-void DeviceWidgetTest::the_host_can_tell_which_widget_asks_or_commands()
-{
-    using plugin::gui::HostCall;
-    struct WatchingHost : FakeHost
-    {
-        mutable QList<const QWidget*> callers;
-
-        Variant simulationDirectExec(const Variant&, const Variant&) override
-        {
-            callers.append(HostCall::caller());
-            return Variant();
-        }
-        QString translate(const QString& text) const override
-        {
-            callers.append(HostCall::caller());
-            return text;
-        }
-        QString currentLanguage() const override
-        {
-            callers.append(HostCall::caller());
-            return QString();
-        }
-        QAction* helpAction(const QString&) const override
-        {
-            callers.append(HostCall::caller());
-            return nullptr;
-        }
-    };
-    WatchingHost host;
-    const auto widget = widgetOn(host);
-    widget->simulationDirectExec(AddPositionRole, Variant());
-    widget->trans("text");
-    widget->currentLanguage();
-    widget->helpAction("context");
-    QCOMPARE(host.callers, QList<const QWidget*>(4, widget.get()));
 }
 
 void DeviceWidgetTest::notifications_do_nothing_by_default()

@@ -109,13 +109,10 @@ void ViewTest::the_context_menu_clears_saves_and_helps()
     QCOMPARE(found,
              entries(*standard) + QStringList({"-", clearEntry, saveEntry, "-", "Help on logs"}));
     QCOMPARE(last, &fixture.help);
-    QCOMPARE(fixture.view.actions(), QList<QAction*>{&fixture.help});
-    QCOMPARE(fixture.view.findChildren<QMenu*>(), QList<QMenu*>{standard.get()}); // it is gone
 
     fixture.view.setHelpAction(nullptr);
     QVERIFY(withContextMenu(*fixture.view.viewport(), inspect));
     QCOMPARE(found, entries(*standard) + QStringList({"-", clearEntry, saveEntry}));
-    QVERIFY(fixture.view.actions().isEmpty());
 }
 
 void ViewTest::an_empty_log_can_be_neither_cleared_nor_saved()

@@ -208,7 +208,7 @@ void ClientConnectionTest::a_frame_that_is_none_is_a_protocol_error_data()
     QTest::addColumn<QByteArray>("frame");
     QTest::newRow("reserved bits") << QByteArray("\xf1\x01x", 3);
     QTest::newRow("unknown opcode") << QByteArray("\x83\x01x", 3);
-    QTest::newRow("4 MiB and a byte") << QByteArray("\x82\x7f\0\0\0\0\x00\x40\x00\x01", 10);
+    QTest::newRow("1 GiB and a byte") << QByteArray("\x82\x7f\0\0\0\0\x40\x00\x00\x01", 10);
     QTest::newRow("greatest length") << QByteArray("\x82\x7f\x7f\xff\xff\xff\xff\xff\xff\xff", 10);
     QTest::newRow("text that is not UTF-8") << QByteArray("\x81\x02\xc3\x28", 4);
 }

@@ -75,6 +75,7 @@ private Q_SLOTS:
     void open_ended_containers_are_read();
     void nesting_is_allowed_up_to_the_limit_and_no_deeper();
     void a_message_above_the_size_limit_is_refused();
+    void too_many_values_are_refused_before_memory_is_taken();
     void a_great_claimed_length_is_refused_before_memory_is_taken();
     void every_truncation_is_refused();
     void random_bytes_never_do_harm();
@@ -419,10 +420,23 @@ void CodecTest::a_message_above_the_size_limit_is_refused()
 {
     QString error;
     QVERIFY(!decodeText(QByteArray(maximumMessageSize + 1, ' '), &error));
-    QCOMPARE(error, QStringLiteral("the message has 4194305 bytes, the limit is 4194304"));
+    QCOMPARE(error, QStringLiteral("the message has 100663297 bytes, the limit is 100663296"));
     error.clear();
     QVERIFY(!decodeBinary(QByteArray(maximumMessageSize + 1, '\0'), &error));
-    QCOMPARE(error, QStringLiteral("the message has 4194305 bytes, the limit is 4194304"));
+    QCOMPARE(error, QStringLiteral("the message has 100663297 bytes, the limit is 100663296"));
+}
+
+void CodecTest::too_many_values_are_refused_before_memory_is_taken()
+{
+    const QString tooMany = QStringLiteral("the message has more than 20000000 values, or 4000000 "
+                                           "texts, arrays and objects");
+    QString error;
+    QVERIFY(!decodeText("[" + QByteArray("[],").repeated(maximumParts) + "0]", &error));
+    QCOMPARE(error, tooMany);
+    QVERIFY(!decodeText("[" + QByteArray("0,").repeated(maximumValues) + "0]", &error));
+    QCOMPARE(error, tooMany);
+    QVERIFY(!decodeBinary("\x9f" + QByteArray(maximumParts, '\x80'), &error));
+    QVERIFY2(error.startsWith(tooMany), qPrintable(error));
 }
 
 void CodecTest::a_great_claimed_length_is_refused_before_memory_is_taken()

@@ -1,16 +1,11 @@
-#include "Controller.h"
+#include "Scene.h"
 #include "TestCase.h"
 
 #include "rosbridge/client/Client.h"
-#include "rosbridge/server/Endpoint.h"
-#include "rosbridge/server/ServiceRegistry.h"
-#include "rosbridge/server/TopicRegistry.h"
+#include "rosbridge/websocket/Socket.h"
 
-#include <QHostAddress>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QTcpSocket>
-#include <QWebSocket>
 #include <QtTest>
 
 namespace endpoint_test {
@@ -20,68 +15,10 @@ using rosbridge::client::Client;
 using rosbridge::server::Endpoint;
 using rosbridge::server::Limits;
 using rosbridge::server::Peer;
-using rosbridge::server::ServiceRegistry;
-using rosbridge::server::TopicRegistry;
 
 namespace {
 
 constexpr int patience = 30000; // many tests may share a slow machine
-const QString topic = QStringLiteral("/picture");
-
-/// An endpoint with one topic on a free port of the loopback address.
-class Scene
-{
-public:
-    explicit Scene(const Limits& limits) : endpoint(topics, services, limits)
-    {
-        topics.addPublished(topic, QStringLiteral("test/Picture"));
-        isListening = endpoint.listen(QHostAddress::LocalHost, 0);
-    }
-
-    void publish(const QByteArray& data)
-    {
-        endpoint.publish(topic, {{QStringLiteral("data"), QString::fromLatin1(data)}});
-    }
-
-    Controller control;
-    TopicRegistry topics{control};
-    ServiceRegistry services{control};
-    Endpoint endpoint;
-    bool isListening = false;
-};
-
-/// A peer that says what the test says, and neither reads nor answers a ping.
-class LazyPeer
-{
-public:
-    explicit LazyPeer(const Scene& scene)
-    {
-        m_socket.setReadBufferSize(1);
-        m_socket.connectToHost(QHostAddress::LocalHost, scene.endpoint.port());
-        m_socket.write("GET / HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
-                       "Connection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
-                       "Sec-WebSocket-Key: AAAAAAAAAAAAAAAAAAAAAA==\r\n\r\n");
-    }
-
-    /// Not before the endpoint let it in. @p text is shorter than 126 bytes.
-    void send(const QByteArray& text)
-    {
-        const QByteArray mask(4, '\0');
-        m_socket.write(QByteArray("\x81", 1) + static_cast<char>(0x80 | text.size()) + mask + text);
-    }
-
-    void beginToRead() { m_socket.setReadBufferSize(0); }
-
-    bool hasReceived(const QByteArray& text)
-    {
-        m_received += m_socket.readAll();
-        return m_received.contains(text);
-    }
-
-private:
-    QTcpSocket m_socket;
-    QByteArray m_received;
-};
 
 } // namespace
 
@@ -162,7 +99,7 @@ void EndpointTest::a_slow_reader_loses_messages_of_topics_and_disturbs_nobody()
     int received = 0;
     client.open({QStringLiteral("127.0.0.1"), scene.endpoint.port()});
     QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
-    client.subscribe(topic, QString(), Client::SubscribeOptions(),
+    client.subscribe(Scene::topic(), QString(), Client::SubscribeOptions(),
                      [&received](const QCborMap&) { ++received; });
     bool isSubscribed = false; // once a later request is answered
     client.callService(
@@ -244,7 +181,8 @@ void EndpointTest::a_peer_that_takes_no_leave_is_not_waited_for()
     QTRY_COMPARE_WITH_TIMEOUT(joined.count(), 1, patience);
     lazy.send(R"({"op": "subscribe", "topic": "/picture"})");
 
-    const QPointer<QWebSocket> socket = scene.endpoint.findChild<QWebSocket*>();
+    const QPointer<rosbridge::websocket::Socket> socket =
+        scene.endpoint.findChild<rosbridge::websocket::Socket*>();
     QVERIFY(socket);
     // Not all of it fits into the sockets' buffers, so that good-bye waits behind the rest.
     const QByteArray data(16000000, 'x');

@@ -70,7 +70,7 @@ void Feed::add(const QString& text, bool first)
 {
     const QString lines = withLineFeeds(text);
     qsizetype from = 0;
-    while (from <= lines.size() && m_room > 0) {
+    while (from <= lines.size() && m_room > 0 && m_waiting.isEmpty()) {
         const qsizetype found = lines.indexOf('\n', from);
         const qsizetype end = found < 0 ? lines.size() : found;
         insert(shortened(lines, from, end), first);

@@ -36,7 +36,7 @@ void View::contextMenuEvent(QContextMenuEvent* event)
     // The menu is the view's child: whoever deletes the view while it is open takes it along.
     const QPointer<QMenu> menu = createStandardContextMenu(event->pos());
     menu->addSeparator();
-    const bool filled = !document()->isEmpty();
+    const bool filled = !document()->isEmpty() || document()->blockCount() > 1;
     QAction* const clearAction = menu->addAction(tr("Clear"), document(), &QTextDocument::clear);
     clearAction->setEnabled(filled);
     QAction* const saveAction = menu->addAction(tr("Save as…"), this, &View::save);

@@ -1,0 +1,60 @@
+#ifndef ROSBRIDGE_WEBSOCKET_HANDSHAKE_H
+#define ROSBRIDGE_WEBSOCKET_HANDSHAKE_H
+
+#include <QByteArray>
+#include <QMap>
+
+#include <optional>
+
+QT_BEGIN_NAMESPACE
+class QIODevice;
+QT_END_NAMESPACE
+
+/// The exchange of HTTP headers that opens a WebSocket.
+namespace rosbridge::websocket {
+
+/// A longer one is read by neither end.
+constexpr int maximumHandshakeBytes = 16 * 1024;
+
+/// One end's part: the first line, and the headers by their names in lower case.
+struct Handshake
+{
+    QByteArray firstLine;
+    QMap<QByteArray, QByteArray> headers;
+
+    /// Whether the list that the header @p name holds contains @p token, in any case.
+    bool contains(const char* name, const QByteArray& token) const;
+};
+
+/// Takes the other end's part out of @p device, and nothing that follows; nothing as long as it
+/// has not come as a whole. The device's buffer must hold maximumHandshakeBytes.
+std::optional<Handshake> readHandshake(QIODevice& device);
+
+/// Whether so much has come that readHandshake() will never find an end.
+bool isHandshakeTooLong(const QIODevice& device);
+
+/// What a client asks with. @p host is the server's, with its port. @p key is drawn for this
+/// attempt.
+QByteArray request(const QByteArray& host, const QByteArray& key);
+
+/// A key for request().
+QByteArray randomKey();
+
+/// What the header "Sec-WebSocket-Accept" answers to @p key.
+QByteArray acceptFor(const QByteArray& key);
+
+/// Whether a client asks for a WebSocket as we speak it.
+bool isRequest(const Handshake& handshake);
+
+/// Whether a server agrees to request(), which went with @p key.
+bool isAgreement(const Handshake& handshake, const QByteArray& key);
+
+/// What a server agrees with to a client's @p request.
+QByteArray agreement(const Handshake& request);
+
+/// What a server refuses with; @p status is one of HTTP's, "403 Forbidden".
+QByteArray refusal(const QByteArray& status);
+
+} // namespace rosbridge::websocket
+
+#endif

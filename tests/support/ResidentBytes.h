@@ -1,0 +1,16 @@
+#ifndef QUANDREL_RESIDENTBYTES_H
+#define QUANDREL_RESIDENTBYTES_H
+
+#include <QFile>
+
+/// How much of this program is in memory; 0 where the system does not tell.
+inline qint64 residentBytes()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    constexpr qint64 pageBytes = 4096;
+    return file.readAll().split(' ').value(1).toLongLong() * pageBytes;
+}
+
+#endif
