@@ -3,6 +3,7 @@
 
 #include "robot/network/Clock.h"
 #include "robot/network/Network.h"
+#include "robot/network/RobotLimits.h"
 #include "rosbridge/server/Limits.h"
 
 #include <QObject>
@@ -32,8 +33,7 @@ class Robot : public QObject
 
 public:
     /// The same @p seed gives the same world.
-    explicit Robot(quint32 seed,
-                   const rosbridge::server::Limits& limits = rosbridge::server::Limits(),
+    explicit Robot(quint32 seed, const rosbridge::server::Limits& limits = network::robotLimits(),
                    QObject* parent = nullptr);
     ~Robot() override;
 

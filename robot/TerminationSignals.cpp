@@ -17,7 +17,7 @@ volatile std::sig_atomic_t s_writeEnd = -1;
 void wake(int)
 {
     const char byte = 0;
-    [[maybe_unused]] const ssize_t written = write(s_writeEnd, &byte, 1);
+    [[maybe_unused]] const ssize_t written = ::write(s_writeEnd, &byte, 1);
 }
 
 } // namespace

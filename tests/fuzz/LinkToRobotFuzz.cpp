@@ -3,6 +3,7 @@
 #include "Require.h"
 
 #include "robot/network/Control.h"
+#include "robot/network/RobotLimits.h"
 #include "robot/network/RosApi.h"
 #include "rosbridge/protocol/Codec.h"
 #include "rosbridge/server/Conversation.h"
@@ -21,7 +22,7 @@ namespace {
 /// Small ones, so that they are met.
 Limits limits()
 {
-    Limits limits;
+    Limits limits = robot::network::robotLimits();
     limits.textLength = 64;
     limits.subscriptions = 2;
     limits.advertisements = 1;

@@ -4,6 +4,7 @@
 #include "robot/network/Clock.h"
 #include "robot/network/LogWriter.h"
 #include "robot/network/Network.h"
+#include "robot/network/RobotLimits.h"
 #include "rosbridge/protocol/Address.h"
 
 #include <QtTest>
@@ -14,7 +15,7 @@ using robot::network::Clock;
 using robot::network::Log;
 using robot::network::LogWriter;
 using robot::network::Network;
-using rosbridge::server::Limits;
+using robot::network::robotLimits;
 
 namespace {
 
@@ -46,7 +47,7 @@ struct Scene
     }
 
     const Clock clock;
-    Network network{clock, Limits()};
+    Network network{clock, robotLimits()};
     LogWriter writer{network.log(), QStringLiteral("test")};
     std::unique_ptr<Watcher> reader;
 };

@@ -3,6 +3,7 @@
 
 #include "robot/network/Clock.h"
 #include "robot/network/Network.h"
+#include "robot/network/RobotLimits.h"
 #include "rosbridge/protocol/Address.h"
 
 #include <QSignalSpy>
@@ -12,9 +13,9 @@ namespace network_test {
 
 using robot::network::Clock;
 using robot::network::Network;
+using robot::network::robotLimits;
 using rosbridge::client::Client;
 using rosbridge::server::Access;
-using rosbridge::server::Limits;
 using rosbridge::server::Peer;
 using rosbridge::server::ServiceReply;
 
@@ -46,8 +47,8 @@ private:
 
 void NetworkTest::several_networks_in_one_process_do_not_know_each_other()
 {
-    Network first(m_clock, Limits());
-    Network second(m_clock, Limits());
+    Network first(m_clock, robotLimits());
+    Network second(m_clock, robotLimits());
     QString error;
     QVERIFY2(first.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
     QVERIFY2(second.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
@@ -64,7 +65,7 @@ void NetworkTest::several_networks_in_one_process_do_not_know_each_other()
 
 void NetworkTest::commands_are_obeyed_only_from_the_client_in_control()
 {
-    Network network(m_clock, Limits());
+    Network network(m_clock, robotLimits());
     int obeyed = 0;
     network.topics().addCommand(QStringLiteral("/drive"), QStringLiteral("test/Drive"),
                                 Access::RequiresControl, [&obeyed](const Peer&, const QCborMap&) {
@@ -106,7 +107,7 @@ void NetworkTest::commands_are_obeyed_only_from_the_client_in_control()
 
 void NetworkTest::control_is_free_when_the_robot_was_closed_and_listens_again()
 {
-    Network network(m_clock, Limits());
+    Network network(m_clock, robotLimits());
     QString error;
     QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
     Watcher first(network.port());
@@ -127,7 +128,7 @@ void NetworkTest::control_is_free_when_the_robot_was_closed_and_listens_again()
 
 void NetworkTest::what_is_published_reaches_the_subscribers()
 {
-    Network network(m_clock, Limits());
+    Network network(m_clock, robotLimits());
     const QString topic = QStringLiteral("/state");
     const QCborMap msg{{QStringLiteral("data"), 7}};
     network.topics().addPublished(topic, QStringLiteral("test/State"));
@@ -154,8 +155,8 @@ void NetworkTest::what_is_published_reaches_the_subscribers()
 
 void NetworkTest::a_taken_port_is_an_error_that_names_it()
 {
-    Network first(m_clock, Limits());
-    Network second(m_clock, Limits());
+    Network first(m_clock, robotLimits());
+    Network second(m_clock, robotLimits());
     QString error;
     QVERIFY2(first.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
     QVERIFY(!second.listen({QStringLiteral("127.0.0.1"), first.port()}, &error));
@@ -165,7 +166,7 @@ void NetworkTest::a_taken_port_is_an_error_that_names_it()
 
 void NetworkTest::an_unknown_host_is_an_error_that_names_it()
 {
-    Network network(m_clock, Limits());
+    Network network(m_clock, robotLimits());
     QString error;
     QVERIFY(!network.listen({QStringLiteral("robot.invalid"), 0}, &error));
     QVERIFY2(error.contains(QStringLiteral("robot.invalid")), qPrintable(error));

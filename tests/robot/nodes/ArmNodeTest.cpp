@@ -4,6 +4,7 @@
 #include "robot/Robot.h"
 #include "robot/network/Clock.h"
 #include "robot/network/Network.h"
+#include "robot/network/RobotLimits.h"
 #include "rosbridge/client/Client.h"
 
 #include <QCborArray>
@@ -18,9 +19,9 @@ namespace arm_node_test {
 
 using robot::network::Clock;
 using robot::network::Network;
+using robot::network::robotLimits;
 using robot::nodes::ArmNode;
 using rosbridge::client::Client;
-using rosbridge::server::Limits;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
@@ -140,7 +141,7 @@ public:
     }
 
     Clock clock;
-    Network network{clock, Limits()};
+    Network network{clock, robotLimits()};
     ArmNode node{network};
     Viewer viewer;
     milliseconds now{0};

@@ -2,6 +2,7 @@
 
 #include "robot/network/Clock.h"
 #include "robot/network/Network.h"
+#include "robot/network/RobotLimits.h"
 #include "robot/nodes/DriveNode.h"
 #include "robot/simulation/Simulation.h"
 #include "rosbridge/protocol/Codec.h"
@@ -17,10 +18,10 @@ namespace drive_node_test {
 using namespace std::chrono_literals;
 using robot::network::Clock;
 using robot::network::Network;
+using robot::network::robotLimits;
 using robot::nodes::DriveNode;
 using robot::simulation::Pose2D;
 using robot::simulation::Simulation;
-using rosbridge::server::Limits;
 using rosbridge::server::Peer;
 using rosbridge::server::ServiceReply;
 
@@ -64,7 +65,7 @@ public:
     const Peer other{2, QStringLiteral("client 2")};
     Clock clock;
     Simulation simulation{1};
-    Network network{clock, Limits()};
+    Network network{clock, robotLimits()};
     DriveNode node{network, simulation.driveBase()};
 };
 

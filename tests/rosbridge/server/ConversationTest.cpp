@@ -1,3 +1,4 @@
+#include "AmpleLimits.h"
 #include "Controller.h"
 #include "TestCase.h"
 
@@ -66,7 +67,7 @@ public:
         return sent.isEmpty() ? QString() : sent.last().value(QLatin1String("level")).toString();
     }
 
-    Limits limits;
+    Limits limits = ampleLimits();
     Controller control;
     TopicRegistry topics{control};
     ServiceRegistry services{control};

@@ -1,3 +1,4 @@
+#include "AmpleLimits.h"
 #include "ResidentBytes.h"
 #include "Scene.h"
 #include "TestCase.h"
@@ -92,7 +93,7 @@ void EndpointFloodTest::initTestCase()
 
 void EndpointFloodTest::a_flood_of_pings_is_cut_off_and_takes_no_memory()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.pingInterval = 1h;
     Scene scene(limits);
     QVERIFY(scene.isListening);
@@ -110,7 +111,7 @@ void EndpointFloodTest::a_flood_of_pings_is_cut_off_and_takes_no_memory()
 
 void EndpointFloodTest::a_message_of_endless_empty_frames_is_cut_off()
 {
-    Scene scene{Limits()};
+    Scene scene{ampleLimits()};
     QVERIFY(scene.isListening);
     QSignalSpy joined(&scene.endpoint, &Endpoint::joined);
     QSignalSpy left(&scene.endpoint, &Endpoint::left);
@@ -125,7 +126,7 @@ void EndpointFloodTest::a_message_of_endless_empty_frames_is_cut_off()
 
 void EndpointFloodTest::a_request_without_end_is_cut_off()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.handshakeDeadline = 1h;
     const Scene scene(limits);
     QVERIFY(scene.isListening);
@@ -154,7 +155,7 @@ void EndpointFloodTest::a_client_over_the_rate_is_told_and_closed()
     QFETCH(int, size);
     QFETCH(int, count);
     QFETCH(QByteArray, reason);
-    Scene scene{Limits()};
+    Scene scene{ampleLimits()};
     QVERIFY(scene.isListening);
     QSignalSpy joined(&scene.endpoint, &Endpoint::joined);
     LazyPeer peer(scene);
@@ -171,7 +172,7 @@ void EndpointFloodTest::a_client_over_the_rate_is_told_and_closed()
 
 void EndpointFloodTest::a_frame_that_is_not_masked_is_a_violation()
 {
-    Scene scene{Limits()};
+    Scene scene{ampleLimits()};
     QVERIFY(scene.isListening);
     LazyPeer peer(scene);
     peer.beginToRead();
@@ -182,7 +183,7 @@ void EndpointFloodTest::a_frame_that_is_not_masked_is_a_violation()
 void EndpointFloodTest::clients_are_answered_by_turns()
 {
     constexpr int clients = 15;
-    Scene scene{Limits()};
+    Scene scene{ampleLimits()};
     QVERIFY(scene.isListening);
     int answers = 0; // since the timer had its turn
     int most = 0;
@@ -217,7 +218,7 @@ void EndpointFloodTest::clients_are_answered_by_turns()
 
 void EndpointFloodTest::whatever_a_peer_sends_is_a_sign_of_life()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.pingInterval = 50ms;
     limits.peerDeadline = 1s;
     Scene scene(limits);
@@ -239,7 +240,7 @@ void EndpointFloodTest::whatever_a_peer_sends_is_a_sign_of_life()
 
 void EndpointFloodTest::no_more_connections_than_there_may_be_are_kept()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.clients = 1;
     limits.handshakeDeadline = 300ms;
     Scene scene(limits);
@@ -257,7 +258,7 @@ void EndpointFloodTest::no_more_connections_than_there_may_be_are_kept()
 
 void EndpointFloodTest::without_file_descriptors_it_waits_and_says_so_once()
 {
-    Scene scene{Limits()};
+    Scene scene{ampleLimits()};
     QVERIFY(scene.isListening);
     QSignalSpy joined(&scene.endpoint, &Endpoint::joined);
     QSignalSpy failed(&scene.endpoint, &Endpoint::acceptFailed);

@@ -1,3 +1,4 @@
+#include "AmpleLimits.h"
 #include "Scene.h"
 #include "TestCase.h"
 
@@ -49,7 +50,7 @@ void EndpointTest::initTestCase()
 
 void EndpointTest::a_peer_that_does_not_answer_pings_is_lost()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.pingInterval = 50ms;
     limits.peerDeadline = 200ms;
     Scene scene(limits);
@@ -64,7 +65,7 @@ void EndpointTest::a_peer_that_does_not_answer_pings_is_lost()
 
 void EndpointTest::a_peer_that_answers_pings_is_not_lost()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.pingInterval = 50ms;
     limits.peerDeadline = 2s;
     Scene scene(limits);
@@ -82,7 +83,7 @@ void EndpointTest::a_peer_that_answers_pings_is_not_lost()
 
 void EndpointTest::a_slow_reader_loses_messages_of_topics_and_disturbs_nobody()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.outboxBytes = 1100000;
     limits.peerDeadline = 1h;
     Scene scene(limits);
@@ -124,7 +125,7 @@ void EndpointTest::a_slow_reader_loses_messages_of_topics_and_disturbs_nobody()
 
 void EndpointTest::a_client_that_reads_no_answers_is_cut_off()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.outboxBytes = 4096;
     limits.messagesPerSecond = 1000000;
     limits.messageBurst = 1000000;
@@ -152,9 +153,9 @@ void EndpointTest::a_client_that_reads_no_answers_is_cut_off()
 void EndpointTest::an_unfinished_handshake_is_not_waited_for()
 {
     // Qt's own deadline would end both connections, and both at the same time.
-    Limits patient;
+    Limits patient = ampleLimits();
     patient.handshakeDeadline = 1h;
-    Limits impatient;
+    Limits impatient = ampleLimits();
     impatient.handshakeDeadline = 100ms;
     const Scene patientScene(patient);
     const Scene impatientScene(impatient);
@@ -172,7 +173,7 @@ void EndpointTest::an_unfinished_handshake_is_not_waited_for()
 
 void EndpointTest::a_peer_that_takes_no_leave_is_not_waited_for()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.closeDeadline = 100ms;
     Scene scene(limits);
     QVERIFY(scene.isListening);
@@ -197,9 +198,9 @@ void EndpointTest::a_peer_that_takes_no_leave_is_not_waited_for()
 
 void EndpointTest::a_port_in_use_is_an_error()
 {
-    Scene first{Limits()};
+    Scene first{ampleLimits()};
     QVERIFY(first.isListening);
-    Endpoint second(first.topics, first.services, Limits());
+    Endpoint second(first.topics, first.services, ampleLimits());
     QVERIFY(!second.listen(QHostAddress::LocalHost, first.endpoint.port()));
     QVERIFY(!second.errorString().isEmpty());
     QCOMPARE(second.port(), quint16(0));
@@ -207,7 +208,7 @@ void EndpointTest::a_port_in_use_is_an_error()
 
 void EndpointTest::it_listens_again_after_it_was_closed()
 {
-    Scene scene{Limits()};
+    Scene scene{ampleLimits()};
     const quint16 port = scene.endpoint.port();
     Client client;
     QSignalSpy closed(&client, &Client::closed);
@@ -230,7 +231,7 @@ void EndpointTest::it_may_be_deleted_with_clients()
     Client client;
     QSignalSpy closed(&client, &Client::closed);
     {
-        const Scene scene{Limits()};
+        const Scene scene{ampleLimits()};
         client.open({QStringLiteral("127.0.0.1"), scene.endpoint.port()});
         QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
     }

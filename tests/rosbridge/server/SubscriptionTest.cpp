@@ -1,3 +1,4 @@
+#include "AmpleLimits.h"
 #include "TestCase.h"
 
 #include "rosbridge/protocol/Codec.h"
@@ -59,7 +60,7 @@ private:
 
 void SubscriptionTest::without_a_throttle_every_message_is_sent_at_once()
 {
-    Subscription subscription(m_name, Limits());
+    Subscription subscription(m_name, ampleLimits());
     subscription.request(noId(), {0ms, 0, Encoding::Json});
     QVERIFY(!subscription.due());
     for (int i = 0; i < 3; ++i) {
@@ -72,7 +73,7 @@ void SubscriptionTest::without_a_throttle_every_message_is_sent_at_once()
 
 void SubscriptionTest::a_throttle_drops_what_comes_too_early()
 {
-    Subscription subscription(m_name, Limits());
+    Subscription subscription(m_name, ampleLimits());
     subscription.request(noId(), {100ms, 0, Encoding::Json});
     subscription.offer(number(1), 0ms);
     QCOMPARE(taken(subscription, 0ms), 1);
@@ -87,7 +88,7 @@ void SubscriptionTest::a_throttle_drops_what_comes_too_early()
 
 void SubscriptionTest::a_queue_keeps_what_comes_too_early()
 {
-    Subscription subscription(m_name, Limits());
+    Subscription subscription(m_name, ampleLimits());
     subscription.request(noId(), {100ms, 2, Encoding::Json});
     subscription.offer(number(1), 10ms);
     QCOMPARE(taken(subscription, 10ms), 1);
@@ -104,7 +105,7 @@ void SubscriptionTest::a_queue_keeps_what_comes_too_early()
 
 void SubscriptionTest::a_full_queue_loses_its_oldest_message()
 {
-    Subscription subscription(m_name, Limits());
+    Subscription subscription(m_name, ampleLimits());
     subscription.request(noId(), {100ms, 2, Encoding::Json});
     subscription.offer(number(0), 0ms);
     QCOMPARE(taken(subscription, 0ms), 0);
@@ -117,7 +118,7 @@ void SubscriptionTest::a_full_queue_loses_its_oldest_message()
 
 void SubscriptionTest::a_queue_is_no_longer_than_the_limit()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.queueLength = 3;
     Subscription subscription(m_name, limits);
     subscription.request(noId(), {100ms, 1000000, Encoding::Json});
@@ -131,7 +132,7 @@ void SubscriptionTest::a_queue_is_no_longer_than_the_limit()
 
 void SubscriptionTest::a_queue_is_no_larger_than_the_limit()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.queueBytes = 2 * static_cast<int>(number(1).frame(m_name, Encoding::Json).bytes.size());
     Subscription subscription(m_name, limits);
     subscription.request(noId(), {100ms, 10, Encoding::Json});
@@ -146,7 +147,7 @@ void SubscriptionTest::a_queue_is_no_larger_than_the_limit()
 
 void SubscriptionTest::a_single_message_is_kept_whatever_its_size()
 {
-    Limits limits;
+    Limits limits = ampleLimits();
     limits.queueBytes = 1;
     Subscription subscription(m_name, limits);
     subscription.request(noId(), {100ms, 10, Encoding::Json});
@@ -157,7 +158,7 @@ void SubscriptionTest::a_single_message_is_kept_whatever_its_size()
 
 void SubscriptionTest::the_lowest_throttle_and_the_longest_queue_count()
 {
-    Subscription subscription(m_name, Limits());
+    Subscription subscription(m_name, ampleLimits());
     subscription.request(QStringLiteral("a"), {100ms, 0, Encoding::Json});
     subscription.request(QStringLiteral("b"), {300ms, 2, Encoding::Json});
     for (int i = 1; i <= 3; ++i)
@@ -169,7 +170,7 @@ void SubscriptionTest::the_lowest_throttle_and_the_longest_queue_count()
 
 void SubscriptionTest::what_is_cancelled_counts_no_more()
 {
-    Subscription subscription(m_name, Limits());
+    Subscription subscription(m_name, ampleLimits());
     subscription.request(QStringLiteral("a"), {0ms, 0, Encoding::Cbor});
     subscription.request(7, {100ms, 0, Encoding::Json});
     QVERIFY(subscription.contains(QStringLiteral("a")));
@@ -186,7 +187,7 @@ void SubscriptionTest::what_is_cancelled_counts_no_more()
 
 void SubscriptionTest::a_request_with_the_same_id_replaces_the_earlier()
 {
-    Subscription subscription(m_name, Limits());
+    Subscription subscription(m_name, ampleLimits());
     subscription.request(noId(), {0ms, 0, Encoding::Json});
     subscription.request(noId(), {100ms, 0, Encoding::Json});
     QCOMPARE(subscription.requestCount(), 1);
@@ -198,7 +199,7 @@ void SubscriptionTest::a_request_with_the_same_id_replaces_the_earlier()
 
 void SubscriptionTest::the_encoding_is_cbor_if_any_request_asks_for_it()
 {
-    Subscription subscription(m_name, Limits());
+    Subscription subscription(m_name, ampleLimits());
     subscription.request(1, {0ms, 0, Encoding::Cbor});
     subscription.request(2, {0ms, 0, Encoding::Json});
     subscription.offer(number(1), 0ms);
