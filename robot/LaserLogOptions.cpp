@@ -10,7 +10,7 @@ using recording::Replay;
 
 LaserLogOptions::LaserLogOptions()
     : m_laserLogOption(QStringLiteral("laser-log"),
-                       tr("Replay the laser scans recorded in FILE over and over, in place of the "
+                       tr("Replay the laser scans recorded in FILE repeatedly, in place of the "
                           "simulated laser."),
                        QStringLiteral("FILE")),
       m_rateOption(QStringLiteral("rate"),

@@ -1986,7 +1986,7 @@
         <translation>--rate: „%1“ ist keine Zahl von %2 bis %3</translation>
     </message>
     <message>
-        <source>Replay the laser scans recorded in FILE over and over, in place of the simulated laser.</source>
+        <source>Replay the laser scans recorded in FILE repeatedly, in place of the simulated laser.</source>
         <translation>Spielt die in FILE aufgezeichneten Laserscans immer wieder ab, anstelle des simulierten Lasers.</translation>
     </message>
     <message>
@@ -2017,7 +2017,7 @@
         <translation>kein Client hat die Steuerung; rufen Sie zuerst /control/acquire auf</translation>
     </message>
     <message>
-        <source>%1 is in control; it has to call /control/release first</source>
+        <source>%1 is in control; it must call /control/release first</source>
         <translation>%1 hat die Steuerung und muss zuerst /control/release aufrufen</translation>
     </message>
     <message>
@@ -2112,7 +2112,7 @@
         <translation>data muss true oder false sein</translation>
     </message>
     <message>
-        <source>control was given back: the arm stops</source>
+        <source>control was released: the arm stops</source>
         <translation>die Steuerung wurde abgegeben: Der Arm hält an</translation>
     </message>
 </context>
@@ -2161,14 +2161,14 @@
         <translation>%1: %2 weitere Zeilen können nicht gelesen werden</translation>
     </message>
     <message>
-        <source>replaying %1: %2 scans, at %3 times the speed they were recorded at</source>
-        <translation>%1 wird abgespielt: %2 Scans, mit dem %3-Fachen der Geschwindigkeit, mit der sie aufgenommen wurden</translation>
+        <source>replaying %1: %2 scans at %3 times the recorded speed</source>
+        <translation>%1 wird abgespielt: %2 Scans mit dem %3-Fachen der aufgenommenen Geschwindigkeit</translation>
     </message>
 </context>
 <context>
     <name>robot::nodes::RosMessages</name>
     <message>
-        <source>a geometry_msgs/Twist has no field &quot;%1&quot;; there it has %2</source>
+        <source>geometry_msgs/Twist has no field &quot;%1&quot;; it has %2 there</source>
         <translation>geometry_msgs/Twist hat kein Feld „%1“; dort hat es %2</translation>
     </message>
     <message>
@@ -2218,7 +2218,7 @@
 <context>
     <name>robot::recording::LineReader</name>
     <message>
-        <source>the line ends after %1 words, too early</source>
+        <source>the line ends too early, after %1 words</source>
         <translation>die Zeile endet nach %1 Wörtern zu früh</translation>
     </message>
     <message>
@@ -2241,7 +2241,7 @@
         <translation>Die Aufzeichnung %1 kann nicht gelesen werden: %2.</translation>
     </message>
     <message>
-        <source>The recording %1 is larger than %2 bytes. Cut it into parts.</source>
+        <source>The recording %1 is larger than %2 bytes. Split it.</source>
         <translation>Die Aufzeichnung %1 ist größer als %2 Bytes. Teilen Sie sie auf.</translation>
     </message>
     <message>
@@ -2253,19 +2253,19 @@
         <translation>die Zeile beginnt mit %1, was weder eine CARMEN-Nachricht noch eine Zeit in Mikrosekunden ist</translation>
     </message>
     <message>
-        <source>The scans of the recording %1 need more than %2 bytes of memory. Cut it into parts.</source>
+        <source>The scans of the recording %1 need more than %2 bytes of memory. Split it.</source>
         <translation>Die Scans der Aufzeichnung %1 brauchen mehr als %2 Bytes Speicher. Teilen Sie sie auf.</translation>
     </message>
     <message>
-        <source>It must be a CARMEN log with FLASER or ROBOTLASER1 lines, or a table with 683 ranges a line.</source>
+        <source>It must be a CARMEN log with FLASER or ROBOTLASER1 lines, or a table with 683 ranges per line.</source>
         <translation>Sie muss ein CARMEN-Log mit FLASER- oder ROBOTLASER1-Zeilen sein oder eine Tabelle mit 683 Entfernungen je Zeile.</translation>
     </message>
     <message>
-        <source>The first of its bad lines: %1.</source>
-        <translation>Die erste ihrer schlechten Zeilen: %1.</translation>
+        <source>Its first invalid line: %1.</source>
+        <translation>Ihre erste ungültige Zeile: %1.</translation>
     </message>
     <message>
-        <source>The recording %1 holds no laser scan. %2</source>
+        <source>The recording %1 contains no laser scan. %2</source>
         <translation>Die Aufzeichnung %1 enthält keinen Laserscan. %2</translation>
     </message>
 </context>
@@ -2330,7 +2330,7 @@
         <translation>Leitung %1 ist aus</translation>
     </message>
     <message>
-        <source>it is there already</source>
+        <source>it is already there</source>
         <translation>sie ist schon dort</translation>
     </message>
     <message>
@@ -2446,8 +2446,8 @@
 <context>
     <name>rosbridge::client::Inbox</name>
     <message>
-        <source>the op &quot;%1&quot; is not one for a client</source>
-        <translation>die Operation „%1“ ist keine für einen Client</translation>
+        <source>the operation &quot;%1&quot; is not for clients</source>
+        <translation>die Operation „%1“ ist nicht für Clients</translation>
     </message>
     <message>
         <source>&quot;publish&quot; needs a text &quot;topic&quot; and an object &quot;msg&quot;</source>
@@ -2477,7 +2477,7 @@
         <translation>Die Adresse des Roboters ist leer: Schreiben Sie einen Hostnamen oder eine IP-Adresse, zum Beispiel %1:%2.</translation>
     </message>
     <message>
-        <source>The address &quot;%1&quot; contains a blank: remove it.</source>
+        <source>The address &quot;%1&quot; contains a space: remove it.</source>
         <translation>Die Adresse „%1“ enthält ein Leerzeichen: Entfernen Sie es.</translation>
     </message>
     <message>
@@ -2485,8 +2485,8 @@
         <translation>Der Adresse „%1“ fehlt die schließende Klammer: Schreiben Sie [IPv6-Adresse] oder [IPv6-Adresse]:Port.</translation>
     </message>
     <message>
-        <source>The address &quot;%1&quot; is not understood: brackets hold an IPv6 address, and only &quot;:port&quot; may follow them.</source>
-        <translation>Die Adresse „%1“ ist nicht zu verstehen: Klammern enthalten eine IPv6-Adresse, und nur „:Port“ darf ihnen folgen.</translation>
+        <source>The address &quot;%1&quot; is not understood: put only an IPv6 address in brackets, and only &quot;:port&quot; after them.</source>
+        <translation>Die Adresse „%1“ ist nicht zu verstehen: In Klammern darf nur eine IPv6-Adresse stehen und danach nur „:Port“.</translation>
     </message>
     <message>
         <source>The address &quot;%1&quot; can be read in two ways: put the IPv6 address in brackets, [IPv6 address] or [IPv6 address]:port.</source>
@@ -2512,28 +2512,28 @@
         <translation>der Name eines Feldes ist kein Text</translation>
     </message>
     <message>
-        <source>only arrays and objects may be of open length</source>
-        <translation>nur Listen und Objekte dürfen von offener Länge sein</translation>
+        <source>only arrays and objects may have indefinite length</source>
+        <translation>nur Listen und Objekte dürfen von unbestimmter Länge sein</translation>
     </message>
     <message>
-        <source>the simple value %1 has no meaning here</source>
-        <translation>der einfache Wert %1 hat hier keine Bedeutung</translation>
+        <source>the simple value %1 is not supported</source>
+        <translation>der einfache Wert %1 wird nicht unterstützt</translation>
     </message>
     <message>
-        <source>the field &quot;%1&quot; is given twice</source>
-        <translation>das Feld „%1“ ist zweimal angegeben</translation>
+        <source>the field &quot;%1&quot; occurs twice</source>
+        <translation>das Feld „%1“ kommt zweimal vor</translation>
     </message>
     <message>
         <source>the tag %1 is not that of a typed array</source>
         <translation>das Tag %1 ist nicht das einer getypten Liste</translation>
     </message>
     <message>
-        <source>a typed array is not made of a byte string</source>
-        <translation>eine getypte Liste besteht nicht aus einer Bytefolge</translation>
+        <source>a typed array is not a byte string</source>
+        <translation>eine getypte Liste ist keine Bytefolge</translation>
     </message>
     <message>
-        <source>an end that nothing waits for</source>
-        <translation>ein Ende, auf das nichts wartet</translation>
+        <source>an unexpected end marker</source>
+        <translation>eine unerwartete Endmarke</translation>
     </message>
     <message>
         <source>the data ends too early</source>
@@ -2567,8 +2567,8 @@
         <translation>die Nachricht hat kein Textfeld „op“</translation>
     </message>
     <message>
-        <source>a value with the tag %1 is no array of numbers that can be read here</source>
-        <translation>ein Wert mit dem Tag %1 ist keine Zahlenliste, die hier gelesen werden kann</translation>
+        <source>a value with the tag %1 is not a supported array of numbers</source>
+        <translation>ein Wert mit dem Tag %1 ist keine unterstützte Zahlenliste</translation>
     </message>
     <message>
         <source>the typed array has %1 bytes, not a multiple of its element&apos;s %2</source>
@@ -2615,8 +2615,8 @@
         <translation>die Nachricht ist kein JSON-Objekt</translation>
     </message>
     <message>
-        <source>the message gives a field twice</source>
-        <translation>die Nachricht gibt ein Feld zweimal an</translation>
+        <source>the message contains a field twice</source>
+        <translation>die Nachricht enthält ein Feld zweimal</translation>
     </message>
     <message>
         <source>the data is not valid CBOR: %1, at byte %2</source>
@@ -2744,7 +2744,7 @@
         <translation>dieser Client hat „%1“ nicht angemeldet</translation>
     </message>
     <message>
-        <source>the robot takes commands on &quot;%1&quot; and publishes nothing there</source>
+        <source>the robot accepts commands on &quot;%1&quot; and publishes nothing there</source>
         <translation>der Roboter nimmt auf „%1“ Befehle an und veröffentlicht dort nichts</translation>
     </message>
     <message>
@@ -2752,12 +2752,12 @@
         <translation>ein Client darf höchstens %1 Abonnements haben</translation>
     </message>
     <message>
-        <source>queue_length is reduced to %1, the most there is</source>
-        <translation>queue_length ist auf %1 verringert, mehr gibt es nicht</translation>
+        <source>queue_length is reduced to %1, the maximum</source>
+        <translation>queue_length ist auf %1 verringert, das Höchste</translation>
     </message>
     <message>
-        <source>fragment_size is ignored, messages come whole</source>
-        <translation>fragment_size wird nicht beachtet, Nachrichten kommen ganz</translation>
+        <source>fragment_size is ignored, messages are sent whole</source>
+        <translation>fragment_size wird nicht beachtet, Nachrichten werden ganz gesendet</translation>
     </message>
     <message>
         <source>subscribed to &quot;%1&quot;</source>
@@ -2798,8 +2798,8 @@
 <context>
     <name>rosbridge::server::Request</name>
     <message>
-        <source>%1 must be there, and not empty</source>
-        <translation>%1 muss da und darf nicht leer sein</translation>
+        <source>%1 is required and must not be empty</source>
+        <translation>%1 ist erforderlich und darf nicht leer sein</translation>
     </message>
     <message>
         <source>%1 must be a whole number from 0 to %2</source>
@@ -2840,8 +2840,8 @@
         <translation>dieser Roboter hat kein Topic „%1“; /rosapi/topics listet sie auf</translation>
     </message>
     <message>
-        <source>the robot itself publishes &quot;%1&quot; and takes no message there</source>
-        <translation>der Roboter selbst veröffentlicht „%1“ und nimmt dort keine Nachricht an</translation>
+        <source>the robot itself publishes &quot;%1&quot; and accepts no messages there</source>
+        <translation>der Roboter selbst veröffentlicht „%1“ und nimmt dort keine Nachrichten an</translation>
     </message>
 </context>
 <context>

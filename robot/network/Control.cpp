@@ -37,7 +37,7 @@ QString Control::refusal(const rosbridge::server::Peer& peer) const
     if (!m_holder)
         return tr("no client is in control; call /control/acquire first");
     if (m_holder != peer)
-        return tr("%1 is in control; it has to call /control/release first").arg(m_holder->name);
+        return tr("%1 is in control; it must call /control/release first").arg(m_holder->name);
     return QString();
 }
 

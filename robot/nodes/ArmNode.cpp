@@ -81,7 +81,7 @@ QString ArmNode::move(const QCborMap& trajectory)
 void ArmNode::stop()
 {
     if (m_arm.stop())
-        report({true, tr("control was given back: the arm stops")});
+        report({true, tr("control was released: the arm stops")});
 }
 
 void ArmNode::report(const Answer& answer)

@@ -38,10 +38,8 @@ bool LaserNode::setLog(const QString& file, double rate, QStringList* problems, 
     if (more > 0)
         problems->append(tr("%1: %2 further lines cannot be read").arg(file).arg(more));
     m_problems = *problems;
-    m_announcement = tr("replaying %1: %2 scans, at %3 times the speed they were recorded at")
-                         .arg(file)
-                         .arg(count)
-                         .arg(rate);
+    m_announcement =
+        tr("replaying %1: %2 scans at %3 times the recorded speed").arg(file).arg(count).arg(rate);
     m_replay = std::move(replay);
     m_laser.setOn(false);
     return true;

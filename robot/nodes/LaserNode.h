@@ -31,7 +31,7 @@ public:
     /// Both must stay as long as clients may come.
     LaserNode(network::Network& network, simulation::Laser& laser);
 
-    /// From now on replays the scans of @p file, over and over, @p rate times as fast as they were
+    /// From now on replays the scans of @p file repeatedly, @p rate times as fast as they were
     /// recorded. Returns false if that cannot be done, and @p error says why; @p problems are the
     /// lines that could not be read, for the user.
     bool setLog(const QString& file, double rate, QStringList* problems, QString* error);

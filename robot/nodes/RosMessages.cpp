@@ -75,7 +75,7 @@ bool hasOnly(const QCborMap& map, const QStringList& names, const QString& prefi
     for (auto field = map.cbegin(); field != map.cend(); ++field) {
         if (names.contains(field.key().toString()))
             continue;
-        *error = Text::tr("a geometry_msgs/Twist has no field \"%1\"; there it has %2")
+        *error = Text::tr("geometry_msgs/Twist has no field \"%1\"; it has %2 there")
                      .arg(prefix + field.key().toString(), names.join(QStringLiteral(", ")));
         return false;
     }

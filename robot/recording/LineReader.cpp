@@ -21,7 +21,7 @@ LineReader::LineReader(const Tokens& tokens, QString* reason) : m_tokens(tokens)
 void LineReader::skip(size_t count)
 {
     if (count > left())
-        fail(tr("the line ends after %1 words, too early").arg(m_tokens.size()));
+        fail(tr("the line ends too early, after %1 words").arg(m_tokens.size()));
     else
         m_position += count;
 }

@@ -98,7 +98,7 @@ std::optional<Recording> Recording::read(QIODevice& device, const QString& name,
         for (std::string_view part = line; isPart(part, limits) && bytes <= limits.fileSize;)
             part = readLine();
         if (bytes > limits.fileSize) {
-            setError(error, tr("The recording %1 is larger than %2 bytes. Cut it into parts.")
+            setError(error, tr("The recording %1 is larger than %2 bytes. Split it.")
                                 .arg(name, QString::number(limits.fileSize)));
             return std::nullopt;
         }
@@ -126,22 +126,21 @@ std::optional<Recording> Recording::read(QIODevice& device, const QString& name,
             continue;
         memory += memoryOf(*scan);
         if (memory > limits.memory) {
-            setError(error,
-                     tr("The scans of the recording %1 need more than %2 bytes of memory. Cut it "
-                        "into parts.")
-                         .arg(name, QString::number(limits.memory)));
+            setError(
+                error,
+                tr("The scans of the recording %1 need more than %2 bytes of memory. Split it.")
+                    .arg(name, QString::number(limits.memory)));
             return std::nullopt;
         }
         recording.scans.push_back(*std::move(scan));
     }
 
     if (recording.scans.empty()) {
-        const QString why =
-            recording.problems.isEmpty()
-                ? tr("It must be a CARMEN log with FLASER or ROBOTLASER1 lines, or "
-                     "a table with 683 ranges a line.")
-                : tr("The first of its bad lines: %1.").arg(recording.problems.first());
-        setError(error, tr("The recording %1 holds no laser scan. %2").arg(name, why));
+        const QString why = recording.problems.isEmpty()
+                                ? tr("It must be a CARMEN log with FLASER or ROBOTLASER1 lines, or "
+                                     "a table with 683 ranges per line.")
+                                : tr("Its first invalid line: %1.").arg(recording.problems.first());
+        setError(error, tr("The recording %1 contains no laser scan. %2").arg(name, why));
         return std::nullopt;
     }
     return recording;

@@ -169,7 +169,7 @@ QString Arm::hindrance(int axis) const
     if (!m_isLineEnabled.at(line))
         return tr("line %1 is off").arg(line + 1);
     if (m_axes.at(axis).target == m_axes.at(axis).position)
-        return tr("it is there already");
+        return tr("it is already there");
     if (m_axes.at(axis).speed == 0.0)
         return tr("its speed is 0");
     return QString();

@@ -59,7 +59,7 @@ void Inbox::receive(const QCborMap& message)
     else if (op == QLatin1String("status"))
         receiveStatus(message);
     else
-        Q_EMIT malformedReceived(tr("the op \"%1\" is not one for a client").arg(op));
+        Q_EMIT malformedReceived(tr("the operation \"%1\" is not for clients").arg(op));
 }
 
 void Inbox::receivePublish(const QCborMap& message)

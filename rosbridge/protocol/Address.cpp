@@ -52,7 +52,7 @@ std::optional<Address> Address::parse(const QString& text, QString* error)
                           .arg(defaultPort));
     static const QRegularExpression blank(QStringLiteral("\\s"));
     if (text.contains(blank))
-        return refuse(tr("The address \"%1\" contains a blank: remove it.").arg(text));
+        return refuse(tr("The address \"%1\" contains a space: remove it.").arg(text));
 
     QString host = text;
     std::optional<QString> port;
@@ -65,8 +65,8 @@ std::optional<Address> Address::parse(const QString& text, QString* error)
         host = text.mid(1, bracket - 1);
         const QString rest = text.mid(bracket + 1);
         if (!isIpv6(host) || (!rest.isEmpty() && !rest.startsWith(u':')))
-            return refuse(tr("The address \"%1\" is not understood: brackets hold an IPv6 address, "
-                             "and only \":port\" may follow them.")
+            return refuse(tr("The address \"%1\" is not understood: put only an IPv6 address in "
+                             "brackets, and only \":port\" after them.")
                               .arg(text));
         if (!rest.isEmpty())
             port = rest.mid(1);

@@ -71,7 +71,7 @@ void CborCheck::readItem()
     if (m_fault)
         return;
     if (!argument && major != Array && major != Map) {
-        fail(tr("only arrays and objects may be of open length"));
+        fail(tr("only arrays and objects may have indefinite length"));
         return;
     }
     switch (major) {
@@ -96,7 +96,7 @@ void CborCheck::readItem()
     default:
         // false, true, null and undefined, or a number of 2, 4 or 8 bytes
         if (info < 20 || info == 24)
-            fail(tr("the simple value %1 has no meaning here").arg(*argument));
+            fail(tr("the simple value %1 is not supported").arg(*argument));
         else
             completeItem();
     }
@@ -108,7 +108,7 @@ void CborCheck::readText(quint64 length, bool isKey)
     if (m_fault)
         return;
     if (isKey && !m_open.back().keys.insert(text).second) {
-        fail(tr("the field \"%1\" is given twice")
+        fail(tr("the field \"%1\" occurs twice")
                  .arg(QString::fromUtf8(text.data(), static_cast<int>(text.size()))));
         return;
     }
@@ -125,10 +125,10 @@ void CborCheck::readTag(quint64 tag)
     checkDepth(); // in JSON it is an array like any other
     const unsigned head = readByte();
     if (!m_fault && head >> 5 != ByteString)
-        fail(tr("a typed array is not made of a byte string"));
+        fail(tr("a typed array is not a byte string"));
     const std::optional<quint64> length = m_fault ? std::nullopt : readArgument(head & 0x1fU);
     if (!m_fault && !length)
-        fail(tr("only arrays and objects may be of open length"));
+        fail(tr("only arrays and objects may have indefinite length"));
     if (m_fault)
         return;
     readBytes(*length);
@@ -140,7 +140,7 @@ void CborCheck::readBreak()
     // In a map, an end is due only where a key is.
     if (m_open.empty() || !m_open.back().isOpenEnded ||
         m_open.back().isMap != m_open.back().isKeyNext) {
-        fail(tr("an end that nothing waits for"));
+        fail(tr("an unexpected end marker"));
         return;
     }
     m_open.pop_back();

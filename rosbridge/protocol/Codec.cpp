@@ -129,9 +129,9 @@ std::optional<QVector<double>> typedNumbers(const QCborValue& array, QString* er
     const unsigned sizeExponent = (tag & 0x03U) + (isFloat ? 1 : 0);
     const int size = 1 << sizeExponent;
     if (tag < 64 || tag > 86 || tag == 76 || tag == 83 || !array.taggedValue().isByteArray())
-        return refuse(error, Text::tr("a value with the tag %1 is no array of numbers that can be "
-                                      "read here")
-                                 .arg(tag));
+        return refuse(
+            error,
+            Text::tr("a value with the tag %1 is not a supported array of numbers").arg(tag));
     if (bytes.size() % size != 0)
         return refuse(error, Text::tr("the typed array has %1 bytes, not a multiple of its "
                                       "element's %2")
@@ -228,7 +228,7 @@ std::optional<QCborMap> decodeText(const QByteArray& utf8Json, QString* error)
     // The parser keeps one of two fields of the same name; then the text had more of them.
     const QCborMap message = QCborMap::fromJsonObject(document.object());
     if (fieldCount(message) != outline.fields)
-        return refuse(error, Text::tr("the message gives a field twice"));
+        return refuse(error, Text::tr("the message contains a field twice"));
     return withOp(message, error);
 }
 

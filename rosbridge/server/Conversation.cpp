@@ -207,7 +207,7 @@ void Conversation::subscribe(Request& request)
         request.fail(TopicRegistry::unknown(name));
     else if (topic->handler)
         request.fail(
-            tr("the robot takes commands on \"%1\" and publishes nothing there").arg(name));
+            tr("the robot accepts commands on \"%1\" and publishes nothing there").arg(name));
     else if (!type.isEmpty() && protocol::canonicalType(type) != topic->type)
         request.fail(tr("the type of \"%1\" is %2, not %3").arg(name, topic->type, type));
     else if (isNew && requestCount() >= m_limits.subscriptions)
@@ -224,9 +224,9 @@ void Conversation::subscribe(Request& request)
         subscription->second.offer(*topic->last, Time(0)); // any time will do for the first
     if (queueLength > m_limits.queueLength)
         status(request, Level::Warning,
-               tr("queue_length is reduced to %1, the most there is").arg(m_limits.queueLength));
+               tr("queue_length is reduced to %1, the maximum").arg(m_limits.queueLength));
     if (!request.value("fragment_size").isUndefined())
-        status(request, Level::Warning, tr("fragment_size is ignored, messages come whole"));
+        status(request, Level::Warning, tr("fragment_size is ignored, messages are sent whole"));
     status(request, Level::Info, tr("subscribed to \"%1\"").arg(name));
 }
 

@@ -16,7 +16,7 @@ QString Request::text(const char* field)
 {
     QString text = optionalText(field);
     if (text.isEmpty())
-        fail(tr("%1 must be there, and not empty").arg(QLatin1String(field)));
+        fail(tr("%1 is required and must not be empty").arg(QLatin1String(field)));
     return text;
 }
 

@@ -61,7 +61,7 @@ QString TopicRegistry::unknown(const QString& name)
 
 QString TopicRegistry::notForClients(const QString& name)
 {
-    return tr("the robot itself publishes \"%1\" and takes no message there").arg(name);
+    return tr("the robot itself publishes \"%1\" and accepts no messages there").arg(name);
 }
 
 } // namespace rosbridge::server

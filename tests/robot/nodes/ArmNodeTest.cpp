@@ -462,7 +462,7 @@ void ArmNodeTest::the_arm_stops_when_control_is_released()
     QVERIFY(rig.viewer.call("/control/release").ok);
     rig.pass(seconds(1));
     QVERIFY(isNear(rig.viewer.position(0), 10.0));
-    QCOMPARE(rig.viewer.log().last(), QStringLiteral("2 control was given back: the arm stops"));
+    QCOMPARE(rig.viewer.log().last(), QStringLiteral("2 control was released: the arm stops"));
 }
 
 void ArmNodeTest::the_arm_stops_when_the_client_in_control_is_gone()
@@ -475,9 +475,9 @@ void ArmNodeTest::the_arm_stops_when_the_client_in_control_is_gone()
     Viewer other;
     QVERIFY(other.join(rig.network.port()));
     rig.viewer.client.close();
-    QTRY_COMPARE_WITH_TIMEOUT(
-        other.log(), QStringList(QStringLiteral("2 control was given back: the arm stops")),
-        patience);
+    QTRY_COMPARE_WITH_TIMEOUT(other.log(),
+                              QStringList(QStringLiteral("2 control was released: the arm stops")),
+                              patience);
     rig.node.step(rig.now += seconds(1));
     QVERIFY(other.catchUp());
     QVERIFY(isNear(other.position(0), 10.0));

@@ -240,7 +240,7 @@ void RecordingTest::a_bad_line_is_reported_and_skipped_data()
     const auto carmen = [&log](const char* name, const QByteArray& bad, const char* reason) {
         QTest::newRow(name) << log << bad << reason;
     };
-    carmen("no count", "FLASER", "the line ends after 1 words");
+    carmen("no count", "FLASER", "the line ends too early, after 1 words");
     carmen("negative count", flaser("-1 2"), "num_readings, word 2, is \"-1\"");
     carmen("huge count", flaser("99999999999999999999 2"), "num_readings, word 2");
     carmen("count beyond the line", flaser("1000000 2"), "num_readings, word 2, is \"1000000\"");
@@ -265,9 +265,10 @@ void RecordingTest::a_bad_line_is_reported_and_skipped_data()
     carmen("numbers in a log", "12 13", "the line begins with \"12\"");
     carmen("zeros", QByteArray(10, '\0'), "the line begins with \"??????????\"");
     carmen("placeholder", flaser("1 %4"), "is \"%4\" and not a number from 0");
-    QTest::newRow("table: too short") << table << QByteArray("5 6 7") << "the line ends after 3";
+    QTest::newRow("table: too short")
+        << table << QByteArray("5 6 7") << "the line ends too early, after 3";
     QTest::newRow("table: a range short")
-        << table << table.left(table.lastIndexOf(' ')) << "the line ends after 706";
+        << table << table.left(table.lastIndexOf(' ')) << "the line ends too early, after 706";
     QTest::newRow("table: nan") << table << tableLine("1", "nan")
                                 << "a range, word 707, is \"nan\"";
     QTest::newRow("table: negative") << table << tableLine("1", "-1") << "a range, word 707";
@@ -341,7 +342,7 @@ void RecordingTest::what_holds_no_scan_is_an_error()
     QFETCH(QString, reason);
     QString error;
     QVERIFY(!read(bytes, &error));
-    QVERIFY2(error.startsWith("The recording test.log holds no laser scan."), qPrintable(error));
+    QVERIFY2(error.startsWith("The recording test.log contains no laser scan."), qPrintable(error));
     QVERIFY2(error.contains(reason), qPrintable(error));
 }
 
@@ -375,8 +376,7 @@ void RecordingTest::a_file_without_end_is_refused()
     QString error;
     QVERIFY(!Recording::read(QStringLiteral("/dev/zero"), limits, &error));
     QCOMPARE(error,
-             QStringLiteral("The recording /dev/zero is larger than 1000000 bytes. Cut it into "
-                            "parts."));
+             QStringLiteral("The recording /dev/zero is larger than 1000000 bytes. Split it."));
 }
 
 void RecordingTest::more_scans_than_the_limit_are_refused()
@@ -387,7 +387,7 @@ void RecordingTest::more_scans_than_the_limit_are_refused()
     QVERIFY(read((flaser("1 2") + '\n').repeated(10), &error, limits));
     QVERIFY(!read((flaser("1 2") + '\n').repeated(1000), &error, limits));
     QCOMPARE(error, QStringLiteral("The scans of the recording test.log need more than 10000 bytes "
-                                   "of memory. Cut it into parts."));
+                                   "of memory. Split it."));
 }
 
 void RecordingTest::the_fuzzers_seeds_are_recordings_or_errors()

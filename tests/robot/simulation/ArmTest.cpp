@@ -218,7 +218,7 @@ void ArmTest::the_limits_themselves_can_be_reached()
     QCOMPARE(position(arm, 8), 300.0);
     const Arm::Answer again = arm.move({{Arm::name(8), Arm::maximumPosition, Arm::maximumSpeed}});
     QVERIFY(again.success);
-    QCOMPARE(again.message, QStringLiteral("not moving: axis 9 (it is there already)"));
+    QCOMPARE(again.message, QStringLiteral("not moving: axis 9 (it is already there)"));
     QVERIFY(arm.move({{Arm::name(8), 0.0, Arm::maximumSpeed}}).success);
     arm.step(seconds(1000000));
     QCOMPARE(position(arm, 8), 0.0);

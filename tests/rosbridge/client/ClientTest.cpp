@@ -226,8 +226,8 @@ void ClientTest::a_message_that_is_not_understood_is_reported_and_ignored_data()
     text("hello", "the text is not valid JSON: illegal value, at byte 1");
     text("[]", "the message is not a JSON object");
     text("{}", "the message has no text field \"op\"");
-    text(R"({"op":"fragment"})", "the op \"fragment\" is not one for a client");
-    text(R"({"op":"call_service"})", "the op \"call_service\" is not one for a client");
+    text(R"({"op":"fragment"})", "the operation \"fragment\" is not for clients");
+    text(R"({"op":"call_service"})", "the operation \"call_service\" is not for clients");
     const char* publish = "\"publish\" needs a text \"topic\" and an object \"msg\"";
     text(R"({"op":"publish"})", publish);
     text(R"({"op":"publish","topic":1,"msg":{}})", publish);
@@ -240,8 +240,7 @@ void ClientTest::a_message_that_is_not_understood_is_reported_and_ignored_data()
     const char* status = "\"status\" needs a text \"level\" and a text \"msg\"";
     text(R"({"op":"status","level":1,"msg":"a"})", status);
     text(R"({"op":"status","level":"error"})", status);
-    QTest::newRow("binary") << QByteArray("\xff") << true
-                            << "an end that nothing waits for, at byte 1";
+    QTest::newRow("binary") << QByteArray("\xff") << true << "an unexpected end marker, at byte 1";
     QTest::newRow("empty binary") << QByteArray("") << true << "the data ends too early, at byte 0";
 }
 

@@ -88,13 +88,13 @@ void AddressTest::an_invalid_address_is_refused_with_its_text_and_a_remedy_data(
 
     const QString host = "The address \"%1\" is not understood: write a host name or an IP "
                          "address, followed by \":port\" if the port is not 9090.";
-    const QString blank = "The address \"%1\" contains a blank: remove it.";
+    const QString blank = "The address \"%1\" contains a space: remove it.";
     const QString port = "The port \"%2\" in the address \"%1\" is not valid: write a number from "
                          "1 to 65535.";
     const QString bracket = "The address \"%1\" lacks the closing bracket: write [IPv6 address] or "
                             "[IPv6 address]:port.";
-    const QString inside = "The address \"%1\" is not understood: brackets hold an IPv6 address, "
-                           "and only \":port\" may follow them.";
+    const QString inside = "The address \"%1\" is not understood: put only an IPv6 address in "
+                           "brackets, and only \":port\" after them.";
     const QString twoWays = "The address \"%1\" can be read in two ways: put the IPv6 address in "
                             "brackets, [IPv6 address] or [IPv6 address]:port.";
 

@@ -228,20 +228,12 @@ void CodecTest::floats_are_not_read_from_anything_else_data()
     row("array inside", "820180", "element 1 is an array, not a number");
     row("cut element", "d85543000000",
         "the typed array has 3 bytes, not a multiple of its element's 4");
-    row("float128", "d85340",
-        "a value with the tag 83 is no array of numbers that can be read "
-        "here");
-    row("float128 little", "d85740",
-        "a value with the tag 87 is no array of numbers that can be "
-        "read here");
-    row("reserved", "d84c40",
-        "a value with the tag 76 is no array of numbers that can be read "
-        "here");
-    row("other tag", "d86300",
-        "a value with the tag 99 is no array of numbers that can be read here");
+    row("float128", "d85340", "a value with the tag 83 is not a supported array of numbers");
+    row("float128 little", "d85740", "a value with the tag 87 is not a supported array of numbers");
+    row("reserved", "d84c40", "a value with the tag 76 is not a supported array of numbers");
+    row("other tag", "d86300", "a value with the tag 99 is not a supported array of numbers");
     row("typed array of text", "d8556131",
-        "a value with the tag 85 is no array of numbers that "
-        "can be read here");
+        "a value with the tag 85 is not a supported array of numbers");
 }
 
 void CodecTest::floats_are_not_read_from_anything_else()
@@ -290,11 +282,11 @@ void CodecTest::a_bad_text_is_refused_with_a_reason_data()
     row("[1,2]", "the message is not a JSON object");
     row("{}", "the message has no text field \"op\"");
     row("{\"op\":1}", "the message has no text field \"op\"");
-    row("{\"op\":\"x\",\"op\":\"y\"}", "the message gives a field twice");
-    row("{\"op\":\"x\",\"\\u006fp\":\"y\"}", "the message gives a field twice");
-    row("{\"op\":\"x\",\"a\":[{\"b\":1,\"c\":2,\"b\":1}]}", "the message gives a field twice");
-    row("{\"op\":\"x\",\"a\":{\"b\":{\"c\":1}},\"a\":1}", "the message gives a field twice");
-    row("{\"op\":\"x\",\"\xc3\xa9\":1,\"\xc3\xa9\":1}", "the message gives a field twice");
+    row("{\"op\":\"x\",\"op\":\"y\"}", "the message contains a field twice");
+    row("{\"op\":\"x\",\"\\u006fp\":\"y\"}", "the message contains a field twice");
+    row("{\"op\":\"x\",\"a\":[{\"b\":1,\"c\":2,\"b\":1}]}", "the message contains a field twice");
+    row("{\"op\":\"x\",\"a\":{\"b\":{\"c\":1}},\"a\":1}", "the message contains a field twice");
+    row("{\"op\":\"x\",\"\xc3\xa9\":1,\"\xc3\xa9\":1}", "the message contains a field twice");
 }
 
 void CodecTest::a_bad_text_is_refused_with_a_reason()
@@ -327,9 +319,9 @@ void CodecTest::bad_binary_data_are_refused_with_a_reason_data()
     row("op no text", hex("a1626f7001"), "the message has no text field \"op\"");
     row("trailing data", cborWith(hex("0100")), "data follows the message's end, at byte 9");
     row("second value", hex("a1626f706161a0"), "data follows the message's end, at byte 6");
-    row("field twice", hex("a2626f706161626f706162"), "the field \"op\" is given twice, at byte 9");
+    row("field twice", hex("a2626f706161626f706162"), "the field \"op\" occurs twice, at byte 9");
     row("inner field twice", cborWith(hex("81a2617901617901")),
-        "the field \"y\" is given twice, at byte 15");
+        "the field \"y\" occurs twice, at byte 15");
     row("key a number", hex("a10101"), "a field's name is not text, at byte 2");
     row("key bytes", hex("a1416101"), "a field's name is not text, at byte 2");
     row("key a container", hex("a1a001"), "a field's name is not text, at byte 2");
@@ -339,26 +331,25 @@ void CodecTest::bad_binary_data_are_refused_with_a_reason_data()
     row("greatest tag", cborWith(hex("dbffffffffffffffff00")),
         "the tag 18446744073709551615 is not that of a typed array, at byte 17");
     row("typed array of text", cborWith(hex("d8556131")),
-        "a typed array is not made of a byte string, at byte 11");
+        "a typed array is not a byte string, at byte 11");
     row("tag in tag", cborWith(hex("d855d85540")),
-        "a typed array is not made of a byte string, at byte 11");
+        "a typed array is not a byte string, at byte 11");
     row("tag at the end", cborWith(hex("d855")), "the data ends too early, at byte 10");
     row("chunked typed array", cborWith(hex("d8555f40ff")),
-        "only arrays and objects may be of open length, at byte 11");
+        "only arrays and objects may have indefinite length, at byte 11");
     row("chunked text", cborWith(hex("7f6161ff")),
-        "only arrays and objects may be of open length, at byte 9");
+        "only arrays and objects may have indefinite length, at byte 9");
     row("chunked bytes", cborWith(hex("5f4161ff")),
-        "only arrays and objects may be of open length, at byte 9");
+        "only arrays and objects may have indefinite length, at byte 9");
     row("open-ended number", cborWith(hex("1f")),
-        "only arrays and objects may be of open length, at byte 9");
-    row("lonely end", hex("ff"), "an end that nothing waits for, at byte 1");
-    row("end in a counted array", cborWith(hex("8201ff")),
-        "an end that nothing waits for, at byte 11");
-    row("end in place of a value", hex("bf626f70ff"), "an end that nothing waits for, at byte 5");
+        "only arrays and objects may have indefinite length, at byte 9");
+    row("lonely end", hex("ff"), "an unexpected end marker, at byte 1");
+    row("end in a counted array", cborWith(hex("8201ff")), "an unexpected end marker, at byte 11");
+    row("end in place of a value", hex("bf626f70ff"), "an unexpected end marker, at byte 5");
     row("undefined byte", cborWith(hex("1c")), "a byte that CBOR does not define, at byte 9");
-    row("simple value", cborWith(hex("e0")), "the simple value 0 has no meaning here, at byte 9");
+    row("simple value", cborWith(hex("e0")), "the simple value 0 is not supported, at byte 9");
     row("long simple value", cborWith(hex("f8ff")),
-        "the simple value 255 has no meaning here, at byte 10");
+        "the simple value 255 is not supported, at byte 10");
     row("cut number", cborWith(hex("1b00000000")), "the data ends too early, at byte 13");
     row("invalid UTF-8", cborWith(hex("62c328")), "the data is not valid CBOR: ");
 }
