@@ -4,19 +4,19 @@
 <context>
     <name>host::device::Device</name>
     <message>
-        <source>The stored setting &quot;%1&quot; in %2 is of another type than this program expects. The default is used: set it again, or correct the file.</source>
-        <translation>Die gespeicherte Einstellung „%1“ in %2 ist von einem anderen Typ, als dieses Programm erwartet. Es gilt die Vorgabe: Stellen Sie sie neu ein, oder berichtigen Sie die Datei.</translation>
+        <source>The stored setting &quot;%1&quot; in %2 has the wrong type. The default is used: set it again, or correct the file.</source>
+        <translation>Die gespeicherte Einstellung „%1“ in %2 hat den falschen Typ. Es gilt die Vorgabe: Stellen Sie sie neu ein, oder berichtigen Sie die Datei.</translation>
     </message>
     <message>
         <source>Scans are shown as they arrive while the device is connected.</source>
         <translation>Solange das Gerät verbunden ist, werden die Scans angezeigt, wie sie eintreffen.</translation>
     </message>
     <message>
-        <source>The arm&apos;s position was not stored: the robot has not told where all axes are. Connect to a robot with an arm and try again.</source>
-        <translation>Die Armposition wurde nicht gespeichert: Der Roboter hat nicht mitgeteilt, wo alle Achsen stehen. Verbinden Sie sich mit einem Roboter mit Arm und versuchen Sie es erneut.</translation>
+        <source>The arm&apos;s position was not stored: the positions of some axes are unknown. Connect to a robot with an arm and try again.</source>
+        <translation>Die Armposition wurde nicht gespeichert: Die Positionen einiger Achsen sind unbekannt. Verbinden Sie sich mit einem Roboter mit Arm und versuchen Sie es erneut.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; was not changed: the device refuses what is written.</source>
+        <source>&quot;%1&quot; was not changed: the device refuses writes.</source>
         <translation>„%1“ wurde nicht geändert: Das Gerät verweigert das Schreiben.</translation>
     </message>
 </context>
@@ -70,8 +70,8 @@
         <translation>Das Gerät ist nicht verbunden.</translation>
     </message>
     <message>
-        <source>Another client is in control of the robot. To take over, connect again when it has left.</source>
-        <translation>Ein anderer Client hat die Steuerung des Roboters. Um sie zu übernehmen, verbinden Sie erneut, sobald er gegangen ist.</translation>
+        <source>Another client is in control of the robot. To take over, reconnect when it has disconnected.</source>
+        <translation>Ein anderer Client hat die Steuerung des Roboters. Um sie zu übernehmen, verbinden Sie erneut, sobald er sich getrennt hat.</translation>
     </message>
 </context>
 <context>
@@ -97,26 +97,26 @@
         <translation>Verbunden mit %1.</translation>
     </message>
     <message>
-        <source>Connected to %1, passive: another client is in control (%2). To take over, connect again when it has left.</source>
-        <translation>Verbunden mit %1, passiv: Ein anderer Client hat die Steuerung (%2). Um sie zu übernehmen, verbinden Sie erneut, sobald er gegangen ist.</translation>
+        <source>Connected to %1, passive: another client is in control (%2). To take over, reconnect when it has disconnected.</source>
+        <translation>Verbunden mit %1, passiv: Ein anderer Client hat die Steuerung (%2). Um sie zu übernehmen, verbinden Sie erneut, sobald er sich getrennt hat.</translation>
     </message>
     <message>
-        <source>it gave no name</source>
-        <translation>er nannte keinen Namen</translation>
+        <source>name unknown</source>
+        <translation>Name unbekannt</translation>
     </message>
 </context>
 <context>
     <name>host::device::connection::Listener</name>
     <message>
-        <source>A message of the topic %1 is ignored: %2.</source>
-        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
+        <source>A message on the topic %1 was ignored: %2.</source>
+        <translation>Eine Nachricht des Topics %1 wurde ignoriert: %2.</translation>
     </message>
 </context>
 <context>
     <name>host::device::connection::Offer</name>
     <message>
-        <source>This robot does not offer %1. What stands in brackets does not work; if the robot has other names for it, enter them in Robot &gt; Names….</source>
-        <translation>Dieser Roboter bietet nicht an: %1. Was in Klammern steht, geht nicht; hat der Roboter andere Namen dafür, tragen Sie sie unter „Roboter &gt; Namen…“ ein.</translation>
+        <source>This robot does not offer %1. The functions in brackets are unavailable; if the robot has other names for them, enter them in Robot &gt; Names….</source>
+        <translation>Dieser Roboter bietet nicht an: %1. Die Funktionen in Klammern sind nicht verfügbar; hat der Roboter andere Namen dafür, tragen Sie sie unter „Roboter &gt; Namen…“ ein.</translation>
     </message>
     <message>
         <source>%1 as %2, but as %3 (%4)</source>
@@ -138,60 +138,60 @@
         <translation>die Bildrate der Kamera</translation>
     </message>
     <message>
-        <source>where the arm is, and storing that</source>
-        <translation>wo der Arm ist, und das Speichern davon</translation>
+        <source>the arm&apos;s position, and storing it</source>
+        <translation>die Position des Arms und ihr Speichern</translation>
     </message>
     <message>
-        <source>where the arm is going</source>
-        <translation>wohin der Arm fährt</translation>
+        <source>the arm&apos;s targets</source>
+        <translation>die Ziele des Arms</translation>
     </message>
     <message>
-        <source>whether the arm&apos;s torque is on</source>
-        <translation>ob das Drehmoment des Arms eingeschaltet ist</translation>
+        <source>the state of the arm&apos;s torque</source>
+        <translation>der Zustand des Drehmoments</translation>
     </message>
     <message>
-        <source>whether supply line 1 is on</source>
-        <translation>ob Versorgungsleitung 1 eingeschaltet ist</translation>
+        <source>the state of supply line 1</source>
+        <translation>der Zustand von Versorgungsleitung 1</translation>
     </message>
     <message>
-        <source>whether supply line 2 is on</source>
-        <translation>ob Versorgungsleitung 2 eingeschaltet ist</translation>
+        <source>the state of supply line 2</source>
+        <translation>der Zustand von Versorgungsleitung 2</translation>
     </message>
     <message>
-        <source>whether supply line 3 is on</source>
-        <translation>ob Versorgungsleitung 3 eingeschaltet ist</translation>
+        <source>the state of supply line 3</source>
+        <translation>der Zustand von Versorgungsleitung 3</translation>
     </message>
     <message>
-        <source>whether the drive is disabled</source>
-        <translation>ob der Antrieb abgeschaltet ist</translation>
+        <source>the state of the drive</source>
+        <translation>der Zustand des Antriebs</translation>
     </message>
     <message>
-        <source>where the robot is</source>
-        <translation>wo der Roboter ist</translation>
+        <source>the robot&apos;s position</source>
+        <translation>die Position des Roboters</translation>
     </message>
     <message>
         <source>the map</source>
         <translation>die Karte</translation>
     </message>
     <message>
-        <source>where the robot and its laser are on the map</source>
-        <translation>wo der Roboter und sein Laser auf der Karte sind</translation>
+        <source>the positions of the robot and its laser on the map</source>
+        <translation>die Positionen des Roboters und seines Lasers auf der Karte</translation>
     </message>
     <message>
-        <source>frames that do not move, if there are any</source>
-        <translation>unbewegte Koordinatensysteme, falls es welche gibt</translation>
+        <source>fixed frames, if any</source>
+        <translation>feste Koordinatensysteme, falls vorhanden</translation>
     </message>
     <message>
-        <source>the robot&apos;s own lines in the logs</source>
-        <translation>die eigenen Zeilen des Roboters in den Protokollen</translation>
+        <source>the robot&apos;s own log messages</source>
+        <translation>die eigenen Protokollzeilen des Roboters</translation>
     </message>
     <message>
-        <source>being the only one in control</source>
-        <translation>die alleinige Kontrolle</translation>
+        <source>exclusive control</source>
+        <translation>die alleinige Steuerung</translation>
     </message>
     <message>
-        <source>giving control back</source>
-        <translation>das Zurückgeben der Kontrolle</translation>
+        <source>releasing control</source>
+        <translation>das Abgeben der Steuerung</translation>
     </message>
     <message>
         <source>disabling the drive</source>
@@ -218,32 +218,32 @@
         <translation>das Schalten von Versorgungsleitung 3</translation>
     </message>
     <message>
-        <source>knowing which topics there are</source>
-        <translation>die Kenntnis der Topics</translation>
+        <source>the list of topics</source>
+        <translation>die Liste der Topics</translation>
     </message>
     <message>
-        <source>knowing which services there are</source>
-        <translation>die Kenntnis der Services</translation>
+        <source>the list of services</source>
+        <translation>die Liste der Services</translation>
     </message>
     <message>
-        <source>knowing which topics are published, and not just listened to</source>
-        <translation>die Kenntnis, welche Topics veröffentlicht und nicht nur abonniert werden</translation>
+        <source>the list of topics that are published</source>
+        <translation>die Liste der veröffentlichten Topics</translation>
     </message>
     <message>
-        <source>knowing whether the robot is simulated</source>
-        <translation>die Kenntnis, ob der Roboter simuliert ist</translation>
+        <source>detecting a simulated robot</source>
+        <translation>das Erkennen eines simulierten Roboters</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a name that this program uses: choose one of %2.</source>
-        <translation>„%1“ ist kein Name, den dieses Programm verwendet: Wählen Sie einen von %2.</translation>
+        <source>This program does not use the name &quot;%1&quot;: choose one of %2.</source>
+        <translation>Dieses Programm verwendet den Namen „%1“ nicht: Wählen Sie einen von %2.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; cannot be the name of a topic or service: write it as in /front/scan, each part after a &quot;/&quot;, of letters from A to Z, digits and &quot;_&quot;, and not beginning with a digit.</source>
-        <translation>„%1“ kann kein Name eines Topics oder Services sein: Schreiben Sie ihn wie in /front/scan, jeden Teil nach einem „/“, aus Buchstaben von A bis Z, Ziffern und „_“, nicht mit einer Ziffer beginnend.</translation>
+        <source>&quot;%1&quot; is not a valid name of a topic or service: write it as in /front/scan. Each part consists of letters from A to Z, digits and &quot;_&quot;, and does not begin with a digit.</source>
+        <translation>„%1“ ist kein gültiger Name eines Topics oder Services: Schreiben Sie ihn wie in /front/scan. Jeder Teil besteht aus Buchstaben von A bis Z, Ziffern und „_“ und beginnt nicht mit einer Ziffer.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no mapping of a name: write our name, &quot;:=&quot; and the robot&apos;s, as in /scan:=/base_scan.</source>
-        <translation>„%1“ ist keine Zuordnung eines Namens: Schreiben Sie unseren Namen, „:=“ und den des Roboters, wie in /scan:=/base_scan.</translation>
+        <source>&quot;%1&quot; is not a mapping: write our name, &quot;:=&quot; and the robot&apos;s, as in /scan:=/base_scan.</source>
+        <translation>„%1“ ist keine Zuordnung: Schreiben Sie unseren Namen, „:=“ und den des Roboters, wie in /scan:=/base_scan.</translation>
     </message>
     <message>
         <source>the name for &quot;%1&quot; is not text</source>
@@ -258,7 +258,7 @@
     </message>
     <message>
         <source>another client in control</source>
-        <translation>ein anderer Client hat die Kontrolle</translation>
+        <translation>ein anderer Client hat die Steuerung</translation>
     </message>
     <message>
         <source>answers %1 s late</source>
@@ -281,12 +281,12 @@
         <translation>falscher Typ: %1</translation>
     </message>
     <message>
-        <source>Faults are on: %1</source>
-        <translation>Störungen sind eingeschaltet: %1</translation>
+        <source>Active faults: %1</source>
+        <translation>Aktive Störungen: %1</translation>
     </message>
     <message>
-        <source>a pretended one</source>
-        <translation>ein vorgetäuschter</translation>
+        <source>injected fault</source>
+        <translation>herbeigeführte Störung</translation>
     </message>
 </context>
 <context>
@@ -310,8 +310,8 @@
         <translation>„%1“ ist kein Objekt mit Typ und Wert</translation>
     </message>
     <message>
-        <source>the value of &quot;%1&quot; is not of its type</source>
-        <translation>der Wert von „%1“ ist nicht von seinem Typ</translation>
+        <source>the value of &quot;%1&quot; does not match its type</source>
+        <translation>der Wert von „%1“ passt nicht zu seinem Typ</translation>
     </message>
 </context>
 <context>
@@ -348,7 +348,7 @@
         <translation>Die gespeicherten Einstellungen in %1 sind beschädigt (%2) und können nicht beiseitegelegt werden (%3). Es gelten die Vorgaben, und Änderungen werden nicht gespeichert: Berichtigen oder entfernen Sie die Datei und starten Sie neu.</translation>
     </message>
     <message>
-        <source>the folder cannot be made</source>
+        <source>the folder cannot be created</source>
         <translation>der Ordner kann nicht angelegt werden</translation>
     </message>
     <message>
@@ -415,7 +415,7 @@
         <translation>das Adressfeld bleibt gesperrt</translation>
     </message>
     <message>
-        <source>the address field does not take the keys: it holds &quot;%1&quot;</source>
+        <source>the address field does not accept the keys: it contains &quot;%1&quot;</source>
         <translation>das Adressfeld nimmt die Tasten nicht an: darin steht „%1“</translation>
     </message>
     <message>
@@ -510,8 +510,8 @@
         <translation>der Reiter hat keine Tabelle der Positionen</translation>
     </message>
     <message>
-        <source>the table has no two positions</source>
-        <translation>die Tabelle hat keine zwei Positionen</translation>
+        <source>the table has fewer than two positions</source>
+        <translation>die Tabelle hat weniger als zwei Positionen</translation>
     </message>
     <message>
         <source>editing a position</source>
@@ -522,7 +522,7 @@
         <translation>die Zelle lässt sich nicht bearbeiten</translation>
     </message>
     <message>
-        <source>the cell stays in edit</source>
+        <source>the cell stays in edit mode</source>
         <translation>die Zelle bleibt in Bearbeitung</translation>
     </message>
     <message>
@@ -588,8 +588,8 @@
         <translation>es gibt keine Hilfe</translation>
     </message>
     <message>
-        <source>the menu brings none</source>
-        <translation>das Menü bringt keine</translation>
+        <source>the menu does not open it</source>
+        <translation>das Menü öffnet sie nicht</translation>
     </message>
     <message>
         <source>watching the variables</source>
@@ -600,8 +600,8 @@
         <translation>es gibt keinen solchen Bereich</translation>
     </message>
     <message>
-        <source>it shows none</source>
-        <translation>er zeigt keine</translation>
+        <source>it is empty</source>
+        <translation>er ist leer</translation>
     </message>
     <message>
         <source>watching the calls</source>
@@ -739,28 +739,28 @@
 <context>
     <name>host::workbench::ValueText</name>
     <message>
-        <source>&quot;%1&quot; is no number that fits: write one as in -0.5, 1e-3, inf or nan.</source>
-        <translation>„%1“ ist keine passende Zahl: Schreiben Sie eine wie -0.5, 1e-3, inf oder nan.</translation>
+        <source>&quot;%1&quot; is not a valid number: write it as in -0.5, 1e-3, inf or nan.</source>
+        <translation>„%1“ ist keine gültige Zahl: Schreiben Sie sie wie -0.5, 1e-3, inf oder nan.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no whole number from %2 to %3.</source>
+        <source>&quot;%1&quot; is not a whole number from %2 to %3.</source>
         <translation>„%1“ ist keine ganze Zahl von %2 bis %3.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no truth value: write true or false.</source>
+        <source>&quot;%1&quot; is not a truth value: write true or false.</source>
         <translation>„%1“ ist kein Wahrheitswert: Schreiben Sie true oder false.</translation>
     </message>
     <message>
-        <source>A std::string holds Latin-1, which has no &quot;%1&quot;: leave it out, or choose QString.</source>
-        <translation>Ein std::string enthält Latin-1, und darin gibt es kein „%1“: Lassen Sie es weg, oder wählen Sie QString.</translation>
+        <source>A std::string is Latin-1 and cannot contain &quot;%1&quot;: leave it out, or choose QString.</source>
+        <translation>Ein std::string ist Latin-1 und kann kein „%1“ enthalten: Lassen Sie es weg, oder wählen Sie QString.</translation>
     </message>
     <message>
         <source>Number %1: %2 Numbers are separated by commas.</source>
         <translation>Zahl Nr. %1: %2 Zahlen werden durch Kommas getrennt.</translation>
     </message>
     <message>
-        <source>A list of texts is written as in [&quot;first&quot;, &quot;second&quot;].</source>
-        <translation>Eine Liste von Texten schreibt man wie [&quot;erster&quot;, &quot;zweiter&quot;].</translation>
+        <source>Write a list of texts as in [&quot;first&quot;, &quot;second&quot;].</source>
+        <translation>Schreiben Sie eine Liste von Texten wie [&quot;erster&quot;, &quot;zweiter&quot;].</translation>
     </message>
     <message>
         <source>empty</source>
@@ -794,8 +794,8 @@
         <translation>Eine von %1</translation>
     </message>
     <message>
-        <source>No widget follows a variable</source>
-        <translation>Kein Widget folgt einer Variablen</translation>
+        <source>No widget has registered a variable</source>
+        <translation>Kein Widget hat eine Variable registriert</translation>
     </message>
     <message>
         <source>Fa&amp;ults</source>
@@ -814,31 +814,31 @@
         <translation>&amp;Nächste Verbindung abweisen</translation>
     </message>
     <message>
-        <source>The next attempt to connect fails as if no robot were listening. Just that one.</source>
+        <source>The next attempt to connect fails as if no robot were listening. Only that one.</source>
         <translation>Der nächste Verbindungsversuch scheitert, als wäre kein Roboter da. Nur dieser eine.</translation>
     </message>
     <message>
         <source>&amp;Another client in control</source>
-        <translation>Anderer &amp;Client hat die Kontrolle</translation>
+        <translation>Anderer &amp;Client hat die Steuerung</translation>
     </message>
     <message>
-        <source>The device is connected passively, at once or from the next connection on: it hears the robot and cannot command it.</source>
-        <translation>Das Gerät ist passiv verbunden, sofort oder ab der nächsten Verbindung: Es hört den Roboter und kann ihm nichts befehlen.</translation>
+        <source>The device is connected passively, at once or from the next connection on: it receives data but cannot command the robot.</source>
+        <translation>Das Gerät ist passiv verbunden, sofort oder ab der nächsten Verbindung: Es empfängt Daten, kann dem Roboter aber nichts befehlen.</translation>
     </message>
     <message>
         <source>&amp;Slow answers</source>
         <translation>&amp;Langsame Antworten</translation>
     </message>
     <message>
-        <source>Connecting and each answer of the robot take that much longer. The device waits for each as long as ever: what takes more than 5 s has failed.</source>
-        <translation>Das Verbinden und jede Antwort des Roboters dauern um so viel länger. Das Gerät wartet auf jede so lange wie immer: Was länger als 5 s dauert, ist gescheitert.</translation>
+        <source>Connecting and each of the robot&apos;s answers take that much longer. The device still waits 5 s for each: anything slower fails.</source>
+        <translation>Das Verbinden und jede Antwort des Roboters dauern um so viel länger. Das Gerät wartet auf jede weiterhin 5 s: Was länger dauert, scheitert.</translation>
     </message>
     <message>
         <source>&amp;Lose messages</source>
         <translation>Nachrichten &amp;verlieren</translation>
     </message>
     <message>
-        <source>Of each topic, one in so many of the robot&apos;s messages does not arrive.</source>
+        <source>One in so many of the robot&apos;s messages on each topic does not arrive.</source>
         <translation>Von jedem Topic kommt eine von so vielen Nachrichten des Roboters nicht an.</translation>
     </message>
     <message>
@@ -854,32 +854,32 @@
         <translation>&amp;Schreiben verweigern</translation>
     </message>
     <message>
-        <source>What a widget writes into the configuration is not kept: the widget reads the old value and is told it again, and the base log says so.</source>
-        <translation>Was ein Widget in die Konfiguration schreibt, wird nicht behalten: Es liest den alten Wert und bekommt ihn noch einmal, und das Protokoll der Basis sagt es.</translation>
+        <source>What a widget writes to the configuration is discarded: the widget reads the old value and is notified of it, and the base log reports it.</source>
+        <translation>Was ein Widget in die Konfiguration schreibt, wird verworfen: Es liest den alten Wert und wird über ihn benachrichtigt, und das Protokoll der Basis meldet es.</translation>
     </message>
     <message>
         <source>Wrong &amp;type</source>
         <translation>&amp;Falscher Typ</translation>
     </message>
     <message>
-        <source>Widgets see a value of another type in the variables that are checked. The device keeps the right one.</source>
-        <translation>Widgets sehen in den angekreuzten Variablen einen Wert von einem anderen Typ. Das Gerät behält den richtigen.</translation>
+        <source>Widgets get a value of another type for the checked variables. The device keeps the right one.</source>
+        <translation>Widgets erhalten für die angekreuzten Variablen einen Wert von einem anderen Typ. Das Gerät behält den richtigen.</translation>
     </message>
     <message>
         <source>Send a &amp;message…</source>
         <translation>Nachricht sen&amp;den…</translation>
     </message>
     <message>
-        <source>All widgets get a message of any role and value.</source>
-        <translation>Alle Widgets erhalten eine Nachricht von beliebiger Rolle und beliebigem Wert.</translation>
+        <source>Sends all widgets a message of any role and value.</source>
+        <translation>Sendet allen Widgets eine Nachricht von beliebiger Rolle und beliebigem Wert.</translation>
     </message>
     <message>
         <source>&amp;End all faults</source>
         <translation>Alle Störungen &amp;beenden</translation>
     </message>
     <message>
-        <source>The device works as it should again.</source>
-        <translation>Das Gerät arbeitet wieder, wie es soll.</translation>
+        <source>The device works normally again.</source>
+        <translation>Das Gerät arbeitet wieder normal.</translation>
     </message>
     <message>
         <source>Off</source>
@@ -957,37 +957,37 @@
         <translation>&amp;Senden</translation>
     </message>
     <message>
-        <source>All widgets of the device get the message.</source>
-        <translation>Alle Widgets des Geräts erhalten die Nachricht.</translation>
+        <source>Sends the message to all widgets of the device.</source>
+        <translation>Sendet die Nachricht an alle Widgets des Geräts.</translation>
     </message>
 </context>
 <context>
     <name>host::workbench::help::HelpPanel</name>
     <message>
-        <source>This link leads out of the program: %1</source>
+        <source>This link leads outside the program: %1</source>
         <translation>Dieser Verweis führt aus dem Programm hinaus: %1</translation>
     </message>
 </context>
 <context>
     <name>host::workbench::names::NamesDialog</name>
     <message>
-        <source>Names at the robot of %1</source>
+        <source>Names used by the robot of %1</source>
         <translation>Namen beim Roboter von %1</translation>
     </message>
     <message>
-        <source>What this robot calls the topics and services that are used here. &quot;/&quot; in a field lists what the robot offers in its place; an empty field becomes the standard name again.</source>
-        <translation>Wie dieser Roboter die Topics und Services nennt, die hier verwendet werden. „/“ in einem Feld zeigt, was der Roboter dafür anbietet; ein leeres Feld erhält wieder den Standardnamen.</translation>
+        <source>Enter what this robot calls the topics and services used here. Type &quot;/&quot; in a field to list what the robot offers; clear a field to restore the standard name.</source>
+        <translation>Geben Sie ein, wie dieser Roboter die hier verwendeten Topics und Services nennt. „/“ in einem Feld zeigt, was der Roboter anbietet; ein leeres Feld erhält wieder den Standardnamen.</translation>
     </message>
     <message>
         <source>Name here</source>
         <translation>Name hier</translation>
     </message>
     <message>
-        <source>What for</source>
-        <translation>Wofür</translation>
+        <source>Purpose</source>
+        <translation>Zweck</translation>
     </message>
     <message>
-        <source>Name at the robot</source>
+        <source>Name on the robot</source>
         <translation>Name beim Roboter</translation>
     </message>
     <message>
@@ -1007,11 +1007,11 @@
         <translation>Auf Standard &amp;zurücksetzen</translation>
     </message>
     <message>
-        <source>All names become those that are used here.</source>
-        <translation>Alle Namen werden die hier verwendeten.</translation>
+        <source>Restores the names that are used here.</source>
+        <translation>Stellt die hier verwendeten Namen wieder her.</translation>
     </message>
     <message>
-        <source>Name of %1 at the robot</source>
+        <source>Name of %1 on the robot</source>
         <translation>Name von %1 beim Roboter</translation>
     </message>
     <message>
@@ -1023,8 +1023,8 @@
         <translation>nicht verbunden</translation>
     </message>
     <message>
-        <source>not told</source>
-        <translation>nicht bekannt</translation>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
     </message>
     <message>
         <source>offered</source>
@@ -1035,7 +1035,7 @@
         <translation>nicht angeboten</translation>
     </message>
     <message>
-        <source>not offered, nor needed</source>
+        <source>not offered, not needed</source>
         <translation>nicht angeboten, nicht nötig</translation>
     </message>
     <message>
@@ -1111,7 +1111,7 @@
 <context>
     <name>host::workbench::plugin::PluginLoader</name>
     <message>
-        <source>Check the path given with --plugin. Without that option the workbench loads the one that came with it.</source>
+        <source>Check the path given with --plugin. Without that option the workbench loads its own plugin.</source>
         <translation>Prüfen Sie den Pfad hinter --plugin. Ohne diese Option lädt die Werkbank das mitgelieferte Plugin.</translation>
     </message>
     <message>
@@ -1147,8 +1147,8 @@
         <translation>Das Plugin konnte nicht geladen werden</translation>
     </message>
     <message>
-        <source>The system&apos;s loader says: %1.</source>
-        <translation>Der Lader des Systems sagt: %1.</translation>
+        <source>The system&apos;s loader reports: %1.</source>
+        <translation>Der Lader des Systems meldet: %1.</translation>
     </message>
     <message>
         <source>Build the plugin again for this version of the host and of Qt, and install the libraries it needs; &quot;ldd -r&quot; on the file lists what is missing.</source>
@@ -1167,20 +1167,20 @@
         <translation>Das Plugin ist beim Start gescheitert</translation>
     </message>
     <message>
-        <source>Ask the maker of the plugin for a repaired version, or choose another plugin with --plugin.</source>
-        <translation>Bitten Sie den Hersteller des Plugins um eine reparierte Version, oder wählen Sie mit --plugin ein anderes.</translation>
+        <source>Ask the plugin&apos;s author for a fixed version, or choose another plugin with --plugin.</source>
+        <translation>Bitten Sie den Autor des Plugins um eine korrigierte Version, oder wählen Sie mit --plugin ein anderes.</translation>
     </message>
     <message>
-        <source>Its function %1 gave no interface object.</source>
+        <source>Its function %1 returned no interface object.</source>
         <translation>Seine Funktion %1 lieferte kein Schnittstellenobjekt.</translation>
     </message>
     <message>
-        <source>Its function %1 threw: %2.</source>
-        <translation>Seine Funktion %1 warf: %2.</translation>
+        <source>Its function %1 threw an exception: %2.</source>
+        <translation>Seine Funktion %1 warf eine Ausnahme: %2.</translation>
     </message>
     <message>
-        <source>Its function %1 threw something unknown.</source>
-        <translation>Seine Funktion %1 warf etwas Unbekanntes.</translation>
+        <source>Its function %1 threw an exception of an unknown type.</source>
+        <translation>Seine Funktion %1 warf eine Ausnahme unbekannten Typs.</translation>
     </message>
 </context>
 <context>
@@ -1231,8 +1231,8 @@
 <context>
     <name>host::workbench::robotview::GridMap</name>
     <message>
-        <source>is %1, which is no cell&apos;s edge in metres</source>
-        <translation>ist %1, was keine Kantenlänge einer Zelle in Metern ist</translation>
+        <source>is %1, which is not a valid cell size in metres</source>
+        <translation>ist %1, was keine gültige Zellgröße in Metern ist</translation>
     </message>
     <message>
         <source>has %1 cells, not %2 x %3</source>
@@ -1242,7 +1242,7 @@
 <context>
     <name>host::workbench::robotview::LaserRays</name>
     <message>
-        <source>its angles are no numbers</source>
+        <source>its angles are not numbers</source>
         <translation>seine Winkel sind keine Zahlen</translation>
     </message>
 </context>
@@ -1257,7 +1257,7 @@
         <translation>Den Roboter in der Mitte halten</translation>
     </message>
     <message>
-        <source>Show the whole map, or all that there is</source>
+        <source>Show the whole map, or everything there is</source>
         <translation>Die ganze Karte zeigen, oder alles, was da ist</translation>
     </message>
     <message>
@@ -1265,8 +1265,8 @@
         <translation>Die Welt des Roboters von oben</translation>
     </message>
     <message>
-        <source>The wheel, + and - zoom; dragging and the arrow keys move; Home shows all.</source>
-        <translation>Das Mausrad, + und - vergrößern und verkleinern; Ziehen und die Pfeiltasten verschieben; Pos1 zeigt alles.</translation>
+        <source>Zoom with the wheel, + and -; move by dragging or with the arrow keys; Home shows everything.</source>
+        <translation>Zoomen mit dem Mausrad, + und -; Verschieben durch Ziehen oder mit den Pfeiltasten; Pos1 zeigt alles.</translation>
     </message>
     <message>
         <source>Parts of the robot</source>
@@ -1300,8 +1300,8 @@
         <translation>Ziel</translation>
     </message>
     <message>
-        <source>Present</source>
-        <translation>Jetzt</translation>
+        <source>Current</source>
+        <translation>Aktuell</translation>
     </message>
     <message>
         <source>Camera</source>
@@ -1351,15 +1351,15 @@
 <context>
     <name>host::workbench::robotview::RobotState</name>
     <message>
-        <source>A message of the topic %1 is ignored: %2.</source>
-        <translation>Eine Nachricht des Topics %1 wird nicht beachtet: %2.</translation>
+        <source>A message on the topic %1 was ignored: %2.</source>
+        <translation>Eine Nachricht des Topics %1 wurde ignoriert: %2.</translation>
     </message>
     <message>
         <source>has %1 numbers for %2 names</source>
         <translation>hat %1 Zahlen für %2 Namen</translation>
     </message>
     <message>
-        <source>has %1, which is no position</source>
+        <source>has %1, which is not a position</source>
         <translation>hat %1, was keine Position ist</translation>
     </message>
     <message>
@@ -1383,8 +1383,8 @@
         <translation>Keine Karte</translation>
     </message>
     <message>
-        <source>The map is not shown: the robot does not tell where it is in the map&apos;s frame &quot;%1&quot;.</source>
-        <translation>Die Karte wird nicht gezeigt: Der Roboter sagt nicht, wo er im Koordinatensystem „%1“ der Karte ist.</translation>
+        <source>The map is not shown: the robot does not publish its position in the map&apos;s frame &quot;%1&quot;.</source>
+        <translation>Die Karte wird nicht gezeigt: Der Roboter veröffentlicht seine Position im Koordinatensystem „%1“ der Karte nicht.</translation>
     </message>
     <message>
         <source>No position</source>
@@ -1399,8 +1399,8 @@
         <translation>Kein Laser</translation>
     </message>
     <message>
-        <source>The laser is not shown: the robot does not tell where its frame &quot;%1&quot; is.</source>
-        <translation>Der Laser wird nicht gezeigt: Der Roboter sagt nicht, wo dessen Koordinatensystem „%1“ ist.</translation>
+        <source>The laser is not shown: the robot does not publish where the laser&apos;s frame &quot;%1&quot; is.</source>
+        <translation>Der Laser wird nicht gezeigt: Der Roboter veröffentlicht nicht, wo dessen Koordinatensystem „%1“ ist.</translation>
     </message>
     <message>
         <source>The laser&apos;s scan is %1 old.</source>
@@ -1427,18 +1427,18 @@
         <translation>%1: Der Roboter veröffentlicht %2 nicht.</translation>
     </message>
     <message>
-        <source>%1: nothing fit has come on %2 yet.</source>
-        <translation>%1: Auf %2 kam noch nichts Brauchbares.</translation>
+        <source>%1: no valid message on %2 yet.</source>
+        <translation>%1: noch keine gültige Nachricht auf %2.</translation>
     </message>
 </context>
 <context>
     <name>host::workbench::robotview::Transform</name>
     <message>
-        <source>is %1, which is no place in metres</source>
-        <translation>ist %1, was kein Ort in Metern ist</translation>
+        <source>is %1, which is not a position in metres</source>
+        <translation>ist %1, was keine Position in Metern ist</translation>
     </message>
     <message>
-        <source>is no turn: the sum of its squares is %1, not 1</source>
+        <source>is not a rotation: the sum of its squares is %1, not 1</source>
         <translation>ist keine Drehung: Die Summe der Quadrate ist %1, nicht 1</translation>
     </message>
 </context>
@@ -1449,19 +1449,19 @@
         <translation>ist leer: Es ist kein Koordinatensystem genannt</translation>
     </message>
     <message>
-        <source>the field &quot;transforms&quot; is no array</source>
+        <source>the field &quot;transforms&quot; is not an array</source>
         <translation>das Feld „transforms“ ist keine Liste</translation>
     </message>
     <message>
-        <source>in its element %1, %2</source>
-        <translation>in ihrem Element %1, %2</translation>
+        <source>in element %1, %2</source>
+        <translation>in Element %1, %2</translation>
     </message>
     <message>
-        <source>the frame &quot;%1&quot; is an ancestor of its own</source>
+        <source>the frame &quot;%1&quot; is its own ancestor</source>
         <translation>das Koordinatensystem „%1“ ist sein eigener Vorfahr</translation>
     </message>
     <message>
-        <source>it makes more than %1 frames</source>
+        <source>it results in more than %1 frames</source>
         <translation>sie ergibt mehr als %1 Koordinatensysteme</translation>
     </message>
 </context>
@@ -1495,19 +1495,19 @@
         <translation>&amp;Pause</translation>
     </message>
     <message>
-        <source>Leave the list as it is; calls are kept meanwhile.</source>
-        <translation>Die Liste bleibt, wie sie ist; Aufrufe werden unterdessen weiter festgehalten.</translation>
+        <source>Freeze the list; calls are still recorded.</source>
+        <translation>Hält die Liste an; Aufrufe werden weiter aufgezeichnet.</translation>
     </message>
     <message>
         <source>&amp;Clear</source>
         <translation>Leere&amp;n</translation>
     </message>
     <message>
-        <source>Forget all calls.</source>
-        <translation>Vergisst alle Aufrufe.</translation>
+        <source>Discard all calls.</source>
+        <translation>Verwirft alle Aufrufe.</translation>
     </message>
     <message>
-        <source>Save the calls that are shown as comma-separated values.</source>
+        <source>Save the listed calls as comma-separated values.</source>
         <translation>Speichert die angezeigten Aufrufe als durch Komma getrennte Werte.</translation>
     </message>
     <message>
@@ -1534,7 +1534,7 @@
         <translation>warf eine Ausnahme</translation>
     </message>
     <message>
-        <source>under way</source>
+        <source>in progress</source>
         <translation>läuft noch</translation>
     </message>
     <message>
@@ -1546,8 +1546,8 @@
         <translation>%1 ms</translation>
     </message>
     <message>
-        <source>The window did not react for %1 ms: a call should end within %2 ms.</source>
-        <translation>Das Fenster reagierte %1 ms lang nicht: Ein Aufruf sollte innerhalb von %2 ms enden.</translation>
+        <source>This call blocked the window for %1 ms; it should take at most %2 ms.</source>
+        <translation>Dieser Aufruf blockierte das Fenster %1 ms lang; er sollte höchstens %2 ms dauern.</translation>
     </message>
     <message>
         <source>Time</source>
@@ -1574,7 +1574,7 @@
         <translation>Ergebnis</translation>
     </message>
     <message>
-        <source>Took</source>
+        <source>Duration</source>
         <translation>Dauer</translation>
     </message>
     <message>
@@ -1676,12 +1676,12 @@
         <translation>Neuer Wert</translation>
     </message>
     <message>
-        <source>Set the variable as the device would: the plugin is told, nothing is stored, and no robot hears of it.</source>
-        <translation>Setzt die Variable, wie das Gerät es täte: Das Plugin erfährt davon, nichts wird gespeichert, und kein Roboter erfährt davon.</translation>
+        <source>Set the variable as the device would: the plugin is notified; nothing is stored or sent to the robot.</source>
+        <translation>Setzt die Variable, wie das Gerät es täte: Das Plugin wird benachrichtigt; nichts wird gespeichert oder an den Roboter gesendet.</translation>
     </message>
     <message>
-        <source>No variable chosen</source>
-        <translation>Keine Variable gewählt</translation>
+        <source>No variable selected</source>
+        <translation>Keine Variable ausgewählt</translation>
     </message>
     <message>
         <source>F&amp;ilter:</source>
@@ -1715,28 +1715,28 @@
         <translation>Das Plugin hat keine Werkzeugleiste</translation>
     </message>
     <message>
-        <source>Asked for the widget &quot;toolbar&quot;, it gave none. Without it there is no way to connect.</source>
-        <translation>Nach dem Widget „toolbar“ gefragt, lieferte es keines. Ohne dieses gibt es keinen Weg zu einer Verbindung.</translation>
+        <source>It has no widget &quot;toolbar&quot;. Without one there is no way to connect.</source>
+        <translation>Es hat kein Widget „toolbar“. Ohne dieses lässt sich keine Verbindung herstellen.</translation>
     </message>
     <message>
         <source>Choose a plugin made for this device with --plugin.</source>
         <translation>Wählen Sie mit --plugin ein Plugin, das für dieses Gerät gemacht ist.</translation>
     </message>
     <message>
-        <source>an exception of an unknown type</source>
-        <translation>eine Ausnahme unbekannten Typs</translation>
+        <source>its type is unknown</source>
+        <translation>ihr Typ ist unbekannt</translation>
     </message>
     <message>
         <source>A widget of the plugin failed</source>
         <translation>Ein Widget des Plugins ist gescheitert</translation>
     </message>
     <message>
-        <source>The widget &quot;%1&quot; ended while it was being built: %2.</source>
-        <translation>Das Widget „%1“ brach während seines Aufbaus ab: %2.</translation>
+        <source>The constructor of the widget &quot;%1&quot; threw an exception: %2.</source>
+        <translation>Der Konstruktor des Widgets „%1“ warf eine Ausnahme: %2.</translation>
     </message>
     <message>
-        <source>The rest of the window goes on without it. Ask the maker of the plugin for a repaired version.</source>
-        <translation>Der Rest des Fensters läuft ohne es weiter. Bitten Sie den Hersteller des Plugins um eine reparierte Version.</translation>
+        <source>The rest of the window works without it. Ask the plugin&apos;s author for a fixed version.</source>
+        <translation>Der Rest des Fensters funktioniert ohne es. Bitten Sie den Autor des Plugins um eine korrigierte Version.</translation>
     </message>
     <message>
         <source>&amp;Robot</source>
@@ -1761,31 +1761,31 @@
 <context>
     <name>host::workbench::window::StartPage</name>
     <message>
-        <source>This plugin brings no dialog of its own: all it offers is in the tool bar.</source>
-        <translation>Dieses Plugin bringt keinen eigenen Dialog mit: Alles, was es bietet, steht in der Werkzeugleiste.</translation>
+        <source>This plugin has no dialog: everything it offers is in the tool bar.</source>
+        <translation>Dieses Plugin hat keinen Dialog: Alles, was es bietet, steht in der Werkzeugleiste.</translation>
     </message>
     <message>
-        <source>&lt;p&gt;How to begin:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Write the robot&apos;s address into the field in the tool bar.&lt;/li&gt;&lt;li&gt;Press the connect button beside it.&lt;/li&gt;&lt;/ol&gt;</source>
-        <translation>&lt;p&gt;So fangen Sie an:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Schreiben Sie die Adresse des Roboters in das Feld in der Werkzeugleiste.&lt;/li&gt;&lt;li&gt;Drücken Sie den Verbindungsknopf daneben.&lt;/li&gt;&lt;/ol&gt;</translation>
+        <source>&lt;p&gt;Getting started:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Enter the robot&apos;s address in the field in the tool bar.&lt;/li&gt;&lt;li&gt;Press the connect button beside it.&lt;/li&gt;&lt;/ol&gt;</source>
+        <translation>&lt;p&gt;Erste Schritte:&lt;/p&gt;&lt;ol&gt;&lt;li&gt;Geben Sie die Adresse des Roboters in das Feld in der Werkzeugleiste ein.&lt;/li&gt;&lt;li&gt;Drücken Sie den Verbindungsknopf daneben.&lt;/li&gt;&lt;/ol&gt;</translation>
     </message>
     <message>
-        <source>&lt;p&gt;No robot at hand? A simulated one runs at &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Kein Roboter zur Hand? Ein simulierter läuft unter &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</translation>
+        <source>&lt;p&gt;No robot? A simulated one runs at &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Kein Roboter? Ein simulierter läuft unter &lt;b&gt;%1&lt;/b&gt;.&lt;/p&gt;</translation>
     </message>
     <message>
-        <source>&lt;p&gt;To give up, press the button again.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Um aufzugeben, drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
+        <source>&lt;p&gt;To cancel, press the button again.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Zum Abbrechen drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
     </message>
     <message>
-        <source>&lt;p&gt;To end the connection, press the button again.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Um die Verbindung zu beenden, drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
+        <source>&lt;p&gt;To disconnect, press the button again.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Zum Trennen drücken Sie den Knopf noch einmal.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
     <name>host::workbench::window::StatusLine</name>
     <message>
-        <source>How long ago the robot sent anything that it sends all the time.</source>
-        <translation>Wie lange es her ist, dass der Roboter etwas von dem gesendet hat, was er ständig sendet.</translation>
+        <source>Age of the newest data that the robot sends continuously.</source>
+        <translation>Alter der neuesten Daten, die der Roboter ständig sendet.</translation>
     </message>
     <message>
         <source>Simulated robot: %1</source>

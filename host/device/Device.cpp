@@ -103,8 +103,8 @@ void Device::loadConfig()
             continue;
         m_variables.set(VariableKind::Config, name, variable.value);
         if (!stored.isEmpty())
-            say(tr("The stored setting \"%1\" in %2 is of another type than this program expects. "
-                   "The default is used: set it again, or correct the file.")
+            say(tr("The stored setting \"%1\" in %2 has the wrong type. The default is used: set "
+                   "it again, or correct the file.")
                     .arg(QLatin1String(name), m_storage.fileName()));
     }
 }
@@ -344,8 +344,8 @@ void Device::storePose()
     const std::optional<readers::ArmPose::Axes> pose = m_sensors.armPose().axes();
     sendMessage(connection::manipulatorLogLine,
                 pose ? variables::PositionStore(*this).add(*pose)
-                     : tr("The arm's position was not stored: the robot has not told where all "
-                          "axes are. Connect to a robot with an arm and try again."));
+                     : tr("The arm's position was not stored: the positions of some axes are "
+                          "unknown. Connect to a robot with an arm and try again."));
 }
 
 void Device::onStateChanged(int state)
@@ -370,9 +370,8 @@ void Device::onStateChanged(int state)
 void Device::onWriteRefused(const variables::Variables::Key& key)
 {
     m_variables.repeat(key);
-    sendMessage(connection::baseLogLine,
-                tr("\"%1\" was not changed: the device refuses what is written.")
-                    .arg(QLatin1String(key.second.c_str())));
+    sendMessage(connection::baseLogLine, tr("\"%1\" was not changed: the device refuses writes.")
+                                             .arg(QLatin1String(key.second.c_str())));
 }
 
 void Device::sendMessage(DataRole role, const Variant& value)

@@ -94,7 +94,7 @@ public:
     /// All calls between this device and its widgets.
     trace::Traffic& traffic() { return m_traffic; }
 
-    /// What goes wrong on purpose.
+    /// The faults that are injected.
     faults::Faults& faults() { return m_faults; }
 
     /// Tells all widgets, out of the event loop. Developers' tools may send what no device would.

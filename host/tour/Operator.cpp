@@ -134,7 +134,7 @@ bool Operator::enterAddress(const QString& address)
     hand::type(m_window, address);
     if (field.text() != address)
         return fail(
-            tr("the address field does not take the keys: it holds \"%1\"").arg(field.text()));
+            tr("the address field does not accept the keys: it contains \"%1\"").arg(field.text()));
     hand::press(m_window, Qt::Key_Return);
     return true;
 }

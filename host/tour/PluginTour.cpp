@@ -198,7 +198,7 @@ bool PluginTour::showManipulator()
     if (!table)
         return m_operator.fail(tr("the tab has no table of positions"));
     if (!m_operator.waitUntil([table] { return shownRows(*table) >= 2; }))
-        return m_operator.fail(tr("the table has no two positions"));
+        return m_operator.fail(tr("the table has fewer than two positions"));
     return m_operator.takePicture("manipulator") && editPosition(*table) && fillPositions(*table);
 }
 
@@ -218,7 +218,7 @@ bool PluginTour::editPosition(QTableView& table)
         return false;
     hand::press(m_operator.window(), Qt::Key_Escape);
     if (!m_operator.waitUntil([&editor] { return !editor; }))
-        return m_operator.fail(tr("the cell stays in edit"));
+        return m_operator.fail(tr("the cell stays in edit mode"));
 
     m_operator.begin(tr("changing a speed"));
     const auto inDialog = [this](QWidget&) { return m_operator.takePicture("manipulator-speed"); };

@@ -79,7 +79,7 @@ bool WorkbenchTour::showHelp()
             return false;
     }
     if (!m_operator.waitUntil([help] { return help->isVisible(); }))
-        return m_operator.fail(tr("the menu brings none"));
+        return m_operator.fail(tr("the menu does not open it"));
     const bool isTaken = m_operator.takePicture("help");
     help->close();
     return isTaken;
@@ -94,7 +94,7 @@ bool WorkbenchTour::showNames()
             return false;
     }
     if (!m_operator.waitUntil([names] { return names->isVisible(); }))
-        return m_operator.fail(tr("the menu brings none"));
+        return m_operator.fail(tr("the menu does not open it"));
     const bool isTaken = m_operator.takePicture(*names, "names");
     names->close();
     return isTaken;
@@ -108,7 +108,7 @@ bool WorkbenchTour::showVariables()
         return m_operator.fail(tr("there is no such dock"));
     auto* const variables = dock->findChild<QAbstractItemView*>("variables");
     if (!m_operator.waitUntil([variables] { return variables->model()->rowCount() > 0; }))
-        return m_operator.fail(tr("it shows none"));
+        return m_operator.fail(tr("it is empty"));
     hand::click(*variables->viewport(),
                 variables->visualRect(variables->model()->index(1, 0)).center());
     return m_operator.takePicture("variables") && toggle(*dock);
@@ -122,7 +122,7 @@ bool WorkbenchTour::showTraffic()
         return m_operator.fail(tr("there is no such dock"));
     auto* const calls = dock->findChild<QAbstractItemView*>("calls");
     if (!m_operator.waitUntil([calls] { return calls->model()->rowCount() > 0; }))
-        return m_operator.fail(tr("it shows none"));
+        return m_operator.fail(tr("it is empty"));
     return m_operator.takePicture("traffic") && toggle(*dock);
 }
 

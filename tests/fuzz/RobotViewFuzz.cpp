@@ -140,7 +140,7 @@ public:
 private:
     bool isRefused(RobotState::Topic topic) const
     {
-        const QString refused = QLatin1String("A message of the topic %1 is ignored: ");
+        const QString refused = QLatin1String("A message on the topic %1 was ignored: ");
         const QString ofTopic = refused.arg(RobotState::info(topic).topic.name);
         const QStringList notes = m_state.notes(m_now);
         return std::any_of(notes.cbegin(), notes.cend(),

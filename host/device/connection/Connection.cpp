@@ -195,8 +195,8 @@ void Connection::settle()
         isGrantedByRobot() ? m_pretendedController : text(m_acquireResult.values, "message");
     const Words words = [address = m_address, reason] {
         return tr("Connected to %1, passive: another client is in control (%2). To take over, "
-                  "connect again when it has left.")
-            .arg(address, reason.isEmpty() ? tr("it gave no name") : reason);
+                  "reconnect when it has disconnected.")
+            .arg(address, reason.isEmpty() ? tr("name unknown") : reason);
     };
     enter(passive, words);
     Q_EMIT message(emphasisedBaseLogLine, words());

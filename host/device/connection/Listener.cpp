@@ -15,7 +15,7 @@ void Listener::listen(const rosbridge::protocol::Topic& topic, plugin::plugin::D
         const QString fault = read(message);
         const QString words = fault.isEmpty()
                                   ? QString()
-                                  : tr("A message of the topic %1 is ignored: %2.")
+                                  : tr("A message on the topic %1 was ignored: %2.")
                                         .arg(m_connection.remappings().theirs(name), fault);
         if (words == *lastWords)
             return;

@@ -193,10 +193,11 @@ void Offer::report()
             missed += inWords(entry);
     }
     if (!missed.isEmpty())
-        Q_EMIT message(baseLogLine,
-                       tr("This robot does not offer %1. What stands in brackets does not work; if "
-                          "the robot has other names for it, enter them in Robot > Names….")
-                           .arg(missed.join(QStringLiteral(", "))));
+        Q_EMIT message(
+            baseLogLine,
+            tr("This robot does not offer %1. The functions in brackets are unavailable; if the "
+               "robot has other names for them, enter them in Robot > Names….")
+                .arg(missed.join(QStringLiteral(", "))));
     for (auto refused = m_refused.cbegin(); refused != m_refused.cend(); ++refused) {
         if (!isMissed(refused.key()))
             Q_EMIT message(baseLogLine, refused.value());

@@ -31,37 +31,37 @@ const Row<rosbridge::protocol::Topic> topics[] = {
     {topic::cameraInfo,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the camera's rate")},
     {topic::jointStates,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the arm is, and storing that")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the arm's position, and storing it")},
     {topic::armState,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the arm is going")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the arm's targets")},
     {topic::armTorqueEnabled,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether the arm's torque is on")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the state of the arm's torque")},
     {topic::armLineEnabled[0],
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether supply line 1 is on")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the state of supply line 1")},
     {topic::armLineEnabled[1],
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether supply line 2 is on")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the state of supply line 2")},
     {topic::armLineEnabled[2],
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether supply line 3 is on")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the state of supply line 3")},
     {topic::driveDisabled,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether the drive is disabled")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the state of the drive")},
     {topic::odometry,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the robot is")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the robot's position")},
     {topic::map,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the map")},
     {topic::transforms,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "where the robot and its laser are on the map")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the positions of the robot and its laser on the map")},
     {topic::staticTransforms,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "frames that do not move, if there are any"),
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "fixed frames, if any"),
      false},
     {topic::log,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the robot's own lines in the logs")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the robot's own log messages")},
 };
 
 const Row<rosbridge::protocol::Service> services[] = {
     {service::acquireControl,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "being the only one in control")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "exclusive control")},
     {service::releaseControl,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "giving control back")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "releasing control")},
     {service::disableDrive,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "disabling the drive")},
     {service::setCamera,
@@ -75,15 +75,14 @@ const Row<rosbridge::protocol::Service> services[] = {
     {service::armLine[2],
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching supply line 3")},
     {service::topics,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing which topics there are")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the list of topics")},
     {service::services,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing which services there are")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the list of services")},
     {service::publishers,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing which topics are published, and not "
-                                              "just listened to"),
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the list of topics that are published"),
      false},
     {service::parameter,
-     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "knowing whether the robot is simulated")},
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "detecting a simulated robot")},
 };
 // clang-format on
 
@@ -105,7 +104,7 @@ QString unknown(const QString& ours)
     QStringList known;
     for (const Remappings::Entry& entry : Remappings::all())
         known += entry.name;
-    return Remappings::tr("\"%1\" is not a name that this program uses: choose one of %2.")
+    return Remappings::tr("This program does not use the name \"%1\": choose one of %2.")
         .arg(ours, known.join(QStringLiteral(", ")));
 }
 
@@ -144,9 +143,9 @@ QString Remappings::fault(const QString& theirs)
     static const QRegularExpression name(QStringLiteral("\\A(/[A-Za-z_][A-Za-z0-9_]*)+\\z"));
     if (name.match(theirs).hasMatch())
         return {};
-    return tr("\"%1\" cannot be the name of a topic or service: write it as in /front/scan, each "
-              "part after a \"/\", of letters from A to Z, digits and \"_\", and not beginning "
-              "with a digit.")
+    return tr("\"%1\" is not a valid name of a topic or service: write it as in /front/scan. Each "
+              "part consists of letters from A to Z, digits and \"_\", and does not begin with a "
+              "digit.")
         .arg(theirs);
 }
 
@@ -156,7 +155,7 @@ std::optional<Remappings::Mapping> Remappings::parseOption(const QString& text, 
     const QString ours = text.section(sign, 0, 0);
     const QString theirs = text.section(sign, 1);
     if (!text.contains(sign))
-        *error = tr("\"%1\" is no mapping of a name: write our name, \":=\" and the robot's, as in "
+        *error = tr("\"%1\" is not a mapping: write our name, \":=\" and the robot's, as in "
                     "/scan:=/base_scan.")
                      .arg(text);
     else if (Remappings().set(ours, theirs, error))

@@ -34,7 +34,7 @@ QString Faults::summary() const
     if (!names.isEmpty())
         faults += tr("wrong type: %1").arg(names.join(QStringLiteral(", ")));
     return faults.isEmpty() ? QString()
-                            : tr("Faults are on: %1").arg(faults.join(QStringLiteral("; ")));
+                            : tr("Active faults: %1").arg(faults.join(QStringLiteral("; ")));
 }
 
 void Faults::endAll()
@@ -69,7 +69,7 @@ void Faults::setOtherController(bool on)
 
 QString Faults::otherController() const
 {
-    return m_hasOtherController ? tr("a pretended one") : QString();
+    return m_hasOtherController ? tr("injected fault") : QString();
 }
 
 void Faults::setDelay(std::chrono::milliseconds delay)

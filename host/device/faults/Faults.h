@@ -12,9 +12,9 @@
 
 namespace host::device::faults {
 
-/// What goes wrong with a device on purpose, for developers who want to see how their plugin
-/// stands it. It keeps what was chosen and decides; FaultyClient, FaultyHost and the device ask it
-/// where the fault would strike. Nothing goes wrong at first, and nothing is stored.
+/// The faults that are injected into a device, for developers who want to see how their plugin
+/// copes with them. It keeps which are on; FaultyClient, FaultyHost and the device ask it where a
+/// fault would occur. None is on at first, and none is stored.
 class Faults : public QObject
 {
     Q_OBJECT

@@ -20,7 +20,7 @@ QString ConfigStorage::fault(const QJsonObject& entries)
             !stored.contains(QLatin1String("value")))
             return tr("\"%1\" is not an object with a type and a value").arg(entry.key());
         if (isKnownType(stored) && !fromStored(stored))
-            return tr("the value of \"%1\" is not of its type").arg(entry.key());
+            return tr("the value of \"%1\" does not match its type").arg(entry.key());
     }
     return {};
 }

@@ -78,7 +78,7 @@ QString SettingsFile::save()
     if (m_touched.isEmpty())
         return {};
     if (!QDir().mkpath(m_folder))
-        return notStored(tr("the folder cannot be made"));
+        return notStored(tr("the folder cannot be created"));
     QLockFile lock(m_fileName + ".lock");
     // Where no lock can be made at all, as on a full disk, writing tells the cause.
     if (!lock.tryLock(lockPatience) && lock.error() == QLockFile::LockFailedError)

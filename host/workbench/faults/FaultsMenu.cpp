@@ -124,7 +124,7 @@ void FaultsMenu::listVariables()
                 [this, key](bool on) { m_faults.setWrongType(key, on); });
     }
     if (keys.empty())
-        m_types->addAction(tr("No widget follows a variable"))->setEnabled(false);
+        m_types->addAction(tr("No widget has registered a variable"))->setEnabled(false);
 }
 
 void FaultsMenu::translate()
@@ -133,32 +133,31 @@ void FaultsMenu::translate()
     m_drop->setText(tr("&Drop the link"));
     m_drop->setToolTip(tr("The connection ends as if the robot had vanished."));
     m_refuse->setText(tr("&Refuse the next connection"));
-    m_refuse->setToolTip(tr("The next attempt to connect fails as if no robot were listening. "
-                            "Just that one."));
+    m_refuse->setToolTip(
+        tr("The next attempt to connect fails as if no robot were listening. Only that one."));
     m_controller->setText(tr("&Another client in control"));
     m_controller->setToolTip(tr("The device is connected passively, at once or from the next "
-                                "connection on: it hears the robot and cannot command it."));
+                                "connection on: it receives data but cannot command the robot."));
     m_delay->setTitle(tr("&Slow answers"));
     m_delay->menuAction()->setToolTip(
-        tr("Connecting and each answer of the robot take that much longer. The device waits for "
-           "each as long as ever: what takes more than 5 s has failed."));
+        tr("Connecting and each of the robot's answers take that much longer. The device still "
+           "waits 5 s for each: anything slower fails."));
     m_lose->setTitle(tr("&Lose messages"));
     m_lose->menuAction()->setToolTip(
-        tr("Of each topic, one in so many of the robot's messages does not arrive."));
+        tr("One in so many of the robot's messages on each topic does not arrive."));
     m_freeze->setText(tr("&Freeze the scan"));
     m_freeze->setToolTip(tr("No new scan reaches the plugin."));
     m_writes->setText(tr("Refuse &writes"));
     m_writes->setToolTip(
-        tr("What a widget writes into the configuration is not kept: the widget reads the old "
-           "value and is told it again, and the base log says so."));
+        tr("What a widget writes to the configuration is discarded: the widget reads the old value "
+           "and is notified of it, and the base log reports it."));
     m_types->setTitle(tr("Wrong &type"));
-    m_types->menuAction()->setToolTip(
-        tr("Widgets see a value of another type in the variables that are checked. The device "
-           "keeps the right one."));
+    m_types->menuAction()->setToolTip(tr("Widgets get a value of another type for the checked "
+                                         "variables. The device keeps the right one."));
     m_send->setText(tr("Send a &message…"));
-    m_send->setToolTip(tr("All widgets get a message of any role and value."));
+    m_send->setToolTip(tr("Sends all widgets a message of any role and value."));
     m_end->setText(tr("&End all faults"));
-    m_end->setToolTip(tr("The device works as it should again."));
+    m_end->setToolTip(tr("The device works normally again."));
     for (QMenu* menu : {m_delay, m_lose, m_types})
         menu->setAccessibleName(menu->title().remove('&'));
     for (const StrengthMenu& strengths : m_strengths) {

@@ -136,7 +136,7 @@ void MessageDialog::translate()
     m_valueLabel->setText(tr("&Value:"));
     m_value->setAccessibleName(tr("Value of the message"));
     m_send->setText(tr("&Send"));
-    m_send->setToolTip(tr("All widgets of the device get the message."));
+    m_send->setToolTip(tr("Sends the message to all widgets of the device."));
 }
 
 void MessageDialog::onRoleChanged()

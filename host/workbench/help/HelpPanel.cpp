@@ -81,7 +81,7 @@ void HelpPanel::follow(const QUrl& link)
         return;
     }
     m_outside->setText(
-        tr("This link leads out of the program: %1").arg(link.toString(QUrl::FullyEncoded)));
+        tr("This link leads outside the program: %1").arg(link.toString(QUrl::FullyEncoded)));
     m_outside->show();
 }
 

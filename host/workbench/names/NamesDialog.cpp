@@ -173,21 +173,20 @@ void NamesDialog::showEvent(QShowEvent* event)
 
 void NamesDialog::translate()
 {
-    setWindowTitle(tr("Names at the robot of %1").arg(m_device.name()));
-    m_hint->setText(tr("What this robot calls the topics and services that are used here. "
-                       "\"/\" in a field lists what the robot offers in its place; an empty field "
-                       "becomes the standard name again."));
-    const QString titles[] = {tr("Name here"), tr("What for"), tr("Name at the robot"),
-                              tr("State")};
+    setWindowTitle(tr("Names used by the robot of %1").arg(m_device.name()));
+    m_hint->setText(
+        tr("Enter what this robot calls the topics and services used here. Type \"/\" in a field "
+           "to list what the robot offers; clear a field to restore the standard name."));
+    const QString titles[] = {tr("Name here"), tr("Purpose"), tr("Name on the robot"), tr("State")};
     for (int column = 0; column < ColumnCount; ++column)
         m_titles[static_cast<std::size_t>(column)]->setText(titles[column]);
     m_topics->setText(tr("Topics"));
     m_services->setText(tr("Services"));
     m_reset->setText(tr("&Reset to standard"));
-    m_reset->setToolTip(tr("All names become those that are used here."));
+    m_reset->setToolTip(tr("Restores the names that are used here."));
     for (const Row& row : m_rows) {
         row.purpose->setText(row.entry.purpose());
-        row.theirs->setAccessibleName(tr("Name of %1 at the robot").arg(row.entry.name));
+        row.theirs->setAccessibleName(tr("Name of %1 on the robot").arg(row.entry.name));
         row.theirs->setAccessibleDescription(row.entry.purpose());
         row.theirs->setToolTip(tr("Type: %1").arg(row.entry.type));
     }
@@ -241,11 +240,11 @@ QString NamesDialog::stateInWords(const Remappings::Entry& entry) const
         return tr("not connected");
     switch (m_device.offer().state(entry.name)) {
     case Offer::State::Unknown:
-        return tr("not told");
+        return tr("unknown");
     case Offer::State::Offered:
         return tr("offered");
     case Offer::State::Missing:
-        return entry.isRequired ? tr("not offered") : tr("not offered, nor needed");
+        return entry.isRequired ? tr("not offered") : tr("not offered, not needed");
     case Offer::State::OtherType:
         return tr("another type: %1").arg(m_device.offer().typeOf(entry.name));
     }

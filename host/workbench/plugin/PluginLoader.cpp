@@ -59,7 +59,7 @@ void PluginLoader::load()
         m_failure = [file = m_file, title, reason] {
             return Failure{title(), reason(),
                            tr("Check the path given with --plugin. Without that option the "
-                              "workbench loads the one that came with it."),
+                              "workbench loads its own plugin."),
                            file};
         };
     };
@@ -90,7 +90,7 @@ void PluginLoader::load()
         error.remove(m_file + ": ");
         m_failure = [file = m_file, error] {
             return Failure{tr("The plugin could not be loaded"),
-                           tr("The system's loader says: %1.").arg(error),
+                           tr("The system's loader reports: %1.").arg(error),
                            tr("Build the plugin again for this version of the host and of Qt, and "
                               "install the libraries it needs; \"ldd -r\" on the file lists what "
                               "is missing."),
@@ -112,8 +112,8 @@ void PluginLoader::start(void* factory)
     const auto fail = [this](auto reason) {
         m_failure = [file = m_file, reason] {
             return Failure{tr("The plugin failed to start"), reason(),
-                           tr("Ask the maker of the plugin for a repaired version, or choose "
-                              "another plugin with --plugin."),
+                           tr("Ask the plugin's author for a fixed version, or choose another "
+                              "plugin with --plugin."),
                            file};
         };
     };
@@ -122,7 +122,9 @@ void PluginLoader::start(void* factory)
         ::plugin::gui::Interface* interface = nullptr;
         reinterpret_cast<Factory>(factory)(&interface);
         if (!interface) {
-            fail([] { return tr("Its function %1 gave no interface object.").arg(factoryName); });
+            fail([] {
+                return tr("Its function %1 returned no interface object.").arg(factoryName);
+            });
             return;
         }
         function = "init";
@@ -130,10 +132,12 @@ void PluginLoader::start(void* factory)
         m_interface = interface;
     } catch (const std::exception& e) {
         fail([function, what = QString::fromUtf8(e.what())] {
-            return tr("Its function %1 threw: %2.").arg(function, what);
+            return tr("Its function %1 threw an exception: %2.").arg(function, what);
         });
     } catch (...) {
-        fail([function] { return tr("Its function %1 threw something unknown.").arg(function); });
+        fail([function] {
+            return tr("Its function %1 threw an exception of an unknown type.").arg(function);
+        });
     }
 }
 

@@ -21,7 +21,8 @@ std::optional<GridMap> GridMap::read(const QCborMap& message, QString* fault)
     const int height = static_cast<int>(info.integer("height", 1, mostCells));
     map.resolution = info.number("resolution");
     if (!(map.resolution > 0 && map.resolution <= coarsest))
-        info.fail("resolution", tr("is %1, which is no cell's edge in metres").arg(map.resolution));
+        info.fail("resolution",
+                  tr("is %1, which is not a valid cell size in metres").arg(map.resolution));
     map.origin = Transform::read(info.object("origin"), "position", "orientation");
     const QVector<float> data = fields.floats("data");
     const qint64 count = qint64(width) * height;

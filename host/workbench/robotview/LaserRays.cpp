@@ -14,7 +14,7 @@ constexpr float longestRange = 10000; // metres: no laser on a robot sees that f
 std::optional<LaserRays> LaserRays::of(const olm::core::LaserScanMessage& scan, QString* fault)
 {
     if (!std::isfinite(scan.minimumAngle) || !std::isfinite(scan.angleIncrement)) {
-        *fault = tr("its angles are no numbers");
+        *fault = tr("its angles are not numbers");
         return std::nullopt;
     }
     LaserRays rays;

@@ -104,10 +104,10 @@ void RobotDock::translate()
     m_follow->setText(tr("Follow the ro&bot"));
     m_follow->setToolTip(tr("Keep the robot in the middle"));
     m_showAll->setText(tr("Sho&w all"));
-    m_showAll->setToolTip(tr("Show the whole map, or all that there is"));
+    m_showAll->setToolTip(tr("Show the whole map, or everything there is"));
     m_world->setAccessibleName(tr("The robot's world from above"));
-    m_world->setAccessibleDescription(tr("The wheel, + and - zoom; dragging and the arrow keys "
-                                         "move; Home shows all."));
+    m_world->setAccessibleDescription(tr("Zoom with the wheel, + and -; move by dragging or with "
+                                         "the arrow keys; Home shows everything."));
     m_parts->setAccessibleName(tr("Parts of the robot"));
     m_parts->header()->viewport()->update();
     m_world->update();

@@ -86,7 +86,7 @@ QVariant RobotModel::headerData(int section, Qt::Orientation orientation, int ro
     case TargetColumn:
         return tr("Target");
     case PresentColumn:
-        return tr("Present");
+        return tr("Current");
     default:
         return {};
     }

@@ -94,8 +94,7 @@ void RobotState::setPublished(Topic topic, bool isPublished, TimePoint now)
 
 void RobotState::read(Topic topic, const QCborMap& message, TimePoint now)
 {
-    admit(topic, now,
-          [&](QString* fault) { return take(topic, message, now, fault); });
+    admit(topic, now, [&](QString* fault) { return take(topic, message, now, fault); });
 }
 
 void RobotState::readScan(const olm::core::LaserScanMessage& scan, TimePoint now)
@@ -109,7 +108,7 @@ void RobotState::readScan(const olm::core::LaserScanMessage& scan, TimePoint now
 
 void RobotState::refuse(Topic topic, const QString& fault)
 {
-    m_errors.at(topic) = tr("A message of the topic %1 is ignored: %2.").arg(name(topic), fault);
+    m_errors.at(topic) = tr("A message on the topic %1 was ignored: %2.").arg(name(topic), fault);
 }
 
 /// @p take returns false where the message tells only of what is not shown, and sets the fault
@@ -185,7 +184,7 @@ bool RobotState::takeAxes(Topic topic, const QCborMap& message, QString* fault)
                      tr("has %1 numbers for %2 names").arg(positions.size()).arg(names.size()));
     for (const float position : positions) {
         if (!std::isfinite(position))
-            numbers.fail(field, tr("has %1, which is no position").arg(double(position)));
+            numbers.fail(field, tr("has %1, which is not a position").arg(double(position)));
     }
     if (!fields.isGood())
         return false;
@@ -294,7 +293,7 @@ QStringList RobotState::notes(TimePoint now) const
     if (!m_map)
         add(missing(tr("No map"), {Map}, now));
     else if (!mapPlace())
-        add(tr("The map is not shown: the robot does not tell where it is in the map's frame "
+        add(tr("The map is not shown: the robot does not publish its position in the map's frame "
                "\"%1\".")
                 .arg(m_map->frame));
     if (base().isEmpty())
@@ -303,7 +302,8 @@ QStringList RobotState::notes(TimePoint now) const
     if (!m_rays)
         add(missing(tr("No laser"), {Scan}, now));
     else if (!m_raysPlace)
-        add(tr("The laser is not shown: the robot does not tell where its frame \"%1\" is.")
+        add(tr("The laser is not shown: the robot does not publish where the laser's frame \"%1\" "
+               "is.")
                 .arg(m_rays->frame));
     addAge(Scan, tr("The laser's scan is %1 old."));
     if (!m_arrivals.at(JointStates))
@@ -328,7 +328,7 @@ QString RobotState::missing(const QString& what, const std::vector<Topic>& topic
     const QString list = names.join(tr(" or "));
     if (!isAnyPublished)
         return tr("%1: the robot does not publish %2.").arg(what, list);
-    return now - *m_asked > freshFor ? tr("%1: nothing fit has come on %2 yet.").arg(what, list)
+    return now - *m_asked > freshFor ? tr("%1: no valid message on %2 yet.").arg(what, list)
                                      : QString();
 }
 

@@ -80,7 +80,7 @@ public:
     /// Takes a message of any topic but Scan.
     void read(Topic topic, const QCborMap& message, TimePoint now);
     void readScan(const olm::core::LaserScanMessage& scan, TimePoint now);
-    /// A message of the topic came that is none, for the reason in @p fault.
+    /// A message on the topic was ignored, for the reason in @p fault.
     void refuse(Topic topic, const QString& fault);
 
     bool isConnected() const { return m_isConnected; }

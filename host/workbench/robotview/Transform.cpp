@@ -21,7 +21,7 @@ Transform Transform::read(Fields fields, const char* shift, const char* turn)
     for (std::size_t i = 0; i < axes.size(); ++i) {
         const double metres = place.number(axes.at(i));
         if (!(std::abs(metres) <= farthest))
-            place.fail(axes.at(i), tr("is %1, which is no place in metres").arg(metres));
+            place.fail(axes.at(i), tr("is %1, which is not a position in metres").arg(metres));
         transform.m_shift.at(i) = metres;
     }
 
@@ -32,7 +32,7 @@ Transform Transform::read(Fields fields, const char* shift, const char* turn)
     double w = quaternion.number("w");
     const double square = x * x + y * y + z * z + w * w;
     if (!(std::abs(square - 1) <= tolerance)) {
-        fields.fail(turn, tr("is no turn: the sum of its squares is %1, not 1").arg(square));
+        fields.fail(turn, tr("is not a rotation: the sum of its squares is %1, not 1").arg(square));
         return transform;
     }
     const double norm = std::sqrt(square);

@@ -31,7 +31,7 @@ QString TransformTree::readTransforms(const QCborMap& message, bool isStatic, Ti
 {
     const QCborValue transforms = message.value(QLatin1String("transforms"));
     if (!transforms.isArray())
-        return tr("the field \"transforms\" is no array");
+        return tr("the field \"transforms\" is not an array");
     std::vector<Link> links;
     const QCborArray array = transforms.toArray();
     for (const QCborValue element : array) {
@@ -45,7 +45,7 @@ QString TransformTree::readTransforms(const QCborMap& message, bool isStatic, Ti
         link.place = Transform::read(fields.object("transform"), "translation", "rotation");
         link.isStatic = isStatic;
         if (!fault.isEmpty())
-            return tr("in its element %1, %2").arg(links.size()).arg(fault);
+            return tr("in element %1, %2").arg(links.size()).arg(fault);
         links.push_back(link);
     }
     return add(links);
@@ -79,10 +79,10 @@ QString TransformTree::add(const std::vector<Link>& links)
     QString fault;
     for (const Link& link : links) {
         if (isWithin(link.parent, link.child))
-            fault = tr("the frame \"%1\" is an ancestor of its own").arg(link.child);
+            fault = tr("the frame \"%1\" is its own ancestor").arg(link.child);
         m_links[link.child] = link;
         if (m_links.size() > mostFrames)
-            fault = tr("it makes more than %1 frames").arg(mostFrames);
+            fault = tr("it results in more than %1 frames").arg(mostFrames);
         if (!fault.isEmpty()) {
             m_links.swap(before);
             break;

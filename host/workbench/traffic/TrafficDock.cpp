@@ -104,11 +104,11 @@ void TrafficDock::translate()
     m_filter->setAccessibleName(tr("Filter of the calls"));
     m_view->setAccessibleName(tr("Calls between host and plugin"));
     m_pause->setText(tr("&Pause"));
-    m_pause->setToolTip(tr("Leave the list as it is; calls are kept meanwhile."));
+    m_pause->setToolTip(tr("Freeze the list; calls are still recorded."));
     m_clear->setText(tr("&Clear"));
-    m_clear->setToolTip(tr("Forget all calls."));
+    m_clear->setToolTip(tr("Discard all calls."));
     m_save->setText(tr("&Save …"));
-    m_save->setToolTip(tr("Save the calls that are shown as comma-separated values."));
+    m_save->setToolTip(tr("Save the listed calls as comma-separated values."));
     m_view->header()->viewport()->update();
     m_view->viewport()->update();
 }

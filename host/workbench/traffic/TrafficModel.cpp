@@ -47,7 +47,7 @@ QString resultText(const PluginCall& call)
 QString durationText(const PluginCall& call)
 {
     if (!call.duration)
-        return TrafficModel::tr("under way");
+        return TrafficModel::tr("in progress");
     const double milliseconds = std::chrono::duration<double, std::milli>(*call.duration).count();
     const QString number = QString::number(milliseconds, 'f', 3);
     return call.isTooLong() ? TrafficModel::tr("%1 ms: too long").arg(number)
@@ -100,7 +100,7 @@ QVariant TrafficModel::data(const QModelIndex& index, int role) const
         return text(call, index.column());
     case Qt::ToolTipRole:
         if (call.isTooLong())
-            return tr("The window did not react for %1 ms: a call should end within %2 ms.")
+            return tr("This call blocked the window for %1 ms; it should take at most %2 ms.")
                 .arg(*call.duration / std::chrono::milliseconds(1))
                 .arg(PluginCall::tooLong.count());
         return index.column() == ArgumentsColumn ? values::plainToolTip(argumentsText(call))
@@ -131,7 +131,7 @@ QVariant TrafficModel::headerData(int section, Qt::Orientation orientation, int 
     case ResultColumn:
         return tr("Result");
     case DurationColumn:
-        return tr("Took");
+        return tr("Duration");
     default:
         return {};
     }

@@ -97,10 +97,10 @@ bool read(const QString& text, Number& number, QString* error)
         return true;
     using Limits = std::numeric_limits<Number>;
     if (std::is_floating_point_v<Number>)
-        *error = Text::tr("\"%1\" is no number that fits: write one as in -0.5, 1e-3, inf or nan.")
+        *error = Text::tr("\"%1\" is not a valid number: write it as in -0.5, 1e-3, inf or nan.")
                      .arg(trimmed);
     else
-        *error = Text::tr("\"%1\" is no whole number from %2 to %3.")
+        *error = Text::tr("\"%1\" is not a whole number from %2 to %3.")
                      .arg(trimmed, print(Limits::min()), print(Limits::max()));
     return false;
 }
@@ -110,7 +110,7 @@ bool read(const QString& text, bool& value, QString* error)
     value = text == print(true);
     if (value || text == print(false))
         return true;
-    *error = Text::tr("\"%1\" is no truth value: write true or false.").arg(text);
+    *error = Text::tr("\"%1\" is not a truth value: write true or false.").arg(text);
     return false;
 }
 
@@ -120,7 +120,7 @@ bool read(const QString& text, std::string& value, QString* error)
     for (const QChar c : text) {
         if (c.unicode() <= 0xff)
             continue;
-        *error = Text::tr("A std::string holds Latin-1, which has no \"%1\": leave it out, or "
+        *error = Text::tr("A std::string is Latin-1 and cannot contain \"%1\": leave it out, or "
                           "choose QString.")
                      .arg(c);
         return false;
@@ -154,7 +154,7 @@ bool read(const QString& text, Vector<T>& vector, QString* error)
 
 bool read(const QString& text, StringList& list, QString* error)
 {
-    const QString hint = Text::tr("A list of texts is written as in [\"first\", \"second\"].");
+    const QString hint = Text::tr("Write a list of texts as in [\"first\", \"second\"].");
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &parseError);
     if (!document.isArray()) {

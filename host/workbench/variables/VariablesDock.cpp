@@ -134,8 +134,8 @@ void VariablesDock::translate()
     m_valueLabel->setText(tr("Valu&e:"));
     m_value->setAccessibleName(tr("New value"));
     m_set->setText(tr("Set"));
-    m_set->setToolTip(tr("Set the variable as the device would: the plugin is told, nothing is "
-                         "stored, and no robot hears of it."));
+    m_set->setToolTip(tr("Set the variable as the device would: the plugin is notified; nothing is "
+                         "stored or sent to the robot."));
     m_view->header()->viewport()->update();
     m_view->viewport()->update();
     nameChosen();
@@ -145,7 +145,7 @@ void VariablesDock::nameChosen()
 {
     const int row = chosenRow();
     const auto text = [&](int column) { return m_model.index(row, column).data().toString(); };
-    m_chosen->setText(row < 0 ? tr("No variable chosen")
+    m_chosen->setText(row < 0 ? tr("No variable selected")
                               : text(VariableModel::KindColumn) + ' ' +
                                     text(VariableModel::NameColumn));
 }

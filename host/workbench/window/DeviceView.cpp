@@ -171,8 +171,7 @@ void DeviceView::addPlugin()
         addFailure([file = m_plugin.file()] {
             return plugin::Failure{
                 tr("The plugin has no tool bar"),
-                tr("Asked for the widget \"toolbar\", it gave none. Without it there is "
-                   "no way to connect."),
+                tr("It has no widget \"toolbar\". Without one there is no way to connect."),
                 tr("Choose a plugin made for this device with --plugin."), file};
         });
     }
@@ -200,12 +199,12 @@ DeviceWidget* DeviceView::loadWidget(const char* name)
     } catch (...) {
     }
     addFailure([what, name, file = m_plugin.file()] {
-        const QString reason = what.isEmpty() ? tr("an exception of an unknown type") : what;
+        const QString reason = what.isEmpty() ? tr("its type is unknown") : what;
         return plugin::Failure{
             tr("A widget of the plugin failed"),
-            tr("The widget \"%1\" ended while it was being built: %2.").arg(name, reason),
-            tr("The rest of the window goes on without it. Ask the maker of the plugin "
-               "for a repaired version."),
+            tr("The constructor of the widget \"%1\" threw an exception: %2.").arg(name, reason),
+            tr("The rest of the window works without it. Ask the plugin's author for a fixed "
+               "version."),
             file};
     });
     return nullptr;

@@ -83,21 +83,20 @@ void StartPage::setConnection(int state, bool isLost, const QString& status)
 {
     m_lamp->setState(state, isLost);
     m_status->setText(values::shortened(status));
-    m_note->setText(
-        tr("This plugin brings no dialog of its own: all it offers is in the tool bar."));
+    m_note->setText(tr("This plugin has no dialog: everything it offers is in the tool bar."));
     if (state < 0) {
-        QString steps = tr("<p>How to begin:</p>"
-                           "<ol><li>Write the robot's address into the field in the tool bar.</li>"
+        QString steps = tr("<p>Getting started:</p>"
+                           "<ol><li>Enter the robot's address in the field in the tool bar.</li>"
                            "<li>Press the connect button beside it.</li></ol>");
         if (!m_robot.isEmpty()) {
-            steps += tr("<p>No robot at hand? A simulated one runs at <b>%1</b>.</p>")
+            steps += tr("<p>No robot? A simulated one runs at <b>%1</b>.</p>")
                          .arg(m_robot.toHtmlEscaped());
         }
         m_steps->setText(steps);
     } else if (state < device::connection::Connection::connected) {
-        m_steps->setText(tr("<p>To give up, press the button again.</p>"));
+        m_steps->setText(tr("<p>To cancel, press the button again.</p>"));
     } else {
-        m_steps->setText(tr("<p>To end the connection, press the button again.</p>"));
+        m_steps->setText(tr("<p>To disconnect, press the button again.</p>"));
     }
 }
 

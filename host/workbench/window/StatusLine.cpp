@@ -122,7 +122,7 @@ void StatusLine::changeEvent(QEvent* event)
 
 void StatusLine::translate()
 {
-    m_age->setToolTip(tr("How long ago the robot sent anything that it sends all the time."));
+    m_age->setToolTip(tr("Age of the newest data that the robot sends continuously."));
     m_giveUp->setText(tr("Do not wait"));
     m_giveUp->setToolTip(tr("Make no further attempts to connect."));
     if (m_robot)

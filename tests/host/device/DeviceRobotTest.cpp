@@ -40,10 +40,9 @@ void DeviceRobotTest::a_passive_device_sends_nothing_and_says_why()
     f.probe->writeConfigVariable("disableDriveSystem", true);
     f.exec(1006);
     QVERIFY(f.hears("1000 Disable the drive system: not done. Another client is in control of the "
-                    "robot. To take over, connect again when it has left."));
-    QVERIFY(
-        f.hears("1001 Switch torque on: not done. Another client is in control of the robot. To "
-                "take over, connect again when it has left."));
+                    "robot. To take over, reconnect when it has disconnected."));
+    QVERIFY(f.hears("1001 Switch torque on: not done. Another client is in control of the robot. "
+                    "To take over, reconnect when it has disconnected."));
     QVERIFY(f.settle());
     QCOMPARE(f.probe->calls.filter("not done").size(), 2); // the connection itself sets nothing
     QVERIFY(f.robot.calls().filter("/drive/").isEmpty());
@@ -67,7 +66,7 @@ void DeviceRobotTest::each_command_is_named_in_the_log_of_its_part()
     f.exec(1010, false);
     QVERIFY(f.settle());
     const QString why = ": not done. Another client is in control of the robot. To take over, "
-                        "connect again when it has left.";
+                        "reconnect when it has disconnected.";
     QCOMPARE(f.probe->calls.filter(why),
              QStringList({"1000 Enable the drive system" + why,
                           "1000 Camera resolution 320x240" + why, "1001 Switch torque off" + why,
@@ -128,8 +127,8 @@ void DeviceRobotTest::a_torque_state_of_the_wrong_shape_changes_nothing_and_is_s
     for (int time = 0; time < 2; ++time)
         f.robot.publish("/arm/torque_enabled", {{QStringLiteral("state"), 1}});
     QVERIFY(f.settle());
-    QCOMPARE(f.probe->calls.filter("is ignored"),
-             QStringList("1001 A message of the topic /arm/torque_enabled is ignored: the field "
+    QCOMPARE(f.probe->calls.filter("was ignored"),
+             QStringList("1001 A message on the topic /arm/torque_enabled was ignored: the field "
                          "\"data\" is missing."));
     f.exec(1006);
     QVERIFY(f.isCalled(R"(/arm/torque {"data":false})"));

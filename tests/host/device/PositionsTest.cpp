@@ -172,8 +172,8 @@ void PositionsTest::no_position_is_stored_before_all_axes_are_known()
     f.robot.publish("/joint_states", jointState(8));
     QVERIFY(f.settle());
     f.exec(1007);
-    QVERIFY(f.hears("1001 The arm's position was not stored: the robot has not told where all "
-                    "axes are. Connect to a robot with an arm and try again."));
+    QVERIFY(f.hears("1001 The arm's position was not stored: the positions of some axes are "
+                    "unknown. Connect to a robot with an arm and try again."));
     QCOMPARE(f.config<int>("num_pos"), 2);
 }
 
@@ -205,9 +205,10 @@ void PositionsTest::a_bad_joint_state_is_said_once_and_the_pose_stays()
     f.robot.publish("/joint_states", bad);
     f.robot.publish("/joint_states", bad);
     QVERIFY(f.settle());
-    QCOMPARE(f.count("1001 A message of the topic /joint_states is ignored: the field \"position\" "
-                     "has 1 numbers for 9 names."),
-             1);
+    QCOMPARE(
+        f.count("1001 A message on the topic /joint_states was ignored: the field \"position\" "
+                "has 1 numbers for 9 names."),
+        1);
     f.exec(1007);
     QCOMPARE(f.config<int>("num_pos"), 3);
 }

@@ -72,7 +72,7 @@ void SensorsTest::a_bad_scan_is_said_once_and_the_good_one_stays()
     QVERIFY(f.connect());
     QCborMap bad = scanMessage(8);
     bad.insert(QLatin1String("range_max"), QStringLiteral("far"));
-    const char* const words = "1002 A message of the topic /scan is ignored: the field "
+    const char* const words = "1002 A message on the topic /scan was ignored: the field "
                               "\"range_max\" is text, not a number.";
     f.robot.publish("/scan", scanMessage(7));
     f.robot.publish("/scan", bad);
@@ -132,7 +132,7 @@ void SensorsTest::what_is_no_picture_does_not_count_and_is_said_once()
     QTRY_VERIFY_WITH_TIMEOUT(other.cameraRate() > 0, patience);
     QVERIFY(f.settle());
     QCOMPARE(f.cameraRate(), 0U);
-    QCOMPARE(f.count("1000 A message of the topic /camera/camera_info is ignored: the field "
+    QCOMPARE(f.count("1000 A message on the topic /camera/camera_info was ignored: the field "
                      "\"width\" is text, not a number."),
              1);
 }
@@ -147,9 +147,9 @@ void SensorsTest::bad_scans_and_joint_states_are_said_once_each()
         f.robot.publish("/joint_states", {});
     }
     QVERIFY(f.settle());
-    QCOMPARE(f.probe->calls.filter("is ignored").size(), 2);
-    QVERIFY(f.probe->calls.filter("is ignored")[0].startsWith("1002 "));
-    QVERIFY(f.probe->calls.filter("is ignored")[1].startsWith("1001 "));
+    QCOMPARE(f.probe->calls.filter("was ignored").size(), 2);
+    QVERIFY(f.probe->calls.filter("was ignored")[0].startsWith("1002 "));
+    QVERIFY(f.probe->calls.filter("was ignored")[1].startsWith("1001 "));
 }
 
 TEST_WITH_WINDOWS(SensorsTest)

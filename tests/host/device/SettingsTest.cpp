@@ -195,8 +195,8 @@ void SettingsTest::a_state_of_the_wrong_shape_changes_nothing_and_is_said_once()
         f.robot.publish("/drive/disabled", {{QStringLiteral("data"), 0}});
     QVERIFY(f.settle());
     QVERIFY(f.config<bool>("disableDriveSystem"));
-    QCOMPARE(f.probe->calls.filter("is ignored"),
-             QStringList("1000 A message of the topic /drive/disabled is ignored: the field "
+    QCOMPARE(f.probe->calls.filter("was ignored"),
+             QStringList("1000 A message on the topic /drive/disabled was ignored: the field "
                          "\"data\" is a number, not true or false."));
 }
 

@@ -82,11 +82,12 @@ void OfferTest::what_is_missing_is_said_with_the_robots_name_and_what_it_is_for(
     QVERIFY(f.device.remappings().set("/scan", "/base_scan"));
     QVERIFY(f.connect());
     QVERIFY(f.isReady());
-    QCOMPARE(f.lines(),
-             QStringList("1000 This robot does not offer /base_scan (the laser's scans), "
-                         "/arm/torque (switching the arm's torque). What stands in "
-                         "brackets does not work; if the robot has other names for it, "
-                         "enter them in Robot > Names…."));
+    QCOMPARE(
+        f.lines(),
+        QStringList(
+            "1000 This robot does not offer /base_scan (the laser's scans), "
+            "/arm/torque (switching the arm's torque). The functions in brackets are unavailable; "
+            "if the robot has other names for them, enter them in Robot > Names…."));
     QCOMPARE(f.state("/scan"), Offer::State::Missing);
     QCOMPARE(f.state("/odom"), Offer::State::Offered);
 }
@@ -177,7 +178,7 @@ void OfferTest::a_topic_that_comes_later_is_heard()
     QVERIFY(f.isReady());
     f.robot.publish("/joint_states", {});
     QVERIFY(f.settle());
-    QCOMPARE(f.probe->calls.filter("1001 A message of the topic /joint_states").size(), 1);
+    QCOMPARE(f.probe->calls.filter("1001 A message on the topic /joint_states").size(), 1);
 }
 
 void OfferTest::a_refused_topic_is_said_only_where_the_robot_claims_to_have_it()

@@ -111,7 +111,7 @@ void RobotLogTest::what_is_no_line_is_said_once_and_makes_none()
         f.robot.publish("/rosout", {{"name", "base"}, {"msg", 7}});
     f.robot.log("base", "Ready");
     QVERIFY(f.hears("1000 Ready"));
-    QCOMPARE(f.lines, QStringList({"1000 A message of the topic /rosout is ignored: the field "
+    QCOMPARE(f.lines, QStringList({"1000 A message on the topic /rosout was ignored: the field "
                                    "\"msg\" is a number, not text.",
                                    "1000 Ready"}));
 }

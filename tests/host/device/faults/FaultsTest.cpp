@@ -101,7 +101,7 @@ void FaultsTest::all_faults_are_said_in_one_line_and_ended_together()
     faults.setWrongType({Kind::Config, "num_pos"}, true);
     QVERIFY(faults.isAnyOn());
     QCOMPARE(faults.summary(),
-             QString("Faults are on: next connection refused; another client in control; answers "
+             QString("Active faults: next connection refused; another client in control; answers "
                      "0.5 s late; one message in 5 dropped; scan frozen; writes refused; wrong "
                      "type: scan, num_pos"));
     faults.endAll();
@@ -137,8 +137,8 @@ void FaultsTest::a_refused_write_keeps_the_old_value_and_is_said()
     QCOMPARE(f.probe->readConfigVariable("a").get<int>(), 1);
     QVERIFY(f.probe->readConfigVariable("b").isEmpty());
     f.probe->endTransaction();
-    QVERIFY(f.hears("1000 \"a\" was not changed: the device refuses what is written."));
-    QVERIFY(f.hears("1000 \"b\" was not changed: the device refuses what is written."));
+    QVERIFY(f.hears("1000 \"a\" was not changed: the device refuses writes."));
+    QVERIFY(f.hears("1000 \"b\" was not changed: the device refuses writes."));
     QVERIFY(!f.device->variables().find({Kind::Config, "b"}));
     QCOMPARE(Device("robot", f.folder.path(), f.environment).read(Kind::Config, "a").get<int>(), 1);
 

@@ -288,12 +288,11 @@ void LinkFaultsTest::another_controller_makes_the_connection_passive_at_once()
     QVERIFY(f.connect());
     f.faults.setOtherController(true);
     QCOMPARE(f.device->connectionState(), 4);
-    QVERIFY(f.device->status().contains("another client is in control (a pretended one)"));
+    QVERIFY(f.device->status().contains("another client is in control (injected fault)"));
     QVERIFY(f.hears("1005 4"));
     f.probe->simulationDirectExec(SimulationDirectExecRole(1006), Variant());
-    QVERIFY(
-        f.hears("1001 Switch torque on: not done. Another client is in control of the robot. To "
-                "take over, connect again when it has left."));
+    QVERIFY(f.hears("1001 Switch torque on: not done. Another client is in control of the robot. "
+                    "To take over, reconnect when it has disconnected."));
     f.faults.setScanFrozen(true); // another fault changes nothing about it
     QCOMPARE(f.probe->count("1005 4"), 1);
 

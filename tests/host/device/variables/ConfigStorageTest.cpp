@@ -239,7 +239,7 @@ void ConfigStorageTest::a_folder_that_cannot_be_written_is_said_each_time()
         storage.set("number", number);
         const QString problem = storage.save();
         QVERIFY2(problem.contains(storage.fileName()), qPrintable(problem));
-        QVERIFY2(problem.contains("folder cannot be made"), qPrintable(problem));
+        QVERIFY2(problem.contains("folder cannot be created"), qPrintable(problem));
         QCOMPARE(storage.values().at("number").get<int>(), number);
     }
 }

@@ -162,7 +162,7 @@ void NamesDialogTest::what_is_no_name_is_said_at_once_and_not_taken()
     QTest::keyClick(f.field("/scan"), Qt::Key_Return);
     QVERIFY(f.device.remappings().set("/odom", "/o"));
     QCOMPARE(f.device.remappings().theirs("/scan"), QString("/scan"));
-    QCOMPARE(f.field("/scan")->text(), QString("/2scan")); // to be mended
+    QCOMPARE(f.field("/scan")->text(), QString("/2scan")); // to be corrected
     QVERIFY(f.problem("/scan")->isVisible());
     f.write("/scan", "/scan2");
     QVERIFY(!f.problem("/scan")->isVisible());
@@ -215,7 +215,7 @@ void NamesDialogTest::the_state_is_that_of_the_robot_behind_the_connection()
     QCOMPARE(int(lines.count()), 0); // the simulated robot has all
     QTRY_COMPARE_WITH_TIMEOUT(f.state("/scan"), QString("offered"), patience);
     QCOMPARE(f.state("/drive/disable"), QString("offered"));
-    QCOMPARE(f.state("/tf_static"), QString("not offered, nor needed"));
+    QCOMPARE(f.state("/tf_static"), QString("not offered, not needed"));
     QVERIFY(f.device.remappings().set("/scan", "/base_scan"));
     QCOMPARE(f.state("/scan"), QString("not offered"));
     QVERIFY(f.device.remappings().set("/scan", "/odom"));

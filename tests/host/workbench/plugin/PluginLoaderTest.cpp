@@ -73,10 +73,11 @@ void PluginLoaderTest::a_broken_plugin_is_a_failure_that_says_why_and_where_data
     row("UndefinedSymbol.so", "The plugin could not be loaded",
         "undefined symbol: functionOfALaterHost");
     row("NoFactory.so", "This is not a device plugin", "does not export the function pluginGui");
-    row("NullFactory.so", "The plugin failed to start", "gave no interface object");
+    row("NullFactory.so", "The plugin failed to start", "returned no interface object");
     row("ThrowingFactory.so", "The plugin failed to start",
-        "pluginGuiInterface threw: the licence has expired.");
-    row("ThrowingInit.so", "The plugin failed to start", "init threw something unknown.");
+        "pluginGuiInterface threw an exception: the licence has expired.");
+    row("ThrowingInit.so", "The plugin failed to start",
+        "init threw an exception of an unknown type.");
 }
 
 void PluginLoaderTest::a_broken_plugin_is_a_failure_that_says_why_and_where()

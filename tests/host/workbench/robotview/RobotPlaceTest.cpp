@@ -161,11 +161,11 @@ void RobotPlaceTest::a_bad_transform_changes_nothing_and_is_told_of_data()
     newRow("no child", with(good, "child_frame_id", ""), "child_frame_id");
     newRow("child a number", with(good, "child_frame_id", 1), "child_frame_id");
     newRow("no parent", with(good, "header", message::header("/")), "frame_id");
-    newRow("its own parent", message::transform("a", "a", 0, 0, 0), "ancestor of its own");
+    newRow("its own parent", message::transform("a", "a", 0, 0, 0), "is its own ancestor");
     newRow("no stamp", with(good, "header", QCborMap{{"frame_id", "odom"}}), "stamp");
     newRow("nothing", {}, "header");
-    QTest::newRow("not even a list") << QCborMap{{"transforms", "odom"}} << "no array";
-    QTest::newRow("nothing at all") << QCborMap() << "no array";
+    QTest::newRow("not even a list") << QCborMap{{"transforms", "odom"}} << "not an array";
+    QTest::newRow("nothing at all") << QCborMap() << "not an array";
 }
 
 void RobotPlaceTest::a_bad_transform_changes_nothing_and_is_told_of()
@@ -176,7 +176,7 @@ void RobotPlaceTest::a_bad_transform_changes_nothing_and_is_told_of()
     robot.tell(RobotState::Transforms, message::transforms({goodTransform()}));
     robot.tell(RobotState::Transforms, message);
     QCOMPARE(seen(robot.state.robotPlace()), QPointF(1, 2));
-    QVERIFY2(robot.notes().contains("topic /tf is ignored: "), qPrintable(robot.notes()));
+    QVERIFY2(robot.notes().contains("topic /tf was ignored: "), qPrintable(robot.notes()));
     QVERIFY2(robot.notes().contains(reason), qPrintable(robot.notes()));
 }
 
@@ -189,7 +189,7 @@ void RobotPlaceTest::frames_never_come_in_a_loop()
     for (const char* ancestor : {"map", "odom"}) {
         robot.tell(RobotState::Transforms,
                    message::transforms({message::transform("base_link", ancestor, 1, 0, 0)}));
-        QVERIFY2(robot.notes().contains("ancestor of its own"), qPrintable(robot.notes()));
+        QVERIFY2(robot.notes().contains("is its own ancestor"), qPrintable(robot.notes()));
         QCOMPARE(seen(robot.state.robotPlace()), QPointF(2, 0));
     }
     // Within one message as well.
@@ -197,7 +197,7 @@ void RobotPlaceTest::frames_never_come_in_a_loop()
                message::transforms({message::transform("x", "y", 1, 0, 0),
                                     message::transform("y", "z", 1, 0, 0),
                                     message::transform("z", "x", 1, 0, 0)}));
-    QVERIFY2(robot.notes().contains("ancestor of its own"), qPrintable(robot.notes()));
+    QVERIFY2(robot.notes().contains("is its own ancestor"), qPrintable(robot.notes()));
     robot.tell(RobotState::Scan, message::scan("z", 0, 0.1, {1}));
     QVERIFY(!robot.state.raysPlace());
 }
@@ -226,13 +226,13 @@ void RobotPlaceTest::bad_odometry_changes_nothing_and_is_told_of()
           message::odometry("odom", "other", noNumber, 0, 0)}) {
         robot.tell(RobotState::Odometry, bad);
         QCOMPARE(seen(robot.state.robotPlace()), QPointF(1, 2));
-        QVERIFY2(robot.notes().contains("topic /odom is ignored: "), qPrintable(robot.notes()));
+        QVERIFY2(robot.notes().contains("topic /odom was ignored: "), qPrintable(robot.notes()));
     }
 
     Robot other; // which calls itself as no other does
     other.tell(RobotState::Odometry, message::odometry("odom", "its_base", 1, 2, 0));
     other.tell(RobotState::Odometry, message::odometry("its_base", "odom", 1, 2, 0));
-    QVERIFY2(other.notes().contains("topic /odom is ignored: "), qPrintable(other.notes()));
+    QVERIFY2(other.notes().contains("topic /odom was ignored: "), qPrintable(other.notes()));
     QCOMPARE(seen(other.state.robotPlace()), QPointF(1, 2));
 }
 

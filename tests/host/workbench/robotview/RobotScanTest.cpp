@@ -99,7 +99,7 @@ void RobotScanTest::a_bad_scan_changes_nothing_and_is_told_of()
     robot.tell(RobotState::Scan, message);
     QCOMPARE(robot.state.rays()->hits.size(), 3);
     QVERIFY(robot.state.raysPlace());
-    QVERIFY2(robot.notes().contains("topic /scan is ignored: "), qPrintable(robot.notes()));
+    QVERIFY2(robot.notes().contains("topic /scan was ignored: "), qPrintable(robot.notes()));
 }
 
 void RobotScanTest::rays_stay_where_they_were_measured()

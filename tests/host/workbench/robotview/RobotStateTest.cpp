@@ -104,7 +104,7 @@ void RobotStateTest::a_bad_map_changes_nothing_and_is_told_of()
     robot.tell(RobotState::Map, message);
     QCOMPARE(robot.state.map()->cells.cacheKey(), cells);
     QCOMPARE(seen(robot.state.mapPlace(), {1.5, 1}), QPointF(2.5, 3));
-    QVERIFY2(robot.notes().contains("topic /map is ignored: "), qPrintable(robot.notes()));
+    QVERIFY2(robot.notes().contains("topic /map was ignored: "), qPrintable(robot.notes()));
     QVERIFY2(robot.notes().contains(reason), qPrintable(robot.notes()));
     robot.tell(RobotState::Map, goodMap());
     QVERIFY2(!robot.notes().contains("/map"), qPrintable(robot.notes()));
@@ -117,7 +117,7 @@ void RobotStateTest::bad_messages_are_told_of_with_the_robots_name_of_the_topic(
         const auto topic = static_cast<RobotState::Topic>(i);
         robot.state.setName(topic, "/robot_2" + QString(RobotState::info(topic).topic.name));
         robot.tell(topic, {});
-        const QString words = QString("topic /robot_2%1 is ignored: ");
+        const QString words = QString("topic /robot_2%1 was ignored: ");
         QVERIFY2(robot.notes().contains(words.arg(RobotState::info(topic).topic.name)),
                  qPrintable(robot.notes()));
     }
@@ -155,8 +155,9 @@ void RobotStateTest::bad_axes_change_nothing_and_are_told_of()
     robot.tell(RobotState::ArmState, message::armState({"axis0"}, {infinite}));
     QCOMPARE(robot.state.axis(0).present, std::optional<float>(1.0F));
     QCOMPARE(robot.state.axis(0).target, std::optional<float>(2.0F));
-    QVERIFY2(robot.notes().contains("topic /joint_states is ignored: "), qPrintable(robot.notes()));
-    QVERIFY2(robot.notes().contains("topic /arm/state is ignored: "), qPrintable(robot.notes()));
+    QVERIFY2(robot.notes().contains("topic /joint_states was ignored: "),
+             qPrintable(robot.notes()));
+    QVERIFY2(robot.notes().contains("topic /arm/state was ignored: "), qPrintable(robot.notes()));
     robot.tell(RobotState::Torque, message::truth(true));
     robot.tell(RobotState::Torque, QCborMap{{"data", 0}});
     QCOMPARE(robot.state.isSet(RobotState::Torque), std::optional<bool>(true));
@@ -215,7 +216,7 @@ void RobotStateTest::nothing_is_called_missing_before_it_is_due()
     state.setPublished(RobotState::JointStates, true, now);
     QCOMPARE(state.notes(now + 2s), QStringList());
     state.setPublished(RobotState::Map, true, now + 2s); // that was known
-    QCOMPARE(state.notes(now + 3s).first(), QString("No map: nothing fit has come on /map yet."));
+    QCOMPARE(state.notes(now + 3s).first(), QString("No map: no valid message on /map yet."));
 }
 
 void RobotStateTest::the_picture_outlives_the_link_and_the_switches_do_not()

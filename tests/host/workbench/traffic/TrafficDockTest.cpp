@@ -194,7 +194,7 @@ void TrafficDockTest::a_call_under_way_is_completed_later()
     TrafficModel model(traffic);
     auto call = std::make_unique<TracedCall>(traffic, callNamed("a"));
     model.setActive(true);
-    QCOMPARE(cell(model, 0, TrafficModel::DurationColumn), QString("under way"));
+    QCOMPARE(cell(model, 0, TrafficModel::DurationColumn), QString("in progress"));
     QSignalSpy changes(&model, &TrafficModel::dataChanged);
     call.reset();
     QTRY_COMPARE_WITH_TIMEOUT(int(changes.count()), 1, patience);
@@ -303,11 +303,12 @@ void TrafficDockTest::a_file_holds_the_table()
     QFile file(fileName);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString time = cell(model, 0, TrafficModel::TimeColumn);
-    QCOMPARE(QString::fromUtf8(file.readAll()),
-             "\"Time\",\"Took\",\"Direction\",\"Call\",\"Widget\",\"Arguments\",\"Result\"\r\n\"" +
-                 time +
-                 u8"\",\"7.000 ms\",\"plugin \u2192 host\",\"a\",\"\",\"\"\"\u03c0, "
-                 u8"\\\"\"x\\\"\"\"\"\",\"\"\r\n");
+    QCOMPARE(
+        QString::fromUtf8(file.readAll()),
+        "\"Time\",\"Duration\",\"Direction\",\"Call\",\"Widget\",\"Arguments\",\"Result\"\r\n\"" +
+            time +
+            u8"\",\"7.000 ms\",\"plugin \u2192 host\",\"a\",\"\",\"\"\"\u03c0, "
+            u8"\\\"\"x\\\"\"\"\"\",\"\"\r\n");
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"a.csv"}));
 }
 

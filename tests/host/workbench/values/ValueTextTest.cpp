@@ -150,17 +150,17 @@ void ValueTextTest::what_is_no_value_is_an_error_that_says_what_is_right_data()
     QTest::newRow("no int") << Variant(1) << "a"
                             << "\"a\".*-2147483648 to 2147483647";
     QTest::newRow("half an int") << Variant(1) << "1.5"
-                                 << "\"1.5\" is no whole number";
+                                 << "\"1.5\" is not a whole number";
     QTest::newRow("too large") << Variant(1) << "2147483648"
                                << "2147483648.*to 2147483647";
     QTest::newRow("negative") << Variant(1U) << "-1"
                               << "\"-1\".*from 0 to 4294967295";
     QTest::newRow("nothing") << Variant(1U) << ""
-                             << "\"\" is no whole number";
+                             << "\"\" is not a whole number";
     QTest::newRow("no number") << Variant(0.5) << "0,5"
                                << "\"0,5\".*-0\\.5";
     QTest::newRow("too large a number") << Variant(0.5) << "1e999"
-                                        << "no number that fits";
+                                        << "not a valid number";
     QTest::newRow("no Latin-1") << Variant(std::string()) << u8"a\u03c0"
                                 << u8"Latin-1.*\u03c0.*QString";
     QTest::newRow("third") << Variant(Vector<float>()) << "1, 2, x"

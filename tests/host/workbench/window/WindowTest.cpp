@@ -165,10 +165,10 @@ void WindowTest::the_page_follows_the_connection()
     QVERIFY(workbench.device.connectDevice());
     QTRY_VERIFY_WITH_TIMEOUT(workbench.text("connection").startsWith("Connecting to 127.0.0.1:"),
                              patience);
-    QTRY_VERIFY_WITH_TIMEOUT(workbench.text("steps").contains("give up"), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(workbench.text("steps").contains("To cancel"), patience);
     QTRY_COMPARE_WITH_TIMEOUT(workbench.device.connectionState(), 3, patience);
     QTRY_COMPARE_WITH_TIMEOUT(workbench.text("connection"), workbench.text("status"), patience);
-    QTRY_VERIFY_WITH_TIMEOUT(workbench.text("steps").contains("end the connection"), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(workbench.text("steps").contains("disconnect"), patience);
 }
 
 void WindowTest::the_plugins_own_dialog_has_its_three_tabs()
