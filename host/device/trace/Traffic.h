@@ -23,9 +23,9 @@ public:
     static constexpr std::size_t capacity = 10000;
     /// The calls that are kept take about that much memory at most: fewer are kept where they are
     /// large. A dock that is paused keeps as much again.
-    static constexpr std::size_t mostBytes = 8 * 1024 * 1024;
+    static constexpr std::size_t mostBytes = std::size_t{8} * 1024 * 1024;
     /// Of a larger value only its size is kept.
-    static constexpr std::size_t largestValue = 1024 * 1024;
+    static constexpr std::size_t largestValue = std::size_t{1024} * 1024;
 
     /// The calls that are kept: from the oldest one's number to that after the newest one's.
     Number begin() const { return m_first; }

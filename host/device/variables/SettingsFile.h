@@ -23,12 +23,13 @@ public:
     using Check = std::function<QString(const QJsonObject& entries)>;
 
     /// Larger files are neither read nor written.
-    static constexpr qint64 mostBytes = 16 * 1024 * 1024;
+    static constexpr qint64 mostBytes = qint64{16} * 1024 * 1024;
 
     /// Nothing is read or made yet. No two names share a file, and no two endings. A file that
     /// @p check objects to is damaged.
-    SettingsFile(const QString& folder, const QString& name, const QString& ending,
-                 Check check = [](const QJsonObject&) { return QString(); });
+    SettingsFile(
+        const QString& folder, const QString& name, const QString& ending,
+        Check check = [](const QJsonObject&) { return QString(); });
 
     QString fileName() const { return m_fileName; }
 

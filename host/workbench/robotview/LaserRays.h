@@ -11,7 +11,8 @@
 
 namespace host::workbench::robotview {
 
-/// What a laser saw, in metres in its own frame. Rays without an answer within the laser's limits are not among it.
+/// What a laser saw, in metres in its own frame. Rays without an answer within the laser's limits
+/// are not among it.
 struct LaserRays
 {
     Q_DECLARE_TR_FUNCTIONS(host::workbench::robotview::LaserRays)
