@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef QUANDREL_SCAN_H
 #define QUANDREL_SCAN_H
 

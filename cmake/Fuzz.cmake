@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+
 # libFuzzer targets, with clang:
 #   cmake --preset fuzz && cmake --build --preset fuzz && ctest --preset fuzz
 include_guard()

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+
 # The format check and clang-tidy as tests, so that they count like every other.
 option(QUANDREL_LINT "Add the tests that check format and lint" OFF)
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+
 # What every target of the project shares: the Qt generation, warnings, and how a test is added.
 include_guard()
 

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
 """Writes the compilation database that clang-tidy reads, from the build's own.
 
     lint_database.py BUILD_FOLDER OUTPUT_FOLDER

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
 """Keeps the files in translations/ in step with the texts in the sources.
 
     scripts/translations.py update    brings the files up to date; new texts are "unfinished"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #include "Latin1.h"
 
 QString Latin1::decode(const std::string& bytes)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #include "PositionVariables.h"
 
 // std::to_string groups no digits, whatever locale the host has set.

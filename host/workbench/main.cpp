@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #include "host/workbench/Application.h"
 #include "host/workbench/Options.h"
 #include "host/workbench/Session.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef ROBOT_NODES_CLOCKNODE_H
 #define ROBOT_NODES_CLOCKNODE_H
 

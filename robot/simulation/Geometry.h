@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef ROBOT_SIMULATION_GEOMETRY_H
 #define ROBOT_SIMULATION_GEOMETRY_H
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef ROSBRIDGE_SERVER_SUBSCRIPTION_H
 #define ROSBRIDGE_SERVER_SUBSCRIPTION_H
 

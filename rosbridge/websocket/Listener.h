@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef ROSBRIDGE_WEBSOCKET_LISTENER_H
 #define ROSBRIDGE_WEBSOCKET_LISTENER_H
 

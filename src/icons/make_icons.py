@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
 """Make the connection-state icons from their drawings, or check the ones that are there.
 
 Each drawings/NAME.svg becomes NAME.png beside this program: a 40 x 40 PNG with a palette of at

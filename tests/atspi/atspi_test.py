@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+
 """Uses device-workbench as a screen reader does: through AT-SPI, on a display and a bus of its own.
 
 Usage: atspi_test.py PROGRAM [unittest arguments]

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
 """Follows the links and the pictures of Markdown files to files and headings of the repository.
 
 Usage: document_links.py FILE...

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
 """Looks for the classes and files that Markdown files name in backticks.
 
 Usage: document_names.py ROOT FILE...

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
 """Compares the #include edges between the folders of the sources with the table in the map.
 
 Usage: include_edges.py MAP ROOT

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef FUZZ_LINKINPUT_H
 #define FUZZ_LINKINPUT_H
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Whatever a server sends, the link's client end gives it to whom it is for, or says what is wrong.
 #include "LinkInput.h"
 #include "Require.h"

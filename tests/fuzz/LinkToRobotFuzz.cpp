@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Whatever a client sends, the robot answers in its protocol and keeps to its limits.
 #include "LinkInput.h"
 #include "Require.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Any bytes are a recording or an error, and any recording can be replayed.
 #include "Require.h"
 

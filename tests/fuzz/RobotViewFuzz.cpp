@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Whatever a robot tells of itself, the view of it takes it whole or not at all, and can paint what
 // it has.
 #include "LinkInput.h"

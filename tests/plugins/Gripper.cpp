@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A sound plugin for another device than the one that this program was made for: controls that show
 // no words, under names of their own, and texts that are translated beside its library.
 #include "TestInterface.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A factory that ends with an exception.
 #include "plugin/gui/Interface.h"
 

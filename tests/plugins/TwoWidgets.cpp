@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A sound plugin with a tool bar and a dialog. It notes on the application what it is called.
 #include "TestInterface.h"
 

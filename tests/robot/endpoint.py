@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+
 """quandrel-robot and rosbridge clients that are not ours, for the tests beside this file."""
 
 import asyncio

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+
 """Sends quandrel-robot what it must stand, with none of our code in between.
 
 Usage: endpoint_test.py PROGRAM [unittest arguments]

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+
 """Runs quandrel-robot as a person does.
 
 Usage: program_test.py PROGRAM [unittest arguments]

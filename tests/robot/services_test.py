@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+
 """Calls the services of quandrel-robot with none of our code in between.
 
 Usage: services_test.py PROGRAM [unittest arguments]

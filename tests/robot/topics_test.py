@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+
 """Subscribes to the topics of quandrel-robot, and publishes there, with none of our code in between.
 
 Usage: topics_test.py PROGRAM [unittest arguments]

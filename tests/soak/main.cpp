@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Soak test: uses the workbench repeatedly, and checks that it holds no more after hours than after
 // minutes.
 #include "Census.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Every class here has its operations in a wrong order. The check of the slot orders is run on
 // this library to see that it reports each of them; nothing calls anything in it.
 

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
 """Checks the order of the virtual operations in built objects.
 
 A plugin and its host agree on slots, not on names: a swapped pair of operations compiles, loads

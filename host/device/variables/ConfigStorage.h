@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef HOST_DEVICE_VARIABLES_CONFIGSTORAGE_H
 #define HOST_DEVICE_VARIABLES_CONFIGSTORAGE_H
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #include "host/workbench/traffic/TableFile.h"
 
 #include "olm/qt/replaceFile.h"

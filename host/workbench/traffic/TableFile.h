@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef HOST_WORKBENCH_TRAFFIC_TABLEFILE_H
 #define HOST_WORKBENCH_TRAFFIC_TABLEFILE_H
 

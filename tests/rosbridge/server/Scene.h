@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef ROBOT_LINK_TESTS_SCENE_H
 #define ROBOT_LINK_TESTS_SCENE_H
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef OLM_QT_CONVERT_H
 #define OLM_QT_CONVERT_H
 

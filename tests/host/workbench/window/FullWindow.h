@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
 #ifndef TESTS_HOST_WORKBENCH_WINDOW_FULLWINDOW_H
 #define TESTS_HOST_WORKBENCH_WINDOW_FULLWINDOW_H
 
