@@ -176,9 +176,10 @@ void Client::onHandshake()
     m_deadline.stop();
     m_pingTimer.start();
     m_state = State::Open;
+    const QPointer<Client> alive(this);
     const QPointer<Socket> socket(m_socket);
     Q_EMIT opened();
-    if (socket && socket == m_socket)
+    if (alive && socket && socket == m_socket)
         takeTurn(); // what came right behind the handshake
 }
 

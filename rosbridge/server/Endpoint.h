@@ -57,8 +57,8 @@ public:
     bool hasSubscribers(const QString& topic) const;
 
 Q_SIGNALS:
-    void joined(const Peer& peer);
-    void left(const Peer& peer, const QString& why);
+    void joined(const rosbridge::server::Peer& peer);
+    void left(const rosbridge::server::Peer& peer, const QString& why);
     void originRefused(const QString& origin);
 
     /// Nobody can be let in for now, for want of file descriptors or memory; told at most once a

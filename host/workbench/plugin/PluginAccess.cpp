@@ -176,7 +176,8 @@ QString PluginAccess::placeOf(const QWidget& control) const
         if (!outer)
             break;
         if (const auto* tabs = qobject_cast<const QTabWidget*>(outer->parentWidget()))
-            title = tabs->tabText(tabs->indexOf(inner)); // the pages are in a stack
+            // The pages are in a stack. Qt 5 looks for a widget that is not const only.
+            title = tabs->tabText(tabs->indexOf(const_cast<QWidget*>(inner)));
         else if (const auto* box = qobject_cast<const QGroupBox*>(outer))
             title = box->title();
         if (title.isEmpty())

@@ -74,7 +74,8 @@ void ClientFloodTest::a_flood_of_pings_takes_no_memory()
     qint64 sent = 0;
     flood(peer.socket, (QByteArray("\x89\x7d", 2) + QByteArray(125, 'x')).repeated(1000), &sent);
     QTRY_VERIFY_WITH_TIMEOUT(sent > 60000000, patience);
-    QVERIFY2(residentBytes() - before < 20000000, qPrintable(QString::number(residentBytes())));
+    QVERIFY2(residentBytes() - before < 20000000 + heldBackBytes,
+             qPrintable(QString::number(residentBytes())));
     QCOMPARE(client.state(), Client::State::Open);
 }
 
@@ -217,7 +218,7 @@ void ClientFloodTest::what_is_too_large_is_left_out_by_its_topics_name()
     connect(peer.socket, &QTcpSocket::bytesWritten, this, refill);
     refill();
     QTRY_COMPARE_WITH_TIMEOUT(left, qint64(0), patience);
-    QVERIFY(residentBytes() - before < 20000000);
+    QVERIFY(residentBytes() - before < 20000000 + heldBackBytes);
     const QByteArray next = R"({"op":"publish","topic":"/map_updates","msg":{}})";
     peer.socket->write(end + "\x81" + QByteArray(1, char(next.size())) + next);
 

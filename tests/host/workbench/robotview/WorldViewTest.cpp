@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "RobotMessages.h"
+#include "ShownWorld.h"
 #include "Tell.h"
 #include "TestCase.h"
 
@@ -14,92 +15,12 @@
 
 namespace world_view_test {
 
+using namespace shown_world;
 using namespace host::workbench::robotview;
 using namespace std::chrono_literals;
 using message::with;
 
-namespace {
-
-constexpr int patience = 30000;
-constexpr double pi = 3.14159265358979323846;
-
-/// Counts how often it is painted.
-class CountingView : public WorldView
-{
-public:
-    using WorldView::WorldView;
-
-    int paints = 0;
-
-protected:
-    void paintEvent(QPaintEvent* event) override
-    {
-        ++paints;
-        WorldView::paintEvent(event);
-    }
-};
-
-/// A view of a robot on a map of 4 x 2 metres, with a wall at its right end; the robot is at
-/// (1, 1) and looks ahead.
-struct World
-{
-    World()
-    {
-        state.begin();
-        tell(RobotState::Map,
-             message::map("map", 4, 2, 1, message::pose(0, 0, 0), {0, 0, 0, 100, 0, 0, 0, 100}));
-        tell(RobotState::Odometry, message::odometry("map", "base_link", 1, 1, 0));
-        QPalette palette;
-        palette.setColor(QPalette::Base, Qt::white);
-        palette.setColor(QPalette::Text, Qt::black);
-        palette.setColor(QPalette::Highlight, Qt::blue);
-        view.setPalette(palette);
-        view.resize(424, 424); // 100 pixels a metre, with the margins
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view, patience));
-    }
-
-    void tell(RobotState::Topic topic, const QCborMap& message)
-    {
-        ::tell(state, topic, message, RobotState::Clock::now() - age);
-    }
-
-    QColor colourAt(double x, double y)
-    {
-        const QImage picture = view.grab().toImage();
-        return picture.pixelColor(pixelOf(x, y));
-    }
-
-    QPoint pixelOf(double x, double y) const
-    {
-        return view.toPixels().map(QPointF(x, y)).toPoint();
-    }
-
-    void turnWheel(const QPoint& pixel, int angle)
-    {
-        QWheelEvent event(pixel, view.mapToGlobal(pixel), {}, {0, angle}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&view, &event);
-    }
-
-    /// QTest's own tells of no buttons with Qt 5.
-    void moveMouse(const QPoint& pixel, Qt::MouseButtons buttons)
-    {
-        QMouseEvent event(QEvent::MouseMove, pixel, view.mapToGlobal(pixel), Qt::NoButton, buttons,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(&view, &event);
-    }
-
-    double scale() const { return view.toPixels().m11(); }
-
-    std::chrono::seconds age{0};
-    RobotState state;
-    CountingView view{state};
-};
-
-} // namespace
-
-/// The picture of the world, and how it is moved.
+/// The picture of the world.
 class WorldViewTest : public TestCase
 {
     Q_OBJECT
@@ -118,13 +39,6 @@ private Q_SLOTS:
     void what_is_old_is_grey();
     void a_robot_without_a_map_is_shown_with_what_is_about_it();
     void colours_follow_the_palette();
-    void the_wheel_zooms_about_the_pointer();
-    void keys_zoom_and_move();
-    void dragging_moves();
-    void following_keeps_the_robot_in_the_middle_until_the_view_is_moved();
-    void zooming_while_following_keeps_the_robot_in_the_middle();
-    void zooming_has_limits();
-    void it_shows_all_again_when_told();
     void far_away_places_do_no_harm();
     void a_map_that_just_leaves_the_sight_does_no_harm();
     void it_is_painted_thirty_times_a_second_at_most();
@@ -313,113 +227,6 @@ void WorldViewTest::colours_follow_the_palette()
     world.view.setPalette(dark);
     QCOMPARE(world.colourAt(0.3, 0.3), QColor(Qt::black));
     QCOMPARE(world.colourAt(3.5, 0.5), QColor(Qt::white));
-}
-
-void WorldViewTest::the_wheel_zooms_about_the_pointer()
-{
-    World world;
-    world.view.grab();
-    const QPoint pixel = world.pixelOf(3, 2);
-    world.turnWheel(pixel, 120);
-    QCOMPARE(world.scale(), 125.0);
-    QCOMPARE(world.pixelOf(3, 2), pixel);
-    world.turnWheel(pixel, -240);
-    QCOMPARE(world.scale(), 80.0);
-    QCOMPARE(world.pixelOf(3, 2), pixel);
-}
-
-void WorldViewTest::keys_zoom_and_move()
-{
-    World world;
-    world.view.grab();
-    const QPoint before = world.pixelOf(2, 1);
-    QTest::keyClick(&world.view, Qt::Key_Right);
-    QVERIFY(world.pixelOf(2, 1).x() < before.x());
-    QTest::keyClick(&world.view, Qt::Key_Left);
-    QCOMPARE(world.pixelOf(2, 1), before);
-    QTest::keyClick(&world.view, Qt::Key_Up);
-    QVERIFY(world.pixelOf(2, 1).y() > before.y());
-    QTest::keyClick(&world.view, Qt::Key_Down);
-    QCOMPARE(world.pixelOf(2, 1), before);
-    QTest::keyClick(&world.view, Qt::Key_Plus);
-    QCOMPARE(world.scale(), 125.0);
-    QTest::keyClick(&world.view, Qt::Key_Minus);
-    QCOMPARE(world.scale(), 100.0);
-    QTest::keyClick(&world.view, Qt::Key_Left);
-    QTest::keyClick(&world.view, Qt::Key_Home);
-    world.view.grab();
-    QCOMPARE(world.pixelOf(2, 1), before);
-}
-
-void WorldViewTest::dragging_moves()
-{
-    World world;
-    world.view.grab();
-    const QPoint before = world.pixelOf(2, 1);
-    QTest::mousePress(&world.view, Qt::LeftButton, {}, {100, 100});
-    world.moveMouse({130, 90}, Qt::LeftButton);
-    world.moveMouse({140, 150}, Qt::LeftButton);
-    QTest::mouseRelease(&world.view, Qt::LeftButton, {}, {140, 150});
-    QCOMPARE(world.pixelOf(2, 1), before + QPoint(40, 50));
-    world.moveMouse({10, 10}, Qt::NoButton);
-    QCOMPARE(world.pixelOf(2, 1), before + QPoint(40, 50));
-}
-
-void WorldViewTest::following_keeps_the_robot_in_the_middle_until_the_view_is_moved()
-{
-    World world;
-    const QSignalSpy changes(&world.view, &WorldView::followingChanged);
-    world.view.setFollowing(true);
-    for (const double x : {1.0, 2.0, 30.0}) {
-        world.tell(RobotState::Odometry, message::odometry("map", "base_link", x, 1, 0));
-        world.view.grab();
-        QCOMPARE(world.pixelOf(x, 1), QPoint(212, 212));
-    }
-    QTest::keyClick(&world.view, Qt::Key_Left);
-    QVERIFY(!world.view.isFollowing());
-    QCOMPARE(changes, QList<QVariantList>({{true}, {false}}));
-    world.tell(RobotState::Odometry, message::odometry("map", "base_link", 1, 1, 0));
-    world.view.grab();
-    QVERIFY(world.pixelOf(1, 1) != QPoint(212, 212));
-}
-
-void WorldViewTest::zooming_while_following_keeps_the_robot_in_the_middle()
-{
-    World world;
-    world.view.setFollowing(true);
-    world.turnWheel({10, 10}, 120);
-    world.view.grab();
-    QVERIFY(world.view.isFollowing());
-    QCOMPARE(world.scale(), 125.0);
-    QCOMPARE(world.pixelOf(1, 1), QPoint(212, 212));
-}
-
-void WorldViewTest::zooming_has_limits()
-{
-    World world;
-    for (const int angle : {1200, -1200}) {
-        double last = 0;
-        for (int i = 0; i < 100; ++i) {
-            last = world.scale();
-            world.turnWheel({212, 212}, angle);
-            world.view.grab();
-        }
-        QCOMPARE(world.scale(), last);
-    }
-}
-
-void WorldViewTest::it_shows_all_again_when_told()
-{
-    World world;
-    world.view.setFollowing(true);
-    world.turnWheel({10, 10}, 1200);
-    world.view.showAll();
-    QVERIFY(!world.view.isFollowing());
-    world.view.grab();
-    QCOMPARE(world.scale(), 100.0);
-    world.view.resize(824, 824);
-    world.view.grab();
-    QCOMPARE(world.scale(), 200.0);
 }
 
 void WorldViewTest::far_away_places_do_no_harm()

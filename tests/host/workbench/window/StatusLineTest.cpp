@@ -120,7 +120,7 @@ void StatusLineTest::data_that_stops_is_marked_as_stale_with_its_age()
     Fixture fixture(robot.address());
     QVERIFY(fixture.device.connectDevice());
     QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
-    QCOMPARE(fixture.text("age"), QString("No data yet"));
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("No data yet"), patience);
     QVERIFY(!fixture.label("age").property("stale").toBool());
     QTRY_VERIFY_WITH_TIMEOUT(fixture.label("age").property("stale").toBool(), patience);
 
