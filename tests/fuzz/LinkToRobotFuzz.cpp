@@ -6,6 +6,7 @@
 #include "Require.h"
 
 #include "robot/network/Control.h"
+#include "robot/network/Parameters.h"
 #include "robot/network/RobotLimits.h"
 #include "robot/network/RosApi.h"
 #include "rosbridge/protocol/Codec.h"
@@ -77,7 +78,7 @@ private:
                 QString()};
     }
 
-    RosApi api{topics, services, {{QStringLiteral("/use_sim_time"), true}}};
+    RosApi api{topics, services, Parameters({{QStringLiteral("/use_sim_time"), true}})};
 };
 
 /// Counts what the robot sends, and requires that a client can make sense of it.
