@@ -14,7 +14,7 @@ namespace rosbridge::websocket {
 
 namespace {
 
-constexpr qint64 chunkBytes = 64 * 1024;
+constexpr qint64 chunkBytes = qint64{64} * 1024;
 
 // Some libraries end a message with an empty frame; none needs them in its middle.
 constexpr int maximumEmptyFrames = 100;
@@ -39,7 +39,7 @@ std::optional<FrameReader::Item> FrameReader::read(QIODevice& device)
         readPayload(device);
         if (m_frameRead < m_frame->length)
             break;
-        if (const std::optional<Item> item = endFrame())
+        if (std::optional<Item> item = endFrame())
             return item;
     }
     return std::nullopt;

@@ -13,7 +13,7 @@ namespace rosbridge::websocket {
 
 namespace {
 
-constexpr qint64 readBufferBytes = 64 * 1024;
+constexpr qint64 readBufferBytes = qint64{64} * 1024;
 
 // What the system holds in its turn: as little as keeps a line busy, so that a ping does not wait
 // behind minutes of data where the line is slow.

@@ -17,7 +17,7 @@ namespace host::device::variables {
 namespace {
 
 constexpr int lockPatience = 2000; // ms; others hold the lock for one save
-constexpr qint64 megabyte = 1024 * 1024;
+constexpr qint64 megabyte = qint64{1024} * 1024;
 
 // All but letters, digits and a few marks is encoded: different names stay different.
 QString baseName(const QString& name)

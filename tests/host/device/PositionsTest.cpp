@@ -20,8 +20,6 @@ using Kind = plugin::gui::VariableKind;
 
 namespace {
 
-constexpr int patience = 60000;
-
 /// axis0 to axis8 at 10, 20, ... 90.
 QCborMap jointState(int axes = 9)
 {
