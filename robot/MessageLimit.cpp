@@ -45,7 +45,7 @@ void handle(QtMsgType type, const QMessageLogContext& context, const QString& me
         s_bytes = 0;
     }
     s_newest.start();
-    if (s_leftOut == 0 && s_bytes <= MessageLimit::mostBytes - reserve - 4 * longest) {
+    if (s_leftOut == 0 && s_bytes <= MessageLimit::mostBytes - reserve - qint64{4} * longest) {
         const QString cut =
             message.size() <= longest ? message : message.left(longest) + QStringLiteral(" …");
         write(type, context, cut);
