@@ -19,6 +19,9 @@ constexpr qint64 readBufferBytes = qint64{64} * 1024;
 // behind minutes of data where the line is slow.
 constexpr int systemBufferBytes = 64 * 1024;
 
+// What the systems at both ends may hold of a peer that has not read its close frame yet.
+constexpr qint64 underWayBytes = 16000000;
+
 bool isUtf8(const QByteArray& bytes)
 {
     const auto* at = reinterpret_cast<const quint8*>(bytes.constData());
@@ -59,7 +62,8 @@ Socket::Socket(QTcpSocket* tcp, Role role, qint64 maximumBytes, QObject* parent)
     : QObject(parent),
       m_tcp(tcp),
       m_role(role),
-      m_reader(role, maximumBytes)
+      m_reader(role, maximumBytes),
+      m_underWay(maximumBytes + underWayBytes)
 {
     m_tcp->setParent(this);
     m_tcp->setReadBufferSize(readBufferBytes);
@@ -146,7 +150,10 @@ void Socket::onReadyRead()
     }
     if (m_state == State::Closing && !m_sinceClose.hasExpired(10 * m_closeDeadline.count()))
         m_closeTimer.start(m_closeDeadline);
+    m_underWay -= m_tcp->bytesAvailable();
     take();
+    if (m_underWay < 0)
+        abort();
 }
 
 void Socket::onBytesWritten(qint64 bytes)

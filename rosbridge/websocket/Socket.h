@@ -34,7 +34,7 @@ public:
     ~Socket() override;
 
     /// For a peer to take its close frame; 1 s to begin with. It starts anew when the peer still
-    /// sends what was under way, ten times at the most.
+    /// sends what was under way, ten times at the most and no more than a message and 16 MB.
     void setCloseDeadline(std::chrono::milliseconds deadline) { m_closeDeadline = deadline; }
 
     /// The next of what has come: a message, or a ping or a pong, for which nothing is left to do.
@@ -96,6 +96,7 @@ private:
     std::chrono::milliseconds m_closeDeadline{1000};
     QTimer m_closeTimer;
     QElapsedTimer m_sinceClose;
+    qint64 m_underWay; // that the peer may still send after the close
     qint64 m_pongLeft = 0;                // to write until the last pong is out
     std::optional<QByteArray> m_nextPong; // answers the last ping that came meanwhile
 };

@@ -138,14 +138,17 @@ class AtSpiTest(unittest.TestCase):
         cls.addClassCleanup(wait_for, lambda: not has_children(), "the end of all processes")
         cls.addClassCleanup(stack.close)
         Desktop(stack)
+        Atspi.set_timeout(int(DEADLINE * 1000), int(DEADLINE * 1000))
+        # Starts the accessibility bus. It is there before any program, as on every desktop: Qt may
+        # miss a bus that comes up while the program does.
+        Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
         environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         cls.program = Desktop.start(stack, [PROGRAM, "--language", "en"], env=environment)
-        Atspi.set_timeout(int(DEADLINE * 1000), int(DEADLINE * 1000))
-        Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
         cls.window = wait_for(cls.find_window, "the window among the desktop's")
 
-    @staticmethod
-    def find_window():
+    @classmethod
+    def find_window(cls):
+        assert cls.program.poll() is None, f"the program ended with {cls.program.returncode}"
         desktop = Atspi.get_desktop(0)
         for i in range(desktop.get_child_count()):
             application = desktop.get_child_at_index(i)
