@@ -553,6 +553,14 @@
         <source>the tab&apos;s address field stays at &quot;%1&quot;</source>
         <translation>das Adressfeld des Reiters bleibt bei „%1“</translation>
     </message>
+    <message>
+        <source>the robot does not say who controls it</source>
+        <translation>der Roboter sagt nicht, wer ihn steuert</translation>
+    </message>
+    <message>
+        <source>the tab does not say that nothing answers</source>
+        <translation>der Reiter sagt nicht, dass nichts antwortet</translation>
+    </message>
 </context>
 <context>
     <name>host::tour::Tour</name>

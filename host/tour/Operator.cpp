@@ -5,6 +5,7 @@
 
 #include "host/device/Device.h"
 #include "host/tour/Hand.h"
+#include "host/workbench/robotview/RobotFeed.h"
 #include "host/workbench/window/Window.h"
 
 #include <QAbstractButton>
@@ -159,8 +160,11 @@ bool Operator::waitForRobot(QWidget& window)
     const auto isShown = [](const QDockWidget* dock) {
         const auto* const notes = dock->findChild<QLabel*>("notes"); // what is missing
         const auto* const parts = dock->findChild<QAbstractItemView*>("parts");
-        return notes->isHidden() &&
-               parts->model()->index(0, 2).data().toString().contains(QChar(0x00b0));
+        const auto isAngle = [parts](int column) {
+            return parts->model()->index(0, column).data().toString().contains(QChar(0x00b0));
+        };
+        const auto* const feed = dock->findChild<workbench::robotview::RobotFeed*>();
+        return notes->isHidden() && isAngle(1) && isAngle(2) && feed->state().map();
     };
     const auto docks = window.findChildren<QDockWidget*>("RobotDock");
     return waitUntil([&] { return std::all_of(docks.begin(), docks.end(), isShown); }) ||

@@ -143,6 +143,8 @@ bool PluginTour::showBase()
         return m_operator.fail(tr("the tab has no check box for the drive system"));
     if (!m_operator.waitUntil([this] { return hasCameraFrequency(m_operator.page()); }))
         return m_operator.fail(tr("no frames arrive"));
+    if (!m_operator.waitUntil([this] { return !logText(m_operator.page()).isEmpty(); }))
+        return m_operator.fail(tr("the robot does not say who controls it"));
     for (int i = 0; i < 2; ++i) { // off and on again: the robot tells of both in its log
         const QString before = logText(m_operator.page());
         hand::click(*drive, QPoint(drive->height() / 2, drive->height() / 2));
@@ -282,7 +284,11 @@ bool PluginTour::connectNowhere()
     const auto* const secondField = m_operator.page().findChild<QLineEdit*>();
     if (!secondField)
         return m_operator.fail(tr("the tab has no address field"));
-    if (!m_operator.enterAddress(address) || !m_operator.waitForDisconnection())
+    if (!m_operator.enterAddress(address))
+        return false;
+    if (!m_operator.waitUntil([&] { return logText(m_operator.page()).contains(address); }))
+        return m_operator.fail(tr("the tab does not say that nothing answers"));
+    if (!m_operator.waitForDisconnection())
         return false;
     if (!m_operator.waitUntil([&] { return secondField->text() == address; }))
         return m_operator.fail(

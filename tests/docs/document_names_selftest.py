@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: the Quandrel device GUI authors
 # SPDX-License-Identifier: BSD-3-Clause
-"""The check of the names reports classes and files that are not there, and nothing else."""
+"""The check of the names reports classes, functions and files that are not there, and nothing else."""
 
 import tempfile
 import unittest
@@ -15,7 +15,7 @@ class DocumentNamesTest(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             root = Path(folder)
             (root / "src").mkdir()
-            (root / "src" / "Tab.h").write_text("class DeviceTab : public Widget\n{\n};\n")
+            (root / "src" / "Tab.h").write_text("class DeviceTab : public Widget\n{\n    void update();\n};\n")
             page = root / "page.md"
             page.write_text(text)
             return [fault.removeprefix(f"{page}: ")
@@ -29,9 +29,13 @@ class DocumentNamesTest(unittest.TestCase):
     def test_a_missing_class_is_reported(self):
         self.assertEqual(self.faults("a `DeviceDialog` here"), ["there is no class DeviceDialog"])
 
-    def test_the_class_of_a_missing_function_counts(self):
+    def test_the_class_of_a_function_counts(self):
         self.assertEqual(self.faults("`DeviceDialog::update()`"),
                          ["there is no class DeviceDialog::update()"])
+
+    def test_a_missing_function_is_reported(self):
+        self.assertEqual(self.faults("`DeviceTab::show()`, `hide()`"),
+                         ["there is no function DeviceTab::show()", "there is no function hide()"])
 
     def test_a_missing_file_is_reported(self):
         self.assertEqual(self.faults("`src/Dialog.cpp`"), ["there is no src/Dialog.cpp"])
