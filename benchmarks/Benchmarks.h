@@ -20,6 +20,7 @@ void addLaserRangeFinderDialog(Ratios& ratios);
 void addPositionModel(Ratios& ratios);
 void addPositionView(Ratios& ratios);
 void addWorldView(Ratios& ratios);
+void addLargeMessages(Ratios& ratios);
 
 /// @p value as something that the compiler cannot know.
 template <class T>

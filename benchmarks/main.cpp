@@ -35,6 +35,7 @@ int main(int argc, char* argv[])
     addPositionModel(ratios);
     addPositionView(ratios);
     addWorldView(ratios);
+    addLargeMessages(ratios);
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))

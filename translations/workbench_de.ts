@@ -1438,6 +1438,10 @@
         <source>%1: no valid message on %2 yet.</source>
         <translation>%1: noch keine gültige Nachricht auf %2.</translation>
     </message>
+    <message>
+        <source>No position: there are several robots on %1: %2. In Robot &gt; Names…, enter the names of one robot&apos;s %3 and %4.</source>
+        <translation>Keine Position: Auf %1 sind mehrere Roboter: %2. Tragen Sie unter Roboter &gt; Namen… die Namen ein, die %3 und %4 bei einem von ihnen haben.</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::robotview::Transform</name>
@@ -1471,6 +1475,10 @@
     <message>
         <source>it results in more than %1 frames</source>
         <translation>sie ergibt mehr als %1 Koordinatensysteme</translation>
+    </message>
+    <message>
+        <source>the field &quot;transforms&quot; has %1 frames; at most %2 are accepted</source>
+        <translation>das Feld „transforms“ hat %1 Koordinatensysteme; höchstens %2 werden angenommen</translation>
     </message>
 </context>
 <context>

@@ -102,7 +102,11 @@ Fields Fields::object(const char* name)
     const QCborValue found = value(name);
     if (!found.isMap())
         fail(name, tr("is %1, not an object").arg(kindOf(found)));
-    return {found.toMap(), m_path + QLatin1String(name) + QLatin1Char('.'), m_error};
+    const QLatin1String latin1Name(name);
+    QString path; // of every object of every frame, however many a message has
+    path.reserve(m_path.size() + latin1Name.size() + 1);
+    path.append(m_path).append(latin1Name).append(QLatin1Char('.'));
+    return {found.toMap(), path, m_error};
 }
 
 void Fields::fail(const char* name, const QString& why)

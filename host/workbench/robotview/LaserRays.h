@@ -15,12 +15,14 @@
 namespace host::workbench::robotview {
 
 /// What a laser saw, in metres in its own frame. Rays without an answer within the laser's limits
-/// are not among it.
+/// are not among it. Of rays that lie closer together than pixels, the shortest stands for several.
 struct LaserRays
 {
     Q_DECLARE_TR_FUNCTIONS(host::workbench::robotview::LaserRays)
 
 public:
+    static constexpr int mostRays = 4096;
+
     QString frame;
     std::uint32_t stamp = 0; ///< the robot's clock, milliseconds modulo 2^32
     double reach = 0;        ///< of the farthest ray

@@ -24,7 +24,17 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto freshFor = 2s;
-constexpr auto frame = 33ms; // no screen shows more
+constexpr auto frame = 33ms;  // no screen shows more
+constexpr int mostRobots = 3; // that a sentence lists
+/// What robots call their own frame.
+const QString bases[] = {QStringLiteral("base_link"), QStringLiteral("base_footprint")};
+
+/// "robot1/" of "robot1/laser", and nothing of "/laser".
+QString prefixOf(const QString& frame)
+{
+    const QString name = TransformTree::bare(frame);
+    return name.left(name.lastIndexOf(QLatin1Char('/')) + 1);
+}
 
 std::size_t index(int axis)
 {
@@ -128,18 +138,17 @@ void RobotState::admit(Topic topic, TimePoint now, const Take& take)
     if (!isNews)
         return;
     m_arrivals.at(topic) = now;
-    const QString newWorld = world();
     if (wasOverdue)
         m_path.interrupt(); // the way between is not known
-    if (newWorld != m_world) {
-        m_world = newWorld;
+    const QString lastWorld = m_places.world;
+    findPlaces();
+    if (m_places.world != lastWorld) {
         m_path.clear();
         m_raysPlace.reset();
     }
-    const auto place = robotPlace();
-    const auto moved = m_frames.moved(base());
-    if (place && moved && moved->arrival == now)
-        m_path.add(place->onFloor().map(QPointF(0, 0)));
+    const auto moved = m_frames.moved(m_places.base);
+    if (m_places.robot && moved && moved->arrival == now)
+        m_path.add(m_places.robot->onFloor().map(QPointF(0, 0)));
     if (topic == Scan)
         m_raysPlace.reset();
     placeRays();
@@ -204,42 +213,57 @@ bool RobotState::takeAxes(Topic topic, const QCborMap& message, QString* fault)
     return isNews;
 }
 
-std::optional<Transform> RobotState::mapPlace() const
+void RobotState::findPlaces()
 {
+    m_places = {};
+    m_places.base = findBase();
+    QString anchor = m_places.base;
+    if (anchor.isEmpty() && m_rays)
+        anchor = m_rays->frame;
+    const QString map = m_map ? frameOf(m_map->frame) : QString();
+    m_places.world =
+        m_map && (anchor.isEmpty() || m_frames.lookup(anchor, map)) ? map : m_frames.root(anchor);
+    if (!m_places.base.isEmpty())
+        m_places.robot = m_frames.lookup(m_places.base, m_places.world);
     if (!m_map)
-        return std::nullopt;
-    const auto frame = m_frames.lookup(m_map->frame, world());
-    if (!frame)
-        return std::nullopt;
-    return *frame * m_map->origin;
+        return;
+    if (const auto place = m_frames.lookup(map, m_places.world))
+        m_places.map = *place * m_map->origin;
 }
 
-std::optional<Transform> RobotState::robotPlace() const
+/// The robot is the one whose odometry and laser are told of: there may be others among the frames.
+QString RobotState::findBase() const
 {
-    if (base().isEmpty())
-        return std::nullopt;
-    return m_frames.lookup(base(), world());
-}
+    const QString laser = m_rays ? m_rays->frame : QString();
+    const bool hasOdometry = m_frames.isPlaced(m_odometryFrame);
+    if (hasOdometry && (!m_frames.isKnown(laser) || m_frames.lookup(m_odometryFrame, laser)))
+        return m_odometryFrame;
+    for (const QString& name : bases) {
+        QString above = m_frames.ancestor(laser, name);
+        if (!above.isEmpty())
+            return above;
+    }
+    if (hasOdometry)
+        return m_odometryFrame;
 
-/// The robot's own frame; empty as long as its place was not told.
-QString RobotState::base() const
-{
-    for (const QString& name :
-         {m_odometryFrame, QStringLiteral("base_link"), QStringLiteral("base_footprint")}) {
-        if (!name.isEmpty() && m_frames.isPlaced(name))
-            return name;
+    const QString prefix = prefixOf(laser);
+    for (const QString& name : bases) {
+        if (m_frames.isPlaced(prefix + name))
+            return prefix + name;
+    }
+    for (const QString& name : bases) {
+        const QStringList placed = m_frames.placed(name);
+        if (!placed.isEmpty())
+            return prefix.isEmpty() && placed.size() == 1 ? placed.first() : QString();
     }
     return {};
 }
 
-QString RobotState::world() const
+/// A frame that a message names; not all give it the prefix that the robot's frames have.
+QString RobotState::frameOf(const QString& told) const
 {
-    QString anchor = base();
-    if (anchor.isEmpty() && m_rays)
-        anchor = m_rays->frame;
-    if (m_map && (anchor.isEmpty() || m_frames.lookup(anchor, m_map->frame)))
-        return m_map->frame;
-    return m_frames.root(anchor);
+    const QString prefixed = prefixOf(m_places.base) + TransformTree::bare(told);
+    return !m_frames.isKnown(told) && m_frames.isKnown(prefixed) ? prefixed : told;
 }
 
 /// At the first place that is told, and again at each that was told for a moment nearer to theirs:
@@ -248,8 +272,8 @@ void RobotState::placeRays()
 {
     if (!m_rays)
         return;
-    const auto place = m_frames.lookup(m_rays->frame, m_world);
-    const auto moved = m_frames.moved(base());
+    const auto place = m_frames.lookup(frameOf(m_rays->frame), m_places.world);
+    const auto moved = m_frames.moved(m_places.base);
     const qint64 lag =
         moved ? std::abs(qint64(static_cast<qint32>(moved->stamp - m_rays->stamp))) : 0;
     if (!place || (m_raysPlace && lag >= m_raysLag))
@@ -262,7 +286,7 @@ QString RobotState::overdue(Topic topic, TimePoint now) const
 {
     std::optional<TimePoint> arrival = m_arrivals.at(topic);
     if (topic == Transforms) {
-        const auto moved = m_frames.moved(base());
+        const auto moved = m_frames.moved(m_places.base);
         arrival = moved ? std::make_optional(moved->arrival) : std::nullopt;
     }
     if (!arrival || now - *arrival <= freshFor)
@@ -295,12 +319,12 @@ QStringList RobotState::notes(TimePoint now) const
 
     if (!m_map)
         add(missing(tr("No map"), {Map}, now));
-    else if (!mapPlace())
+    else if (!m_places.map)
         add(tr("The map is not shown: the robot does not publish its position in the map's frame "
                "\"%1\".")
                 .arg(m_map->frame));
-    if (base().isEmpty())
-        add(missing(tr("No position"), {Transforms, Odometry}, now));
+    if (m_places.base.isEmpty())
+        add(withoutPlace(now));
     addAge(Transforms, tr("The position is %1 old."));
     if (!m_rays)
         add(missing(tr("No laser"), {Scan}, now));
@@ -314,6 +338,19 @@ QStringList RobotState::notes(TimePoint now) const
     addAge(JointStates, tr("The axes' positions are %1 old."));
     addAge(ArmState, tr("The axes' targets are %1 old."));
     return notes;
+}
+
+QString RobotState::withoutPlace(TimePoint now) const
+{
+    for (const QString& name : bases) {
+        const QStringList robots = m_frames.placed(name);
+        if (robots.size() > 1)
+            return tr("No position: there are several robots on %1: %2. In Robot > Names…, enter "
+                      "the names of one robot's %3 and %4.")
+                .arg(this->name(Transforms), robots.mid(0, mostRobots).join(QStringLiteral(", ")),
+                     this->name(Odometry), this->name(Scan));
+    }
+    return missing(tr("No position"), {Transforms, Odometry}, now);
 }
 
 /// Why nothing is known, once it should be.

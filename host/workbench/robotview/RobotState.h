@@ -95,8 +95,9 @@ public:
     const Path& path() const { return m_path; }
 
     // Where things are in the world, which is the map, or what the robot's place is told in.
-    std::optional<Transform> mapPlace() const;
-    std::optional<Transform> robotPlace() const;
+    const std::optional<Transform>& mapPlace() const { return m_places.map; }
+
+    const std::optional<Transform>& robotPlace() const { return m_places.robot; }
 
     /// When the rays were measured, as near as it was told.
     const std::optional<Transform>& raysPlace() const { return m_raysPlace; }
@@ -117,14 +118,26 @@ public:
     QStringList notes(TimePoint now) const;
 
 private:
+    /// What follows from all that was told: found once for each message, and looked at by whoever
+    /// paints.
+    struct Places
+    {
+        QString base;  // the robot's own frame; empty as long as its place was not told
+        QString world; // that path and rays are in
+        std::optional<Transform> robot;
+        std::optional<Transform> map;
+    };
+
     template <class Take>
     void admit(Topic topic, TimePoint now, const Take& take);
     bool take(Topic topic, const QCborMap& message, TimePoint now, QString* fault);
     bool takeAxes(Topic topic, const QCborMap& message, QString* fault);
+    void findPlaces();
+    QString findBase() const;
+    QString frameOf(const QString& told) const;
     void placeRays();
     QString name(Topic topic) const; // as the robot says
-    QString base() const;
-    QString world() const;
+    QString withoutPlace(TimePoint now) const;
     QString missing(const QString& what, const std::vector<Topic>& topics, TimePoint now) const;
 
     bool m_isConnected = false;
@@ -140,7 +153,7 @@ private:
     std::optional<LaserRays> m_rays;
     std::optional<Transform> m_raysPlace;
     qint64 m_raysLag = 0; // from when they were measured to when their place was; milliseconds
-    QString m_world;      // that path and rays are in
+    Places m_places;
     Path m_path;
     std::array<Axis, axisCount> m_axes;
     std::array<std::optional<bool>, TopicCount> m_switches;

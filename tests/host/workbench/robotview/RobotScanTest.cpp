@@ -24,6 +24,7 @@ private Q_SLOTS:
     void rays_take_the_place_of_the_moment_nearest_to_theirs();
     void each_scan_has_a_place_of_its_own();
     void rays_are_placed_anew_in_another_world();
+    void of_rays_closer_than_pixels_the_shortest_is_kept();
 };
 
 void RobotScanTest::a_laser_off_centre_sees_things_in_their_true_place()
@@ -161,6 +162,32 @@ void RobotScanTest::rays_are_placed_anew_in_another_world()
     robot.tell(RobotState::StaticTransforms,
                message::transforms({message::transform("map", "odom", 100, 0, 0)}));
     QCOMPARE(seen(robot.state.raysPlace()), QPointF(101, 0));
+}
+
+void RobotScanTest::of_rays_closer_than_pixels_the_shortest_is_kept()
+{
+    constexpr int count = 1000 * 1000;
+    constexpr int pole = 700123;
+    olm::core::LaserScanMessage scan;
+    scan.frameId = "laser";
+    scan.minimumAngle = -3;
+    scan.angleIncrement = 6.0F / count;
+    scan.minimumRange = 0.1F;
+    scan.maximumRange = 10;
+    scan.ranges.resize(count);
+    for (int i = 0; i < count; ++i)
+        scan.ranges[i] = i < count / 2 ? 3 : 20; // nothing is seen in the left half
+    scan.ranges[pole] = 1;
+    Robot robot;
+    robot.state.readScan(scan, robot.now);
+    const LaserRays& rays = *robot.state.rays();
+    QVERIFY(rays.hits.size() > LaserRays::mostRays / 3);
+    QVERIFY(rays.hits.size() <= LaserRays::mostRays);
+    QVERIFY(rays.swept.size() <= 2 * LaserRays::mostRays);
+    QCOMPARE(rays.reach, 3.0);
+    const double angle = -3 + pole * double(scan.angleIncrement);
+    QCOMPARE(rays.hits.last(), QPointF(std::cos(angle), std::sin(angle)));
+    QCOMPARE(rays.hits.first(), QPointF(3 * std::cos(-3.0), 3 * std::sin(-3.0)));
 }
 
 TEST_WITHOUT_WINDOWS(RobotScanTest)
