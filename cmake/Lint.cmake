@@ -9,7 +9,7 @@ if(NOT QUANDREL_LINT)
 endif()
 
 find_program(CLANG_FORMAT clang-format REQUIRED)
-find_program(RUN_CLANG_TIDY run-clang-tidy REQUIRED)
+find_program(CLANG_TIDY clang-tidy REQUIRED)
 
 set(code_folders src host robot rosbridge tests benchmarks)
 list(TRANSFORM code_folders PREPEND "${PROJECT_SOURCE_DIR}/")
@@ -22,8 +22,6 @@ file(GLOB_RECURSE code CONFIGURE_DEPENDS ${code_globs})
 add_test(NAME format COMMAND "${CLANG_FORMAT}" --dry-run -Werror ${code})
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME tidy
-  COMMAND sh -c [["$0" "$1" . lint && exec "$2" -quiet -p lint "$3"]]
-    "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_LIST_DIR}/lint_database.py"
-    "${RUN_CLANG_TIDY}" "^${PROJECT_SOURCE_DIR}/(src|host|robot|rosbridge|tests|benchmarks)/"
-  WORKING_DIRECTORY "${PROJECT_BINARY_DIR}")
+  COMMAND Python3::Interpreter -B "${CMAKE_CURRENT_LIST_DIR}/lint.py" "${CLANG_TIDY}"
+    "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
 set_tests_properties(tidy PROPERTIES RUN_SERIAL ON TIMEOUT 1500)
