@@ -81,10 +81,12 @@ void CommandLine::readAddress(const QString& text)
     QString error;
     const std::optional<rosbridge::protocol::Address> address =
         rosbridge::protocol::Address::parse(text, &error);
-    if (address)
-        m_address = *address;
-    else
-        finish(Action::Fail, tr("--address: %1").arg(error));
+    if (!address)
+        return finish(Action::Fail, tr("--address: %1").arg(error));
+    if (address->isSecure || !address->path.isEmpty())
+        return finish(Action::Fail, tr("--address: the robot serves neither wss:// nor a path; "
+                                       "write host:port"));
+    m_address = *address;
 }
 
 void CommandLine::readPort(const QString& text)

@@ -62,7 +62,7 @@ int main(int argc, char** argv)
     }
     address.port = robot.port();
     print(stdout, QStringLiteral("seed %1").arg(robot.seed()));
-    print(stdout, QStringLiteral("listening on %1").arg(address.url().toString()));
+    print(stdout, QStringLiteral("listening on ws://%1").arg(address.authority()));
 
     QObject::connect(&signals, &robot::TerminationSignals::received, &application,
                      &QCoreApplication::quit);

@@ -32,6 +32,21 @@
     </message>
 </context>
 <context>
+    <name>host::device::connection::Certificates</name>
+    <message>
+        <source>the fingerprint of &quot;%1&quot; is not text</source>
+        <translation>Der Fingerabdruck von „%1“ ist kein Text</translation>
+    </message>
+    <message>
+        <source>Its certificate cannot be verified: %1. The SHA-256 fingerprint is %2. If the robot&apos;s certificate has the same one, trust it, or start with --trust FILE, a PEM file with it.</source>
+        <translation>Sein Zertifikat lässt sich nicht prüfen: %1. Der SHA-256-Fingerabdruck ist %2. Hat das Zertifikat des Roboters denselben, dann vertrauen Sie ihm, oder starten Sie mit --trust DATEI, einer PEM-Datei mit dem Zertifikat.</translation>
+    </message>
+    <message>
+        <source>Its certificate has changed since it was trusted, and cannot be verified: %1. Another computer may pose as the robot: ask who changed it. The SHA-256 fingerprint was %2 and is now %3. If the robot&apos;s certificate has the new one, trust it, or start with --trust FILE, a PEM file with it.</source>
+        <translation>Sein Zertifikat ist ein anderes als das, dem vertraut wurde, und lässt sich nicht prüfen: %1. Womöglich gibt sich ein anderer Computer als der Roboter aus: Fragen Sie, wer es geändert hat. Der SHA-256-Fingerabdruck war %2 und ist jetzt %3. Hat das Zertifikat des Roboters den neuen, dann vertrauen Sie ihm, oder starten Sie mit --trust DATEI, einer PEM-Datei mit dem Zertifikat.</translation>
+    </message>
+</context>
+<context>
     <name>host::device::connection::Commands</name>
     <message>
         <source>Disable the drive system</source>
@@ -103,6 +118,10 @@
     <message>
         <source>name unknown</source>
         <translation>Name unbekannt</translation>
+    </message>
+    <message>
+        <source>%1 If its rosbridge wants authentication (the operation &quot;auth&quot;), switch that off: this program cannot log in.</source>
+        <translation>%1 Verlangt sein rosbridge eine Anmeldung (die Operation „auth“), dann schalten Sie das ab: Dieses Programm kann sich nicht anmelden.</translation>
     </message>
 </context>
 <context>
@@ -674,10 +693,6 @@
         <translation>Name des Geräts. Unter diesem Namen werden seine Einstellungen gespeichert (Vorgabe: %1). Kann mehrfach angegeben werden, um mehrere Geräte nebeneinander zu zeigen.</translation>
     </message>
     <message>
-        <source>Address of the robot: host, host:port or [IPv6]:port (default: the simulated robot&apos;s). The second one is for the second device, and so on.</source>
-        <translation>Adresse des Roboters: Host, Host:Port oder [IPv6]:Port (Vorgabe: die des simulierten Roboters). Die zweite gilt für das zweite Gerät und so weiter.</translation>
-    </message>
-    <message>
         <source>Use the robot&apos;s topic or service THEIRS in place of OURS, as in /scan:=/base_scan. Stored for each device that is shown. Can be repeated.</source>
         <translation>Verwendet das Topic oder den Dienst THEIRS des Roboters anstelle von OURS, etwa /scan:=/base_scan. Wird für jedes gezeigte Gerät gespeichert. Kann mehrfach angegeben werden.</translation>
     </message>
@@ -728,6 +743,22 @@
     <message>
         <source>--appearance: &quot;%1&quot; is not one of %2</source>
         <translation>--appearance: „%1“ ist keines von %2</translation>
+    </message>
+    <message>
+        <source>Address of the robot: host, host:port, [IPv6]:port, ws://host:port/path or wss://host:port/path (default: the simulated robot&apos;s). The second one is for the second device, and so on.</source>
+        <translation>Adresse des Roboters: Host, Host:Port, [IPv6]:Port, ws://Host:Port/Pfad oder wss://Host:Port/Pfad (Vorgabe: die des simulierten Roboters). Die zweite gilt für das zweite Gerät und so weiter.</translation>
+    </message>
+    <message>
+        <source>Trust the certificates in FILE (PEM) when connecting by wss://, and servers that they vouch for. Can be repeated.</source>
+        <translation>Beim Verbinden über wss:// den Zertifikaten in FILE (PEM) vertrauen, und den Servern, für die sie bürgen. Kann wiederholt werden.</translation>
+    </message>
+    <message>
+        <source>--trust: %1 cannot be read</source>
+        <translation>--trust: %1 lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>--trust: there is no certificate in PEM format in %1</source>
+        <translation>--trust: %1 enthält kein Zertifikat im PEM-Format</translation>
     </message>
 </context>
 <context>
@@ -1845,6 +1876,21 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::window::TrustBar</name>
+    <message>
+        <source>Trust and connect</source>
+        <translation>Vertrauen und verbinden</translation>
+    </message>
+    <message>
+        <source>Do not trust</source>
+        <translation>Nicht vertrauen</translation>
+    </message>
+    <message>
+        <source>Trust %1? %2</source>
+        <translation>%1 vertrauen? %2</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::window::Window</name>
     <message>
         <source>%1 - device workbench</source>
@@ -1970,6 +2016,10 @@
     <message>
         <source>unexpected argument &quot;%1&quot;</source>
         <translation>unerwartetes Argument „%1“</translation>
+    </message>
+    <message>
+        <source>--address: the robot serves neither wss:// nor a path; write host:port</source>
+        <translation>--address: Der Roboter bedient weder wss:// noch einen Pfad; schreiben Sie Host:Port</translation>
     </message>
 </context>
 <context>
@@ -2415,22 +2465,6 @@
         <translation>%1 antwortet seit %2 s nicht. Prüfen Sie die Adresse, das Netz und ob der Roboter eingeschaltet ist.</translation>
     </message>
     <message>
-        <source>%1 answers, but not as a robot: %2. Check whether the port is the robot&apos;s.</source>
-        <translation>%1 antwortet, aber nicht als Roboter: %2. Prüfen Sie, ob der Port der des Roboters ist.</translation>
-    </message>
-    <message>
-        <source>%1 refuses the connection. Check the port and whether the robot&apos;s program is running.</source>
-        <translation>%1 weist die Verbindung ab. Prüfen Sie den Port und ob das Programm des Roboters läuft.</translation>
-    </message>
-    <message>
-        <source>There is no host &quot;%1&quot;. Check the address and the network.</source>
-        <translation>Es gibt keinen Host „%1“. Prüfen Sie die Adresse und das Netz.</translation>
-    </message>
-    <message>
-        <source>%1 cannot be reached: %2. Check the address and the network.</source>
-        <translation>%1 ist nicht zu erreichen: %2. Prüfen Sie die Adresse und das Netz.</translation>
-    </message>
-    <message>
         <source>The link to %1 was closed, as one end did not understand the other: %2. Check whether both have the same version.</source>
         <translation>Die Verbindung mit %1 wurde geschlossen, da ein Ende das andere nicht verstand: %2. Prüfen Sie, ob beide dieselbe Version haben.</translation>
     </message>
@@ -2457,6 +2491,57 @@
     <message>
         <source>A message of %1 has %2 MB and was left out; at most %3 MB are accepted.</source>
         <translation>Eine Nachricht von %1 hat %2 MB und wurde ausgelassen; höchstens %3 MB werden angenommen.</translation>
+    </message>
+    <message>
+        <source>%1 closed the link without an answer. Its rosbridge may want authentication (the operation &quot;auth&quot;). This program cannot log in: switch the authentication off on the robot.</source>
+        <translation>%1 hat die Verbindung ohne Antwort geschlossen. Sein rosbridge verlangt womöglich eine Anmeldung (die Operation „auth“). Dieses Programm kann sich nicht anmelden: Schalten Sie die Anmeldung am Roboter ab.</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::client::FailureText</name>
+    <message>
+        <source>%1 refuses the connection. Check the port and whether the robot&apos;s program is running.</source>
+        <translation>%1 weist die Verbindung ab. Prüfen Sie den Port und ob das Programm des Roboters läuft.</translation>
+    </message>
+    <message>
+        <source>There is no host &quot;%1&quot;. Check the address and the network.</source>
+        <translation>Es gibt keinen Host „%1“. Prüfen Sie die Adresse und das Netz.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be reached: %2. Check the address and the network.</source>
+        <translation>%1 ist nicht zu erreichen: %2. Prüfen Sie die Adresse und das Netz.</translation>
+    </message>
+    <message>
+        <source>%1 answers, but not as a robot: %2. Check whether the port is the robot&apos;s.</source>
+        <translation>%1 antwortet, aber nicht als Roboter: %2. Prüfen Sie, ob der Port der des Roboters ist.</translation>
+    </message>
+    <message>
+        <source>%1 needs an encrypted connection, but OpenSSL is missing on this computer. Install the package libssl3 and start again.</source>
+        <translation>%1 braucht eine verschlüsselte Verbindung, aber auf diesem Computer fehlt OpenSSL. Installieren Sie das Paket libssl3, und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>%1 answers, but does not encrypt. Check the port, or write ws:// in place of wss://: then nothing is encrypted.</source>
+        <translation>%1 antwortet, verschlüsselt aber nicht. Prüfen Sie den Port, oder schreiben Sie ws:// statt wss://: Dann wird nichts verschlüsselt.</translation>
+    </message>
+    <message>
+        <source>%1 was not connected to. %2</source>
+        <translation>Mit %1 wurde keine Verbindung aufgebaut. %2</translation>
+    </message>
+    <message>
+        <source>%1 wants a user name and a password (&quot;%2&quot;). This program cannot log in: have the server let this computer in without, or use another way to the robot, as through a tunnel.</source>
+        <translation>%1 verlangt Benutzername und Kennwort („%2“). Dieses Programm kann sich nicht anmelden: Lassen Sie diesen Computer am Server ohne Anmeldung zu, oder wählen Sie einen anderen Weg zum Roboter, etwa einen Tunnel.</translation>
+    </message>
+    <message>
+        <source>%1 does not let this computer in (&quot;%2&quot;). Change on the server who may connect.</source>
+        <translation>%1 lässt diesen Computer nicht zu („%2“). Ändern Sie am Server, wer sich verbinden darf.</translation>
+    </message>
+    <message>
+        <source>%1 is there, but has no robot at this path (&quot;%2&quot;). Check the port in the address, and the path after it.</source>
+        <translation>%1 ist da, hat unter diesem Pfad aber keinen Roboter („%2“). Prüfen Sie in der Adresse den Port und den Pfad dahinter.</translation>
+    </message>
+    <message>
+        <source>%1 refers to another address, &quot;%2&quot;. If that is the robot&apos;s, enter it, beginning with ws:// or wss://.</source>
+        <translation>%1 verweist auf eine andere Adresse, „%2“. Ist sie die des Roboters, geben Sie sie ein, mit ws:// oder wss:// am Anfang.</translation>
     </message>
 </context>
 <context>
@@ -2515,6 +2600,18 @@
     <message>
         <source>The port &quot;%1&quot; in the address &quot;%2&quot; is not valid: write a number from 1 to 65535.</source>
         <translation>Der Port „%1“ in der Adresse „%2“ ist nicht gültig: Schreiben Sie eine Zahl von 1 bis 65535.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; is not that of a robot: write ws:// or wss:// in place of %2, or leave it out.</source>
+        <translation>Die Adresse „%1“ ist nicht die eines Roboters: Schreiben Sie ws:// oder wss:// statt %2, oder lassen Sie es weg.</translation>
+    </message>
+    <message>
+        <source>The address &quot;%1&quot; contains a &quot;#&quot;: leave it out, and what follows it.</source>
+        <translation>Die Adresse „%1“ enthält ein „#“: Lassen Sie es weg, und was darauf folgt.</translation>
+    </message>
+    <message>
+        <source>The address of &quot;%1&quot; contains a user name, but this program cannot log in: leave out all up to the &quot;@&quot;.</source>
+        <translation>Die Adresse von „%1“ enthält einen Benutzernamen, aber dieses Programm kann sich nicht anmelden: Lassen Sie alles bis zum „@“ weg.</translation>
     </message>
 </context>
 <context>
@@ -2901,6 +2998,34 @@
     <message>
         <source>its handshake does not follow WebSocket</source>
         <translation>der Handshake entspricht nicht WebSocket</translation>
+    </message>
+    <message>
+        <source>nobody but itself vouches for it</source>
+        <translation>nur es selbst bürgt für sich</translation>
+    </message>
+    <message>
+        <source>this computer does not know who issued it</source>
+        <translation>dieser Computer kennt den Aussteller nicht</translation>
+    </message>
+    <message>
+        <source>it was issued for another host</source>
+        <translation>es ist für einen anderen Host ausgestellt</translation>
+    </message>
+    <message>
+        <source>it has expired</source>
+        <translation>es ist abgelaufen</translation>
+    </message>
+    <message>
+        <source>it is not valid yet, by this computer&apos;s clock</source>
+        <translation>es gilt nach der Uhr dieses Computers noch nicht</translation>
+    </message>
+    <message>
+        <source>Its certificate cannot be verified: %1.</source>
+        <translation>Sein Zertifikat lässt sich nicht prüfen: %1.</translation>
+    </message>
+    <message>
+        <source>it closed the connection without an answer (if it encrypts, write wss:// before the address)</source>
+        <translation>die Verbindung wurde ohne Antwort geschlossen (wird dort verschlüsselt, schreiben Sie wss:// vor die Adresse)</translation>
     </message>
 </context>
 <context>

@@ -90,6 +90,17 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
     connect(&m_settings, &Settings::told, this, &Device::takeOver);
     connect(&remappings(), &connection::Remappings::problem, this, &Device::say);
     say(remappings().load(storageFolder, name));
+    connection::Certificates& certificates = m_connection.certificates();
+    connect(&certificates, &connection::Certificates::problem, this, &Device::say);
+    // Further attempts would only ask again. Not at once: the attempt has not failed yet.
+    connect(
+        &certificates, &connection::Certificates::questionChanged, this,
+        [this] {
+            if (m_connection.certificates().question())
+                m_reconnection.giveUp();
+        },
+        Qt::QueuedConnection);
+    say(certificates.load(storageFolder, name));
 }
 
 Device::~Device() = default;

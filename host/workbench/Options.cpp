@@ -8,6 +8,8 @@
 #include "robot/InfoOptions.h"
 
 #include <QCommandLineParser>
+#include <QFile>
+#include <QFileInfo>
 
 #include <optional>
 
@@ -17,6 +19,7 @@ namespace {
 
 constexpr double leastScale = 1;
 constexpr double greatestScale = 4;
+constexpr qint64 mostCertificateBytes = 1000000;
 
 QCommandLineOption scaleOption()
 {
@@ -66,9 +69,15 @@ void Options::read(const QStringList& arguments, const Program& program)
         "NAME");
     const QCommandLineOption address(
         "address",
-        tr("Address of the robot: host, host:port or [IPv6]:port (default: the simulated "
-           "robot's). The second one is for the second device, and so on."),
+        tr("Address of the robot: host, host:port, [IPv6]:port, ws://host:port/path or "
+           "wss://host:port/path (default: the simulated robot's). The second one is for the "
+           "second device, and so on."),
         "ADDRESS");
+    const QCommandLineOption trust(
+        "trust",
+        tr("Trust the certificates in FILE (PEM) when connecting by wss://, and servers that they "
+           "vouch for. Can be repeated."),
+        "FILE");
     const QCommandLineOption remap(
         "remap",
         tr("Use the robot's topic or service THEIRS in place of OURS, as in /scan:=/base_scan. "
@@ -90,7 +99,7 @@ void Options::read(const QStringList& arguments, const Program& program)
 
     QCommandLineParser parser;
     parser.setApplicationDescription(program.description);
-    parser.addOptions({plugin, device, address, remap, noRobot});
+    parser.addOptions({plugin, device, address, trust, remap, noRobot});
     m_laserLog.addTo(parser);
     parser.addOptions({language, appearance, scale});
     info.addTo(parser);
@@ -103,7 +112,7 @@ void Options::read(const QStringList& arguments, const Program& program)
     if (!text.isEmpty())
         return finish(Action::ShowText, text);
     for (const QCommandLineOption& option :
-         {plugin, device, address, remap, language, appearance, scale}) {
+         {plugin, device, address, trust, remap, language, appearance, scale}) {
         if (parser.values(option).contains(QString()))
             finish(Action::Fail, tr("--%1: the value is empty").arg(option.names().first()));
     }
@@ -114,6 +123,7 @@ void Options::read(const QStringList& arguments, const Program& program)
     if (parser.isSet(device))
         readDevices(parser.values(device));
     readAddresses(parser.values(address));
+    readCertificates(parser.values(trust));
     readNames(parser.values(remap));
     readLaserLog(parser);
     if (parser.isSet(language))
@@ -170,6 +180,21 @@ void Options::readAddresses(const QStringList& texts)
     if (texts.size() > m_devices.size()) {
         finish(Action::Fail, tr("--address: there are more addresses than devices; name a further "
                                 "device with --device for each"));
+    }
+}
+
+void Options::readCertificates(const QStringList& files)
+{
+    for (const QString& name : files) {
+        QFile file(name);
+        // Opening a pipe would wait for a writer.
+        if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly))
+            return finish(Action::Fail, tr("--trust: %1 cannot be read").arg(name));
+        const auto certificates = QSslCertificate::fromData(file.read(mostCertificateBytes));
+        if (certificates.isEmpty())
+            return finish(Action::Fail,
+                          tr("--trust: there is no certificate in PEM format in %1").arg(name));
+        m_certificates += certificates;
     }
 }
 

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QList>
+#include <QSslCertificate>
 #include <QString>
 #include <QStringList>
 
@@ -53,6 +54,9 @@ public:
     /// For the first devices; the others have their embedded robot's, or the stored one.
     QList<rosbridge::protocol::Address> addresses() const { return m_addresses; }
 
+    /// That the devices are to believe.
+    const QList<QSslCertificate>& certificates() const { return m_certificates; }
+
     /// Of the robots' topics and services.
     QList<device::connection::Remappings::Mapping> names() const { return m_names; }
 
@@ -74,6 +78,7 @@ private:
     void readArguments(QStringList arguments, bool isFolderExpected);
     void readDevices(const QStringList& names);
     void readAddresses(const QStringList& texts);
+    void readCertificates(const QStringList& files);
     void readNames(const QStringList& texts);
     void readLaserLog(const QCommandLineParser& parser);
     void readLanguage(const QString& code);
@@ -85,6 +90,7 @@ private:
     QString m_pluginFile;
     QStringList m_devices{QStringLiteral("Quandrel")};
     QList<rosbridge::protocol::Address> m_addresses;
+    QList<QSslCertificate> m_certificates;
     QList<device::connection::Remappings::Mapping> m_names;
     bool m_hasRobot = true;
     robot::LaserLogOptions m_laserLog;

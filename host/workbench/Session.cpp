@@ -49,6 +49,7 @@ void Session::addDevice(int index, const Options& options, const QString& settin
         device->setDefaultAddress(robotAddress);
     if (index < options.addresses().size())
         device->overrideAddress(options.addresses().at(index).toString());
+    device->connection().certificates().believe(options.certificates());
     for (const auto& [ours, theirs] : options.names())
         device->remappings().set(ours, theirs);
     window::DeviceView& view = m_window.add(*device, robotAddress);

@@ -3,6 +3,7 @@
 
 #include "rosbridge/client/Client.h"
 
+#include "rosbridge/client/FailureText.h"
 #include "rosbridge/protocol/CanonicalName.h"
 #include "rosbridge/protocol/Codec.h"
 #include "rosbridge/websocket/Socket.h"
@@ -64,7 +65,7 @@ void Client::open(const protocol::Address& address)
     m_address = address;
     m_deadline.start(m_timeouts.connect);
 
-    m_connector = new Connector(protocol::maximumMessageSize, this);
+    m_connector = new Connector(protocol::maximumMessageSize, m_trust, this);
     connect(m_connector, &Connector::failed, this, &Client::endConnecting);
     connect(m_connector, &Connector::connected, this, [this](Socket* socket) {
         m_socket = socket;
@@ -84,7 +85,7 @@ void Client::open(const protocol::Address& address)
 
 void Client::openSocket()
 {
-    m_connector->open(m_address.host, m_address.port);
+    m_connector->open(m_address);
 }
 
 void Client::close()
@@ -176,6 +177,7 @@ void Client::onHandshake()
     m_deadline.stop();
     m_pingTimer.start();
     m_state = State::Open;
+    m_hasHeard = false;
     const QPointer<Client> alive(this);
     const QPointer<Socket> socket(m_socket);
     Q_EMIT opened();
@@ -225,27 +227,23 @@ void Client::ping()
 
 void Client::endConnecting(Connector::Failure failure, const QString& why)
 {
-    const QString address = m_address.toString();
+    Cause cause = Cause::ProtocolError;
     switch (failure) {
     case Connector::Failure::Refused:
-        end(Cause::Refused, tr("%1 refuses the connection. Check the port and whether the robot's "
-                               "program is running.")
-                                .arg(address));
+        cause = Cause::Refused;
         break;
     case Connector::Failure::NoHost:
-        end(Cause::Unreachable,
-            tr("There is no host \"%1\". Check the address and the network.").arg(m_address.host));
-        break;
     case Connector::Failure::Unreachable:
-        end(Cause::Unreachable,
-            tr("%1 cannot be reached: %2. Check the address and the network.").arg(address, why));
+    case Connector::Failure::NoTls:
+        cause = Cause::Unreachable;
         break;
-    case Connector::Failure::NotWebSocket:
-        end(Cause::ProtocolError, tr("%1 answers, but not as a robot: %2. Check whether the port "
-                                     "is the robot's.")
-                                      .arg(address, why));
+    case Connector::Failure::Untrusted:
+        cause = Cause::Untrusted;
+        break;
+    default:
         break;
     }
+    end(cause, FailureText::of(failure, m_address, why));
 }
 
 void Client::endOpen(CloseCode code, const QString& reason)
@@ -261,10 +259,16 @@ void Client::endOpen(CloseCode code, const QString& reason)
                                       .arg(address, reason));
         break;
     default:
-        if (reason.isEmpty())
-            lose();
-        else
+        if (!reason.isEmpty())
             end(Cause::Lost, tr("%1 closed the link: %2.").arg(address, reason));
+        else if (!m_hasHeard && (code == CloseCode::NoStatus || code == CloseCode::Normal ||
+                                 code == CloseCode::PolicyViolated))
+            end(Cause::Lost, tr("%1 closed the link without an answer. Its rosbridge may want "
+                                "authentication (the operation \"auth\"). This program cannot log "
+                                "in: switch the authentication off on the robot.")
+                                 .arg(address));
+        else
+            lose();
     }
 }
 
@@ -354,6 +358,7 @@ void Client::receive(const Socket::Item& item)
     }
     if (item.opcode != Opcode::Text && item.opcode != Opcode::Binary)
         return;
+    m_hasHeard = true;
     QString error;
     const std::optional<QCborMap> message = item.opcode == Opcode::Text
                                                 ? protocol::decodeText(item.data, &error)

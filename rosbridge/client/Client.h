@@ -45,6 +45,7 @@ public:
         Unreachable,   ///< no such host, or no way to it
         Silent,        ///< a connection was accepted, but the handshake not answered in time
         Lost,          ///< was open, then was closed by the other end, broke or fell silent
+        Untrusted,     ///< the certificate of the other end cannot be verified
         ProtocolError, ///< the other end answers, but not as a rosbridge server does
     };
     Q_ENUM(Cause)
@@ -78,6 +79,13 @@ public:
     ~Client() override;
 
     State state() const { return m_state; }
+
+    /// Whom to believe from the next open() on, where the system does not; outlives the client.
+    void setTrust(websocket::Trust* trust) { m_trust = trust; }
+
+    /// Whether the server has said anything on this link; a server that wants authentication
+    /// does not.
+    bool hasHeard() const { return m_hasHeard; }
 
     /// Starts to connect; the outcome is opened() or closed(), later. A link or an attempt that
     /// there is already is closed first.
@@ -150,6 +158,8 @@ private:
     Timeouts m_timeouts;
     State m_state = State::Closed;
     protocol::Address m_address;
+    websocket::Trust* m_trust = nullptr;
+    bool m_hasHeard = false;
     websocket::Connector* m_connector = nullptr; // a child, while the state is not Closed
     websocket::Socket* m_socket = nullptr;       // a child, from the handshake on
     QTimer m_pingTimer;

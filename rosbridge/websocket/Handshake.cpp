@@ -3,19 +3,43 @@
 
 #include "rosbridge/websocket/Handshake.h"
 
+#include "rosbridge/protocol/Address.h"
+
 #include <QCryptographicHash>
 #include <QIODevice>
 #include <QRandomGenerator>
+#include <QUrl>
 
 #include <algorithm>
 
 namespace rosbridge::websocket {
+
+namespace {
+
+/// As servers that serve several hosts compare it: in ASCII, and without the usual port.
+QByteArray hostHeader(const protocol::Address& address)
+{
+    using protocol::Address;
+    const bool isIpv6 = address.host.contains(u':');
+    const QByteArray host =
+        isIpv6 ? '[' + address.host.toLatin1() + ']' : QUrl::toAce(address.host);
+    const bool isUsual =
+        address.port == (address.isSecure ? Address::secureWebPort : Address::webPort);
+    return isUsual ? host : host + ':' + QByteArray::number(address.port);
+}
+
+} // namespace
 
 bool Handshake::contains(const char* name, const QByteArray& token) const
 {
     const QList<QByteArray> tokens = headers.value(name).toLower().split(',');
     return std::any_of(tokens.cbegin(), tokens.cend(),
                        [&token](const QByteArray& element) { return element.trimmed() == token; });
+}
+
+QByteArray Handshake::status() const
+{
+    return firstLine.startsWith("HTTP/") ? firstLine.mid(firstLine.indexOf(' ') + 1) : QByteArray();
 }
 
 std::optional<Handshake> readHandshake(QIODevice& device)
@@ -44,9 +68,10 @@ bool isHandshakeTooLong(const QIODevice& device)
     return device.bytesAvailable() >= maximumHandshakeBytes;
 }
 
-QByteArray request(const QByteArray& host, const QByteArray& key)
+QByteArray request(const protocol::Address& address, const QByteArray& key)
 {
-    return "GET / HTTP/1.1\r\nHost: " + host +
+    const QByteArray path = address.path.isEmpty() ? QByteArray("/") : address.path.toLatin1();
+    return "GET " + path + " HTTP/1.1\r\nHost: " + hostHeader(address) +
            "\r\nUpgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
            "Sec-WebSocket-Key: " +
            key + "\r\n\r\n";

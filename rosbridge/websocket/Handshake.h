@@ -13,6 +13,10 @@ QT_BEGIN_NAMESPACE
 class QIODevice;
 QT_END_NAMESPACE
 
+namespace rosbridge::protocol {
+struct Address;
+} // namespace rosbridge::protocol
+
 /// The exchange of HTTP headers that opens a WebSocket.
 namespace rosbridge::websocket {
 
@@ -27,6 +31,9 @@ struct Handshake
 
     /// Whether the list that the header @p name holds contains @p token, in any case.
     bool contains(const char* name, const QByteArray& token) const;
+
+    /// The status of a server's answer, as in "404 Not Found"; empty where it is no HTTP.
+    QByteArray status() const;
 };
 
 /// Takes the other end's part out of @p device, and nothing that follows; nothing as long as it
@@ -36,9 +43,8 @@ std::optional<Handshake> readHandshake(QIODevice& device);
 /// Whether so much has come that readHandshake() will never find an end.
 bool isHandshakeTooLong(const QIODevice& device);
 
-/// What a client asks with. @p host is the server's, with its port. @p key is drawn for this
-/// attempt.
-QByteArray request(const QByteArray& host, const QByteArray& key);
+/// What a client asks the server at @p address with. @p key is drawn for this attempt.
+QByteArray request(const protocol::Address& address, const QByteArray& key);
 
 /// A key for request().
 QByteArray randomKey();

@@ -95,6 +95,8 @@ void CommandLineTest::what_is_wrong_is_named_data()
     add("--seed 1.5", "1.5");
     add("--address a:b:c", "a:b:c");
     add("--address robot:0", "robot:0");
+    add("--address wss://robot:1", "neither wss:// nor a path");
+    add("--address ws://robot:1/path", "neither wss:// nor a path");
     add("--allow-origin localhost", "localhost");
     add("--allow-origin http://localhost/", "http://localhost/");
     add("--allow-origin http://user@localhost", "user@");

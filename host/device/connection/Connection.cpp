@@ -43,9 +43,15 @@ Connection::Connection(const Timing& timing, MakeClient makeClient)
     m_acquireDeadline.setInterval(m_timing.answer);
     connect(&m_acquireDeadline, &QTimer::timeout, this, [this] {
         const auto seconds = std::chrono::duration<double>(m_timing.answer).count();
-        fail(tr("%1 has not answered the request for control for %2 s. Restart the robot's "
-                "program and connect again.")
-                 .arg(m_address, QString::number(seconds)));
+        const QString silence =
+            tr("%1 has not answered the request for control for %2 s. Restart the robot's program "
+               "and connect again.")
+                .arg(m_address, QString::number(seconds));
+        fail(m_client->hasHeard()
+                 ? silence
+                 : tr("%1 If its rosbridge wants authentication (the operation \"auth\"), switch "
+                      "that off: this program cannot log in.")
+                       .arg(silence));
     });
 }
 
@@ -62,6 +68,7 @@ bool Connection::open(const QString& addressText)
 {
     if (m_state != notConnected)
         return false;
+    m_certificates.dismiss(); // an answer would be about an earlier attempt
     QString error;
     const auto address = rosbridge::protocol::Address::parse(addressText, &error);
     if (!address) {
@@ -77,6 +84,7 @@ bool Connection::open(const QString& addressText)
     connect(m_client.get(), &Client::malformedReceived, this, [this](const QString& why) {
         qWarning().noquote() << "A message of" << m_address << "was not understood:" << why;
     });
+    m_client->setTrust(&m_certificates);
     m_client->open(*address);
     m_isFirstRound = true;
     m_isAcquireAnswered = false;
@@ -253,12 +261,12 @@ void Connection::leave(const Words& status)
 
 void Connection::fail(const QString& words)
 {
-    const bool wasConnected = m_connected.isValid();
+    const auto lasted = connectedFor();
     m_lastFailure = {words, QDateTime::currentDateTime()};
     leave([words] { return words; });
     Q_EMIT message(emphasisedBaseLogLine, words);
-    if (wasConnected)
-        Q_EMIT lost(m_address);
+    if (lasted)
+        Q_EMIT lost(m_address, *lasted);
 }
 
 /// Gives control back on a link that nobody waits for any more.

@@ -4,6 +4,7 @@
 #ifndef HOST_DEVICE_CONNECTION_CONNECTION_H
 #define HOST_DEVICE_CONNECTION_CONNECTION_H
 
+#include "host/device/connection/Certificates.h"
 #include "host/device/connection/Followers.h"
 #include "host/device/connection/Remappings.h"
 #include "host/device/connection/Timing.h"
@@ -73,6 +74,9 @@ public:
     /// is followed, and at its next call for a service.
     Remappings& remappings() { return m_remappings; }
 
+    /// Whom to believe where the link is encrypted.
+    Certificates& certificates() { return m_certificates; }
+
     /// Starts to connect. False, and nothing changes, unless the state is -1; false as well for
     /// an address that cannot be understood, which is a failure like the others.
     bool open(const QString& addressText);
@@ -105,8 +109,9 @@ Q_SIGNALS:
     void opened();
     /// Also -1 after -1, where open() could not understand the address.
     void stateChanged(int state);
-    /// After that: the link to the robot at @p address, which was connected, has failed.
-    void lost(const QString& address);
+    /// After that: the link to the robot at @p address, which was connected, has failed after so
+    /// long a time.
+    void lost(const QString& address, std::chrono::milliseconds lasted);
     void statusChanged(const QString& words);
     /// A line for a log.
     void message(plugin::plugin::DataRole role, const QString& text);
@@ -140,6 +145,7 @@ private:
     Timing m_timing;
     MakeClient m_makeClient;
     Remappings m_remappings;
+    Certificates m_certificates;
     Followers m_followers{m_remappings};
     int m_state = notConnected;
     Words m_status;

@@ -15,6 +15,7 @@
 #include "host/workbench/window/Notice.h"
 #include "host/workbench/window/StartPage.h"
 #include "host/workbench/window/StatusLine.h"
+#include "host/workbench/window/TrustBar.h"
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/Interface.h"
 
@@ -63,6 +64,7 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
     m_middle = new QVBoxLayout(middle);
     m_middle->setContentsMargins(0, 0, 0, 0);
     m_middle->addWidget(m_notice);
+    m_middle->addWidget(new TrustBar(device));
     setCentralWidget(middle);
 
     addDocks();

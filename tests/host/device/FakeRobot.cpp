@@ -3,6 +3,8 @@
 
 #include "FakeRobot.h"
 
+#include "ServerIdentity.h"
+
 #include "rosbridge/protocol/Codec.h"
 
 #include <QJsonDocument>
@@ -12,9 +14,18 @@
 #include <algorithm>
 #include <utility>
 
-FakeRobot::FakeRobot(quint16 port)
-    : m_server(QStringLiteral("robot"), QWebSocketServer::NonSecureMode)
+FakeRobot::FakeRobot(quint16 port) : FakeRobot(QWebSocketServer::NonSecureMode, {}, port) {}
+
+FakeRobot::FakeRobot(const QString& certificate, quint16 port)
+    : FakeRobot(QWebSocketServer::SecureMode, certificate, port)
 {
+}
+
+FakeRobot::FakeRobot(QWebSocketServer::SslMode mode, const QString& certificate, quint16 port)
+    : m_server(QStringLiteral("robot"), mode)
+{
+    if (mode == QWebSocketServer::SecureMode)
+        m_server.setSslConfiguration(serverIdentity(certificate));
     m_server.listen(QHostAddress::LocalHost, port);
     connect(&m_server, &QWebSocketServer::newConnection, this, [this] {
         QWebSocket* const client = m_server.nextPendingConnection();
@@ -37,7 +48,9 @@ FakeRobot::~FakeRobot()
 
 QString FakeRobot::address() const
 {
-    return QStringLiteral("127.0.0.1:%1").arg(m_server.serverPort());
+    const bool isSecure = m_server.secureMode() == QWebSocketServer::SecureMode;
+    return (isSecure ? QStringLiteral("wss://127.0.0.1:%1") : QStringLiteral("127.0.0.1:%1"))
+        .arg(m_server.serverPort());
 }
 
 void FakeRobot::answer(const QString& service, const QCborMap& values)
@@ -146,6 +159,10 @@ void FakeRobot::receive(QWebSocket* client, const QString& text)
     const auto field = [&](const char* name) {
         return message->value(QLatin1String(name)).toString();
     };
+    if (m_wantsAuthentication && field("op") != QLatin1String("auth")) {
+        client->close();
+        return;
+    }
     if (field("op") == QLatin1String("subscribe")) {
         m_subscribeMessages.insert(field("topic"), *message);
         subscribe({client, field("id"), field("topic"), field("type"), field("compression")});

@@ -22,6 +22,8 @@ class FakeRobot : public QObject
 public:
     /// Listens on @p port of this computer, 0 for any free one.
     explicit FakeRobot(quint16 port = 0);
+    /// Encrypts, and shows the certificate tests/support/certificates/@p certificate.
+    explicit FakeRobot(const QString& certificate, quint16 port = 0);
     ~FakeRobot() override;
 
     QString address() const;
@@ -61,6 +63,9 @@ public:
     }
     /// Breaks all links, without a good-bye.
     void drop();
+    /// From now on any message but "auth" closes the link, without a word: rosbridge's way for a
+    /// client that does not authenticate.
+    void demandAuthentication() { m_wantsAuthentication = true; }
 
 private:
     struct Subscription
@@ -72,10 +77,12 @@ private:
         QString compression;
     };
 
+    FakeRobot(QWebSocketServer::SslMode mode, const QString& certificate, quint16 port);
     void receive(QWebSocket* client, const QString& text);
     void subscribe(const Subscription& subscription);
 
     QWebSocketServer m_server;
+    bool m_wantsAuthentication = false;
     QList<QWebSocket*> m_clients;
     QHash<QString, QCborMap> m_answers;
     QSet<QString> m_ignored;

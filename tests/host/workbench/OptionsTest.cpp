@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "ServerIdentity.h"
 #include "TestCase.h"
 
 #include "host/workbench/Options.h"
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void a_recording_goes_to_the_embedded_robot();
     void an_address_is_understood_in_every_form_data();
     void an_address_is_understood_in_every_form();
+    void certificates_are_read_from_their_files();
     void the_scale_is_known_before_all_else_data();
     void the_scale_is_known_before_all_else();
     void a_folder_is_taken_where_the_program_takes_one();
@@ -119,6 +121,8 @@ void OptionsTest::an_address_is_understood_in_every_form_data()
                                    << "10.0.0.7" << 1234;
     QTest::newRow("IPv6 and port") << "[::1]:1234"
                                    << "::1" << 1234;
+    QTest::newRow("pasted") << "wss://robot.example/rosbridge"
+                            << "robot.example" << 443;
 }
 
 void OptionsTest::an_address_is_understood_in_every_form()
@@ -128,6 +132,15 @@ void OptionsTest::an_address_is_understood_in_every_form()
     QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
     QTEST(options.addresses().first().host, "host");
     QTEST(int(options.addresses().first().port), "port");
+}
+
+void OptionsTest::certificates_are_read_from_their_files()
+{
+    const Options options = parse({"--trust", certificateFile("self-signed.pem"),
+                                   "--trust=" + certificateFile("authority.pem")});
+    QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
+    QCOMPARE(options.certificates(), QList<QSslCertificate>({certificate("self-signed.pem"),
+                                                             certificate("authority.pem")}));
 }
 
 void OptionsTest::the_scale_is_known_before_all_else_data()
@@ -175,8 +188,8 @@ void OptionsTest::help_names_every_option()
     QCOMPARE(options.action(), Options::Action::ShowText);
     for (const char* option :
          {"--plugin FILE ", "--device NAME ", "--address ADDRESS ", "--remap OURS:=THEIRS ",
-          "--no-robot ", "--laser-log ", "--rate ", "--language CODE ", "--appearance NAME ",
-          "--scale FACTOR ", "-h, --help ", "-v, --version "})
+          "--trust FILE ", "--no-robot ", "--laser-log ", "--rate ", "--language CODE ",
+          "--appearance NAME ", "--scale FACTOR ", "-h, --help ", "-v, --version "})
         QVERIFY2(options.text().contains(QLatin1String(option)), option);
     QVERIFY(!options.text().contains("DIR"));
     QVERIFY(parseWithFolder({"--help"}).text().contains("Folder for the drawings."));
@@ -223,6 +236,13 @@ void OptionsTest::a_mistake_is_refused_by_its_name_data()
     QTest::newRow("unknown language") << QStringList({"--language", "fr"}) << "\"fr\"";
     QTest::newRow("languages to pick") << QStringList({"--language", "fr"}) << "en, de, pseudo";
     QTest::newRow("empty language") << QStringList({"--language", ""}) << "--language";
+    QTest::newRow("no file of certificates")
+        << QStringList({"--trust", "/no/file"}) << "--trust: /no/file cannot be read";
+    QTest::newRow("endless certificates")
+        << QStringList({"--trust", "/dev/zero"}) << "--trust: /dev/zero cannot be read";
+    QTest::newRow("no certificate")
+        << QStringList({"--trust", certificateFile("make_certificates.py")})
+        << "no certificate in PEM format";
     QTest::newRow("unknown name") << QStringList({"--remap", "/sacn:=/a"}) << "/sacn";
     QTest::newRow("no mapping") << QStringList({"--remap", "/scan"}) << "--remap";
     QTest::newRow("bad name") << QStringList({"--remap", "/scan:=/a b"}) << "/a b";

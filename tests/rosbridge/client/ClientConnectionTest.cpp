@@ -118,7 +118,7 @@ void ClientConnectionTest::a_server_of_another_kind_is_a_protocol_error_data()
 {
     QTest::addColumn<QByteArray>("answer");
     QTest::newRow("web page") << QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
-    QTest::newRow("not found") << QByteArray("HTTP/1.1 404 Not Found\r\n\r\n");
+    QTest::newRow("fault") << QByteArray("HTTP/1.1 500 Internal Server Error\r\n\r\n");
     QTest::newRow("wrong key") << QByteArray("HTTP/1.1 101 Switching Protocols\r\n"
                                              "Upgrade: websocket\r\nConnection: Upgrade\r\n"
                                              "Sec-WebSocket-Accept: AAAA\r\n\r\n");

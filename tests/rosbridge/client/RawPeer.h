@@ -5,8 +5,10 @@
 #define ROBOT_LINK_TESTS_RAWPEER_H
 
 #include "Peer.h"
+#include "ServerIdentity.h"
 
 #include <QCryptographicHash>
+#include <QSslSocket>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QtTest>
@@ -15,7 +17,8 @@
 class RawPeer : public QTcpServer
 {
 public:
-    RawPeer()
+    /// With a @p certificate of tests/support/certificates it encrypts.
+    explicit RawPeer(const QString& certificate = QString()) : m_certificate(certificate)
     {
         listen(QHostAddress::LocalHost);
         connect(this, &QTcpServer::newConnection, this,
@@ -24,7 +27,7 @@ public:
 
     rosbridge::protocol::Address address() const
     {
-        return {serverAddress().toString(), serverPort()};
+        return {serverAddress().toString(), serverPort(), !m_certificate.isEmpty(), {}};
     }
 
     /// Answers the handshake of the client that has come.
@@ -34,6 +37,7 @@ public:
         QByteArray key;
         while (socket->canReadLine()) {
             const QByteArray line = socket->readLine().trimmed();
+            request += line;
             if (line.toLower().startsWith("sec-websocket-key:"))
                 key = line.mid(line.indexOf(':') + 1).trimmed();
         }
@@ -45,6 +49,22 @@ public:
     }
 
     QTcpSocket* socket = nullptr;
+    QList<QByteArray> request; // of the handshake that was answered, line by line
+
+protected:
+    void incomingConnection(qintptr descriptor) override
+    {
+        if (m_certificate.isEmpty())
+            return QTcpServer::incomingConnection(descriptor);
+        auto* const secure = new QSslSocket(this);
+        secure->setSocketDescriptor(descriptor);
+        secure->setSslConfiguration(serverIdentity(m_certificate));
+        secure->startServerEncryption();
+        addPendingConnection(secure);
+    }
+
+private:
+    QString m_certificate;
 };
 
 #endif

@@ -180,7 +180,7 @@ void ConnectingTest::an_address_that_is_none_is_refused_at_once_data()
     QTest::newRow("port too high") << "10.0.0.1:65536";
     QTest::newRow("no port") << "robot:";
     QTest::newRow("blank within") << "my robot";
-    QTest::newRow("an URL") << "ws://robot/";
+    QTest::newRow("a page") << "http://robot/";
 }
 
 void ConnectingTest::an_address_that_is_none_is_refused_at_once()
@@ -238,7 +238,7 @@ void ConnectingTest::a_server_that_is_no_robot_fails_with_its_cause()
     Connection connection(noHurry());
     const Journal journal(connection);
     QVERIFY(connection.open(address));
-    verifyFailed(connection, journal, {address, "not as a robot"});
+    verifyFailed(connection, journal, {address, "no robot at this path", "Check the port"});
 }
 
 void ConnectingTest::a_robot_that_does_not_answer_for_control_fails_with_its_cause()
