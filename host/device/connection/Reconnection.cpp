@@ -13,7 +13,9 @@ namespace host::device::connection {
 Reconnection::Reconnection(Connection& connection, const Timing& timing)
     : m_connection(connection),
       m_first(timing.firstPause),
-      m_longest(timing.longestPause)
+      m_longest(timing.longestPause),
+      m_lasting(timing.lasting),
+      m_next(m_first)
 {
     m_pause.setSingleShot(true);
     m_pause.setTimerType(Qt::PreciseTimer); // it is told in seconds
@@ -41,6 +43,7 @@ void Reconnection::forget()
     m_pause.stop();
     m_isTrying = false;
     m_isLost = false;
+    m_next = m_first;
     Q_EMIT changed();
 }
 
@@ -54,26 +57,35 @@ void Reconnection::giveUp()
     Q_EMIT changed();
 }
 
-void Reconnection::onLost(const QString& address)
+void Reconnection::onLost(const QString& address, std::chrono::milliseconds lasted)
 {
     m_isLost = true;
     m_isTrying = m_isAutomatic;
     m_address = address;
-    m_pause.setInterval(m_first);
+    if (lasted >= m_lasting)
+        m_next = m_first;
     if (m_isTrying)
-        m_pause.start();
+        wait();
     Q_EMIT changed();
 }
 
 void Reconnection::onStateChanged(int state)
 {
     if (state >= Connection::connected && m_isLost) {
-        forget();
+        m_isLost = false;
+        m_isTrying = false;
+        Q_EMIT changed();
     } else if (state == Connection::notConnected && m_isTrying && !m_pause.isActive()) {
-        m_pause.setInterval(std::min(2 * m_pause.intervalAsDuration(), m_longest));
-        m_pause.start();
+        wait();
         Q_EMIT changed();
     }
+}
+
+/// Before the next attempt, twice as long as before the last one.
+void Reconnection::wait()
+{
+    m_pause.start(m_next);
+    m_next = std::min(2 * m_next, m_longest);
 }
 
 void Reconnection::attempt()

@@ -17,7 +17,8 @@ class Connection;
 struct Timing;
 
 /// Connects again where a link was lost: soon, and then at intervals that double, until the robot
-/// is there, somebody connects or disconnects, or gives up. Like any connection it asks for
+/// is there, somebody connects or disconnects, or gives up. A link that is lost at once does not
+/// count: the intervals go on growing. Like any connection it asks for
 /// control, and it switches nothing.
 class Reconnection : public QObject
 {
@@ -50,18 +51,21 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void onLost(const QString& address);
+    void onLost(const QString& address, std::chrono::milliseconds lasted);
     void onStateChanged(int state);
     void attempt();
+    void wait();
 
     Connection& m_connection;
     const std::chrono::milliseconds m_first;
     const std::chrono::milliseconds m_longest;
+    const std::chrono::milliseconds m_lasting;
     bool m_isAutomatic = false;
     bool m_isLost = false;
     bool m_isTrying = false;
     QString m_address;
-    QTimer m_pause; // before the next attempt, twice as long as the one before
+    std::chrono::milliseconds m_next; // pause
+    QTimer m_pause;                   // before the next attempt
 };
 
 } // namespace host::device::connection

@@ -18,6 +18,7 @@ struct Timing
     rosbridge::client::Client::Timeouts link;
     std::chrono::milliseconds firstPause{1000};    ///< before a lost link is joined again
     std::chrono::milliseconds longestPause{60000}; ///< between two attempts
+    std::chrono::milliseconds lasting{30000};      ///< of a link that lasts: the pauses begin anew
 };
 
 } // namespace host::device::connection

@@ -21,18 +21,22 @@ namespace {
 
 constexpr int patience = 60000;
 
-Timing timing()
+Timing timing(std::chrono::milliseconds lasting)
 {
     Timing timing;
     timing.frame = 5ms;
     timing.firstPause = 20ms;
     timing.longestPause = 80ms;
+    timing.lasting = lasting;
     return timing;
 }
 
 struct Fixture
 {
-    Fixture()
+    /// A link that is up for @p lasting counts as one that lasts.
+    explicit Fixture(std::chrono::milliseconds lasting = 0ms)
+        : connection(timing(lasting)),
+          reconnection(connection, timing(lasting))
     {
         robot->obey();
         QObject::connect(&connection, &Connection::stateChanged, [this](int state) {
@@ -65,8 +69,8 @@ struct Fixture
 
     std::unique_ptr<FakeRobot> robot = std::make_unique<FakeRobot>();
     const QString address = robot->address();
-    Connection connection{timing()};
-    Reconnection reconnection{connection, timing()};
+    Connection connection;
+    Reconnection reconnection;
     int last = Connection::notConnected;
     int attempts = 0;
     QElapsedTimer clock;  // since the end of the last connection or attempt
@@ -83,6 +87,7 @@ class ReconnectionTest : public TestCase
 private Q_SLOTS:
     void a_lost_link_is_joined_again();
     void a_robot_that_is_away_is_tried_at_growing_intervals_until_it_is_back();
+    void a_robot_that_drops_every_link_at_once_is_tried_at_growing_intervals();
     void a_connection_that_never_was_is_not_tried_again();
     void what_a_person_closes_stays_closed();
     void giving_up_ends_the_attempts();
@@ -123,6 +128,27 @@ void ReconnectionTest::a_robot_that_is_away_is_tried_at_growing_intervals_until_
     QVERIFY(!f.reconnection.isTrying());
 
     f.robot->drop(); // the pauses start anew
+    QVERIFY(f.reaches(Connection::notConnected));
+    QVERIFY(f.reconnection.untilNextAttempt().value_or(1h) <= 20ms);
+}
+
+void ReconnectionTest::a_robot_that_drops_every_link_at_once_is_tried_at_growing_intervals()
+{
+    Fixture f(1h);
+    QVERIFY(f.open());
+    for (const auto pause : {20ms, 40ms, 80ms, 80ms}) {
+        f.robot->drop();
+        QVERIFY(f.reaches(Connection::notConnected));
+        const auto until = f.reconnection.untilNextAttempt().value_or(0ms);
+        QVERIFY2(until > pause / 2 && until <= pause, qPrintable(QString::number(until.count())));
+        QVERIFY(f.reaches(Connection::connected));
+    }
+
+    f.robot->drop();
+    QVERIFY(f.reaches(Connection::notConnected));
+    f.reconnection.forget(); // a person connects: the pauses start anew
+    QVERIFY(f.open());
+    f.robot->drop();
     QVERIFY(f.reaches(Connection::notConnected));
     QVERIFY(f.reconnection.untilNextAttempt().value_or(1h) <= 20ms);
 }
