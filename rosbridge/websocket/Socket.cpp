@@ -20,7 +20,7 @@ constexpr qint64 readBufferBytes = qint64{64} * 1024;
 constexpr int systemBufferBytes = 64 * 1024;
 
 // What the systems at both ends may hold of a peer that has not read its close frame yet.
-constexpr qint64 underWayBytes = 16000000;
+constexpr qint64 underWayBytes = 4000000;
 
 bool isUtf8(const QByteArray& bytes)
 {

@@ -34,7 +34,7 @@ public:
     ~Socket() override;
 
     /// For a peer to take its close frame; 1 s to begin with. It starts anew when the peer still
-    /// sends what was under way, ten times at the most and no more than a message and 16 MB.
+    /// sends what was under way, ten times at the most and no more than a message and 4 MB.
     void setCloseDeadline(std::chrono::milliseconds deadline) { m_closeDeadline = deadline; }
 
     /// The next of what has come: a message, or a ping or a pong, for which nothing is left to do.

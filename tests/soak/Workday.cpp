@@ -3,6 +3,8 @@
 
 #include "Workday.h"
 
+#include "Flood.h"
+
 #include "host/device/connection/MessageRole.h"
 #include "host/workbench/window/DeviceView.h"
 #include "olm/core/LaserScanMessage.h"
@@ -16,6 +18,8 @@
 #include <QDockWidget>
 #include <QTabWidget>
 #include <QTest>
+#include <QTextCursor>
+#include <QTextEdit>
 #include <QToolBar>
 
 namespace {
@@ -29,6 +33,8 @@ constexpr int patience = 60000;
 
 /// As many lines as a log keeps, and some more.
 constexpr int logLines = 5500;
+
+constexpr int floodLines = 1000;
 
 constexpr QSize windowSize(1600, 1000);
 
@@ -54,6 +60,18 @@ olm::core::LaserScanMessage exampleScan()
     olm::core::LaserScanMessage scan;
     scan.ranges.resize(robot::simulation::Laser::rangeCount);
     return scan;
+}
+
+/// Into one log, so that what it keeps is of the same kind after each time.
+void sayTooMuch(Device& device)
+{
+    const auto say = [&device](const QString& line) {
+        Q_EMIT device.connection().message(host::device::connection::baseLogLine, line);
+    };
+    for (int i = 0; i < floodLines; ++i)
+        say(QStringLiteral("Line %1 of a flood.").arg(i));
+    say(QString(100000, QLatin1Char('x')));
+    say(QString(20000, QLatin1Char('\n')));
 }
 
 template <class Condition>
@@ -108,16 +126,14 @@ void Workday::fill()
 {
     HistoryBundleContent content;
     content.insert(VariableKind::Input, "scan", exampleScan());
+    QString lines;
+    for (int i = 0; i < logLines; ++i)
+        lines += QStringLiteral("Line %1: this is what a robot says now and then.\n").arg(i);
     for (Station& station : m_stations) {
         Device& device = station.device;
-        for (int i = 0; i < logLines; ++i) {
-            for (const auto log : {host::device::connection::baseLogLine,
-                                   host::device::connection::manipulatorLogLine,
-                                   host::device::connection::laserLogLine}) {
-                Q_EMIT device.connection().message(
-                    log, QStringLiteral("Line %1: this is what a robot says now and then.").arg(i));
-            }
-        }
+        // Not line by line: a log takes in no more than somebody could read.
+        for (const auto* log : station.view->findChildren<QTextEdit*>())
+            QTextCursor(log->document()).insertText(lines);
         QCoreApplication::processEvents();
         const auto end = device.traffic().end() + host::device::trace::Traffic::capacity;
         while (device.traffic().end() < end)
@@ -132,6 +148,7 @@ void Workday::cycle()
     changeLanguage();
     useHelp();
     useDocks();
+    endureFloods();
     disconnectAll();
     connectAll();
 }
@@ -208,6 +225,16 @@ void Workday::useDocks()
         }
         waitForScans();
     }
+}
+
+/// Far more than a robot should say, and clients that should not be there.
+void Workday::endureFloods()
+{
+    const Flood flood(m_stations[0].robot.address());
+    for (Station& station : m_stations)
+        sayTooMuch(station.device);
+    waitFor(m_stations[0].device, "flood cut off", [&flood] { return flood.isOver(); });
+    waitForScans();
 }
 
 void Workday::waitForScans()

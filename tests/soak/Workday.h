@@ -53,6 +53,7 @@ private:
     void changeLanguage();
     void useHelp();
     void useDocks();
+    void endureFloods();
 
     /// Until each device has got another scan, which is when the window has caught up.
     void waitForScans();
