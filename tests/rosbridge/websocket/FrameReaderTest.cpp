@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Reading.h"
 #include "TestCase.h"
 
-#include "rosbridge/websocket/FrameReader.h"
-
-#include <QBuffer>
 #include <QtTest>
 
 namespace frame_reader_test {
@@ -15,33 +13,6 @@ using namespace rosbridge::websocket;
 namespace {
 
 constexpr int limit = 300000;
-
-/// What a reader made of some bytes, in the order they came.
-struct Reading
-{
-    QList<FrameReader::Item> items;
-    std::optional<FrameReader::Fault> fault;
-};
-
-/// Reads @p bytes as they may come, @p step at a time.
-Reading read(Role reader, const QByteArray& bytes, int step)
-{
-    FrameReader frames(reader, limit);
-    Reading reading;
-    QByteArray waiting;
-    for (int at = 0; at < bytes.size(); at += step) {
-        waiting += bytes.mid(at, step);
-        QBuffer device(&waiting);
-        device.open(QIODevice::ReadOnly);
-        while (const auto item = frames.read(device))
-            reading.items.append(*item);
-        const qint64 taken = device.pos();
-        device.close();
-        waiting.remove(0, static_cast<int>(taken));
-    }
-    reading.fault = frames.fault();
-    return reading;
-}
 
 QByteArray serverFrame(const char* start, const QByteArray& payload)
 {
@@ -82,7 +53,8 @@ void FrameReaderTest::what_one_end_sends_the_other_reads()
         const QByteArray bytes = frame(Opcode::Binary, payload, sender);
         QCOMPARE(bytes.endsWith(payload), sender == Role::Server || size == 0);
         for (const int step : {7, 1000000}) {
-            const Reading reading = read(reader, bytes + frame(Opcode::Ping, "p", sender), step);
+            const Reading reading =
+                read(reader, bytes + frame(Opcode::Ping, "p", sender), step, limit);
             QVERIFY2(!reading.fault, qPrintable(reading.fault.value_or(FrameReader::Fault()).text));
             QCOMPARE(int(reading.items.size()), 2);
             QCOMPARE(reading.items.first().opcode, Opcode::Binary);
@@ -98,7 +70,7 @@ void FrameReaderTest::a_message_may_come_in_parts_with_pings_between()
     const QByteArray bytes =
         serverFrame("\x01", "one ") + serverFrame("\x89", "ping") + serverFrame("\x80", "two");
     for (const int step : {1, 1000}) {
-        const Reading reading = read(Role::Client, bytes, step);
+        const Reading reading = read(Role::Client, bytes, step, limit);
         QVERIFY(!reading.fault);
         QCOMPARE(int(reading.items.size()), 2);
         QCOMPARE(reading.items.first().opcode, Opcode::Ping);
@@ -135,7 +107,7 @@ void FrameReaderTest::what_breaks_the_rules_is_a_fault()
     QFETCH(bool, isServer);
     QFETCH(QByteArray, bytes);
     for (const int step : {1, 1000}) {
-        const Reading reading = read(isServer ? Role::Server : Role::Client, bytes, step);
+        const Reading reading = read(isServer ? Role::Server : Role::Client, bytes, step, limit);
         QVERIFY(reading.items.isEmpty());
         QVERIFY(reading.fault);
         QCOMPARE(reading.fault->code, CloseCode::ProtocolError);
@@ -149,7 +121,7 @@ void FrameReaderTest::a_message_of_endless_empty_frames_is_a_fault()
         empty[0] = '\0'; // not the last
         const QByteArray begin = QByteArray(empty).replace(0, 1, "\x01");
         const Reading reading = read(sender == Role::Client ? Role::Server : Role::Client,
-                                     begin + empty.repeated(200), 1000);
+                                     begin + empty.repeated(200), 1000, limit);
         QVERIFY(reading.items.isEmpty());
         QVERIFY(reading.fault);
     }
@@ -159,7 +131,7 @@ void FrameReaderTest::some_empty_frames_are_none()
 {
     const QByteArray bytes =
         QByteArray("\x01\0", 2) + QByteArray("\0\0", 2).repeated(50) + QByteArray("\x80\x01x", 3);
-    const Reading reading = read(Role::Client, bytes.repeated(10), 1000);
+    const Reading reading = read(Role::Client, bytes.repeated(10), 1000, limit);
     QVERIFY(!reading.fault);
     QCOMPARE(int(reading.items.size()), 10);
     QCOMPARE(reading.items.first().data, QByteArray("x"));
@@ -173,7 +145,7 @@ void FrameReaderTest::a_server_takes_no_message_that_is_too_large()
     const QByteArray inParts = begin + frame(Opcode::Continuation, "x", Role::Client);
     // It is refused by what its frame announces.
     for (const QByteArray& bytes : {whole.left(20), inParts.left(limit + 30)}) {
-        const Reading reading = read(Role::Server, bytes, 10000);
+        const Reading reading = read(Role::Server, bytes, 10000, limit);
         QVERIFY(reading.items.isEmpty());
         QVERIFY(reading.fault);
         QCOMPARE(reading.fault->code, CloseCode::TooLarge);
@@ -190,7 +162,7 @@ void FrameReaderTest::a_client_leaves_out_what_is_too_large_and_reads_on()
         begin + frame(Opcode::Continuation, payload.mid(limit - 10), Role::Server);
     for (const QByteArray& bytes : {whole, inParts}) {
         const Reading reading =
-            read(Role::Client, bytes + frame(Opcode::Text, "next", Role::Server), 10000);
+            read(Role::Client, bytes + frame(Opcode::Text, "next", Role::Server), 10000, limit);
         QVERIFY(!reading.fault);
         QCOMPARE(int(reading.items.size()), 2);
         const FrameReader::Item item = reading.items.first();
