@@ -1,0 +1,170 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "ClickProbe.h"
+#include "Comers.h"
+#include "LoudRobot.h"
+
+#include "host/device/Device.h"
+#include "host/workbench/EmbeddedRobot.h"
+#include "host/workbench/plugin/PluginEnvironment.h"
+#include "host/workbench/plugin/PluginLoader.h"
+#include "host/workbench/window/DeviceView.h"
+#include "host/workbench/window/Window.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDockWidget>
+#include <QEventLoop>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cstdio>
+#include <functional>
+#include <optional>
+
+namespace {
+
+constexpr int connectPatience = 30000;
+
+/// The workbench's window with one device, all its docks, and a button to click on.
+class Scene
+{
+public:
+    explicit Scene(const QString& address)
+    {
+        m_device.overrideAddress(address);
+        m_window.add(m_device, QString());
+        for (auto* dock : m_window.findChildren<QDockWidget*>())
+            dock->show();
+        m_window.statusBar()->addWidget(&m_button);
+        m_window.resize(1200, 900);
+        m_window.show();
+        m_device.connectDevice();
+    }
+
+    bool isConnected()
+    {
+        return QTest::qWaitFor(
+            [this] {
+                return m_device.connectionState() >=
+                       host::device::connection::Connection::connected;
+            },
+            connectPatience);
+    }
+
+    std::vector<double> measure(int seconds)
+    {
+        const ClickProbe probe(m_button);
+        QEventLoop loop; // QTest's own waiting sleeps between two looks
+        QTimer::singleShot(std::chrono::seconds(seconds), &loop, &QEventLoop::quit);
+        loop.exec();
+        return probe.delays();
+    }
+
+private:
+    QTemporaryDir m_settings;
+    host::workbench::plugin::PluginEnvironment m_environment;
+    host::workbench::plugin::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
+    host::device::Device m_device{QStringLiteral("Robot"), m_settings.path(), m_environment};
+    host::workbench::window::Window m_window{m_plugin, m_environment};
+    QPushButton m_button{QStringLiteral("Click")};
+};
+
+QByteArray logLine(const QByteArray& text)
+{
+    return R"({"op":"publish","topic":"/rosout","msg":{"header":{"seq":1,"stamp":{"secs":1,"nsecs":0},)"
+           R"("frame_id":""},"level":4,"name":"/talker","msg":")" +
+           text + R"(","file":"","function":"","line":0,"topics":[]}})";
+}
+
+/// @p rate is what the flood really had. @p most is the longest delay of the first line of a group,
+/// 0 in that line.
+void print(const char* name, int rate, const std::vector<double>& delays, double& most)
+{
+    const auto share = [&](double part) {
+        return delays[static_cast<std::size_t>(part * static_cast<double>(delays.size() - 1))];
+    };
+    if (most == 0)
+        most = delays.back();
+    std::printf("%-36s%10d%8zu%9.1f%9.1f%9.1f%9.1f\n", name, rate, delays.size(), share(0.5),
+                share(0.99), delays.back(), delays.back() / most);
+    std::fflush(stdout);
+}
+
+/// Keeps out of the table what the screenless platform says of every window.
+void report(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    if (!text.startsWith("This plugin does not support "))
+        QTextStream(stderr) << text.left(200) << '\n';
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    qInstallMessageHandler(report);
+    const QApplication application(argc, argv);
+    QCommandLineParser parser;
+    const QCommandLineOption secondsOption("seconds", "Measure each line for <number> seconds.",
+                                           "number", "10");
+    parser.addOption(secondsOption);
+    parser.addHelpOption();
+    parser.process(application);
+    bool isNumber = false;
+    const int seconds = parser.value(secondsOption).toInt(&isNumber);
+    if (!isNumber || seconds < 1 || seconds > 3600) {
+        QTextStream(stderr) << "--seconds: \"" << parser.value(secondsOption)
+                            << "\" is not a number from 1 to 3600\n";
+        return 2;
+    }
+
+    struct Flood
+    {
+        const char* name;
+        QByteArray message;
+        int rate;
+    };
+    QByteArray newlines;
+    for (int i = 0; i < 20000; ++i)
+        newlines += "\\n";
+    const Flood floods[] = {
+        {"no flood", logLine("quiet"), 0},
+        {"lines of the log, short", logLine("one of many"), 10000},
+        {"lines of the log, 100 kB each", logLine(QByteArray(100000, 'x')), 100},
+        {"lines of the log, 20,000 newlines", logLine(newlines), 100},
+        {"status messages", R"({"op":"status","level":"warning","msg":"one of many"})", 10000},
+    };
+    std::printf("%-36s%10s%8s%27s%9s\n", "", "each", "", "from click to answer in ms", "most,");
+    std::printf("%-36s%10s%8s%9s%9s%9s%9s\n", "flood", "second", "clicks", "median", "99 %", "most",
+                "beside");
+    double most = 0;
+    for (const Flood& flood : floods) {
+        const LoudRobot robot(flood.message, flood.rate);
+        Scene scene(robot.address());
+        if (!scene.isConnected())
+            return 1;
+        const int before = robot.count();
+        const std::vector<double> delays = scene.measure(seconds);
+        print(flood.name, (robot.count() - before) / seconds, delays, most);
+    }
+
+    double mostWithRobot = 0;
+    for (const int rate : {0, 2000}) {
+        const host::workbench::EmbeddedRobot robot(0);
+        Scene scene(robot.address());
+        if (!scene.isConnected())
+            return 1;
+        std::optional<Comers> comers;
+        if (rate > 0)
+            comers.emplace(robot.address(), rate);
+        const std::vector<double> delays = scene.measure(seconds);
+        print(rate > 0 ? "embedded robot, clients come and go" : "embedded robot, no flood",
+              comers ? comers->count() / seconds : 0, delays, mostWithRobot);
+    }
+    return 0;
+}
