@@ -2,17 +2,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "TestCase.h"
+#include "tests/host/workbench/window/DockInWindow.h"
 
-#include "host/device/Device.h"
 #include "host/device/trace/TracedCall.h"
-#include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/traffic/TableFile.h"
 #include "host/workbench/traffic/TrafficDock.h"
 #include "host/workbench/traffic/TrafficModel.h"
-#include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Notice.h"
-#include "host/workbench/window/Window.h"
 
 #include <QAbstractItemModelTester>
 #include <QAction>
@@ -34,7 +30,6 @@
 
 namespace traffic_dock_test {
 
-using namespace host::workbench::plugin;
 using namespace host::workbench::traffic;
 using namespace host::workbench::window;
 using host::device::trace::Arguments;
@@ -58,11 +53,6 @@ void makeCall(Traffic& traffic, const char* name)
     const TracedCall call(traffic, callNamed(name));
 }
 
-QString cell(const QAbstractItemModel& model, int row, int column)
-{
-    return model.index(row, column).data().toString();
-}
-
 QStringList calls(const QAbstractItemModel& model)
 {
     QStringList names;
@@ -71,23 +61,8 @@ QStringList calls(const QAbstractItemModel& model)
     return names;
 }
 
-/// The dock in its window, with the plugin's real widgets.
-struct Workbench
+struct Workbench : DockInWindow<TrafficDock>
 {
-    Workbench()
-    {
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window, patience));
-        dock->toggleViewAction()->trigger();
-        QVERIFY(dock->isVisible());
-    }
-
-    template <class Widget>
-    Widget* part(const char* name) const
-    {
-        return dock->findChild<Widget*>(name);
-    }
-
     const QAbstractItemModel& shown() const { return *part<QTreeView>("calls")->model(); }
 
     /// A dialog that stays on the screen while the rest goes on.
@@ -104,14 +79,6 @@ struct Workbench
         QTest::mouseClick(buttons->button(QDialogButtonBox::Save), Qt::LeftButton);
         QTRY_VERIFY_WITH_TIMEOUT(!opened, patience);
     }
-
-    const QTemporaryDir settings;
-    const PluginLoader plugin{DEVICE_PLUGIN_FILE};
-    PluginEnvironment environment;
-    host::device::Device device{"Quandrel", settings.path(), environment};
-    Window window{plugin, environment};
-    DeviceView& view = window.add(device, QString());
-    TrafficDock* dock = view.findChild<TrafficDock*>();
 };
 
 } // namespace

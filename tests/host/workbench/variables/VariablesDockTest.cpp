@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "TestCase.h"
+#include "tests/host/workbench/window/DockInWindow.h"
 
-#include "host/device/Device.h"
-#include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/variables/VariableModel.h"
 #include "host/workbench/variables/VariablesDock.h"
-#include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Window.h"
 
 #include <QAbstractItemModelTester>
@@ -19,7 +17,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QToolBar>
 #include <QTreeView>
 #include <QtTest>
@@ -36,11 +33,6 @@ namespace {
 
 constexpr int patience = 30000;
 
-QString cell(const QAbstractItemModel& model, int row, int column)
-{
-    return model.index(row, column).data().toString();
-}
-
 bool isFlashing(const QAbstractItemModel& model, int row)
 {
     return model.index(row, 0).data(Qt::BackgroundRole).isValid();
@@ -51,23 +43,8 @@ const QTimer& timerOf(const VariableModel& model)
     return *model.findChild<QTimer*>();
 }
 
-/// The dock in its window, with the plugin's real widgets.
-struct Workbench
+struct Workbench : DockInWindow<VariablesDock>
 {
-    Workbench()
-    {
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window, patience));
-        dock->toggleViewAction()->trigger();
-        QVERIFY(dock->isVisible());
-    }
-
-    template <class Widget>
-    Widget* part(const char* name) const
-    {
-        return dock->findChild<Widget*>(name);
-    }
-
     /// With the keyboard. The first of those that contain the name.
     void choose(const QString& name) const
     {
@@ -91,14 +68,6 @@ struct Workbench
         QTest::keyClicks(field, value);
         QTest::keyClick(field, Qt::Key_Return);
     }
-
-    const QTemporaryDir settings;
-    const PluginLoader plugin{DEVICE_PLUGIN_FILE};
-    PluginEnvironment environment;
-    host::device::Device device{"Quandrel", settings.path(), environment};
-    Window window{plugin, environment};
-    DeviceView& view = window.add(device, QString());
-    VariablesDock* dock = view.findChild<VariablesDock*>();
 };
 
 } // namespace
