@@ -6,7 +6,7 @@
 #include "tests/host/workbench/robotview/RobotMessages.h"
 #include "tests/host/workbench/robotview/Tell.h"
 
-#include "host/device/readers/ArmPose.h"
+#include "host/device/readers/JointTable.h"
 #include "host/workbench/robotview/WorldView.h"
 #include "rosbridge/protocol/Codec.h"
 
@@ -120,9 +120,14 @@ void showJoints(benchmark::State& state)
 /// For the device.
 void readJoints(benchmark::State& state)
 {
-    host::device::readers::ArmPose pose;
+    using namespace host::device::readers;
+    const JointTable table;
     const QCborMap message = joints();
-    measure(state, [&] { benchmark::DoNotOptimize(pose.read(message)); });
+    measure(state, [&] {
+        QString fault;
+        if (const auto positions = JointPositions::readPresent(message, &fault))
+            benchmark::DoNotOptimize(table.axes(*positions, &fault));
+    });
 }
 
 /// @p make makes the message.

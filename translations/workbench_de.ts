@@ -32,6 +32,13 @@
     </message>
 </context>
 <context>
+    <name>host::device::connection::ArmJoints</name>
+    <message>
+        <source>the entry &quot;%1&quot; is no joint: it needs &quot;joint&quot;, a text, &quot;unit&quot;, which is rad, deg or m, &quot;reversed&quot;, true or false, and &quot;offset&quot;, a number</source>
+        <translation>der Eintrag „%1“ ist kein Gelenk: Er braucht „joint“, einen Text, „unit“, das rad, deg oder m ist, „reversed“, true oder false, und „offset“, eine Zahl</translation>
+    </message>
+</context>
+<context>
     <name>host::device::connection::Certificates</name>
     <message>
         <source>the fingerprint of &quot;%1&quot; is not text</source>
@@ -309,10 +316,17 @@
     </message>
 </context>
 <context>
-    <name>host::device::readers::ArmPose</name>
+    <name>host::device::readers::JointPositions</name>
     <message>
         <source>has %1 numbers for %2 names</source>
         <translation>hat %1 Zahlen für %2 Namen</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::readers::JointTable</name>
+    <message>
+        <source>the joint &quot;%1&quot; has %2, which is not a position</source>
+        <translation>das Gelenk „%1“ hat %2, was keine Position ist</translation>
     </message>
 </context>
 <context>
@@ -1008,6 +1022,73 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::names::JointsBox</name>
+    <message>
+        <source>Axis here</source>
+        <translation>Achse hier</translation>
+    </message>
+    <message>
+        <source>Joint on the robot</source>
+        <translation>Gelenk am Roboter</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>deg</source>
+        <translation>Grad</translation>
+    </message>
+    <message>
+        <source>Axis %1</source>
+        <translation>Achse %1</translation>
+    </message>
+    <message>
+        <source>%1: joint on the robot</source>
+        <translation>%1: Gelenk am Roboter</translation>
+    </message>
+    <message>
+        <source>%1: unit</source>
+        <translation>%1: Einheit</translation>
+    </message>
+    <message>
+        <source>reversed</source>
+        <translation>umgekehrt</translation>
+    </message>
+    <message>
+        <source>%1: reversed</source>
+        <translation>%1: umgekehrt</translation>
+    </message>
+    <message>
+        <source> and %1 more</source>
+        <translation> und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Joints without an axis: %1.</source>
+        <translation>Gelenke ohne Achse: %1.</translation>
+    </message>
+    <message>
+        <source>Enter which of the robot&apos;s joints are the axes of the arm. This changes only what is shown and stored here; nothing is sent to the robot. If the robot has no joints &quot;axis0&quot; to &quot;axis8&quot;, the table starts with a guess. Clear a field to leave an axis out.</source>
+        <translation>Tragen Sie ein, welche Gelenke des Roboters die Achsen des Arms sind. Das ändert nur, was hier angezeigt und gespeichert wird; an den Roboter wird nichts gesendet. Hat der Roboter keine Gelenke „axis0“ bis „axis8“, beginnt die Tabelle mit einer Vermutung. Ein leeres Feld lässt die Achse aus.</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>%1: offset</source>
+        <translation>%1: Versatz</translation>
+    </message>
+    <message>
+        <source>The axis&apos;s value where the joint is at 0</source>
+        <translation>Der Wert der Achse, wenn das Gelenk bei 0 steht</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::names::NamesDialog</name>
     <message>
         <source>Names used by the robot of %1</source>
@@ -1046,10 +1127,6 @@
         <translation>Auf Standard &amp;zurücksetzen</translation>
     </message>
     <message>
-        <source>Restores the names that are used here.</source>
-        <translation>Stellt die hier verwendeten Namen wieder her.</translation>
-    </message>
-    <message>
         <source>Name of %1 on the robot</source>
         <translation>Name von %1 beim Roboter</translation>
     </message>
@@ -1080,6 +1157,14 @@
     <message>
         <source>another type: %1</source>
         <translation>anderer Typ: %1</translation>
+    </message>
+    <message>
+        <source>Joints of the arm</source>
+        <translation>Gelenke des Arms</translation>
+    </message>
+    <message>
+        <source>Restores the names that are used here, and the joints.</source>
+        <translation>Stellt die hier verwendeten Namen und die Gelenke wieder her.</translation>
     </message>
 </context>
 <context>
@@ -1386,20 +1471,16 @@
         <source>Axis %1</source>
         <translation>Achse %1</translation>
     </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 mm</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::robotview::RobotState</name>
     <message>
         <source>A message on the topic %1 was ignored: %2.</source>
         <translation>Eine Nachricht des Topics %1 wurde ignoriert: %2.</translation>
-    </message>
-    <message>
-        <source>has %1 numbers for %2 names</source>
-        <translation>hat %1 Zahlen für %2 Namen</translation>
-    </message>
-    <message>
-        <source>has %1, which is not a position</source>
-        <translation>hat %1, was keine Position ist</translation>
     </message>
     <message>
         <source>%1 s</source>
@@ -1472,6 +1553,14 @@
     <message>
         <source>No position: there are several robots on %1: %2. In Robot &gt; Names…, enter the names of one robot&apos;s %3 and %4.</source>
         <translation>Keine Position: Auf %1 sind mehrere Roboter: %2. Tragen Sie unter Roboter &gt; Namen… die Namen ein, die %3 und %4 bei einem von ihnen haben.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>Joints without an axis are not shown: %1. Robot &gt; Names… lists the axes.</source>
+        <translation>Gelenke ohne Achse werden nicht angezeigt: %1. Roboter &gt; Namen… nennt die Achsen.</translation>
     </message>
 </context>
 <context>
@@ -2789,6 +2878,10 @@
     <message>
         <source>is missing</source>
         <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>has %1 elements; at most %2 are accepted</source>
+        <translation>hat %1 Elemente; höchstens %2 werden angenommen</translation>
     </message>
 </context>
 <context>

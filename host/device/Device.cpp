@@ -101,6 +101,8 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
         },
         Qt::QueuedConnection);
     say(certificates.load(storageFolder, name));
+    connect(&m_joints, &connection::ArmJoints::problem, this, &Device::say);
+    say(m_joints.load(storageFolder, name));
 }
 
 Device::~Device() = default;
@@ -355,7 +357,7 @@ void Device::onScan(const olm::core::LaserScanMessage& scan)
 
 void Device::storePose()
 {
-    const std::optional<readers::ArmPose::Axes> pose = m_sensors.armPose().axes();
+    const std::optional<readers::ArmPose::Axes> pose = m_sensors.armPose();
     sendMessage(connection::manipulatorLogLine,
                 pose ? variables::PositionStore(*this).add(*pose)
                      : tr("The arm's position was not stored: the positions of some axes are "
@@ -367,6 +369,8 @@ void Device::onStateChanged(int state)
     if (state == connection::Connection::notConnected) {
         m_sensors.reset();
         m_settings.forget();
+    } else if (state < connection::Connection::connected) {
+        m_joints.forgetRobot(); // not before: what it told is still looked at
     }
     Q_EMIT connectionStateChanged(state);
     sendMessage(connection::connectionStateMessage, state);

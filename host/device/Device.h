@@ -7,6 +7,7 @@
 #include "host/device/Sensors.h"
 #include "host/device/Settings.h"
 #include "host/device/WidgetList.h"
+#include "host/device/connection/ArmJoints.h"
 #include "host/device/connection/Commands.h"
 #include "host/device/connection/Connection.h"
 #include "host/device/connection/Listener.h"
@@ -88,6 +89,9 @@ public:
     /// What the robot has of that.
     connection::Offer& offer() { return m_offer; }
 
+    /// Which of the robot's joints are the arm's axes; remembered beside the configuration, too.
+    connection::ArmJoints& joints() { return m_joints; }
+
     /// What the robot's sensors tell, for views that show it too.
     const Sensors& sensors() const { return m_sensors; }
 
@@ -157,7 +161,8 @@ private:
     connection::Offer m_offer{m_connection};
     connection::Listener m_listener{m_connection};
     connection::RobotLog m_robotLog{m_listener};
-    Sensors m_sensors{m_listener};
+    connection::ArmJoints m_joints;
+    Sensors m_sensors{m_listener, m_joints};
     connection::Commands m_commands{m_connection, m_listener};
     Settings m_settings{m_connection, m_listener, m_sensors, m_commands};
     bool m_isConnected = false; // as the widgets were told

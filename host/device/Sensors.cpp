@@ -3,6 +3,7 @@
 
 #include "host/device/Sensors.h"
 
+#include "host/device/connection/ArmJoints.h"
 #include "host/device/connection/Listener.h"
 #include "host/device/connection/MessageRole.h"
 #include "rosbridge/protocol/Topics.h"
@@ -11,15 +12,25 @@ namespace host::device {
 
 namespace topic = rosbridge::protocol::topic;
 
-Sensors::Sensors(connection::Listener& listener)
+using readers::JointPositions;
+
+Sensors::Sensors(connection::Listener& listener, connection::ArmJoints& joints) : m_joints(joints)
 {
+    connect(&joints, &connection::ArmJoints::changed, this, [this] { m_armPose.forget(); });
     connect(&m_cameraRate, &readers::CameraRate::changed, this, &Sensors::cameraRateChanged);
     listener.listen(topic::cameraInfo, connection::baseLogLine,
                     [this](const QCborMap& message) { return readCamera(message); });
     listener.listen(topic::scan, connection::laserLogLine,
                     [this](const QCborMap& message) { return readScan(message); });
     listener.listen(topic::jointStates, connection::manipulatorLogLine,
-                    [this](const QCborMap& message) { return m_armPose.read(message); });
+                    [this](const QCborMap& message) { return readJoints(message); });
+    listener.listen(topic::armState, connection::manipulatorLogLine,
+                    [this](const QCborMap& message) { return readTargets(message); });
+}
+
+std::optional<readers::ArmPose::Axes> Sensors::armPose() const
+{
+    return m_armPose.axes(m_joints.table());
 }
 
 void Sensors::reset()
@@ -45,6 +56,26 @@ QString Sensors::readCamera(const QCborMap& message)
         m_cameraRate.count();
         Q_EMIT pictureTaken(*picture);
     }
+    return fault;
+}
+
+QString Sensors::readJoints(const QCborMap& message)
+{
+    QString fault;
+    if (const auto joints = JointPositions::readPresent(message, &fault)) {
+        m_joints.seePresent(joints->names);
+        if (const auto axes = m_joints.table().axes(*joints, &fault))
+            m_armPose.take(*axes);
+    }
+    return fault;
+}
+
+/// Only the names are of use here: the device does not show targets.
+QString Sensors::readTargets(const QCborMap& message)
+{
+    QString fault;
+    if (const auto joints = JointPositions::readTargets(message, &fault))
+        m_joints.seeTargets(joints->names);
     return fault;
 }
 

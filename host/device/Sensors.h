@@ -14,6 +14,7 @@
 #include <QString>
 
 namespace host::device::connection {
+class ArmJoints;
 class Listener;
 } // namespace host::device::connection
 
@@ -26,10 +27,11 @@ class Sensors : public QObject
     Q_OBJECT
 
 public:
-    /// @p listener outlives the sensors.
-    explicit Sensors(connection::Listener& listener);
+    /// Both outlive the sensors. @p joints say which joints are the arm's, and are told of all.
+    Sensors(connection::Listener& listener, connection::ArmJoints& joints);
 
-    const readers::ArmPose& armPose() const { return m_armPose; }
+    /// Where the arm is; nothing until each of its axes was told.
+    std::optional<readers::ArmPose::Axes> armPose() const;
 
     /// The link is over.
     void reset();
@@ -45,6 +47,10 @@ Q_SIGNALS:
 private:
     QString readScan(const QCborMap& message);
     QString readCamera(const QCborMap& message);
+    QString readJoints(const QCborMap& message);
+    QString readTargets(const QCborMap& message);
+
+    connection::ArmJoints& m_joints;
 
     readers::ScanReader m_scanReader;
     readers::ArmPose m_armPose;

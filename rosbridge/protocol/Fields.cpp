@@ -73,13 +73,17 @@ QString Fields::text(const char* name)
     return found.toString();
 }
 
-QStringList Fields::texts(const char* name)
+QStringList Fields::texts(const char* name, int most)
 {
     const QCborValue found = value(name);
     if (!found.isArray())
         fail(name, tr("is %1, not an array of texts").arg(kindOf(found)));
     QStringList texts;
     const QCborArray array = found.toArray();
+    if (array.size() > most) {
+        fail(name, tr("has %1 elements; at most %2 are accepted").arg(array.size()).arg(most));
+        return texts;
+    }
     for (const QCborValue element : array) {
         if (!element.isString())
             fail(name, tr("has %1 as element %2, not text").arg(kindOf(element)).arg(texts.size()));

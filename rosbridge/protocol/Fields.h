@@ -34,7 +34,8 @@ public:
     qint64 integer(const char* name, qint64 minimum, qint64 maximum);
     bool truth(const char* name);
     QString text(const char* name);
-    QStringList texts(const char* name);
+    /// At most @p most of them.
+    QStringList texts(const char* name, int most);
     QVector<float> floats(const char* name);
     /// The fields of an object within, named "outer.inner" in the error.
     Fields object(const char* name);

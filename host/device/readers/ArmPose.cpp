@@ -3,56 +3,29 @@
 
 #include "host/device/readers/ArmPose.h"
 
-#include "rosbridge/protocol/Angle.h"
-#include "rosbridge/protocol/Codec.h"
-#include "rosbridge/protocol/Fields.h"
-
 namespace host::device::readers {
 
-namespace {
-
-/// -1 where a joint is none of the arm's.
-int axisOf(const QString& joint)
+void ArmPose::take(const JointTable::Axes& told)
 {
-    for (int axis = 0; axis < ArmPose::axisCount; ++axis) {
-        if (joint == QStringLiteral("axis%1").arg(axis))
-            return axis;
+    for (std::size_t axis = 0; axis < told.size(); ++axis) {
+        if (told.at(axis))
+            m_axes.at(axis) = told.at(axis);
     }
-    return -1;
 }
 
-} // namespace
-
-QString ArmPose::read(const QCborMap& jointState)
-{
-    QString fault;
-    rosbridge::protocol::Fields fields(jointState, &fault);
-    const QStringList names = fields.texts("name");
-    const QVector<float> positions = fields.floats("position");
-    if (positions.size() != names.size()) {
-        fields.fail("position",
-                    tr("has %1 numbers for %2 names").arg(positions.size()).arg(names.size()));
-    }
-    if (!fields.isGood())
-        return fault;
-    for (int i = 0; i < static_cast<int>(names.size()); ++i) {
-        const int axis = axisOf(names.at(i));
-        if (axis >= 0)
-            m_axes.at(static_cast<std::size_t>(axis)) =
-                rosbridge::protocol::toFloat(rosbridge::protocol::toDegrees(positions.at(i)));
-    }
-    return {};
-}
-
-std::optional<ArmPose::Axes> ArmPose::axes() const
+std::optional<ArmPose::Axes> ArmPose::axes(const JointTable& table) const
 {
     Axes axes{};
+    bool hasJoint = false;
     for (std::size_t axis = 0; axis < axes.size(); ++axis) {
+        if (table.joint(static_cast<int>(axis)).name.isEmpty())
+            continue;
         if (!m_axes.at(axis))
             return std::nullopt;
+        hasJoint = true;
         axes.at(axis) = *m_axes.at(axis);
     }
-    return axes;
+    return hasJoint ? std::make_optional(axes) : std::nullopt;
 }
 
 void ArmPose::forget()

@@ -4,37 +4,31 @@
 #ifndef HOST_DEVICE_READERS_ARMPOSE_H
 #define HOST_DEVICE_READERS_ARMPOSE_H
 
-#include <QCborMap>
-#include <QCoreApplication>
-#include <QString>
+#include "host/device/readers/JointTable.h"
 
 #include <array>
 #include <optional>
 
 namespace host::device::readers {
 
-/// Where the arm's axes are, out of the robot's sensor_msgs/JointState messages. A message may tell
-/// of some joints only, and of joints that are none of the arm's.
+/// Where the arm's axes are, which may be told in parts.
 class ArmPose
 {
-    Q_DECLARE_TR_FUNCTIONS(host::device::readers::ArmPose)
-
 public:
-    static constexpr int axisCount = 9;
+    static constexpr int axisCount = JointTable::axisCount;
 
     using Axes = std::array<float, axisCount>;
 
-    /// A message of the wrong shape changes nothing and gives what is wrong with which field;
-    /// otherwise the empty text.
-    QString read(const QCborMap& jointState);
+    void take(const JointTable::Axes& told);
 
-    /// Degrees; nothing until every axis was told.
-    std::optional<Axes> axes() const;
+    /// Degrees or millimetres; nothing until every axis was told. An axis that has no joint in
+    /// @p table is at 0, as long as any other has one.
+    std::optional<Axes> axes(const JointTable& table) const;
 
     void forget();
 
 private:
-    std::array<std::optional<float>, axisCount> m_axes;
+    JointTable::Axes m_axes;
 };
 
 } // namespace host::device::readers

@@ -4,6 +4,8 @@
 #include "host/workbench/names/NamesDialog.h"
 
 #include "host/device/Device.h"
+#include "host/workbench/names/JointsBox.h"
+#include "host/workbench/names/PlainLabel.h"
 
 #include <QCompleter>
 #include <QDialogButtonBox>
@@ -35,14 +37,6 @@ enum Column
 
 constexpr int fewestLines = 12;
 
-QLabel* makeLabel()
-{
-    auto* label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
-
 void makeBold(QWidget* widget, bool isBold)
 {
     QFont font = widget->font();
@@ -55,9 +49,10 @@ void makeBold(QWidget* widget, bool isBold)
 NamesDialog::NamesDialog(device::Device& device, QWidget* parent)
     : QDialog(parent),
       m_device(device),
-      m_hint(makeLabel()),
+      m_hint(makePlainLabel()),
       m_topics(new QLabel),
       m_services(new QLabel),
+      m_joints(new QLabel),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Close)),
       m_reset(m_buttons->addButton(QString(), QDialogButtonBox::ResetRole))
 {
@@ -76,6 +71,9 @@ NamesDialog::NamesDialog(device::Device& device, QWidget* parent)
     m_rows.reserve(Remappings::all().size());
     addSection(Remappings::Kind::Topic, m_topics, grid);
     addSection(Remappings::Kind::Service, m_services, grid);
+    makeBold(m_joints, true);
+    grid->addWidget(m_joints, grid->rowCount(), 0, 1, ColumnCount);
+    grid->addWidget(new JointsBox(device.joints()), grid->rowCount(), 0, 1, ColumnCount);
     grid->setRowStretch(grid->rowCount(), 1);
 
     auto* area = new QScrollArea;
@@ -94,6 +92,7 @@ NamesDialog::NamesDialog(device::Device& device, QWidget* parent)
     m_reset->setObjectName("reset");
     connect(m_reset, &QPushButton::clicked, this, [this] {
         m_device.remappings().reset();
+        m_device.joints().reset();
         discard();
     });
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
@@ -127,10 +126,10 @@ void NamesDialog::addRow(const Remappings::Entry& entry, QGridLayout* grid)
     const int line = grid->rowCount();
     const Row row{entry,
                   new QLabel,
-                  makeLabel(),
+                  makePlainLabel(),
                   new QLineEdit,
-                  makeLabel(),
-                  makeLabel(),
+                  makePlainLabel(),
+                  makePlainLabel(),
                   new QStringListModel(this)};
     row.name->setTextFormat(Qt::PlainText);
     row.name->setText(entry.name);
@@ -185,8 +184,9 @@ void NamesDialog::translate()
         m_titles[static_cast<std::size_t>(column)]->setText(titles[column]);
     m_topics->setText(tr("Topics"));
     m_services->setText(tr("Services"));
+    m_joints->setText(tr("Joints of the arm"));
     m_reset->setText(tr("&Reset to standard"));
-    m_reset->setToolTip(tr("Restores the names that are used here."));
+    m_reset->setToolTip(tr("Restores the names that are used here, and the joints."));
     for (const Row& row : m_rows) {
         row.purpose->setText(row.entry.purpose());
         row.theirs->setAccessibleName(tr("Name of %1 on the robot").arg(row.entry.name));

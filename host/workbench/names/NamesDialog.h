@@ -64,6 +64,7 @@ private:
     QLabel* m_hint;
     QLabel* m_topics;
     QLabel* m_services;
+    QLabel* m_joints;
     std::vector<QLabel*> m_titles; // of the columns
     std::vector<Row> m_rows;
     QDialogButtonBox* m_buttons;

@@ -9,6 +9,7 @@
 
 namespace host::workbench::robotview {
 
+using device::connection::ArmJoints;
 using device::connection::Connection;
 using device::connection::Offer;
 using Topic = RobotState::Topic;
@@ -28,6 +29,9 @@ RobotFeed::RobotFeed(device::Device& device, QObject* parent) : QObject(parent),
     connect(&device, &device::Device::connectionStateChanged, this, &RobotFeed::onConnectionState);
     connect(&device.sensors(), &device::Sensors::scanned, this, &RobotFeed::onScan);
     connect(&device.sensors(), &device::Sensors::scanRefused, this, &RobotFeed::onScanRefused);
+    connect(&device.joints(), &ArmJoints::changed, this, &RobotFeed::takeJoints);
+    connect(&device.joints(), &ArmJoints::told, this, &RobotFeed::takeJoints);
+    takeJoints();
     onConnectionState(device.connectionState());
 }
 
@@ -54,6 +58,12 @@ void RobotFeed::onConnectionState(int state)
     else
         m_state.end(RobotState::Clock::now());
     arrange();
+    Q_EMIT changed();
+}
+
+void RobotFeed::takeJoints()
+{
+    m_state.setJoints(m_device.joints().table(), m_device.joints().notShown());
     Q_EMIT changed();
 }
 

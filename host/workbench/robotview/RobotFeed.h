@@ -39,6 +39,7 @@ Q_SIGNALS:
 
 private:
     void onConnectionState(int state);
+    void takeJoints();
     void arrange();
     void follow(RobotState::Topic topic);
     void onScan(const olm::core::LaserScanMessage& scan);

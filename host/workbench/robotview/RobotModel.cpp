@@ -32,10 +32,12 @@ QPixmap dot(bool isOn)
     return pixmap;
 }
 
-QString degrees(const std::optional<float>& angle)
+QString inWords(const std::optional<float>& place, bool isSliding)
 {
-    return angle ? RobotModel::tr("%1°").arg(static_cast<double>(*angle), 0, 'f', 1)
-                 : QStringLiteral("–");
+    if (!place)
+        return QStringLiteral("–");
+    return (isSliding ? RobotModel::tr("%1 mm") : RobotModel::tr("%1°"))
+        .arg(static_cast<double>(*place), 0, 'f', 1);
 }
 
 } // namespace
@@ -117,7 +119,9 @@ QString RobotModel::value(int row, int column) const
 {
     if (row < RobotState::axisCount) {
         const RobotState::Axis& axis = m_state.axis(row);
-        return degrees(column == TargetColumn ? axis.target : axis.present);
+        const bool isSliding =
+            m_state.joints().joint(row).unit == device::readers::JointTable::Unit::Metres;
+        return inWords(column == TargetColumn ? axis.target : axis.present, isSliding);
     }
     if (column != PresentColumn)
         return {};

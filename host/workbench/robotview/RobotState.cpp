@@ -5,9 +5,6 @@
 
 #include "host/device/readers/BoolReader.h"
 #include "host/device/readers/CameraInfo.h"
-#include "rosbridge/protocol/Angle.h"
-#include "rosbridge/protocol/Codec.h"
-#include "rosbridge/protocol/Fields.h"
 
 #include <QLocale>
 
@@ -16,7 +13,8 @@
 
 namespace host::workbench::robotview {
 
-using rosbridge::protocol::Fields;
+using device::readers::JointPositions;
+using device::readers::JointTable;
 namespace topic = rosbridge::protocol::topic;
 
 namespace {
@@ -24,21 +22,24 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto freshFor = 2s;
-constexpr auto frame = 33ms;  // no screen shows more
-constexpr int mostRobots = 3; // that a sentence lists
+constexpr auto frame = 33ms; // no screen shows more
+constexpr int mostNames = 3; // that a sentence lists
 /// What robots call their own frame.
 const QString bases[] = {QStringLiteral("base_link"), QStringLiteral("base_footprint")};
+
+QString someOf(const QStringList& names)
+{
+    const QString list = names.mid(0, mostNames).join(QStringLiteral(", "));
+    return names.size() > mostNames
+               ? RobotState::tr("%1 and %2 more").arg(list).arg(names.size() - mostNames)
+               : list;
+}
 
 /// "robot1/" of "robot1/laser", and nothing of "/laser".
 QString prefixOf(const QString& frame)
 {
     const QString name = TransformTree::bare(frame);
     return name.left(name.lastIndexOf(QLatin1Char('/')) + 1);
-}
-
-std::size_t index(int axis)
-{
-    return static_cast<std::size_t>(axis);
 }
 
 } // namespace
@@ -65,15 +66,20 @@ const RobotState::TopicInfo& RobotState::info(Topic topic)
     return topics.at(topic);
 }
 
-QString RobotState::axisName(int axis)
+void RobotState::setJoints(const JointTable& joints, const QStringList& others)
 {
-    return QStringLiteral("axis%1").arg(axis);
+    if (!(joints == m_joints))
+        m_axes = {};
+    m_joints = joints;
+    m_otherJoints = others;
 }
 
 void RobotState::begin()
 {
-    *this = {};
-    m_isConnected = true;
+    RobotState fresh;
+    fresh.setJoints(m_joints, m_otherJoints);
+    fresh.m_isConnected = true;
+    *this = fresh;
 }
 
 void RobotState::end(TimePoint now)
@@ -185,29 +191,18 @@ bool RobotState::take(Topic topic, const QCborMap& message, TimePoint now, QStri
 /// Several parts of a robot may tell of their joints in turn.
 bool RobotState::takeAxes(Topic topic, const QCborMap& message, QString* fault)
 {
-    Fields fields(message, fault);
     const bool isTarget = topic == ArmState;
-    const QStringList names = fields.texts(isTarget ? "joint_names" : "name");
-    Fields numbers = isTarget ? fields.object("desired") : fields;
-    const char* const field = isTarget ? "positions" : "position";
-    const QVector<float> positions = numbers.floats(field);
-    if (positions.size() != names.size())
-        numbers.fail(field,
-                     tr("has %1 numbers for %2 names").arg(positions.size()).arg(names.size()));
-    for (const float position : positions) {
-        if (!std::isfinite(position))
-            numbers.fail(field, tr("has %1, which is not a position").arg(double(position)));
-    }
-    if (!fields.isGood())
+    const auto joints = isTarget ? JointPositions::readTargets(message, fault)
+                                 : JointPositions::readPresent(message, fault);
+    const auto told = joints ? m_joints.axes(*joints, fault) : std::nullopt;
+    if (!told)
         return false;
     bool isNews = false;
-    for (int i = 0; i < axisCount; ++i) {
-        const auto at = names.indexOf(axisName(i));
-        if (at < 0)
+    for (std::size_t i = 0; i < told->size(); ++i) {
+        if (!told->at(i))
             continue;
-        Axis& axis = m_axes.at(index(i));
-        (isTarget ? axis.target : axis.present) =
-            rosbridge::protocol::toFloat(rosbridge::protocol::toDegrees(positions.at(at)));
+        Axis& axis = m_axes.at(i);
+        (isTarget ? axis.target : axis.present) = told->at(i);
         isNews = true;
     }
     return isNews;
@@ -337,6 +332,9 @@ QStringList RobotState::notes(TimePoint now) const
         add(missing(tr("No axes of the arm"), {JointStates}, now));
     addAge(JointStates, tr("The axes' positions are %1 old."));
     addAge(ArmState, tr("The axes' targets are %1 old."));
+    if (!m_otherJoints.isEmpty())
+        add(tr("Joints without an axis are not shown: %1. Robot > Names… lists the axes.")
+                .arg(someOf(m_otherJoints)));
     return notes;
 }
 
@@ -347,8 +345,8 @@ QString RobotState::withoutPlace(TimePoint now) const
         if (robots.size() > 1)
             return tr("No position: there are several robots on %1: %2. In Robot > Names…, enter "
                       "the names of one robot's %3 and %4.")
-                .arg(this->name(Transforms), robots.mid(0, mostRobots).join(QStringLiteral(", ")),
-                     this->name(Odometry), this->name(Scan));
+                .arg(this->name(Transforms), someOf(robots), this->name(Odometry),
+                     this->name(Scan));
     }
     return missing(tr("No position"), {Transforms, Odometry}, now);
 }

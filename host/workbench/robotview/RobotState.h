@@ -4,7 +4,7 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_ROBOTSTATE_H
 #define HOST_WORKBENCH_ROBOTVIEW_ROBOTSTATE_H
 
-#include "host/device/readers/ArmPose.h"
+#include "host/device/readers/JointTable.h"
 #include "host/device/readers/RateMeter.h"
 #include "host/workbench/robotview/GridMap.h"
 #include "host/workbench/robotview/LaserRays.h"
@@ -60,14 +60,17 @@ public:
 
     struct Axis
     {
-        std::optional<float> target; ///< degrees
+        std::optional<float> target; ///< degrees or millimetres, as the joints say
         std::optional<float> present;
     };
 
-    static constexpr int axisCount = device::readers::ArmPose::axisCount;
+    static constexpr int axisCount = device::readers::JointTable::axisCount;
 
     static const TopicInfo& info(Topic topic);
-    static QString axisName(int axis);
+
+    /// Which joints are the axes; @p others are those of the robot's arm that are none.
+    void setJoints(const device::readers::JointTable& joints, const QStringList& others);
+    const device::readers::JointTable& joints() const { return m_joints; }
 
     /// A link begins: what another robot told is forgotten.
     void begin();
@@ -140,6 +143,8 @@ private:
     QString withoutPlace(TimePoint now) const;
     QString missing(const QString& what, const std::vector<Topic>& topics, TimePoint now) const;
 
+    device::readers::JointTable m_joints;
+    QStringList m_otherJoints;
     bool m_isConnected = false;
     QDateTime m_lastSeen;             // of the link that is over
     std::optional<TimePoint> m_asked; // what the robot publishes

@@ -30,7 +30,7 @@ namespace host::workbench::window {
 namespace {
 
 constexpr QSize sizeForOne(1000, 640);
-constexpr int mostInSight = 2; // before anybody resizes the window
+constexpr int mostDevicesInSight = 2; // before anybody resizes the window
 
 QString layoutKey(const DeviceView& view)
 {
@@ -84,7 +84,7 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
     connect(&m_environment.lostLinks(), &preferences::LostLinks::changed, view, join);
     join();
     m_devices->add(view);
-    resize(sizeForOne.width() * qMin(int(m_views.size()), mostInSight), sizeForOne.height());
+    resize(sizeForOne.width() * qMin(int(m_views.size()), mostDevicesInSight), sizeForOne.height());
     for (QMenu* menu : view->menus())
         menuBar()->insertMenu(m_languageMenu->menuAction(), menu);
     for (DeviceView* each : std::as_const(m_views))

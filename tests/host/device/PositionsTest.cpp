@@ -50,6 +50,7 @@ private Q_SLOTS:
     void a_pose_is_of_the_present_connection();
     void a_bad_joint_state_is_said_once_and_the_pose_stays();
     void a_joint_that_is_none_of_the_arms_is_ignored();
+    void a_foreign_arm_is_stored_by_its_own_joints();
 };
 
 void PositionsTest::two_positions_are_there_to_begin_with()
@@ -227,6 +228,26 @@ void PositionsTest::a_joint_that_is_none_of_the_arms_is_ignored()
     QCOMPARE(f.probe->calls.filter("1001 "), QStringList());
     f.exec(1007);
     QCOMPARE(f.config<FloatVector>("pos2")[0], 10.0F);
+}
+
+void PositionsTest::a_foreign_arm_is_stored_by_its_own_joints()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    f.device.joints().set(2, {"lift", host::device::readers::JointTable::Unit::Metres, true, 300});
+    for (int axis = 3; axis < 9; ++axis)
+        f.device.joints().set(axis, {});
+    f.robot.publish("/joint_states", {{"name", QCborArray{"wheel", "axis1", "lift", "axis0"}},
+                                      {"position", QCborArray{7, 0, 0.1, 1.5707963}}});
+    QVERIFY(f.settle());
+    f.exec(1007);
+    const FloatVector stored = f.config<FloatVector>("pos2");
+    QCOMPARE(stored.size(), 18U);
+    QCOMPARE(stored[0], 90.0F);
+    QCOMPARE(stored[2], 0.0F);
+    QCOMPARE(stored[4], 200.0F); // millimetres
+    QCOMPARE(stored[6], 0.0F);   // has no joint
 }
 
 TEST_WITH_WINDOWS(PositionsTest)

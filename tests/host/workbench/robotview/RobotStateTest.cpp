@@ -26,6 +26,7 @@ private Q_SLOTS:
     void bad_messages_are_told_of_with_the_robots_name_of_the_topic();
     void axes_are_told_in_parts();
     void bad_axes_change_nothing_and_are_told_of();
+    void a_foreign_arm_shows_its_own_joints();
     void what_is_old_says_so();
     void what_is_missing_is_told_plainly();
     void nothing_is_called_missing_before_it_is_due();
@@ -164,6 +165,26 @@ void RobotStateTest::bad_axes_change_nothing_and_are_told_of()
     robot.tell(RobotState::Torque, message::truth(true));
     robot.tell(RobotState::Torque, QCborMap{{"data", 0}});
     QCOMPARE(robot.state.isSet(RobotState::Torque), std::optional<bool>(true));
+}
+
+void RobotStateTest::a_foreign_arm_shows_its_own_joints()
+{
+    using host::device::readers::JointTable;
+    Robot robot;
+    robot.tell(RobotState::JointStates, message::jointStates({"axis0"}, {1}));
+    JointTable table(QStringList{"shoulder", "elbow"});
+    table.setJoint(1, {"elbow", JointTable::Unit::Radians, true, 10});
+    robot.state.setJoints(table, {"a", "b", "c", "d", "e"});
+    QVERIFY(!robot.state.axis(0).present); // it is another joint now
+    robot.tell(RobotState::JointStates, message::jointStates({"elbow", "shoulder"}, {20, 30}));
+    robot.tell(RobotState::ArmState, message::armState({"shoulder", "elbow"}, {40, 50}));
+    QCOMPARE(robot.state.axis(0).present, std::optional<float>(30.0F));
+    QCOMPARE(robot.state.axis(1).present, std::optional<float>(-10.0F));
+    QCOMPARE(robot.state.axis(0).target, std::optional<float>(40.0F));
+    QCOMPARE(robot.state.axis(1).target, std::optional<float>(-40.0F));
+    QVERIFY2(robot.notes().contains("not shown: a, b, c and 2 more."), qPrintable(robot.notes()));
+    robot.state.begin(); // the table is the device's, not the link's
+    QVERIFY(robot.state.joints() == table);
 }
 
 void RobotStateTest::what_is_old_says_so()
