@@ -2982,8 +2982,8 @@
         <translation>der Roboter hat keinen Dienst dieses Clients aufgerufen</translation>
     </message>
     <message>
-        <source>the compression &quot;%1&quot; is unknown here; use none or cbor</source>
-        <translation>die Kompression „%1“ ist hier unbekannt; verwenden Sie none oder cbor</translation>
+        <source>the compression &quot;%1&quot; is unknown here; use none, cbor or, for topics, cbor-raw</source>
+        <translation>die Kompression „%1“ ist hier unbekannt; verwenden Sie none, cbor oder, für Topics, cbor-raw</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 
 #include "robot/network/Network.h"
 
+#include "robot/network/Clock.h"
 #include "rosbridge/protocol/Address.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
@@ -50,6 +51,11 @@ Network::Network(const Clock& clock, const rosbridge::server::Limits& limits)
       m_log(m_endpoint, clock),
       m_clientLog(m_log, QStringLiteral("base"))
 {
+    m_topics.setMakeRaw([this, &clock](const QString& type, const QCborMap& msg) {
+        QCborMap raw = Clock::stamp(clock.now());
+        raw.insert(QLatin1String("bytes"), m_serializer.serialize(type, msg));
+        return raw;
+    });
     m_topics.addPublished(topic::log.name, topic::log.type);
     m_rosApi.addTo(m_services);
     addControlServices();

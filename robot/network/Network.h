@@ -8,6 +8,7 @@
 #include "robot/network/Log.h"
 #include "robot/network/LogWriter.h"
 #include "robot/network/RosApi.h"
+#include "robot/network/Serializer.h"
 #include "rosbridge/server/Endpoint.h"
 #include "rosbridge/server/Limits.h"
 #include "rosbridge/server/ServiceRegistry.h"
@@ -69,6 +70,7 @@ private:
     void addControlServices();
     void keepLog();
 
+    Serializer m_serializer;
     Control m_control;
     rosbridge::server::TopicRegistry m_topics;
     rosbridge::server::ServiceRegistry m_services;

@@ -16,12 +16,20 @@ namespace robot::network {
 class TypeDetails
 {
 public:
+    struct Field
+    {
+        QString type; ///< of an array, that of its elements
+        QString name;
+        int arrayLength; ///< -1: no array; 0: any
+    };
+
     /// @p type as typeDefinition() has it, or "time" or "duration".
     explicit TypeDetails(const QString& type);
 
     /// False if the robot does not use such a type.
     bool isKnown() const { return !m_definition.isNull(); }
 
+    const QVector<Field>& fields() const { return m_fields; }
     QStringList fieldNames() const;
 
     /// The rosapi/TypeDef of the type, and after it those of the types of its fields, each once.
@@ -31,13 +39,6 @@ public:
     QString fullText() const;
 
 private:
-    struct Field
-    {
-        QString type; ///< of an array, that of its elements
-        QString name;
-        int arrayLength; ///< -1: no array; 0: any
-    };
-
     void readLine(const QString& line);
     QCborMap typeDef() const;
     QVector<TypeDetails> nested() const;

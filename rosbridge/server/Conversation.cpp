@@ -52,6 +52,8 @@ std::optional<Encoding> encodingFor(const QString& compression)
         return Encoding::Json;
     if (compression == QLatin1String("cbor"))
         return Encoding::Cbor;
+    if (compression == QLatin1String("cbor-raw"))
+        return Encoding::CborRaw;
     return std::nullopt;
 }
 
@@ -204,7 +206,7 @@ void Conversation::subscribe(Request& request)
     auto subscription = m_subscriptions.find(name);
     const bool isNew =
         subscription == m_subscriptions.end() || !subscription->second.contains(request.id());
-    if (!encoding)
+    if (!encoding || (encoding == Encoding::CborRaw && !m_topics.hasRaw()))
         request.fail(unknownCompression(compression));
     else if (!topic)
         request.fail(TopicRegistry::unknown(name));
@@ -256,7 +258,7 @@ void Conversation::callService(Request& request)
     const QString name = request.text("service");
     const QString compression = request.optionalText("compression");
     const std::optional<Encoding> encoding = encodingFor(compression);
-    if (!encoding)
+    if (!encoding || encoding == Encoding::CborRaw) // which is for topics
         request.fail(unknownCompression(compression));
     const ServiceReply reply = request.error().isEmpty()
                                    ? m_services.call(m_peer, name, request.value("args"))
@@ -312,7 +314,9 @@ void Conversation::sendStatus(Level level, const QString& text, const QCborValue
 
 QString Conversation::unknownCompression(const QString& compression)
 {
-    return tr("the compression \"%1\" is unknown here; use none or cbor").arg(compression);
+    return tr("the compression \"%1\" is unknown here; use none, cbor or, for topics, "
+              "cbor-raw")
+        .arg(compression);
 }
 
 int Conversation::requestCount() const

@@ -9,11 +9,13 @@
 
 namespace rosbridge::server {
 
-/// The two wire forms of a message, which rosbridge calls the compressions "none" and "cbor".
+/// The wire forms of a message, which rosbridge calls the compressions "none", "cbor" and
+/// "cbor-raw". A client that asks for a topic in several ways gets the last of them.
 enum class Encoding
 {
-    Json, ///< a text frame
-    Cbor, ///< a binary frame
+    Json,    ///< a text frame
+    Cbor,    ///< a binary frame
+    CborRaw, ///< the same, with the topic's message as ROS itself serializes it
 };
 
 /// One encoded message; copies share the bytes.

@@ -77,7 +77,7 @@ void Endpoint::close()
 
 void Endpoint::publish(const QString& topic, const QCborMap& msg)
 {
-    const auto publication = std::make_shared<const Publication>(topic, msg);
+    const auto publication = m_topics.publication(topic, msg);
     m_topics.keep(publication);
     const QList<ClientSession*> sessions = m_sessions; // a lost client takes itself off the list
     for (ClientSession* session : sessions)

@@ -11,6 +11,8 @@
 #include <QPair>
 #include <QString>
 
+#include <functional>
+
 namespace rosbridge::server {
 
 /// One message on its way to all who subscribed: encoded when the first of them needs it, once
@@ -18,8 +20,11 @@ namespace rosbridge::server {
 class Publication
 {
 public:
-    /// @p topic in its canonical form.
-    Publication(const QString& topic, const QCborMap& msg);
+    /// What "msg" is with the compression "cbor-raw": the message serialized, and the time.
+    using MakeRaw = std::function<QCborMap(const QCborMap& msg)>;
+
+    /// @p topic in its canonical form. @p makeRaw may be empty if nobody can ask for that.
+    Publication(const QString& topic, const QCborMap& msg, MakeRaw makeRaw = {});
 
     const QString& topic() const { return m_topic; }
 
@@ -29,6 +34,7 @@ public:
 private:
     QString m_topic;
     QCborMap m_msg;
+    MakeRaw m_makeRaw;
     mutable QHash<QPair<QString, int>, EncodedMessage> m_frames;
 };
 

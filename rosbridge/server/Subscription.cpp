@@ -68,8 +68,7 @@ void Subscription::combine()
     for (const Options& options : std::as_const(m_requests)) {
         m_combined.throttle = std::min(m_combined.throttle, options.throttle);
         m_combined.queueLength = std::max(m_combined.queueLength, options.queueLength);
-        if (options.encoding == Encoding::Cbor)
-            m_combined.encoding = Encoding::Cbor;
+        m_combined.encoding = std::max(m_combined.encoding, options.encoding);
     }
     m_combined.queueLength = std::min(m_combined.queueLength, m_maximumLength);
 }

@@ -38,6 +38,17 @@ const TopicRegistry::Topic* TopicRegistry::find(const QString& name) const
     return topic == m_topics.cend() ? nullptr : &*topic;
 }
 
+std::shared_ptr<const Publication> TopicRegistry::publication(const QString& topic,
+                                                              const QCborMap& msg) const
+{
+    Publication::MakeRaw makeRaw;
+    if (const Topic* known = find(topic); known && m_makeRaw)
+        makeRaw = [make = m_makeRaw, type = known->type](const QCborMap& raw) {
+            return make(type, raw);
+        };
+    return std::make_shared<const Publication>(topic, msg, makeRaw);
+}
+
 void TopicRegistry::keep(const std::shared_ptr<const Publication>& publication)
 {
     const auto topic = m_topics.find(publication->topic());

@@ -14,6 +14,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace rosbridge::server {
 
@@ -29,6 +30,9 @@ class TopicRegistry
 public:
     /// Takes one message; returns what is wrong with it, or an empty text once it is obeyed.
     using Handler = std::function<QString(const Peer& from, const QCborMap& msg)>;
+
+    /// Serializes a message of the topic's @p type, see Publication::MakeRaw.
+    using MakeRaw = std::function<QCborMap(const QString& type, const QCborMap& msg)>;
 
     struct Topic
     {
@@ -47,6 +51,13 @@ public:
     void addPublished(const QString& name, const QString& type);
     void addLatched(const QString& name, const QString& type);
     void addCommand(const QString& name, const QString& type, Access access, Handler handler);
+
+    /// From now on topics can be had with the compression "cbor-raw".
+    void setMakeRaw(MakeRaw makeRaw) { m_makeRaw = std::move(makeRaw); }
+    bool hasRaw() const { return bool(m_makeRaw); }
+
+    /// A message that the robot publishes on @p topic, one of its own.
+    std::shared_ptr<const Publication> publication(const QString& topic, const QCborMap& msg) const;
 
     /// @p name in either form; null if the robot has no such topic.
     const Topic* find(const QString& name) const;
@@ -68,6 +79,7 @@ public:
 private:
     const Authority& m_authority;
     QMap<QString, Topic> m_topics;
+    MakeRaw m_makeRaw;
 };
 
 } // namespace rosbridge::server

@@ -104,7 +104,7 @@ class TopicTest(EndpointTest):
             ({"topic": "/clock", "type": "std_msgs/String"}, "rosgraph_msgs/Clock"),
             ({"topic": "/clock", "type": "std_msgs/msg/Clock"}, "rosgraph_msgs/Clock"),
             ({"topic": "/clock", "compression": "png"}, "png"),
-            ({"topic": "/clock", "compression": "cbor-raw"}, "cbor-raw"),
+            ({"topic": "/clock", "compression": "cbor-row"}, "cbor-row"),
             ({"topic": "/clock", "compression": 7}, "compression"),
             ({"topic": "/clock", "throttle_rate": -1}, "throttle_rate"),
             ({"topic": "/clock", "throttle_rate": 1.5}, "throttle_rate"),
@@ -119,6 +119,21 @@ class TopicTest(EndpointTest):
                 status = await client.complaint(op="subscribe", id="s", **fields)
                 self.assertEqual(status["id"], "s")
                 self.assertIn(reason, status["msg"])
+
+    async def test_cbor_raw_is_the_message_as_ROS_serializes_it(self):
+        client = await self.client()
+        # As viewers ask: without a type, and with a topic that another subscription has as JSON.
+        await client.send(op="subscribe", topic="/clock", id="json")
+        await client.send(op="subscribe", topic="/clock", id="raw", compression="cbor-raw")
+        is_binary = False
+        while not is_binary:
+            message, is_binary = await client.receive()
+        self.assertEqual(message["topic"], "/clock")
+        self.assertEqual(set(message["msg"]), {"secs", "nsecs", "bytes"})
+        self.assertEqual(
+            struct.unpack("<II", message["msg"]["bytes"]),
+            (message["msg"]["secs"], message["msg"]["nsecs"]),
+        )
 
     async def test_a_client_has_at_most_64_subscriptions(self):
         client = await self.client()

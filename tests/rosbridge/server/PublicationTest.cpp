@@ -23,6 +23,7 @@ class PublicationTest : public TestCase
 private Q_SLOTS:
     void a_frame_holds_the_message_in_its_encoding();
     void a_form_is_encoded_once();
+    void the_raw_form_is_made_when_it_is_asked_for();
 
 private:
     const QCborMap m_msg{{QStringLiteral("data"), 7}};
@@ -56,6 +57,27 @@ void PublicationTest::a_form_is_encoded_once()
     const EncodedMessage again = publication.frame(m_topic, Encoding::Cbor);
     QVERIFY(again.bytes.constData() == first.bytes.constData());
     QVERIFY(other.bytes != first.bytes);
+}
+
+void PublicationTest::the_raw_form_is_made_when_it_is_asked_for()
+{
+    int made = 0;
+    const Publication publication(m_topic, m_msg, [&](const QCborMap& msg) {
+        ++made;
+        return QCborMap{{QStringLiteral("bytes"), QByteArray::number(msg.size())}};
+    });
+    publication.frame(m_topic, Encoding::Cbor);
+    QCOMPARE(made, 0);
+    const EncodedMessage raw = publication.frame(m_topic, Encoding::CborRaw);
+    QVERIFY(raw.encoding == Encoding::CborRaw);
+    publication.frame(m_topic, Encoding::CborRaw);
+    QCOMPARE(made, 1);
+    const QCborMap message =
+        rosbridge::protocol::decodeBinary(raw.bytes, nullptr).value_or(QCborMap());
+    QCOMPARE(message.value(QLatin1String("topic")).toString(), m_topic);
+    QCOMPARE(
+        message.value(QLatin1String("msg")).toMap().value(QLatin1String("bytes")).toByteArray(),
+        QByteArray("1"));
 }
 
 TEST_WITHOUT_WINDOWS(PublicationTest)
