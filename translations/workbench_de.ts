@@ -277,6 +277,17 @@
     </message>
 </context>
 <context>
+    <name>host::device::connection::SilentTopics</name>
+    <message>
+        <source>Nothing came on %1 for %2 s, while other topics did. It is now requested as JSON instead of CBOR.</source>
+        <translation>Auf %1 kam %2 s lang nichts, während auf anderen Topics etwas kam. Es wird jetzt als JSON statt als CBOR angefordert.</translation>
+    </message>
+    <message>
+        <source>Nothing came on %1 for %2 s, while other topics did. It is requested as CBOR instead of JSON for another %2 s.</source>
+        <translation>Auf %1 kam %2 s lang nichts, während auf anderen Topics etwas kam. Es wird für weitere %2 s als CBOR statt als JSON angefordert.</translation>
+    </message>
+</context>
+<context>
     <name>host::device::faults::Faults</name>
     <message>
         <source>next connection refused</source>
@@ -1353,6 +1364,21 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::preferences::OtherNodes</name>
+    <message>
+        <source>Log of other &amp;nodes</source>
+        <translation>Protokoll anderer &amp;Knoten</translation>
+    </message>
+    <message>
+        <source>All messages</source>
+        <translation>Alle Meldungen</translation>
+    </message>
+    <message>
+        <source>Warnings and errors</source>
+        <translation>Warnungen und Fehler</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::robotview::GridMap</name>
     <message>
         <source>is %1, which is not a valid cell size in metres</source>
@@ -1920,10 +1946,6 @@
 <context>
     <name>host::workbench::window::StatusLine</name>
     <message>
-        <source>Age of the newest data that the robot sends continuously.</source>
-        <translation>Alter der neuesten Daten, die der Roboter ständig sendet.</translation>
-    </message>
-    <message>
         <source>Simulated robot: %1</source>
         <translation>Simulierter Roboter: %1</translation>
     </message>
@@ -1962,6 +1984,14 @@
     <message>
         <source>Connects again</source>
         <translation>Verbindet sich wieder</translation>
+    </message>
+    <message>
+        <source>Age of the newest data that the robot sends continuously, or how late it comes: how much longer than the quickest data it was on its way.</source>
+        <translation>Alter der neuesten Daten, die der Roboter laufend sendet, oder ihre Verspätung: wie viel länger sie unterwegs waren als die schnellsten.</translation>
+    </message>
+    <message>
+        <source>Data is %1 s late</source>
+        <translation>Daten kommen %1 s zu spät</translation>
     </message>
 </context>
 <context>

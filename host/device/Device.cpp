@@ -61,7 +61,9 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
                    [this](const rosbridge::client::Client::Timeouts& timeouts) {
                        return std::make_unique<faults::FaultyClient>(timeouts, m_faults);
                    }),
-      m_reconnection(m_connection, timing)
+      m_reconnection(m_connection, timing),
+      m_offer(m_connection, timing),
+      m_silentTopics(m_connection, m_offer, timing.silence)
 {
     loadConfig();
     m_variables.set(VariableKind::State, "connectedToSimulator", false);
@@ -75,6 +77,7 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
             });
     connect(&m_connection, &connection::Connection::message, this, &Device::sendMessage);
     connect(&m_offer, &connection::Offer::message, this, &Device::sendMessage);
+    connect(&m_silentTopics, &connection::SilentTopics::message, this, &Device::sendMessage);
     connect(&m_listener, &connection::Listener::message, this, &Device::sendMessage);
     connect(&m_robotLog, &connection::RobotLog::message, this, &Device::sendMessage);
     connect(&m_commands, &connection::Commands::message, this, &Device::sendMessage);

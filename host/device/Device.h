@@ -14,6 +14,7 @@
 #include "host/device/connection/Offer.h"
 #include "host/device/connection/Reconnection.h"
 #include "host/device/connection/RobotLog.h"
+#include "host/device/connection/SilentTopics.h"
 #include "host/device/connection/Timing.h"
 #include "host/device/faults/Faults.h"
 #include "host/device/faults/FaultyHost.h"
@@ -92,6 +93,9 @@ public:
     /// Which of the robot's joints are the arm's axes; remembered beside the configuration, too.
     connection::ArmJoints& joints() { return m_joints; }
 
+    /// What of the robot's own log is passed on.
+    connection::RobotLog& robotLog() { return m_robotLog; }
+
     /// What the robot's sensors tell, for views that show it too.
     const Sensors& sensors() const { return m_sensors; }
 
@@ -158,7 +162,8 @@ private:
     faults::Faults m_faults;
     connection::Connection m_connection;
     connection::Reconnection m_reconnection;
-    connection::Offer m_offer{m_connection};
+    connection::Offer m_offer;
+    connection::SilentTopics m_silentTopics;
     connection::Listener m_listener{m_connection};
     connection::RobotLog m_robotLog{m_listener};
     connection::ArmJoints m_joints;

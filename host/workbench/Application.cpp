@@ -79,6 +79,7 @@ QStringList Application::restorePreferences(const Options& options, const QStrin
     if (!options.appearance().isEmpty())
         m_environment.appearance().use(options.appearance());
     problems << m_environment.lostLinks().restore(settings);
+    problems << m_environment.otherNodes().restore(settings);
     problems.removeAll(QString());
     problems.removeDuplicates(); // all are in one file
     return problems;

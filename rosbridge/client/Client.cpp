@@ -8,7 +8,6 @@
 #include "rosbridge/protocol/Codec.h"
 #include "rosbridge/websocket/Socket.h"
 
-#include <QElapsedTimer>
 #include <QPointer>
 #include <QSignalBlocker>
 
@@ -147,16 +146,16 @@ QString Client::subscribe(const QString& topic, const QString& type,
 {
     QString id = nextId(QStringLiteral("subscribe"));
     const bool isBinary = options.compression == Compression::Cbor;
-    const bool isSent =
-        send({{QStringLiteral("op"), QStringLiteral("subscribe")},
-              {QStringLiteral("id"), id},
-              {QStringLiteral("topic"), protocol::canonicalName(topic)},
-              {QStringLiteral("type"), type},
-              {QStringLiteral("throttle_rate"), qint64(options.throttleRate.count())},
-              {QStringLiteral("queue_length"), options.queueLength},
-              {QStringLiteral("compression"),
-               isBinary ? QStringLiteral("cbor") : QStringLiteral("none")}});
-    if (!isSent)
+    QCborMap request{{QStringLiteral("op"), QStringLiteral("subscribe")},
+                     {QStringLiteral("id"), id},
+                     {QStringLiteral("topic"), protocol::canonicalName(topic)},
+                     {QStringLiteral("throttle_rate"), qint64(options.throttleRate.count())},
+                     {QStringLiteral("queue_length"), options.queueLength},
+                     {QStringLiteral("compression"),
+                      isBinary ? QStringLiteral("cbor") : QStringLiteral("none")}};
+    if (!type.isEmpty())
+        request.insert(QStringLiteral("type"), type);
+    if (!send(request))
         return QString();
     m_inbox.addSubscription(id, protocol::canonicalName(topic), handler);
     return id;
@@ -222,7 +221,9 @@ void Client::ping()
 {
     if (!m_deadline.isActive())
         m_deadline.start(m_timeouts.pongDeadline);
-    m_socket->ping();
+    // One at a time, as a pong does not tell which ping it answers.
+    if (!m_ping.isValid() && m_socket->ping())
+        m_ping.start();
 }
 
 void Client::endConnecting(Connector::Failure failure, const QString& why)
@@ -283,6 +284,7 @@ void Client::lose()
 void Client::end(Cause cause, const QString& text)
 {
     m_pingTimer.stop();
+    m_ping.invalidate();
     m_deadline.stop();
     releaseSocket();
     const QHash<QString, Inbox::PendingCall> calls = m_inbox.clear();
@@ -355,6 +357,11 @@ void Client::receive(const Socket::Item& item)
     if (item.leftOut > 0) {
         Q_EMIT statusReceived(QStringLiteral("error"), leftOutText(item), QString());
         return;
+    }
+    if (item.opcode == Opcode::Pong && m_ping.isValid()) {
+        const std::chrono::milliseconds after(m_ping.elapsed());
+        m_ping.invalidate();
+        Q_EMIT pongReceived(after);
     }
     if (item.opcode != Opcode::Text && item.opcode != Opcode::Binary)
         return;

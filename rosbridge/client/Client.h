@@ -10,6 +10,7 @@
 #include "rosbridge/websocket/Socket.h"
 
 #include <QCborMap>
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -108,7 +109,8 @@ public:
     bool unadvertise(const QString& topic);
 
     /// Asks for a topic's messages; each goes to @p handler until unsubscribe() or the link's
-    /// end. The id that is returned is for unsubscribe(); empty if the link is not open.
+    /// end. With an empty @p type they are of the type that the server knows. The id that is
+    /// returned is for unsubscribe(); empty if the link is not open.
     virtual QString subscribe(const QString& topic, const QString& type,
                               const SubscribeOptions& options, const Handler& handler);
 
@@ -125,6 +127,9 @@ Q_SIGNALS:
     /// the subscription it is about, where it is about one. A failed call has only its answer. Also
     /// this end's own word, an "error", on a message that is too large to be taken.
     void statusReceived(const QString& level, const QString& text, const QString& id);
+
+    /// The server answered a ping, @p after it was sent: behind what was on its way before.
+    void pongReceived(std::chrono::milliseconds after);
 
     /// A message was not understood and is ignored; @p text says why.
     void malformedReceived(const QString& text);
@@ -163,8 +168,9 @@ private:
     websocket::Connector* m_connector = nullptr; // a child, while the state is not Closed
     websocket::Socket* m_socket = nullptr;       // a child, from the handshake on
     QTimer m_pingTimer;
-    QTimer m_deadline; // connecting: for the handshake; open: for the next sign of life
-    QTimer m_nextTurn; // to go on reading
+    QTimer m_deadline;    // connecting: for the handshake; open: for the next sign of life
+    QTimer m_nextTurn;    // to go on reading
+    QElapsedTimer m_ping; // invalid unless a ping waits for its pong
     quint64 m_lastId = 0;
     Inbox m_inbox;
 };

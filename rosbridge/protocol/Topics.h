@@ -21,6 +21,7 @@ namespace topic {
 
 namespace type {
 constexpr QLatin1String boolean("std_msgs/Bool");
+constexpr QLatin1String ros2Log("rcl_interfaces/Log"); // which ROS 2 has for the log
 } // namespace type
 
 // clang-format off

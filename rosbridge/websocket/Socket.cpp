@@ -113,10 +113,12 @@ void Socket::send(Opcode opcode, const QByteArray& data)
         write(opcode, data);
 }
 
-void Socket::ping()
+bool Socket::ping()
 {
-    if (m_state == State::Open && m_tcp->bytesToWrite() == 0)
-        write(Opcode::Ping, {});
+    if (m_state != State::Open || m_tcp->bytesToWrite() > 0)
+        return false;
+    write(Opcode::Ping, {});
+    return true;
 }
 
 qint64 Socket::bytesToWrite() const

@@ -45,7 +45,8 @@ public:
     void send(Opcode opcode, const QByteArray& data);
 
     /// Asks the peer for a pong, unless there is still something to write: then it would come late.
-    void ping();
+    /// Returns whether it did.
+    bool ping();
 
     /// Written by the owner and not yet taken by the network.
     qint64 bytesToWrite() const;

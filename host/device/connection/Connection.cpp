@@ -81,6 +81,7 @@ bool Connection::open(const QString& addressText)
     connect(m_client.get(), &Client::closed, this,
             [this](Client::Cause, const QString& words) { fail(words); });
     connect(m_client.get(), &Client::statusReceived, this, &Connection::onStatus);
+    connect(m_client.get(), &Client::pongReceived, &m_followers, &Followers::answered);
     connect(m_client.get(), &Client::malformedReceived, this, [this](const QString& why) {
         qWarning().noquote() << "A message of" << m_address << "was not understood:" << why;
     });

@@ -77,6 +77,9 @@ public:
     /// Whom to believe where the link is encrypted.
     Certificates& certificates() { return m_certificates; }
 
+    /// What comes of the topics that are followed.
+    Followers& followers() { return m_followers; }
+
     /// Starts to connect. False, and nothing changes, unless the state is -1; false as well for
     /// an address that cannot be understood, which is a failure like the others.
     bool open(const QString& addressText);

@@ -8,20 +8,42 @@
 #include "rosbridge/protocol/Topics.h"
 
 #include <algorithm>
+#include <array>
 
 namespace host::device::connection {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 /// Its lines are no data: they come from a robot whose sensors are silent, too.
 const QString logTopic = rosbridge::protocol::topic::log.name;
+
+/// A type of large messages, and the least time between two of them: as often as anybody sees.
+struct Large
+{
+    QLatin1String type;
+    std::chrono::milliseconds throttle;
+};
+
+const Large* findLarge(const QString& type)
+{
+    static constexpr std::array large{
+        Large{QLatin1String("nav_msgs/OccupancyGrid"), 1s},
+        Large{QLatin1String("sensor_msgs/CompressedImage"), 40ms},
+        Large{QLatin1String("sensor_msgs/Image"), 40ms},
+        Large{QLatin1String("sensor_msgs/LaserScan"), 40ms},
+    };
+    const auto* const found = std::find_if(large.begin(), large.end(),
+                                           [&](const Large& each) { return each.type == type; });
+    return found == large.end() ? nullptr : found;
+}
 
 } // namespace
 
 Followers::Followers(const Remappings& remappings) : m_remappings(remappings)
 {
-    connect(&remappings, &Remappings::changed, this,
-            [this](const QString& topic) { subscribe(topic); });
+    connect(&remappings, &Remappings::changed, this, &Followers::onRenamed);
 }
 
 int Followers::follow(const QString& topic, const QString& type, const Client::Handler& handler,
@@ -76,6 +98,8 @@ void Followers::close()
 {
     m_client = nullptr;
     m_newestData.invalidate();
+    m_receptions.clear();
+    m_delay.reset();
     for (Follower& follower : m_followers)
         follower.subscription.clear();
 }
@@ -84,23 +108,49 @@ void Followers::subscribe(Follower& follower)
 {
     if (!m_client)
         return; // the link ended by the subscription before
+    const Large* const large = findLarge(follower.type);
+    Reception& reception = this->reception(follower);
+    if (!reception.sinceSubscribed.isValid())
+        reception.sinceSubscribed.start();
     Client::SubscribeOptions options;
-    options.compression = Client::Compression::Cbor;
-    options.throttleRate = follower.throttle;
-    options.queueLength = follower.throttle.count() > 0 ? 1 : 0; // the newest is not lost
+    options.compression = reception.compression;
+    options.throttleRate = std::max(follower.throttle, large ? large->throttle : 0ms);
+    // Where the line is slow, the newest takes the place of what still waits.
+    options.queueLength = options.throttleRate > 0ms ? 1 : 0;
     // A client that is left may still hear: it speaks of a link that is over.
-    const auto hear = [this, client = m_client, isData = follower.topic != logTopic,
+    const auto hear = [this, client = m_client, topic = follower.topic,
                        handler = follower.handler](const QCborMap& message) {
         if (client != m_client)
             return;
-        if (isData)
+        m_receptions[topic].isHeard = true;
+        if (topic != logTopic) {
             m_newestData.start();
+            m_delay.hear(topic, message, Delay::Clock::now());
+        }
         handler(message);
     };
     follower.subscription =
         m_client->subscribe(m_remappings.theirs(follower.topic), follower.type, options, hear);
     if (!follower.subscription.isEmpty())
         m_topics.insert(follower.subscription, follower.topic);
+    Q_EMIT subscribed(follower.topic);
+}
+
+/// Begins with what suits the type.
+Followers::Reception& Followers::reception(const Follower& follower)
+{
+    const auto found = m_receptions.find(follower.topic);
+    if (found != m_receptions.end())
+        return *found;
+    Reception reception;
+    reception.compression = findLarge(follower.type) ? Compression::Cbor : Compression::None;
+    return *m_receptions.insert(follower.topic, reception);
+}
+
+void Followers::onRenamed(const QString& topic)
+{
+    m_receptions.remove(topic);
+    subscribe(topic);
 }
 
 std::optional<std::chrono::milliseconds> Followers::dataAge() const
@@ -108,6 +158,35 @@ std::optional<std::chrono::milliseconds> Followers::dataAge() const
     if (!m_newestData.isValid())
         return std::nullopt;
     return std::chrono::milliseconds(m_newestData.elapsed());
+}
+
+std::optional<std::chrono::milliseconds> Followers::delay() const
+{
+    return m_delay.value(Delay::Clock::now());
+}
+
+QStringList Followers::silent(std::chrono::milliseconds time) const
+{
+    QStringList topics;
+    for (const Follower& follower : m_followers) {
+        const Reception reception = m_receptions.value(follower.topic);
+        const bool isSubscribed = reception.sinceSubscribed.isValid();
+        if (isSubscribed && !reception.isHeard && !topics.contains(follower.topic) &&
+            reception.sinceSubscribed.hasExpired(time.count()))
+            topics += follower.topic;
+    }
+    return topics;
+}
+
+Followers::Compression Followers::compression(const QString& topic) const
+{
+    return m_receptions.value(topic).compression;
+}
+
+void Followers::setCompression(const QString& topic, Compression compression)
+{
+    m_receptions[topic].compression = compression;
+    subscribe(topic);
 }
 
 } // namespace host::device::connection

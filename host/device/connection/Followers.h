@@ -4,12 +4,14 @@
 #ifndef HOST_DEVICE_CONNECTION_FOLLOWERS_H
 #define HOST_DEVICE_CONNECTION_FOLLOWERS_H
 
+#include "host/device/connection/Delay.h"
 #include "rosbridge/client/Client.h"
 
 #include <QElapsedTimer>
 #include <QHash>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <optional>
@@ -20,13 +22,15 @@ namespace host::device::connection {
 class Remappings;
 
 /// Who follows which topic of the robot, on the link that is open and on all to come. All
-/// subscriptions go through here: topics are ours, and the robot's names go out.
+/// subscriptions go through here: topics are ours, and the robot's names go out. Large messages
+/// are asked for as CBOR, where it saves most and every server can do it; all others as JSON.
 class Followers : public QObject
 {
     Q_OBJECT
 
 public:
     using Client = rosbridge::client::Client;
+    using Compression = Client::Compression;
 
     /// @p remappings outlive the followers. A new name is in effect at once.
     explicit Followers(const Remappings& remappings);
@@ -52,6 +56,22 @@ public:
     /// The age of the newest message of any topic but the log; none on a link without any.
     std::optional<std::chrono::milliseconds> dataAge() const;
 
+    /// How late the data comes; none where it is not known.
+    std::optional<std::chrono::milliseconds> delay() const;
+    /// The robot answered a ping, @p after it was sent.
+    void answered(std::chrono::milliseconds after) { m_delay.answered(after); }
+
+    /// Those that were subscribed to for at least @p time, of which nothing was heard on this link.
+    QStringList silent(std::chrono::milliseconds time) const;
+    /// How the messages of @p topic are asked for on this link.
+    Compression compression(const QString& topic) const;
+    /// Subscribes to @p topic again, in this way until the link ends.
+    void setCompression(const QString& topic, Compression compression);
+
+Q_SIGNALS:
+    /// There is a new subscription to @p topic.
+    void subscribed(const QString& topic);
+
 private:
     struct Follower
     {
@@ -63,14 +83,26 @@ private:
         QString subscription; // on the link that is open
     };
 
+    /// What became of a topic on this link.
+    struct Reception
+    {
+        Compression compression = Compression::None;
+        QElapsedTimer sinceSubscribed; // invalid before
+        bool isHeard = false;
+    };
+
     void subscribe(Follower& follower);
+    Reception& reception(const Follower& follower);
+    void onRenamed(const QString& topic);
 
     const Remappings& m_remappings;
     Client* m_client = nullptr; // while its link is open
     std::vector<Follower> m_followers;
     int m_lastId = 0;
-    QHash<QString, QString> m_topics; // by the subscriptions' ids
-    QElapsedTimer m_newestData;       // invalid on a link without any
+    QHash<QString, QString> m_topics;       // by the subscriptions' ids
+    QHash<QString, Reception> m_receptions; // by topic
+    QElapsedTimer m_newestData;             // invalid on a link without any
+    Delay m_delay;
 };
 
 } // namespace host::device::connection

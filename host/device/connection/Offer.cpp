@@ -7,12 +7,16 @@
 #include "host/device/connection/MessageRole.h"
 #include "rosbridge/protocol/CanonicalName.h"
 #include "rosbridge/protocol/Services.h"
+#include "rosbridge/protocol/Topics.h"
 
 #include <QCborArray>
+
+#include <algorithm>
 
 namespace host::device::connection {
 
 namespace service = rosbridge::protocol::service;
+namespace topic = rosbridge::protocol::topic;
 
 namespace {
 
@@ -31,10 +35,22 @@ std::optional<QStringList> texts(const QCborMap& values, const char* field)
     return texts;
 }
 
+/// The log has another type in ROS 2, which is read as well.
+bool isTypeOf(const Remappings::Entry& entry, const QString& type)
+{
+    return type == entry.type || (entry.name == topic::log.name && type == topic::type::ros2Log);
+}
+
 } // namespace
 
-Offer::Offer(Connection& connection) : m_connection(connection)
+Offer::Offer(Connection& connection, const Timing& timing)
+    : m_connection(connection),
+      m_firstPause(timing.firstQuestion),
+      m_longestPause(timing.lastQuestion),
+      m_pause(m_firstPause)
 {
+    m_pauseTimer.setSingleShot(true);
+    connect(&m_pauseTimer, &QTimer::timeout, this, &Offer::askForMissing);
     connect(&connection, &Connection::opened, this, [this] {
         m_isLinked = true;
         ask();
@@ -65,7 +81,7 @@ Offer::State Offer::state(const Remappings::Entry& entry) const
     if (!m_lists.topics->contains(theirs) || m_lists.silent.contains(theirs))
         return State::Missing;
     const QString type = typeOf(entry.name);
-    return type.isEmpty() || type == entry.type ? State::Offered : State::OtherType;
+    return type.isEmpty() || isTypeOf(entry, type) ? State::Offered : State::OtherType;
 }
 
 QString Offer::typeOf(const QString& topic) const
@@ -77,32 +93,63 @@ QString Offer::typeOf(const QString& topic) const
 QStringList Offer::candidates(const Remappings::Entry& entry) const
 {
     QStringList names;
-    if (entry.kind == Kind::Topic && m_lists.topics)
-        names = m_lists.topics->keys(entry.type);
-    else if (entry.kind == Kind::Service && m_lists.services)
+    if (entry.kind == Kind::Topic && m_lists.topics) {
+        for (auto topic = m_lists.topics->cbegin(); topic != m_lists.topics->cend(); ++topic) {
+            if (isTypeOf(entry, topic.value()))
+                names += topic.key();
+        }
+    } else if (entry.kind == Kind::Service && m_lists.services) {
         names = m_lists.services->values();
+    }
     names.sort();
     return names;
 }
 
 void Offer::ask()
 {
-    if (!m_isLinked)
+    m_pause = m_firstPause;
+    m_lists.published.clear();
+    start(true, true);
+}
+
+void Offer::askAgain()
+{
+    if (m_round)
+        return; // it is being asked
+    m_pause = m_firstPause;
+    askForMissing();
+}
+
+void Offer::askForMissing()
+{
+    start(!m_lists.topics || isAnyMissed(Kind::Topic),
+          !m_lists.services || isAnyMissed(Kind::Service));
+}
+
+/// Does nothing if there is nothing to ask.
+void Offer::start(bool hasTopics, bool hasServices)
+{
+    if (!m_isLinked || (!hasTopics && !hasServices))
         return;
-    const auto round = std::make_shared<Round>();
-    call(round, service::topics.name, {}, [](Lists& lists, const QCborMap& values) {
-        const auto names = texts(values, "topics");
-        const QStringList types = texts(values, "types").value_or(QStringList());
-        if (!names)
-            return;
-        lists.topics.emplace();
-        for (int i = 0; i < static_cast<int>(names->size()); ++i)
-            lists.topics->insert(names->at(i), rosbridge::protocol::canonicalType(types.value(i)));
-    });
-    call(round, service::services.name, {}, [](Lists& lists, const QCborMap& values) {
-        if (const auto names = texts(values, "services"))
-            lists.services = QSet<QString>(names->begin(), names->end());
-    });
+    m_pauseTimer.stop();
+    m_round = std::make_shared<Round>();
+    m_round->lists = m_lists;
+    if (hasTopics)
+        call(m_round, service::topics.name, {}, [](Lists& lists, const QCborMap& values) {
+            const auto names = texts(values, "topics");
+            const QStringList types = texts(values, "types").value_or(QStringList());
+            if (!names)
+                return;
+            lists.topics.emplace();
+            for (int i = 0; i < static_cast<int>(names->size()); ++i)
+                lists.topics->insert(names->at(i),
+                                     rosbridge::protocol::canonicalType(types.value(i)));
+        });
+    if (hasServices)
+        call(m_round, service::services.name, {}, [](Lists& lists, const QCborMap& values) {
+            if (const auto names = texts(values, "services"))
+                lists.services = QSet<QString>(names->begin(), names->end());
+        });
 }
 
 void Offer::call(const std::shared_ptr<Round>& round, const QString& service, const QCborMap& args,
@@ -111,6 +158,8 @@ void Offer::call(const std::shared_ptr<Round>& round, const QString& service, co
     ++round->waiting;
     m_connection.call(service, args,
                       [this, round, take](const rosbridge::client::Client::Result& result) {
+                          if (round != m_round)
+                              return;
                           if (result.ok)
                               take(round->lists, result.values);
                           if (--round->waiting > 0)
@@ -118,7 +167,7 @@ void Offer::call(const std::shared_ptr<Round>& round, const QString& service, co
                           if (!round->hasPublishers)
                               askForPublishers(round);
                           if (round->waiting == 0)
-                              finish(round->lists);
+                              finish(*round);
                       });
 }
 
@@ -133,20 +182,31 @@ void Offer::askForPublishers(const std::shared_ptr<Round>& round)
         return;
     for (const Remappings::Entry& entry : Remappings::all()) {
         const QString topic = names.theirs(entry.name);
-        if (entry.kind == Kind::Topic && lists.topics->contains(topic))
+        if (entry.kind == Kind::Topic && lists.topics->contains(topic) &&
+            !lists.published.contains(topic))
             call(round, service, {{QStringLiteral("topic"), topic}},
                  [topic](Lists& lists, const QCborMap& values) {
                      const auto publishers = texts(values, "publishers");
-                     if (publishers && publishers->isEmpty())
-                         lists.silent.insert(topic);
+                     if (!publishers)
+                         return;
+                     lists.silent.remove(topic);
+                     (publishers->isEmpty() ? lists.silent : lists.published).insert(topic);
                  });
     }
 }
 
-void Offer::finish(const Lists& lists)
+/// Asks again after a pause, if there is a reason, each time after twice the time.
+void Offer::finish(const Round& round)
 {
-    m_lists = lists;
+    m_lists = round.lists;
+    m_round.reset();
     m_isAnswered = true;
+    const bool isComplete = m_lists.topics && m_lists.services && !isAnyMissed(Kind::Topic) &&
+                            !isAnyMissed(Kind::Service);
+    if (!isComplete && m_pause <= m_longestPause) {
+        m_pauseTimer.start(m_pause);
+        m_pause *= 2;
+    }
     report();
     Q_EMIT changed();
 }
@@ -154,6 +214,8 @@ void Offer::finish(const Lists& lists)
 void Offer::onStateChanged(int state)
 {
     if (state == Connection::notConnected) {
+        m_pauseTimer.stop();
+        m_round.reset();
         m_lists = {};
         m_refused.clear();
         m_isLinked = m_isAnswered = m_isReported = false;
@@ -183,6 +245,15 @@ bool Offer::isMissed(const QString& ours) const
 {
     const State found = state(ours);
     return found == State::Missing || found == State::OtherType;
+}
+
+/// Of those that a robot should have.
+bool Offer::isAnyMissed(Kind kind) const
+{
+    const std::vector<Remappings::Entry>& all = Remappings::all();
+    return std::any_of(all.begin(), all.end(), [&](const Remappings::Entry& entry) {
+        return entry.kind == kind && entry.isRequired && isMissed(entry.name);
+    });
 }
 
 void Offer::report()

@@ -5,6 +5,7 @@
 #define HOST_DEVICE_CONNECTION_OFFER_H
 
 #include "host/device/connection/Remappings.h"
+#include "host/device/connection/Timing.h"
 #include "plugin/plugin/DataRole.h"
 
 #include <QCborMap>
@@ -13,7 +14,9 @@
 #include <QSet>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -24,7 +27,9 @@ class Connection;
 
 /// What the robot of the present link offers of what this program uses, asked of its rosapi. What
 /// is missing is said once for each link, in one line, and is no failure: the rest works. A robot
-/// without rosapi is taken to offer everything until it refuses.
+/// without rosapi is taken to offer everything until it refuses. What is missing, or was not
+/// answered, is asked for again, at growing intervals: until all is there, some ten minutes have
+/// passed, or the link ends.
 class Offer : public QObject
 {
     Q_OBJECT
@@ -39,7 +44,7 @@ public:
     };
 
     /// @p connection outlives the offer.
-    explicit Offer(Connection& connection);
+    Offer(Connection& connection, const Timing& timing);
 
     /// Of one of our names; unknown where this program uses no such name.
     State state(const QString& ours) const;
@@ -53,8 +58,11 @@ public:
     /// The robot's names that could stand for @p entry, as far as it tells.
     QStringList candidates(const Remappings::Entry& entry) const;
 
-    /// Asks again: something may have been started on the robot. Nothing while not connected.
+    /// Asks for everything: something may have been started or ended on the robot. Nothing while
+    /// not connected.
     void ask();
+    /// Asks for what is missing, if anything is, and begins the intervals anew.
+    void askAgain();
 
 Q_SIGNALS:
     /// Also when a name of the robot's did, with which its state may have.
@@ -69,13 +77,15 @@ private:
     {
         std::optional<QHash<QString, QString>> topics; // types by name
         std::optional<QSet<QString>> services;
-        QSet<QString> silent; // topics that nobody publishes
+        // Of the topics that are used:
+        QSet<QString> silent;    // nobody publishes them
+        QSet<QString> published; // somebody does
     };
 
-    /// The answers to one ask().
+    /// Questions, and what is known after them.
     struct Round
     {
-        Lists lists;
+        Lists lists; // at first what was known before
         int waiting = 0;
         bool hasPublishers = false; // that question was asked
     };
@@ -83,18 +93,26 @@ private:
     using Take = std::function<void(Lists& lists, const QCborMap& values)>;
 
     State state(const Remappings::Entry& entry) const;
+    void start(bool hasTopics, bool hasServices);
     void call(const std::shared_ptr<Round>& round, const QString& service, const QCborMap& args,
               const Take& take);
     void askForPublishers(const std::shared_ptr<Round>& round);
-    void finish(const Lists& lists);
+    void askForMissing();
+    void finish(const Round& round);
     void onStateChanged(int state);
     void onRenamed(const QString& ours);
     void onRefused(const QString& topic, const QString& words);
     bool isMissed(const QString& ours) const;
+    bool isAnyMissed(Remappings::Kind kind) const;
     void report();
     QString inWords(const Remappings::Entry& entry) const;
 
     Connection& m_connection;
+    std::chrono::milliseconds m_firstPause;
+    std::chrono::milliseconds m_longestPause;
+    std::chrono::milliseconds m_pause; // before the next question
+    QTimer m_pauseTimer;
+    std::shared_ptr<Round> m_round; // the newest; the answers to older ones do not matter
     Lists m_lists;
     QHash<QString, QString> m_refused; // words by topic, our name
     bool m_isLinked = false;

@@ -10,9 +10,20 @@
 
 namespace host::device::connection {
 
+namespace {
+
+/// Debug and information, as ROS 1 and ROS 2 number them. What is unknown may be worth reading.
+bool isUnremarkable(qint64 level)
+{
+    return level == 1 || level == 2 || level == 10 || level == 20;
+}
+
+} // namespace
+
 RobotLog::RobotLog(Listener& listener)
 {
-    listener.listen(rosbridge::protocol::topic::log, baseLogLine,
+    // ROS 1 and ROS 2 have different types for it: the server knows its own.
+    listener.listen({rosbridge::protocol::topic::log.name, QLatin1String()}, baseLogLine,
                     [this](const QCborMap& line) { return read(line); });
 }
 
@@ -32,9 +43,9 @@ QString RobotLog::read(const QCborMap& line)
         Q_EMIT message(manipulatorLogLine, text);
     else if (name == QLatin1String("laser"))
         Q_EMIT message(laserLogLine, text);
-    else
+    else if (m_isAllShown || !isUnremarkable(fields.integer("level", 0, 255)))
         Q_EMIT message(baseLogLine, QStringLiteral("%1: %2").arg(name, text));
-    return {};
+    return fault;
 }
 
 } // namespace host::device::connection

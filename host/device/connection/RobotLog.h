@@ -14,8 +14,9 @@ namespace host::device::connection {
 
 class Listener;
 
-/// The lines of the robot's own log, each for the log of the part that it comes from. Those of
-/// other parts are the base's, with the part's name.
+/// The lines of the robot's own log, of ROS 1 or ROS 2, each for the log of the part that it comes
+/// from. Those of other nodes are the base's, with the node's name: warnings and what is worse,
+/// unless all are wanted.
 class RobotLog : public QObject
 {
     Q_OBJECT
@@ -24,11 +25,16 @@ public:
     /// Listens on every link. @p listener outlives the log.
     explicit RobotLog(Listener& listener);
 
+    /// From now on.
+    void showAllOfOthers(bool on) { m_isAllShown = on; }
+
 Q_SIGNALS:
     void message(plugin::plugin::DataRole log, const QString& text);
 
 private:
     QString read(const QCborMap& line);
+
+    bool m_isAllShown = false;
 };
 
 } // namespace host::device::connection

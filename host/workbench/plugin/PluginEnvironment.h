@@ -8,6 +8,7 @@
 #include "host/workbench/preferences/Appearance.h"
 #include "host/workbench/preferences/Language.h"
 #include "host/workbench/preferences/LostLinks.h"
+#include "host/workbench/preferences/OtherNodes.h"
 
 #include <QHash>
 #include <QObject>
@@ -27,6 +28,7 @@ public:
     preferences::Language& language() { return m_language; }
     preferences::Appearance& appearance() { return m_appearance; }
     preferences::LostLinks& lostLinks() { return m_lostLinks; }
+    preferences::OtherNodes& otherNodes() { return m_otherNodes; }
 
     QString translate(const QString& text) const override;
     QString currentLanguage() const override;
@@ -42,6 +44,7 @@ private:
     preferences::Language m_language;
     preferences::Appearance m_appearance;
     preferences::LostLinks m_lostLinks;
+    preferences::OtherNodes m_otherNodes;
     QHash<QString, QAction*> m_helpActions;
 };
 

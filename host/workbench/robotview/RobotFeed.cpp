@@ -14,16 +14,8 @@ using device::connection::Connection;
 using device::connection::Offer;
 using Topic = RobotState::Topic;
 
-namespace {
-
-constexpr std::chrono::seconds askInterval(5);
-
-} // namespace
-
 RobotFeed::RobotFeed(device::Device& device, QObject* parent) : QObject(parent), m_device(device)
 {
-    m_askTimer.setInterval(askInterval);
-    connect(&m_askTimer, &QTimer::timeout, &device.offer(), &Offer::ask);
     connect(&device.offer(), &Offer::changed, this, &RobotFeed::arrange);
     connect(&device.offer(), &Offer::ready, this, &RobotFeed::arrange);
     connect(&device, &device::Device::connectionStateChanged, this, &RobotFeed::onConnectionState);
@@ -45,6 +37,8 @@ void RobotFeed::setActive(bool active)
     if (active == m_isActive)
         return;
     m_isActive = active;
+    if (active)
+        m_device.offer().askAgain();
     arrange();
 }
 
@@ -70,7 +64,6 @@ void RobotFeed::takeJoints()
 /// A robot that cannot tell what it offers is taken to offer all.
 void RobotFeed::arrange()
 {
-    m_askTimer.stop();
     if (!m_isActive || !m_state.isConnected()) {
         leaveAll();
         return;
@@ -85,9 +78,7 @@ void RobotFeed::arrange()
         const bool isOffered = found != Offer::State::Missing && found != Offer::State::OtherType;
         m_state.setName(topic, m_device.remappings().theirs(name));
         m_state.setPublished(topic, isOffered, RobotState::Clock::now());
-        if (!isOffered)
-            m_askTimer.start();
-        else if (topic != RobotState::Scan) // which the device follows and reads
+        if (isOffered && topic != RobotState::Scan) // which the device follows and reads
             follow(topic);
     }
     Q_EMIT changed();

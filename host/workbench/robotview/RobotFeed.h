@@ -7,7 +7,6 @@
 #include "host/workbench/robotview/RobotState.h"
 
 #include <QObject>
-#include <QTimer>
 
 #include <array>
 
@@ -18,7 +17,7 @@ class Device;
 namespace host::workbench::robotview {
 
 /// Keeps a robot's state new while somebody looks: follows the topics that the robot offers, and
-/// has it asked again and again for those that it does not offer yet.
+/// has it asked for those that it does not offer yet when somebody begins to look.
 class RobotFeed : public QObject
 {
     Q_OBJECT
@@ -50,7 +49,6 @@ private:
     RobotState m_state;
     std::array<int, RobotState::TopicCount> m_followers{}; // 0 where a topic is not followed
     bool m_isActive = false;
-    QTimer m_askTimer{this};
 };
 
 } // namespace host::workbench::robotview

@@ -25,6 +25,9 @@ using namespace std::chrono_literals;
 /// Data of a robot that moves comes many times a second.
 constexpr auto stale = 2s;
 
+/// Nobody who steers by it would like it later.
+constexpr auto late = 1s;
+
 QLabel* label(const char* name)
 {
     auto* label = new QLabel;
@@ -125,7 +128,9 @@ void StatusLine::changeEvent(QEvent* event)
 
 void StatusLine::translate()
 {
-    m_age->setToolTip(tr("Age of the newest data that the robot sends continuously."));
+    m_age->setToolTip(
+        tr("Age of the newest data that the robot sends continuously, or how late it comes: how "
+           "much longer than the quickest data it was on its way."));
     m_giveUp->setText(tr("Do not wait"));
     m_giveUp->setToolTip(tr("Make no further attempts to connect."));
     if (m_robot)
@@ -190,11 +195,16 @@ void StatusLine::showTimes()
                             .arg(seconds % 60, 2, 10, QLatin1Char('0')));
 
     const auto age = m_device.connection().dataAge();
-    const bool isStale = age.value_or(*duration) >= stale;
+    const bool isOld = age.value_or(*duration) >= stale;
+    const auto delay = m_device.connection().followers().delay().value_or(0ms);
+    const bool isStale = isOld || delay >= late;
     if (!age)
         m_age->setText(tr("No data yet"));
     else if (!isStale)
         m_age->setText(tr("Data is up to date"));
+    else if (!isOld)
+        m_age->setText(tr("Data is %1 s late")
+                           .arg(std::chrono::duration_cast<std::chrono::seconds>(delay).count()));
     else
         m_age->setText(tr("Newest data: %1 s old")
                            .arg(std::chrono::duration_cast<std::chrono::seconds>(*age).count()));

@@ -83,6 +83,11 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
     };
     connect(&m_environment.lostLinks(), &preferences::LostLinks::changed, view, join);
     join();
+    const auto sift = [this, &device] {
+        device.robotLog().showAllOfOthers(m_environment.otherNodes().areAllShown());
+    };
+    connect(&m_environment.otherNodes(), &preferences::OtherNodes::changed, view, sift);
+    sift();
     m_devices->add(view);
     resize(sizeForOne.width() * qMin(int(m_views.size()), mostDevicesInSight), sizeForOne.height());
     for (QMenu* menu : view->menus())
@@ -184,6 +189,7 @@ void Window::addMenus()
         return menu;
     };
     m_fileMenu->insertMenu(m_quit, makeMenu(m_environment.lostLinks()));
+    m_fileMenu->insertMenu(m_quit, makeMenu(m_environment.otherNodes()));
     m_languageMenu = makeMenu(m_environment.language());
     menuBar()->addMenu(m_languageMenu);
     menuBar()->addMenu(makeMenu(m_environment.appearance()));

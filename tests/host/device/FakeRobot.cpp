@@ -5,8 +5,10 @@
 
 #include "ServerIdentity.h"
 
+#include "rosbridge/protocol/CanonicalName.h"
 #include "rosbridge/protocol/Codec.h"
 
+#include <QCborArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QWebSocket>
@@ -102,9 +104,50 @@ void FakeRobot::log(const QString& name, const QString& text)
 
 void FakeRobot::publish(const QString& topic, const QCborMap& msg)
 {
-    send({{QStringLiteral("op"), QStringLiteral("publish")},
-          {QStringLiteral("topic"), topic},
-          {QStringLiteral("msg"), msg}});
+    const QCborMap message{{QStringLiteral("op"), QStringLiteral("publish")},
+                           {QStringLiteral("topic"), topic},
+                           {QStringLiteral("msg"), msg}};
+    if (!m_rules)
+        send(message);
+    else
+        for (QWebSocket* client : std::as_const(m_clients))
+            publishByRules(client, message);
+}
+
+void FakeRobot::obeyRules(ros_types::Ros ros, const QMap<QString, QString>& types)
+{
+    m_rules = ros;
+    m_types = types;
+    QCborArray spelled;
+    for (const QString& type : types)
+        spelled.append(ros_types::spelled(ros, type));
+    answer(QStringLiteral("/rosapi/topics"),
+           {{QStringLiteral("topics"), QCborArray::fromStringList(types.keys())},
+            {QStringLiteral("types"), spelled}});
+}
+
+void FakeRobot::publishByRules(QWebSocket* client, const QCborMap& message)
+{
+    const QString topic = message.value(QLatin1String("topic")).toString();
+    bool isSubscribed = false;
+    bool isBinary = false;
+    for (const Subscription& subscription : std::as_const(m_subscriptions)) {
+        if (subscription.client != client || subscription.topic != topic)
+            continue;
+        isSubscribed = true;
+        isBinary |= subscription.compression == QLatin1String("cbor");
+    }
+    if (isSubscribed && !isBinary)
+        client->sendTextMessage(QString::fromUtf8(rosbridge::protocol::encodeText(message)));
+    if (!isBinary)
+        return;
+    const auto converted = ros_types::toCbor(*m_rules, m_types.value(topic),
+                                             message.value(QLatin1String("msg")).toMap());
+    if (!converted)
+        return;
+    QCborMap binary = message;
+    binary.insert(QLatin1String("msg"), *converted);
+    client->sendBinaryMessage(binary.toCborValue().toCbor());
 }
 
 void FakeRobot::latch(const QString& topic, const QCborMap& msg)
@@ -117,13 +160,11 @@ void FakeRobot::refuse(const QString& topic)
     m_refused.insert(topic);
 }
 
-int FakeRobot::subscriberCount(const QString& topic, const QString& type,
-                               const QString& compression) const
+int FakeRobot::subscriberCount(const QString& topic, const QString& type) const
 {
     return int(std::count_if(m_subscriptions.cbegin(), m_subscriptions.cend(),
                              [&](const Subscription& subscription) {
-                                 return subscription.topic == topic && subscription.type == type &&
-                                        subscription.compression == compression;
+                                 return subscription.topic == topic && subscription.type == type;
                              }));
 }
 
@@ -140,12 +181,17 @@ void FakeRobot::subscribe(const Subscription& subscription)
         m_subscriptions.cbegin(), m_subscriptions.cend(), [&](const Subscription& other) {
             return other.client == subscription.client && other.topic == subscription.topic;
         });
-    m_subscriptions.append(subscription);
-    if (m_refused.contains(subscription.topic))
+    const QString known = m_types.value(subscription.topic);
+    const QString type = rosbridge::protocol::canonicalType(subscription.type);
+    const bool isOtherType = !known.isEmpty() && !type.isEmpty() && type != known;
+    if (m_refused.contains(subscription.topic) || isOtherType)
         send({{QStringLiteral("op"), QStringLiteral("status")},
               {QStringLiteral("level"), QStringLiteral("error")},
               {QStringLiteral("id"), subscription.id},
               {QStringLiteral("msg"), QStringLiteral("No topic ") + subscription.topic}});
+    if (isOtherType)
+        return;
+    m_subscriptions.append(subscription);
     if (!isFurther && m_latched.contains(subscription.topic))
         publish(subscription.topic, m_latched.value(subscription.topic));
 }
@@ -165,6 +211,7 @@ void FakeRobot::receive(QWebSocket* client, const QString& text)
     }
     if (field("op") == QLatin1String("subscribe")) {
         m_subscribeMessages.insert(field("topic"), *message);
+        ++m_subscribeCounts[field("topic")];
         subscribe({client, field("id"), field("topic"), field("type"), field("compression")});
     }
     if (field("op") == QLatin1String("unsubscribe"))

@@ -4,13 +4,18 @@
 #ifndef HOST_DEVICE_TESTS_FAKEROBOT_H
 #define HOST_DEVICE_TESTS_FAKEROBOT_H
 
+#include "RosTypes.h"
+
 #include <QCborMap>
 #include <QHash>
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <QSet>
 #include <QStringList>
 #include <QWebSocketServer>
+
+#include <optional>
 
 class QWebSocket;
 
@@ -44,6 +49,12 @@ public:
 
     int clientCount() const { return int(m_clients.size()); }
 
+    /// From now on publish() does as a rosbridge server of @p ros: who subscribed gets a message in
+    /// CBOR if one of its subscriptions to the topic asks for that, and nothing where the message
+    /// cannot be converted. @p types are those of its topics, as ROS 1 writes them: a subscription
+    /// of another type is refused, and rosapi lists them.
+    void obeyRules(ros_types::Ros ros, const QMap<QString, QString>& types);
+
     /// To every client, subscribed or not.
     void send(const QCborMap& message);
     void publish(const QString& topic, const QCborMap& msg);
@@ -52,10 +63,11 @@ public:
     void latch(const QString& topic, const QCborMap& msg);
     /// A subscription to @p topic is answered by an error, as of a robot that has no such topic.
     void refuse(const QString& topic);
-    /// How many subscriptions to @p topic with @p type and @p compression there were and were not
-    /// ended by unsubscribing.
-    int subscriberCount(const QString& topic, const QString& type,
-                        const QString& compression) const;
+    /// How many subscriptions to @p topic with @p type there were and were not ended by
+    /// unsubscribing.
+    int subscriberCount(const QString& topic, const QString& type) const;
+    /// All subscribe messages for @p topic so far.
+    int subscribeCount(const QString& topic) const { return m_subscribeCounts.value(topic); }
     /// The newest subscribe message for @p topic, as it came.
     QCborMap lastSubscription(const QString& topic) const
     {
@@ -79,6 +91,7 @@ private:
 
     FakeRobot(QWebSocketServer::SslMode mode, const QString& certificate, quint16 port);
     void receive(QWebSocket* client, const QString& text);
+    void publishByRules(QWebSocket* client, const QCborMap& message);
     void subscribe(const Subscription& subscription);
 
     QWebSocketServer m_server;
@@ -92,6 +105,9 @@ private:
     QSet<QString> m_refused;
     QList<Subscription> m_subscriptions;
     QHash<QString, QCborMap> m_subscribeMessages;
+    QHash<QString, int> m_subscribeCounts;
+    std::optional<ros_types::Ros> m_rules;
+    QMap<QString, QString> m_types; // with rules: of all topics
 };
 
 #endif

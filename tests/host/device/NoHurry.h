@@ -14,6 +14,8 @@ inline host::device::connection::Timing noHurry()
     timing.frame = 5ms;
     timing.answer = 60s;
     timing.link = {60s, 2s, 60s};
+    timing.firstQuestion = 60s;
+    timing.silence = 60s;
     return timing;
 }
 

@@ -48,7 +48,7 @@ void SensorsTest::what_the_robot_tells_is_subscribed_with_its_type()
         {"/arm/torque_enabled", "std_msgs/Bool"},
     };
     for (const auto& [topic, type] : topics)
-        QTRY_COMPARE_WITH_TIMEOUT(f.robot.subscriberCount(topic, type, "cbor"), 1, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(f.robot.subscriberCount(topic, type), 1, patience);
 }
 
 void SensorsTest::scans_become_the_input_scan()

@@ -80,8 +80,7 @@ struct NamesFixture
 
     int followers(const char* topic) const
     {
-        return robot.subscriberCount(QLatin1String(topic), QStringLiteral("sensor_msgs/LaserScan"),
-                                     QStringLiteral("cbor"));
+        return robot.subscriberCount(QLatin1String(topic), QStringLiteral("sensor_msgs/LaserScan"));
     }
 
     host::device::connection::Offer::State state(const char* name)

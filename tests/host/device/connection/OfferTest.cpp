@@ -40,6 +40,25 @@ private Q_SLOTS:
     void a_service_that_comes_later_is_called_once_it_was_asked_for();
     void nothing_is_known_of_a_robot_that_is_gone();
     void another_name_has_another_state();
+    void a_robot_that_has_all_is_asked_once();
+    void what_is_missing_is_asked_for_at_growing_intervals_with_an_end();
+    void what_was_not_answered_is_asked_again();
+    void the_log_may_be_that_of_ROS_2();
+
+private:
+    /// The questions to rosapi, without what they are about.
+    static QStringList questions(const Fixture& f)
+    {
+        return f.robot.calls().filter(QRegularExpression("^/rosapi/(topics|services|publishers) "));
+    }
+
+    static Timing brisk()
+    {
+        Timing timing = noHurry();
+        timing.firstQuestion = std::chrono::milliseconds(10);
+        timing.lastQuestion = std::chrono::milliseconds(40);
+        return timing;
+    }
 };
 
 void OfferTest::a_robot_that_has_all_is_told_nothing_about()
@@ -275,6 +294,74 @@ void OfferTest::another_name_has_another_state()
     QCOMPARE(f.state("/scan"), Offer::State::Offered);
     QVERIFY(f.settle());
     QCOMPARE(f.lines().size(), 1); // what is done in the window is seen there
+}
+
+void OfferTest::a_robot_that_has_all_is_asked_once()
+{
+    Fixture f(brisk());
+    f.offerAllBut({});
+    QSignalSpy changes(&f.device.offer(), &Offer::changed);
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    f.device.offer().askAgain();
+    QVERIFY(f.settle());
+    QCOMPARE(questions(f), QStringList({"/rosapi/topics {}", "/rosapi/services {}"}));
+}
+
+void OfferTest::what_is_missing_is_asked_for_at_growing_intervals_with_an_end()
+{
+    Fixture f(brisk());
+    f.offerAllBut({"/map"});
+    f.robotServices.append("/rosapi/publishers");
+    f.robot.answer("/rosapi/publishers", {{"publishers", QCborArray{"/somebody"}}});
+    f.tell();
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    const int atFirst = int(questions(f).filter("publishers").size());
+    QVERIFY(atFirst > 10); // of each topic
+    // At first, and after 10, 20 and 40 ms.
+    QTRY_COMPARE_WITH_TIMEOUT(questions(f).filter("topics").size(), 4, patience);
+    QElapsedTimer quiet;
+    quiet.start();
+    QTRY_VERIFY_WITH_TIMEOUT(quiet.hasExpired(160), patience); // the time for two more
+    QCOMPARE(questions(f).filter("topics").size(), 4);
+    QCOMPARE(questions(f).filter("services").size(), 1);
+    QCOMPARE(questions(f).filter("publishers").size(), atFirst);
+
+    f.topics["/map"] = "nav_msgs/OccupancyGrid";
+    f.tell();
+    f.device.offer().askAgain();
+    QTRY_COMPARE_WITH_TIMEOUT(f.state("/map"), Offer::State::Offered, patience);
+    QVERIFY(f.settle());
+    QCOMPARE(questions(f).filter("topics").size(), 5);
+    QCOMPARE(questions(f).filter("publishers").size(), atFirst + 1);
+}
+
+void OfferTest::what_was_not_answered_is_asked_again()
+{
+    Fixture f(brisk());
+    f.robot.obey(); // without rosapi
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QCOMPARE(f.state("/scan"), Offer::State::Unknown);
+    f.offerAllBut({});
+    QTRY_COMPARE_WITH_TIMEOUT(f.state("/scan"), Offer::State::Offered, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(f.state("/drive/disable"), Offer::State::Offered, patience);
+}
+
+void OfferTest::the_log_may_be_that_of_ROS_2()
+{
+    Fixture f;
+    f.offerAllBut({});
+    f.topics["/rosout"] = "rcl_interfaces/msg/Log";
+    f.topics["/more"] = "rcl_interfaces/msg/Log";
+    f.tell();
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    QCOMPARE(f.lines(), QStringList());
+    QCOMPARE(f.state("/rosout"), Offer::State::Offered);
+    QCOMPARE(f.device.offer().candidates(*Remappings::find("/rosout")),
+             QStringList({"/more", "/rosout"}));
 }
 
 TEST_WITH_WINDOWS(OfferTest)

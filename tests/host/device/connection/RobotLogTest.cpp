@@ -60,6 +60,8 @@ private Q_SLOTS:
     void lines_are_heard_by_a_passive_client_too();
     void lines_do_not_count_as_data_that_came();
     void what_is_no_line_is_said_once_and_makes_none();
+    void of_other_nodes_warnings_are_shown_and_the_rest_on_demand_data();
+    void of_other_nodes_warnings_are_shown_and_the_rest_on_demand();
 };
 
 void RobotLogTest::lines_go_to_the_log_of_their_part_data()
@@ -74,8 +76,6 @@ void RobotLogTest::lines_go_to_the_log_of_their_part_data()
                            << "1002 Ready";
     QTest::newRow("as a node's full name") << "/laser"
                                            << "1002 Ready";
-    QTest::newRow("another node") << "/rosbridge"
-                                  << "1000 rosbridge: Ready";
 }
 
 void RobotLogTest::lines_go_to_the_log_of_their_part()
@@ -83,7 +83,7 @@ void RobotLogTest::lines_go_to_the_log_of_their_part()
     QFETCH(const QString, name);
     QFETCH(const QString, expected);
     Fixture f;
-    QCOMPARE(f.robot.subscriberCount("/rosout", "rosgraph_msgs/Log", "cbor"), 1);
+    QCOMPARE(f.robot.subscriberCount("/rosout", QString()), 1);
     f.robot.log(name, "Ready");
     QTRY_VERIFY_WITH_TIMEOUT(!f.lines.isEmpty(), patience);
     QCOMPARE(f.lines, QStringList(expected));
@@ -117,6 +117,46 @@ void RobotLogTest::what_is_no_line_is_said_once_and_makes_none()
     QCOMPARE(f.lines, QStringList({"1000 A message on the topic /rosout was ignored: the field "
                                    "\"msg\" is a number, not text.",
                                    "1000 Ready"}));
+}
+
+void RobotLogTest::of_other_nodes_warnings_are_shown_and_the_rest_on_demand_data()
+{
+    QTest::addColumn<int>("level");
+    QTest::addColumn<bool>("isShown");
+    QTest::newRow("ROS 1, debug") << 1 << false;
+    QTest::newRow("ROS 1, information") << 2 << false;
+    QTest::newRow("ROS 1, warning") << 4 << true;
+    QTest::newRow("ROS 1, error") << 8 << true;
+    QTest::newRow("ROS 1, fatal") << 16 << true;
+    QTest::newRow("ROS 2, debug") << 10 << false;
+    QTest::newRow("ROS 2, information") << 20 << false;
+    QTest::newRow("ROS 2, warning") << 30 << true;
+    QTest::newRow("ROS 2, error") << 40 << true;
+    QTest::newRow("ROS 2, fatal") << 50 << true;
+    QTest::newRow("unknown") << 7 << true;
+}
+
+void RobotLogTest::of_other_nodes_warnings_are_shown_and_the_rest_on_demand()
+{
+    QFETCH(const int, level);
+    QFETCH(const bool, isShown);
+    Fixture f;
+    // As ROS 2 has it, where ROS 1 has a header.
+    QCborMap line{{"stamp", QCborMap{{"sec", 1}, {"nanosec", 2}}},
+                  {"level", level},
+                  {"name", "amcl"},
+                  {"msg", "first"},
+                  {"file", ""},
+                  {"function", ""},
+                  {"line", 0}};
+    f.robot.publish("/rosout", line);
+    f.robot.log("base", "Ready");
+    QVERIFY(f.hears("1000 Ready"));
+    QCOMPARE(f.lines.contains("1000 amcl: first"), isShown);
+    f.log.showAllOfOthers(true);
+    line.insert(QLatin1String("msg"), QStringLiteral("second"));
+    f.robot.publish("/rosout", line);
+    QVERIFY(f.hears("1000 amcl: second"));
 }
 
 TEST_WITHOUT_WINDOWS(RobotLogTest)

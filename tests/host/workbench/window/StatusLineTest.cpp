@@ -42,6 +42,8 @@ struct Fixture
     {
         host::device::connection::Timing timing;
         timing.frame = std::chrono::milliseconds(20);
+        timing.link.pingInterval =
+            std::chrono::minutes(1); // a pong would make late data count as new
         return timing;
     }
 
@@ -75,6 +77,7 @@ private Q_SLOTS:
     void without_a_connection_there_are_words_and_no_times();
     void a_connection_tells_whom_and_for_how_long();
     void data_that_stops_is_marked_as_stale_with_its_age();
+    void data_that_comes_late_is_marked_with_its_delay();
     void a_failure_is_the_status_until_the_next_attempt_and_then_the_last_error();
     void a_lost_link_is_joined_again_in_sight_unless_somebody_gives_up();
     void faults_on_purpose_are_named_as_long_as_they_are_on();
@@ -135,6 +138,32 @@ void StatusLineTest::data_that_stops_is_marked_as_stale_with_its_age()
 
     robot.drop();
     QTRY_VERIFY_WITH_TIMEOUT(fixture.label("age").isHidden(), patience);
+}
+
+void StatusLineTest::data_that_comes_late_is_marked_with_its_delay()
+{
+    FakeRobot robot;
+    robot.obey();
+    Fixture fixture(robot.address());
+    QVERIFY(fixture.device.connectDevice());
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
+    const auto takePicture = [&](int second) {
+        const QCborMap stamp{{QStringLiteral("secs"), second}, {QStringLiteral("nsecs"), 0}};
+        robot.publish("/camera/camera_info",
+                      {{QStringLiteral("header"), QCborMap{{QStringLiteral("stamp"), stamp}}},
+                       {QStringLiteral("width"), 640},
+                       {QStringLiteral("height"), 480}});
+    };
+    takePicture(100);
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("Data is up to date"), patience);
+    takePicture(94); // as if it had been on its way for six seconds
+    QTRY_VERIFY_WITH_TIMEOUT(
+        QRegularExpression("^Data is [67] s late$").match(fixture.text("age")).hasMatch(),
+        patience);
+    QVERIFY(fixture.label("age").property("stale").toBool());
+    takePicture(102);
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("Data is up to date"), patience);
+    QVERIFY(!fixture.label("age").property("stale").toBool());
 }
 
 void StatusLineTest::a_failure_is_the_status_until_the_next_attempt_and_then_the_last_error()
