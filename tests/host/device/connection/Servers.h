@@ -12,7 +12,11 @@
 class ClosedPort
 {
 public:
-    ClosedPort() { m_socket.bind(QHostAddress::LocalHost); }
+    ClosedPort()
+    {
+        if (!m_socket.bind(QHostAddress::LocalHost))
+            qFatal("no port to be had: %s", qPrintable(m_socket.errorString()));
+    }
 
     QString address() const { return QStringLiteral("127.0.0.1:%1").arg(m_socket.localPort()); }
 
