@@ -5,6 +5,7 @@
 #define HOST_DEVICE_TESTS_ROSTYPES_H
 
 #include <QCborMap>
+#include <QMetaType>
 #include <QString>
 
 #include <optional>
@@ -37,5 +38,7 @@ QCborMap sample(Ros ros, const QString& type);
 std::optional<QCborMap> toCbor(Ros ros, const QString& type, const QCborMap& message);
 
 } // namespace ros_types
+
+Q_DECLARE_METATYPE(ros_types::Ros)
 
 #endif

@@ -152,6 +152,4 @@ TEST_WITH_WINDOWS(ForeignRobotTest)
 
 } // namespace foreign_robot_test
 
-Q_DECLARE_METATYPE(ros_types::Ros)
-
 #include "ForeignRobotTest.moc"
