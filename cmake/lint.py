@@ -71,6 +71,8 @@ class Unit:
             line = int(match[1]) - 1
             index = bisect_right(self.starts, line) - 1
             return f"{self.sources[index]}:{line - self.starts[index] + 1}:"
+        if not self.sources:
+            return report
         return re.sub(re.escape(str(self.file)) + r":(\d+):", place, report)
 
     def lint(self, clang_tidy):
