@@ -18,7 +18,7 @@ using simulation::Arm;
 
 namespace {
 
-struct Text
+struct ArmText
 {
     Q_DECLARE_TR_FUNCTIONS(robot::nodes::ArmMessages)
 };
@@ -77,11 +77,11 @@ std::optional<QVector<double>> toDegrees(const QCborMap& point, const QString& f
     const std::optional<QVector<float>> numbers =
         rosbridge::protocol::toFloats(point.value(field), error);
     if (!numbers) {
-        *error = Text::tr("points[0].%1: %2").arg(field, *error);
+        *error = ArmText::tr("points[0].%1: %2").arg(field, *error);
         return std::nullopt;
     }
     if (numbers->size() != jointCount) {
-        *error = Text::tr("points[0].%1 must have a number for each of the %2 joint_names, not %3")
+        *error = ArmText::tr("points[0].%1 must have a number for each of the %2 joint_names, not %3")
                      .arg(field)
                      .arg(jointCount)
                      .arg(numbers->size());
@@ -133,12 +133,12 @@ std::optional<std::vector<Arm::Movement>> toMovements(const QCborMap& trajectory
     }
     const int count = static_cast<int>(movements.size());
     if (!joints.isArray() || joints.toArray().size() != count) {
-        *error = Text::tr("joint_names must be a list of text");
+        *error = ArmText::tr("joint_names must be a list of text");
         return std::nullopt;
     }
     const std::optional<QCborMap> point = onlyPoint(trajectory);
     if (!point) {
-        *error = Text::tr("points must be a list of one point; send the next one when it is due");
+        *error = ArmText::tr("points must be a list of one point; send the next one when it is due");
         return std::nullopt;
     }
 
