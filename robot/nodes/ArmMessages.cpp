@@ -81,10 +81,11 @@ std::optional<QVector<double>> toDegrees(const QCborMap& point, const QString& f
         return std::nullopt;
     }
     if (numbers->size() != jointCount) {
-        *error = ArmText::tr("points[0].%1 must have a number for each of the %2 joint_names, not %3")
-                     .arg(field)
-                     .arg(jointCount)
-                     .arg(numbers->size());
+        *error =
+            ArmText::tr("points[0].%1 must have a number for each of the %2 joint_names, not %3")
+                .arg(field)
+                .arg(jointCount)
+                .arg(numbers->size());
         return std::nullopt;
     }
     QVector<double> degrees;
@@ -138,7 +139,8 @@ std::optional<std::vector<Arm::Movement>> toMovements(const QCborMap& trajectory
     }
     const std::optional<QCborMap> point = onlyPoint(trajectory);
     if (!point) {
-        *error = ArmText::tr("points must be a list of one point; send the next one when it is due");
+        *error =
+            ArmText::tr("points must be a list of one point; send the next one when it is due");
         return std::nullopt;
     }
 
