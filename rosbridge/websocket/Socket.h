@@ -97,7 +97,7 @@ private:
     std::chrono::milliseconds m_closeDeadline{1000};
     QTimer m_closeTimer;
     QElapsedTimer m_sinceClose;
-    qint64 m_underWay; // that the peer may still send after the close
+    qint64 m_underWay;                    // that the peer may still send after the close
     qint64 m_pongLeft = 0;                // to write until the last pong is out
     std::optional<QByteArray> m_nextPong; // answers the last ping that came meanwhile
 };
