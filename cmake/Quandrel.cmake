@@ -22,6 +22,26 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 # A test's own code runs once and is not what is tested: no time for making it fast.
 set(QUANDREL_TEST_OPTIONS -O0)
 
+# What moc makes of a test's slots. Without the folders of headers, which it would read for every test
+# and needs for none.
+function(quandrel_tests_moc program)
+  foreach(source IN LISTS ARGN)
+    file(STRINGS "${source}" found REGEX "Q_OBJECT" LIMIT_COUNT 1)
+    if(NOT found)
+      continue()
+    endif()
+    cmake_path(GET source STEM class)
+    set(moc "${CMAKE_CURRENT_BINARY_DIR}/moc/${class}.moc")
+    if(source MATCHES "\\.h$")
+      set(moc "${CMAKE_CURRENT_BINARY_DIR}/moc/moc_${class}.cpp")
+    endif()
+    qt_generate_moc("${source}" "${moc}")
+    target_sources(${program} PRIVATE "${moc}")
+  endforeach()
+  target_include_directories(${program} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/moc")
+  set_target_properties(${program} PROPERTIES AUTOMOC OFF)
+endfunction()
+
 # quandrel_tests(<program> SOURCES <files>... LIBRARIES <targets>...)
 # One program for the test classes of a folder and those below it, since linking a program for each
 # takes longer than running it. CTest runs each class, named as its source <Class>Test.cpp, in a
@@ -33,6 +53,7 @@ function(quandrel_tests program)
   target_precompile_headers(${program} REUSE_FROM test-headers)
   target_compile_options(${program} PRIVATE ${QUANDREL_TEST_OPTIONS})
   set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}")
+  quandrel_tests_moc(${program} ${arg_SOURCES})
   list(FILTER arg_SOURCES INCLUDE REGEX "Test\\.cpp$")
   foreach(source IN LISTS arg_SOURCES)
     cmake_path(GET source STEM class)

@@ -62,7 +62,8 @@ olm::core::LaserScanMessage exampleScan()
     return scan;
 }
 
-/// Into one log, so that what it keeps is of the same kind after each time.
+/// Far more than a robot should say. Into one log, so that what it keeps is of the same kind after
+/// each time.
 void sayTooMuch(Device& device)
 {
     const auto say = [&device](const QString& line) {
@@ -143,14 +144,18 @@ void Workday::fill()
 
 void Workday::cycle()
 {
+    Station& flooded = m_stations[0];
+    const Flood flood(flooded.robot.address());
+    for (Station& station : m_stations)
+        sayTooMuch(station.device);
     changeTabs();
     changeSettings();
     changeLanguage();
     useHelp();
     useDocks();
-    endureFloods();
     disconnectAll();
     connectAll();
+    waitFor(flooded.device, "flood cut off", [&flood] { return flood.isOver(); });
 }
 
 void Workday::connectAll()
@@ -225,16 +230,6 @@ void Workday::useDocks()
         }
         waitForScans();
     }
-}
-
-/// Far more than a robot should say, and clients that should not be there.
-void Workday::endureFloods()
-{
-    const Flood flood(m_stations[0].robot.address());
-    for (Station& station : m_stations)
-        sayTooMuch(station.device);
-    waitFor(m_stations[0].device, "flood cut off", [&flood] { return flood.isOver(); });
-    waitForScans();
 }
 
 void Workday::waitForScans()

@@ -27,8 +27,8 @@ public:
     /// Fills what keeps the newest only, and connects both.
     Workday();
 
-    /// Goes through everything once; begins and ends connected, in English, with the docks open,
-    /// the help closed and the first tab in front.
+    /// Goes through everything once, flooded with lines and by other clients; begins and ends
+    /// connected, in English, with the docks open, the help closed and the first tab in front.
     void cycle();
 
 private:
@@ -53,7 +53,6 @@ private:
     void changeLanguage();
     void useHelp();
     void useDocks();
-    void endureFloods();
 
     /// Until each device has got another scan, which is when the window has caught up.
     void waitForScans();
