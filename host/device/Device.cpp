@@ -369,11 +369,13 @@ void Device::storePose()
 
 void Device::onStateChanged(int state)
 {
+    const bool isConnecting =
+        state > connection::Connection::notConnected && state < connection::Connection::connected;
+    if (isConnecting)
+        m_joints.forgetRobot(); // not before: what it told is still looked at
     if (state == connection::Connection::notConnected) {
         m_sensors.reset();
         m_settings.forget();
-    } else if (state < connection::Connection::connected) {
-        m_joints.forgetRobot(); // not before: what it told is still looked at
     }
     Q_EMIT connectionStateChanged(state);
     sendMessage(connection::connectionStateMessage, state);

@@ -162,7 +162,7 @@ QStringList ArmJoints::notShown() const
 /// Where a trajectory names joints, it does so along the arm.
 JointTable ArmJoints::guess() const
 {
-    const JointTable own;
+    JointTable own;
     QStringList arm;
     const QStringList joints = seen();
     for (const QString& joint : joints) {
