@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "Link.h"
+#include "RawLink.h"
 #include "RawPeer.h"
 #include "ResidentBytes.h"
 #include "TestCase.h"
@@ -64,35 +65,28 @@ private Q_SLOTS:
 
 void ClientFloodTest::a_flood_of_pings_takes_no_memory()
 {
-    RawPeer peer;
-    Client client(noHurry());
-    client.open(peer.address());
-    peer.shakeHands();
-    QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
-    peer.socket->setReadBufferSize(1); // it never reads the answers
+    RawLink link;
+    link.peer.socket->setReadBufferSize(1); // it never reads the answers
     const qint64 before = residentBytes();
     qint64 sent = 0;
-    flood(peer.socket, (QByteArray("\x89\x7d", 2) + QByteArray(125, 'x')).repeated(1000), &sent);
+    flood(link.peer.socket, (QByteArray("\x89\x7d", 2) + QByteArray(125, 'x')).repeated(1000),
+          &sent);
     QTRY_VERIFY_WITH_TIMEOUT(sent > 60000000, patience);
     QVERIFY2(residentBytes() - before < 20000000 + heldBackBytes,
              qPrintable(QString::number(residentBytes())));
-    QCOMPARE(client.state(), Client::State::Open);
+    QCOMPARE(link.client.state(), Client::State::Open);
 }
 
 void ClientFloodTest::a_message_of_endless_empty_frames_ends_the_link()
 {
-    RawPeer peer;
-    Client client(noHurry());
-    Witness witness(client);
-    client.open(peer.address());
-    peer.shakeHands();
-    QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
-    peer.socket->write(QByteArray("\x01\x00", 2));
+    RawLink link;
+    link.peer.socket->write(QByteArray("\x01\x00", 2));
     qint64 sent = 0;
-    flood(peer.socket, QByteArray("\x00\x00", 2), &sent);
-    QTRY_COMPARE_WITH_TIMEOUT(witness.events, QStringList({"opened", "ProtocolError"}), patience);
-    QVERIFY2(witness.text.contains("a message has too many empty frames"),
-             qPrintable(witness.text));
+    flood(link.peer.socket, QByteArray("\x00\x00", 2), &sent);
+    QTRY_COMPARE_WITH_TIMEOUT(link.witness.events, QStringList({"opened", "ProtocolError"}),
+                              patience);
+    QVERIFY2(link.witness.text.contains("a message has too many empty frames"),
+             qPrintable(link.witness.text));
 }
 
 void ClientFloodTest::an_answer_without_end_is_not_read()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "RawLink.h"
 #include "RawPeer.h"
 #include "TestCase.h"
 #include "Witness.h"
@@ -85,34 +86,25 @@ void ClientRefusalTest::a_server_that_wants_authentication_is_told_apart()
 {
     // rosbridge closes the link at the first message that is not "auth", and says nothing.
     QFETCH(QByteArray, close);
-    RawPeer peer;
-    Client client(noHurry());
-    Witness witness(client);
-    client.open(peer.address());
-    peer.shakeHands();
-    QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
-    QVERIFY(client.publish("/any", {}));
-    QTRY_VERIFY_WITH_TIMEOUT(peer.socket->bytesAvailable(), patience);
-    peer.socket->write(close);
-    QTRY_COMPARE_WITH_TIMEOUT(witness.events, QStringList({"opened", "Lost"}), patience);
-    QVERIFY2(witness.text.contains("may want authentication (the operation \"auth\"). This program "
+    RawLink link;
+    QVERIFY(link.client.publish("/any", {}));
+    QTRY_VERIFY_WITH_TIMEOUT(link.peer.socket->bytesAvailable(), patience);
+    link.peer.socket->write(close);
+    QTRY_COMPARE_WITH_TIMEOUT(link.witness.events, QStringList({"opened", "Lost"}), patience);
+    QVERIFY2(
+        link.witness.text.contains("may want authentication (the operation \"auth\"). This program "
                                    "cannot log in"),
-             qPrintable(witness.text));
+        qPrintable(link.witness.text));
 }
 
 void ClientRefusalTest::a_server_that_has_said_something_is_lost_as_any()
 {
-    RawPeer peer;
-    Client client(noHurry());
-    Witness witness(client);
-    client.open(peer.address());
-    peer.shakeHands();
-    QTRY_COMPARE_WITH_TIMEOUT(client.state(), Client::State::Open, patience);
-    QVERIFY(!client.hasHeard());
-    peer.socket->write(QByteArray("\x81\x02{}\x88\x00", 6));
-    QTRY_COMPARE_WITH_TIMEOUT(witness.events, QStringList({"opened", "Lost"}), patience);
-    QVERIFY2(witness.text.contains(" is lost: "), qPrintable(witness.text));
-    QVERIFY(client.hasHeard());
+    RawLink link;
+    QVERIFY(!link.client.hasHeard());
+    link.peer.socket->write(QByteArray("\x81\x02{}\x88\x00", 6));
+    QTRY_COMPARE_WITH_TIMEOUT(link.witness.events, QStringList({"opened", "Lost"}), patience);
+    QVERIFY2(link.witness.text.contains(" is lost: "), qPrintable(link.witness.text));
+    QVERIFY(link.client.hasHeard());
 }
 
 TEST_WITHOUT_WINDOWS(ClientRefusalTest)
