@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int patience = 30000;
+constexpr int startPatience = 30000;
 
 } // namespace
 
@@ -20,14 +20,14 @@ RobotProcess::RobotProcess(int seed)
 RobotProcess::~RobotProcess()
 {
     m_process.terminate();
-    if (!m_process.waitForFinished(patience))
+    if (!m_process.waitForFinished(startPatience))
         m_process.kill();
 }
 
 QString RobotProcess::address()
 {
     const QString announcement = QStringLiteral("listening on ");
-    while (m_process.canReadLine() || m_process.waitForReadyRead(patience)) {
+    while (m_process.canReadLine() || m_process.waitForReadyRead(startPatience)) {
         while (m_process.canReadLine()) {
             const QString line = QString::fromUtf8(m_process.readLine()).trimmed();
             if (line.startsWith(announcement))

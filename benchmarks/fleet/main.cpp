@@ -4,10 +4,10 @@
 #include "DelayProbe.h"
 #include "Fleet.h"
 
+#include "benchmarks/Seconds.h"
+
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QEventLoop>
-#include <QTextStream>
 #include <QTimer>
 
 #include <cstdio>
@@ -103,32 +103,16 @@ void printEnd(const Figures& figures)
     std::fflush(stdout);
 }
 
-/// Keeps out of the table what the screenless platform says of every window.
-void report(QtMsgType, const QMessageLogContext&, const QString& text)
-{
-    if (!text.startsWith("This plugin does not support "))
-        QTextStream(stderr) << text << '\n';
-}
-
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    qInstallMessageHandler(report);
+    keepTableClean();
     const QApplication application(argc, argv);
-    QCommandLineParser parser;
-    const QCommandLineOption secondsOption("seconds", "Measure each line for <number> seconds.",
-                                           "number", "10");
-    parser.addOption(secondsOption);
-    parser.addHelpOption();
-    parser.process(application);
-    bool isNumber = false;
-    const int seconds = parser.value(secondsOption).toInt(&isNumber);
-    if (!isNumber || seconds < 1 || seconds > 3600) {
-        QTextStream(stderr) << "--seconds: \"" << parser.value(secondsOption)
-                            << "\" is not a number from 1 to 3600\n";
+    const std::optional<int> asked = secondsOf(application);
+    if (!asked)
         return 2;
-    }
+    const int seconds = *asked;
 
     std::printf("%-8s%-22s%13s%8s%10s   %-24s   %s\n", "", "", "ms per robot", "beside", "share of",
                 "GUI thread's delay in ms", "idle thread's");

@@ -5,6 +5,7 @@
 #include "Comers.h"
 #include "LoudRobot.h"
 
+#include "benchmarks/Seconds.h"
 #include "host/device/Device.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
@@ -13,14 +14,12 @@
 #include "host/workbench/window/Window.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QDockWidget>
 #include <QEventLoop>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTextStream>
 #include <QTimer>
 
 #include <cstdio>
@@ -96,32 +95,16 @@ void print(const char* name, int rate, const std::vector<double>& delays, double
     std::fflush(stdout);
 }
 
-/// Keeps out of the table what the screenless platform says of every window.
-void report(QtMsgType, const QMessageLogContext&, const QString& text)
-{
-    if (!text.startsWith("This plugin does not support "))
-        QTextStream(stderr) << text.left(200) << '\n';
-}
-
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    qInstallMessageHandler(report);
+    keepTableClean();
     const QApplication application(argc, argv);
-    QCommandLineParser parser;
-    const QCommandLineOption secondsOption("seconds", "Measure each line for <number> seconds.",
-                                           "number", "10");
-    parser.addOption(secondsOption);
-    parser.addHelpOption();
-    parser.process(application);
-    bool isNumber = false;
-    const int seconds = parser.value(secondsOption).toInt(&isNumber);
-    if (!isNumber || seconds < 1 || seconds > 3600) {
-        QTextStream(stderr) << "--seconds: \"" << parser.value(secondsOption)
-                            << "\" is not a number from 1 to 3600\n";
+    const std::optional<int> asked = secondsOf(application);
+    if (!asked)
         return 2;
-    }
+    const int seconds = *asked;
 
     struct Flood
     {
