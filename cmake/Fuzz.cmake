@@ -28,10 +28,10 @@ function(quandrel_fuzz)
   target_link_libraries(${arg_NAME} PRIVATE ${arg_LIBRARIES})
   target_link_options(${arg_NAME} PRIVATE -fsanitize=fuzzer)
   add_dependencies(fuzz ${arg_NAME})
-  # What libFuzzer finds of interest it adds to the first folder.
+  # What libFuzzer finds of interest it adds to the first folder, without a word: what fails is to be seen.
   set(found "${CMAKE_CURRENT_BINARY_DIR}/${arg_NAME}.corpus")
   file(MAKE_DIRECTORY "${found}")
-  set(options -seed=1 -max_total_time=20 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1)
+  set(options -seed=1 -verbosity=0 -max_total_time=20 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1)
   if(arg_DICTIONARY)
     list(APPEND options "-dict=${CMAKE_CURRENT_SOURCE_DIR}/${arg_DICTIONARY}")
   endif()

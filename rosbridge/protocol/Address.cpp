@@ -13,7 +13,11 @@ namespace {
 
 bool isIpv6(const QString& text)
 {
-    return text.contains(u':') && QHostAddress(text).protocol() == QAbstractSocket::IPv6Protocol;
+    // QHostAddress alone would stop at a null character, and take anything for an interface.
+    static const QRegularExpression form(
+        QStringLiteral("^[0-9A-Fa-f.]*:[0-9A-Fa-f:.]*(%[0-9A-Za-z._~-]+)?$"));
+    return form.match(text).hasMatch() &&
+           QHostAddress(text).protocol() == QAbstractSocket::IPv6Protocol;
 }
 
 bool isHostName(const QString& text)

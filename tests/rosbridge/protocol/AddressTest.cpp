@@ -59,6 +59,8 @@ void AddressTest::a_valid_address_is_read_and_written_back_data()
                                << "::1" << 9090;
     QTest::newRow("bare IPv6, last group no port") << "fe80::1:abcd"
                                                    << "fe80::1:abcd" << 9090;
+    QTest::newRow("IPv6 of an interface") << "[fe80::1%eth0.5]:9091"
+                                          << "fe80::1%eth0.5" << 9091;
     QTest::newRow("bare IPv6 in full") << "1:2:3:4:5:6:7:8"
                                        << "1:2:3:4:5:6:7:8" << 9090;
 }
@@ -161,6 +163,10 @@ void AddressTest::an_invalid_address_is_refused_with_its_text_and_a_remedy_data(
          {"robot/path", "a@b", "robot?", "12", "127.1", "1.2.3.4.5", "256.1.1.1", "a..b", ":9090",
           ":", "1:2:3", "::g", "robot:9090:1", "r%20bot", "\"quoted\"", "<b>"})
         QTest::newRow(text) << text << host.arg(text);
+    // QHostAddress alone takes both.
+    const QString nullInside = QStringLiteral("::f") + QChar(0) + QStringLiteral(":i]");
+    QTest::newRow("null character") << nullInside << host.arg(nullInside);
+    QTest::newRow("no interface") << "::1%]" << host.arg("::1%]");
     QTest::newRow("another scheme")
         << "http://robot:9090"
         << "The address \"http://robot:9090\" is not that of a robot: "
