@@ -4,6 +4,8 @@
 #ifndef QUANDREL_TESTS_ROBOT_WATCHER_H
 #define QUANDREL_TESTS_ROBOT_WATCHER_H
 
+#include "Patience.h"
+
 #include "rosbridge/client/Client.h"
 
 #include <QCborMap>
@@ -11,8 +13,6 @@
 #include <QVector>
 
 #include <map>
-
-constexpr int patience = 30000; // ms; many tests may share a slow machine
 
 /// A client, and what the robot told it.
 class Watcher

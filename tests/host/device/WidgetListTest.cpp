@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "Probe.h"
 #include "TestCase.h"
 
@@ -24,8 +25,6 @@ using plugin::gui::DeviceWidget;
 using Kind = plugin::gui::VariableKind;
 
 namespace {
-
-constexpr int patience = 30000;
 
 Probe* load(Device& device, const Factory::Build& build)
 {

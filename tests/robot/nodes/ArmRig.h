@@ -4,6 +4,8 @@
 #ifndef ROBOT_NODES_TESTS_ARMRIG_H
 #define ROBOT_NODES_TESTS_ARMRIG_H
 
+#include "Patience.h"
+
 #include "robot/nodes/ArmNode.h"
 
 #include "robot/Robot.h"
@@ -29,8 +31,6 @@ using robot::nodes::ArmNode;
 using rosbridge::client::Client;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
-
-inline constexpr int patience = 30000; // many tests may share a slow machine
 
 inline constexpr double degree = 3.14159265358979323846 / 180; // in radians
 

@@ -4,6 +4,8 @@
 #ifndef ROBOT_LINK_TESTS_PEER_H
 #define ROBOT_LINK_TESTS_PEER_H
 
+#include "Patience.h"
+
 #include "rosbridge/client/Client.h"
 #include "rosbridge/protocol/Codec.h"
 
@@ -12,9 +14,6 @@
 #include <QWebSocketServer>
 
 #include <memory>
-
-/// How long a test waits for what must come; long, as many tests may share a slow machine.
-constexpr int patience = 30000;
 
 /// Timeouts that nothing runs into, for tests of something else.
 inline rosbridge::client::Client::Timeouts noHurry()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "AmpleLimits.h"
+#include "Patience.h"
 #include "ResidentBytes.h"
 #include "Scene.h"
 #include "TestCase.h"
@@ -27,8 +28,6 @@ using rosbridge::server::Peer;
 using rosbridge::server::ServiceReply;
 
 namespace {
-
-constexpr int patience = 30000; // many tests may share a slow machine
 
 /// Sends @p bytes again and again, as fast as they are taken, until the connection is gone.
 void flood(LazyPeer& peer, const QByteArray& bytes)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "AmpleLimits.h"
+#include "Patience.h"
 #include "Scene.h"
 #include "TestCase.h"
 
@@ -19,12 +20,6 @@ using rosbridge::client::Client;
 using rosbridge::server::Endpoint;
 using rosbridge::server::Limits;
 using rosbridge::server::Peer;
-
-namespace {
-
-constexpr int patience = 30000; // many tests may share a slow machine
-
-} // namespace
 
 /// Endpoint and ClientSession: what takes time or another amount of data than a robot has now.
 /// The rest is tested through the program, by a client in another language.

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 #include "tests/host/device/Probe.h"
 
@@ -28,8 +29,6 @@ using Kind = plugin::gui::VariableKind;
 using Variant = olm::core::variant::Variant;
 
 namespace {
-
-constexpr int patience = 30000;
 
 QString words(const Variant& value)
 {

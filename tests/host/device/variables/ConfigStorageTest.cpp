@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/variables/ConfigStorage.h"
@@ -15,8 +16,6 @@ namespace config_storage_test {
 using host::device::variables::ConfigStorage;
 
 namespace {
-
-constexpr int patience = 30000;
 
 QByteArray contentOf(const QString& fileName)
 {

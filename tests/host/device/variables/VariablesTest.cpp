@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/variables/Variables.h"
@@ -16,8 +17,6 @@ using plugin::gui::HistoryBundleContent;
 using Kind = plugin::gui::VariableKind;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// Keeps what is reported.
 struct Reports

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -30,8 +31,6 @@ using host::device::Device;
 using Kind = plugin::gui::VariableKind;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// The menu of a device with a widget on it, and a robot to connect to.
 struct Fixture

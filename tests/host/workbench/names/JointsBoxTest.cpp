@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/workbench/names/JointsBox.h"
@@ -21,8 +22,6 @@ using host::workbench::names::JointsBox;
 using Unit = JointTable::Unit;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// The box in a window of its own, beside a robot that told of its joints.
 struct Fixture

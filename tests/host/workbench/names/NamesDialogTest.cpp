@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -32,8 +33,6 @@ using host::device::connection::Remappings;
 using host::workbench::EmbeddedRobot;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// The dialog of a device that can connect to a simulated robot.
 struct Fixture

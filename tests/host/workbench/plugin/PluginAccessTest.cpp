@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -29,8 +30,6 @@ using host::device::Device;
 using host::workbench::window::Window;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// A window with a plugin that this program was not made for.
 struct Workbench

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -34,8 +35,6 @@ using namespace host::workbench::window;
 using host::device::Device;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// A window whose plugin brings no dialog, so that the page with a style sheet stands in for it.
 struct Workbench

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -35,8 +36,6 @@ using namespace host::workbench::window;
 using host::device::Device;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// A window with the plugin's dialog in it.
 struct Workbench

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "RobotMessages.h"
 #include "TestCase.h"
 #include "tests/host/device/FakeRobot.h"
@@ -31,8 +32,6 @@ using host::device::connection::Connection;
 using host::workbench::EmbeddedRobot;
 
 namespace {
-
-constexpr int patience = 30000;
 
 const char* const joints = "sensor_msgs/JointState";
 

@@ -4,6 +4,7 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_TESTS_SHOWNWORLD_H
 #define HOST_WORKBENCH_ROBOTVIEW_TESTS_SHOWNWORLD_H
 
+#include "Patience.h"
 #include "RobotMessages.h"
 #include "Tell.h"
 
@@ -20,7 +21,6 @@ using namespace host::workbench::robotview;
 using namespace std::chrono_literals;
 using message::with;
 
-inline constexpr int patience = 30000;
 inline constexpr double pi = 3.14159265358979323846;
 
 /// Counts how often it is painted.

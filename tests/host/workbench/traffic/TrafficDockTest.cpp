@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 #include "tests/host/workbench/window/DockInWindow.h"
 
@@ -39,8 +40,6 @@ using host::device::trace::Traffic;
 using Variant = olm::core::variant::Variant;
 
 namespace {
-
-constexpr int patience = 30000;
 
 PluginCall callNamed(const char* name, Arguments arguments = {}, const QWidget* widget = nullptr)
 {

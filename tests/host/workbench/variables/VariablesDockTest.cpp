@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 #include "tests/host/workbench/window/DockInWindow.h"
 
@@ -30,8 +31,6 @@ using host::device::variables::Variables;
 using Kind = plugin::gui::VariableKind;
 
 namespace {
-
-constexpr int patience = 30000;
 
 bool isFlashing(const QAbstractItemModel& model, int row)
 {

@@ -4,6 +4,8 @@
 #ifndef TESTS_HOST_WORKBENCH_WINDOW_DOCKINWINDOW_H
 #define TESTS_HOST_WORKBENCH_WINDOW_DOCKINWINDOW_H
 
+#include "Patience.h"
+
 #include "host/device/Device.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
@@ -19,8 +21,6 @@
 template <class Dock>
 struct DockInWindow
 {
-    static constexpr int patience = 30000;
-
     DockInWindow()
     {
         window.show();

@@ -4,6 +4,8 @@
 #ifndef TESTS_HOST_WORKBENCH_WINDOW_FULLWINDOW_H
 #define TESTS_HOST_WORKBENCH_WINDOW_FULLWINDOW_H
 
+#include "Patience.h"
+
 #include "host/device/Device.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
@@ -21,8 +23,6 @@
 
 /// A window with everything in it that it can show at once, and how to look around in it.
 namespace full_window {
-
-inline constexpr int patience = 30000;
 
 struct FullWindow
 {

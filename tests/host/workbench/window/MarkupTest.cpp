@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -24,8 +25,6 @@ using namespace host::workbench::plugin;
 using namespace host::workbench::window;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// In each text that comes from outside.
 constexpr const char* markup = "<b>bold</b>";

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/workbench/window/Notice.h"
@@ -15,8 +16,6 @@ namespace notice_test {
 using host::workbench::window::Notice;
 
 namespace {
-
-constexpr int patience = 30000;
 
 QString textOf(const Notice& notice)
 {

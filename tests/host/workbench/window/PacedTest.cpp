@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/workbench/window/Paced.h"
@@ -11,12 +12,6 @@
 namespace paced_test {
 
 using host::workbench::window::Paced;
-
-namespace {
-
-constexpr int patience = 30000;
-
-} // namespace
 
 /// Paced: how often something is shown.
 class PacedTest : public TestCase

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -30,8 +31,6 @@ using host::device::Device;
 using host::workbench::EmbeddedRobot;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// A window with two devices, each with settings of its own name in one folder.
 struct Workbench

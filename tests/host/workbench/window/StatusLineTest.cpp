@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -25,8 +26,6 @@ using host::device::Device;
 using host::workbench::EmbeddedRobot;
 
 namespace {
-
-constexpr int patience = 30000;
 
 struct Fixture
 {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/device/Device.h"
@@ -23,8 +24,6 @@ using host::workbench::window::TrustBar;
 using namespace std::chrono_literals;
 
 namespace {
-
-constexpr int patience = 30000;
 
 struct Fixture
 {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/workbench/window/WheelGuard.h"
@@ -22,8 +23,6 @@ namespace wheel_guard_test {
 using host::workbench::window::WheelGuard;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// A form that is longer than its window.
 struct Form
