@@ -36,8 +36,10 @@ constexpr Service disableDrive{QLatin1String("/drive/disable"), type::setBool};
 constexpr Service parameter{QLatin1String("/rosapi/get_param"), QLatin1String("rosapi/GetParam")};
 constexpr Service publishers{QLatin1String("/rosapi/publishers"), QLatin1String("rosapi/Publishers")};
 constexpr Service releaseControl{QLatin1String("/control/release"), type::trigger};
+constexpr Service releaseStop{QLatin1String("/stop/release"), type::trigger};
 constexpr Service services{QLatin1String("/rosapi/services"), QLatin1String("rosapi/Services")};
 constexpr Service setCamera{QLatin1String("/camera/set_parameters"), QLatin1String("dynamic_reconfigure/Reconfigure")};
+constexpr Service stop{QLatin1String("/stop"), type::trigger};
 constexpr Service topics{QLatin1String("/rosapi/topics"), QLatin1String("rosapi/Topics")};
 // clang-format on
 

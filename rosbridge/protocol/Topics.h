@@ -33,6 +33,7 @@ constexpr std::array<Topic, 3> armLineEnabled{{
 }};
 constexpr Topic armState{QLatin1String("/arm/state"), QLatin1String("control_msgs/JointTrajectoryControllerState")};
 constexpr Topic armTorqueEnabled{QLatin1String("/arm/torque_enabled"), type::boolean};
+constexpr Topic cameraImage{QLatin1String("/camera/image_raw/compressed"), QLatin1String("sensor_msgs/CompressedImage")};
 constexpr Topic cameraInfo{QLatin1String("/camera/camera_info"), QLatin1String("sensor_msgs/CameraInfo")};
 constexpr Topic clock{QLatin1String("/clock"), QLatin1String("rosgraph_msgs/Clock")};
 constexpr Topic driveDisabled{QLatin1String("/drive/disabled"), type::boolean};
@@ -42,6 +43,7 @@ constexpr Topic map{QLatin1String("/map"), QLatin1String("nav_msgs/OccupancyGrid
 constexpr Topic odometry{QLatin1String("/odom"), QLatin1String("nav_msgs/Odometry")};
 constexpr Topic scan{QLatin1String("/scan"), QLatin1String("sensor_msgs/LaserScan")};
 constexpr Topic staticTransforms{QLatin1String("/tf_static"), QLatin1String("tf2_msgs/TFMessage")};
+constexpr Topic stopped{QLatin1String("/stopped"), type::boolean};
 constexpr Topic transforms{QLatin1String("/tf"), QLatin1String("tf2_msgs/TFMessage")};
 constexpr Topic velocityCommand{QLatin1String("/cmd_vel"), QLatin1String("geometry_msgs/Twist")};
 // clang-format on
