@@ -275,6 +275,26 @@
         <source>the name for &quot;%1&quot; is not text</source>
         <translation>der Name für „%1“ ist kein Text</translation>
     </message>
+    <message>
+        <source>whether the robot is stopped</source>
+        <translation>ob der Roboter angehalten ist</translation>
+    </message>
+    <message>
+        <source>driving</source>
+        <translation>das Fahren</translation>
+    </message>
+    <message>
+        <source>moving the arm</source>
+        <translation>das Bewegen des Arms</translation>
+    </message>
+    <message>
+        <source>stopping all motion</source>
+        <translation>das Anhalten aller Bewegungen</translation>
+    </message>
+    <message>
+        <source>letting the robot move again after a stop</source>
+        <translation>das Freigeben nach einem Halt</translation>
+    </message>
 </context>
 <context>
     <name>host::device::connection::SilentTopics</name>
@@ -1176,6 +1196,10 @@
     <message>
         <source>Restores the names that are used here, and the joints.</source>
         <translation>Stellt die hier verwendeten Namen und die Gelenke wieder her.</translation>
+    </message>
+    <message>
+        <source>Topics for commands</source>
+        <translation>Topics für Befehle</translation>
     </message>
 </context>
 <context>

@@ -123,15 +123,19 @@ void Client::callService(const QString& service, const QCborMap& args, const Cal
 
 bool Client::advertise(const QString& topic, const QString& type)
 {
+    const QString name = protocol::canonicalName(topic);
     return send({{QStringLiteral("op"), QStringLiteral("advertise")},
-                 {QStringLiteral("topic"), protocol::canonicalName(topic)},
+                 {QStringLiteral("id"), name},
+                 {QStringLiteral("topic"), name},
                  {QStringLiteral("type"), type}});
 }
 
 bool Client::publish(const QString& topic, const QCborMap& msg)
 {
+    const QString name = protocol::canonicalName(topic);
     return send({{QStringLiteral("op"), QStringLiteral("publish")},
-                 {QStringLiteral("topic"), protocol::canonicalName(topic)},
+                 {QStringLiteral("id"), name},
+                 {QStringLiteral("topic"), name},
                  {QStringLiteral("msg"), msg}});
 }
 

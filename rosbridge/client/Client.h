@@ -102,8 +102,8 @@ public:
                      std::chrono::milliseconds timeout);
 
     /// Topics; @p type is the message's ROS type, "sensor_msgs/LaserScan". What the server
-    /// finds wrong with them it says by statusReceived(). False, and nothing sent, if the link
-    /// is not open.
+    /// finds wrong with them it says by statusReceived(), with the topic as the id. False, and
+    /// nothing sent, if the link is not open.
     bool advertise(const QString& topic, const QString& type);
     bool publish(const QString& topic, const QCborMap& msg);
     bool unadvertise(const QString& topic);
@@ -124,8 +124,9 @@ Q_SIGNALS:
     void closed(rosbridge::client::Client::Cause cause, const QString& text);
 
     /// The server's "status": @p level is "info", "warning" or "error", as a rule. @p id is that of
-    /// the subscription it is about, where it is about one. A failed call has only its answer. Also
-    /// this end's own word, an "error", on a message that is too large to be taken.
+    /// the subscription it is about, or the topic that was advertised or published, if any. A
+    /// failed call has only its answer. Also this end's own word, an "error", on a message that is
+    /// too large to be taken.
     void statusReceived(const QString& level, const QString& text, const QString& id);
 
     /// The server answered a ping, @p after it was sent: behind what was on its way before.

@@ -4,6 +4,7 @@
 #include "host/device/connection/Connection.h"
 
 #include "host/device/connection/MessageRole.h"
+#include "rosbridge/protocol/CanonicalName.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
 
@@ -132,6 +133,16 @@ void Connection::call(const QString& service, const QCborMap& args,
     callOn(*m_client, service, args, whileCurrent(callback), m_timing.answer);
 }
 
+bool Connection::publish(const rosbridge::protocol::Topic& topic, const QCborMap& msg)
+{
+    if (!m_client)
+        return false;
+    const QString name = rosbridge::protocol::canonicalName(m_remappings.theirs(topic.name));
+    if (!m_advertised.contains(name) && m_client->advertise(name, topic.type))
+        m_advertised.insert(name, topic.name);
+    return m_client->publish(name, msg);
+}
+
 /// All calls come through here: it is the robot's name that goes out.
 void Connection::callOn(Client& client, const QString& service, const QCborMap& args,
                         const Client::Callback& callback, std::chrono::milliseconds timeout)
@@ -162,11 +173,15 @@ void Connection::onOpened()
 void Connection::onStatus(const QString& level, const QString& words, const QString& id)
 {
     const QString line = tr("Robot, %1: %2").arg(level, words);
+    const bool isRefusal = level == QLatin1String("error");
     const QString topic = m_followers.topicOf(id);
-    if (level == QLatin1String("error") && !topic.isEmpty())
+    const QString published = m_advertised.value(id);
+    if (isRefusal && !topic.isEmpty())
         Q_EMIT subscriptionRefused(topic, line);
     else
         Q_EMIT message(baseLogLine, line);
+    if (isRefusal && !published.isEmpty())
+        Q_EMIT publicationRefused(published, line);
 }
 
 void Connection::onSimTimeAnswered(const Client::Result& result)
@@ -251,6 +266,7 @@ void Connection::leave(const Words& status)
     m_acquireDeadline.stop();
     m_hasControl = false;
     m_followers.close();
+    m_advertised.clear();
     if (const auto client = std::move(m_client)) {
         client->disconnect(this);
         client->close();

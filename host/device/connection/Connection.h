@@ -10,9 +10,12 @@
 #include "host/device/connection/Timing.h"
 #include "plugin/plugin/DataRole.h"
 #include "rosbridge/client/Client.h"
+#include "rosbridge/protocol/Topics.h"
 
+#include <QCborMap>
 #include <QDateTime>
 #include <QElapsedTimer>
+#include <QHash>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -105,6 +108,10 @@ public:
     /// the link ends before.
     void call(const QString& service, const QCborMap& args,
               const rosbridge::client::Client::Callback& callback);
+    /// Publishes @p msg at once on @p topic, one of our names, which is advertised first where that
+    /// was not done on this link. False where nothing was sent, as there is no open link. What the
+    /// robot does not take it says by publicationRefused().
+    bool publish(const rosbridge::protocol::Topic& topic, const QCborMap& msg);
 
 Q_SIGNALS:
     /// The robot is reached: its services can be called from now on. Whether it grants control is
@@ -122,6 +129,9 @@ Q_SIGNALS:
     void simulatorChanged(bool isSimulator);
     /// The robot does not let @p topic, our name, be followed; @p words say so for a log.
     void subscriptionRefused(const QString& topic, const QString& words);
+    /// The robot does not take what was published on @p topic, our name; @p words say so, and have
+    /// been said in the log.
+    void publicationRefused(const QString& topic, const QString& words);
 
 private:
     using Client = rosbridge::client::Client;
@@ -155,7 +165,8 @@ private:
     QElapsedTimer m_connected; // invalid unless the state is connected or passive
     Failure m_lastFailure;
     QString m_address;
-    std::unique_ptr<Client> m_client; // as long as the state is not -1
+    std::unique_ptr<Client> m_client;     // as long as the state is not -1
+    QHash<QString, QString> m_advertised; // our names of topics by the robot's, on this link
     bool m_hasControl = false;
     QString m_pretendedController;
     bool m_isSimulator = false;

@@ -93,7 +93,7 @@ QString Offer::typeOf(const QString& topic) const
 QStringList Offer::candidates(const Remappings::Entry& entry) const
 {
     QStringList names;
-    if (entry.kind == Kind::Topic && m_lists.topics) {
+    if (entry.kind != Kind::Service && m_lists.topics) {
         for (auto topic = m_lists.topics->cbegin(); topic != m_lists.topics->cend(); ++topic) {
             if (isTypeOf(entry, topic.value()))
                 names += topic.key();
@@ -122,8 +122,7 @@ void Offer::askAgain()
 
 void Offer::askForMissing()
 {
-    start(!m_lists.topics || isAnyMissed(Kind::Topic),
-          !m_lists.services || isAnyMissed(Kind::Service));
+    start(isAnyTopicMissed(), isAnyServiceMissed());
 }
 
 /// Does nothing if there is nothing to ask.
@@ -171,7 +170,8 @@ void Offer::call(const std::shared_ptr<Round>& round, const QString& service, co
                       });
 }
 
-/// In the list of topics are also those that are only listened to, be it by us.
+/// In the list of topics are also those that are only listened to, be it by us: that is as it
+/// should be of commands alone.
 void Offer::askForPublishers(const std::shared_ptr<Round>& round)
 {
     round->hasPublishers = true;
@@ -201,9 +201,7 @@ void Offer::finish(const Round& round)
     m_lists = round.lists;
     m_round.reset();
     m_isAnswered = true;
-    const bool isComplete = m_lists.topics && m_lists.services && !isAnyMissed(Kind::Topic) &&
-                            !isAnyMissed(Kind::Service);
-    if (!isComplete && m_pause <= m_longestPause) {
+    if ((isAnyTopicMissed() || isAnyServiceMissed()) && m_pause <= m_longestPause) {
         m_pauseTimer.start(m_pause);
         m_pause *= 2;
     }
@@ -247,12 +245,23 @@ bool Offer::isMissed(const QString& ours) const
     return found == State::Missing || found == State::OtherType;
 }
 
+bool Offer::isAnyTopicMissed() const
+{
+    return !m_lists.topics || isAnyMissed(false);
+}
+
+bool Offer::isAnyServiceMissed() const
+{
+    return !m_lists.services || isAnyMissed(true);
+}
+
 /// Of those that a robot should have.
-bool Offer::isAnyMissed(Kind kind) const
+bool Offer::isAnyMissed(bool isService) const
 {
     const std::vector<Remappings::Entry>& all = Remappings::all();
     return std::any_of(all.begin(), all.end(), [&](const Remappings::Entry& entry) {
-        return entry.kind == kind && entry.isRequired && isMissed(entry.name);
+        return (entry.kind == Kind::Service) == isService && entry.isRequired &&
+               isMissed(entry.name);
     });
 }
 

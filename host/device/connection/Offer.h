@@ -103,7 +103,9 @@ private:
     void onRenamed(const QString& ours);
     void onRefused(const QString& topic, const QString& words);
     bool isMissed(const QString& ours) const;
-    bool isAnyMissed(Remappings::Kind kind) const;
+    bool isAnyTopicMissed() const;
+    bool isAnyServiceMissed() const;
+    bool isAnyMissed(bool isService) const;
     void report();
     QString inWords(const Remappings::Entry& entry) const;
 

@@ -58,6 +58,16 @@ const Row<rosbridge::protocol::Topic> topics[] = {
      false},
     {topic::log,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the robot's own log messages")},
+    {topic::stopped,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "whether the robot is stopped"),
+     false},
+};
+
+const Row<rosbridge::protocol::Topic> commands[] = {
+    {topic::velocityCommand,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "driving")},
+    {topic::armCommand,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "moving the arm")},
 };
 
 const Row<rosbridge::protocol::Service> services[] = {
@@ -77,6 +87,12 @@ const Row<rosbridge::protocol::Service> services[] = {
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching supply line 2")},
     {service::armLine[2],
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "switching supply line 3")},
+    {service::stop,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "stopping all motion"),
+     false},
+    {service::releaseStop,
+     QT_TRANSLATE_NOOP("host::device::connection::Remappings", "letting the robot move again after a stop"),
+     false},
     {service::topics,
      QT_TRANSLATE_NOOP("host::device::connection::Remappings", "the list of topics")},
     {service::services,
@@ -97,6 +113,8 @@ std::vector<Remappings::Entry> makeAll()
     };
     for (const auto& row : topics)
         add(Remappings::Kind::Topic, row);
+    for (const auto& row : commands)
+        add(Remappings::Kind::Command, row);
     for (const auto& row : services)
         add(Remappings::Kind::Service, row);
     return entries;

@@ -25,7 +25,8 @@ class Remappings : public QObject
 public:
     enum class Kind
     {
-        Topic,
+        Topic,   ///< published by the robot
+        Command, ///< a topic that the robot listens to
         Service,
     };
 
@@ -45,7 +46,7 @@ public:
     /// Ours, and what the robot has for it.
     using Mapping = std::pair<QString, QString>;
 
-    /// The topics, then the services.
+    /// The topics, then the commands, then the services.
     static const std::vector<Entry>& all();
     /// Null where this program uses no such name.
     static const Entry* find(const QString& ours);

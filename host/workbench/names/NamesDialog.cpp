@@ -51,6 +51,7 @@ NamesDialog::NamesDialog(device::Device& device, QWidget* parent)
       m_device(device),
       m_hint(makePlainLabel()),
       m_topics(new QLabel),
+      m_commands(new QLabel),
       m_services(new QLabel),
       m_joints(new QLabel),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Close)),
@@ -70,6 +71,7 @@ NamesDialog::NamesDialog(device::Device& device, QWidget* parent)
     grid->setHorizontalSpacing(12);
     m_rows.reserve(Remappings::all().size());
     addSection(Remappings::Kind::Topic, m_topics, grid);
+    addSection(Remappings::Kind::Command, m_commands, grid);
     addSection(Remappings::Kind::Service, m_services, grid);
     makeBold(m_joints, true);
     grid->addWidget(m_joints, grid->rowCount(), 0, 1, ColumnCount);
@@ -183,6 +185,7 @@ void NamesDialog::translate()
     for (int column = 0; column < ColumnCount; ++column)
         m_titles[static_cast<std::size_t>(column)]->setText(titles[column]);
     m_topics->setText(tr("Topics"));
+    m_commands->setText(tr("Topics for commands"));
     m_services->setText(tr("Services"));
     m_joints->setText(tr("Joints of the arm"));
     m_reset->setText(tr("&Reset to standard"));

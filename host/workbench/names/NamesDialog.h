@@ -63,6 +63,7 @@ private:
     device::Device& m_device;
     QLabel* m_hint;
     QLabel* m_topics;
+    QLabel* m_commands;
     QLabel* m_services;
     QLabel* m_joints;
     std::vector<QLabel*> m_titles; // of the columns

@@ -16,6 +16,29 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+QString json(const QCborMap& map)
+{
+    return QString::fromUtf8(QJsonDocument(map.toJsonObject()).toJson(QJsonDocument::Compact));
+}
+
+/// Of @p message, nested ones too, what @p sample does not have; empty where there is nothing.
+QString unknownField(const QCborMap& message, const QCborMap& sample)
+{
+    for (auto field = message.begin(); field != message.end(); ++field) {
+        const QCborValue known = sample.value(field.key().toString());
+        if (known.isUndefined())
+            return field.key().toString();
+        const QString nested = unknownField(field.value().toMap(), known.toMap());
+        if (!nested.isEmpty())
+            return nested;
+    }
+    return {};
+}
+
+} // namespace
+
 FakeRobot::FakeRobot(quint16 port) : FakeRobot(QWebSocketServer::NonSecureMode, {}, port) {}
 
 FakeRobot::FakeRobot(const QString& certificate, quint16 port)
@@ -196,6 +219,45 @@ void FakeRobot::subscribe(const Subscription& subscription)
         publish(subscription.topic, m_latched.value(subscription.topic));
 }
 
+/// Something that a client advertises or publishes.
+void FakeRobot::take(QWebSocket* client, const QCborMap& message)
+{
+    const QString topic = message.value(QLatin1String("topic")).toString();
+    const QString why = objection(message);
+    if (!why.isEmpty())
+        client->sendTextMessage(QString::fromUtf8(rosbridge::protocol::encodeText(
+            {{QStringLiteral("op"), QStringLiteral("status")},
+             {QStringLiteral("level"), QStringLiteral("error")},
+             {QStringLiteral("id"), message.value(QLatin1String("id"))},
+             {QStringLiteral("msg"), why}})));
+    else if (message.value(QLatin1String("op")) == QLatin1String("advertise"))
+        m_advertisements.append(topic + ' ' + message.value(QLatin1String("type")).toString());
+    else
+        m_publications.append(topic + ' ' + json(message.value(QLatin1String("msg")).toMap()));
+}
+
+/// Why the message is not taken.
+QString FakeRobot::objection(const QCborMap& message) const
+{
+    const QString topic = message.value(QLatin1String("topic")).toString();
+    if (m_refused.contains(topic))
+        return QStringLiteral("No topic ") + topic;
+    const QString known = m_types.value(topic);
+    if (!m_rules || known.isEmpty())
+        return {};
+    if (message.value(QLatin1String("op")) == QLatin1String("advertise")) {
+        const QString type = message.value(QLatin1String("type")).toString();
+        return rosbridge::protocol::canonicalType(type) == known
+                   ? QString()
+                   : QStringLiteral("%1 has the type %2, not %3").arg(topic, known, type);
+    }
+    const QString field = unknownField(message.value(QLatin1String("msg")).toMap(),
+                                       ros_types::sample(*m_rules, known));
+    return field.isEmpty()
+               ? QString()
+               : QStringLiteral("Message type %1 does not have a field %2").arg(known, field);
+}
+
 void FakeRobot::receive(QWebSocket* client, const QString& text)
 {
     QString error;
@@ -221,13 +283,13 @@ void FakeRobot::receive(QWebSocket* client, const QString& text)
                                                         subscription.id == field("id");
                                              }),
                               m_subscriptions.end());
+    if (field("op") == QLatin1String("advertise") || field("op") == QLatin1String("publish"))
+        take(client, *message);
     if (field("op") != QLatin1String("call_service"))
         return;
     const QString service = field("service");
     const QCborMap args = message->value(QLatin1String("args")).toMap();
-    m_calls.append(
-        service + QLatin1Char(' ') +
-        QString::fromUtf8(QJsonDocument(args.toJsonObject()).toJson(QJsonDocument::Compact)));
+    m_calls.append(service + QLatin1Char(' ') + json(args));
     if (m_ignored.contains(service)) {
         m_ignoredIds.insert(service, message->value(QLatin1String("id")));
         return;

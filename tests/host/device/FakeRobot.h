@@ -47,12 +47,18 @@ public:
     /// "/service {arguments as JSON}", in order.
     QStringList calls() const { return m_calls; }
 
+    /// "/topic type" of each advertisement, and "/topic {message as JSON}" of each message that
+    /// clients published and that was not refused, in order.
+    QStringList advertisements() const { return m_advertisements; }
+    QStringList publications() const { return m_publications; }
+
     int clientCount() const { return int(m_clients.size()); }
 
     /// From now on publish() does as a rosbridge server of @p ros: who subscribed gets a message in
     /// CBOR if one of its subscriptions to the topic asks for that, and nothing where the message
     /// cannot be converted. @p types are those of its topics, as ROS 1 writes them: a subscription
-    /// of another type is refused, and rosapi lists them.
+    /// or an advertisement of another type is refused, a message with a field that the type does
+    /// not have as well, and rosapi lists them.
     void obeyRules(ros_types::Ros ros, const QMap<QString, QString>& types);
 
     /// To every client, subscribed or not.
@@ -61,7 +67,8 @@ public:
     void log(const QString& name, const QString& text);
     /// A client is told @p msg when it subscribes to @p topic, but not again for a further id.
     void latch(const QString& topic, const QCborMap& msg);
-    /// A subscription to @p topic is answered by an error, as of a robot that has no such topic.
+    /// A subscription to @p topic, and what is published on it, is answered by an error, as of a
+    /// robot that has no such topic.
     void refuse(const QString& topic);
     /// How many subscriptions to @p topic with @p type there were and were not ended by
     /// unsubscribing.
@@ -93,6 +100,8 @@ private:
     void receive(QWebSocket* client, const QString& text);
     void publishByRules(QWebSocket* client, const QCborMap& message);
     void subscribe(const Subscription& subscription);
+    void take(QWebSocket* client, const QCborMap& message);
+    QString objection(const QCborMap& message) const;
 
     QWebSocketServer m_server;
     bool m_wantsAuthentication = false;
@@ -101,6 +110,8 @@ private:
     QSet<QString> m_ignored;
     QHash<QString, QCborValue> m_ignoredIds; // of the last call of each service
     QStringList m_calls;
+    QStringList m_advertisements;
+    QStringList m_publications;
     QHash<QString, QCborMap> m_latched;
     QSet<QString> m_refused;
     QList<Subscription> m_subscriptions;

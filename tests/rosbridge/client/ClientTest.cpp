@@ -46,10 +46,12 @@ void ClientTest::topics_are_advertised_published_and_unadvertised()
 
     const QCborMap advertise = link.next();
     QCOMPARE(text(advertise, "op"), QStringLiteral("advertise"));
+    QCOMPARE(text(advertise, "id"), QStringLiteral("/cmd_vel"));
     QCOMPARE(text(advertise, "topic"), QStringLiteral("/cmd_vel"));
     QCOMPARE(text(advertise, "type"), QStringLiteral("geometry_msgs/Twist"));
     const QCborMap publish = link.next();
     QCOMPARE(text(publish, "op"), QStringLiteral("publish"));
+    QCOMPARE(text(publish, "id"), QStringLiteral("/cmd_vel"));
     QCOMPARE(text(publish, "topic"), QStringLiteral("/cmd_vel"));
     QVERIFY(publish.value(QLatin1String("msg")).toMap() == number(1));
     const QCborMap unadvertise = link.next();

@@ -36,10 +36,10 @@ struct NamesFixture
              host::device::connection::Remappings::all()) {
             if (missing.contains(entry.name) || !entry.isRequired)
                 continue;
-            if (entry.kind == host::device::connection::Remappings::Kind::Topic)
-                topics[entry.name] = entry.type;
-            else
+            if (entry.kind == host::device::connection::Remappings::Kind::Service)
                 robotServices.append(entry.name);
+            else
+                topics[entry.name] = entry.type;
         }
         tell();
     }
