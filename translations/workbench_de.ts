@@ -2279,6 +2279,10 @@
         <source>new clients have to wait: there are no file descriptors or memory left</source>
         <translation>neue Clients müssen warten: Dateideskriptoren oder Speicher sind aufgebraucht</translation>
     </message>
+    <message>
+        <source>%1 called %2: %3</source>
+        <translation>%1 hat %2 aufgerufen: %3</translation>
+    </message>
 </context>
 <context>
     <name>robot::network::RosApi</name>
@@ -2293,6 +2297,33 @@
     <message>
         <source>%1 must be text</source>
         <translation>%1 muss Text sein</translation>
+    </message>
+</context>
+<context>
+    <name>robot::network::Stop</name>
+    <message>
+        <source>the robot was stopped already</source>
+        <translation>der Roboter war schon gestoppt</translation>
+    </message>
+    <message>
+        <source>the robot is stopped</source>
+        <translation>der Roboter ist gestoppt</translation>
+    </message>
+    <message>
+        <source>the robot was not stopped</source>
+        <translation>der Roboter war nicht gestoppt</translation>
+    </message>
+    <message>
+        <source>the stop is released; nothing moves until it is commanded</source>
+        <translation>der Stopp ist aufgehoben; ohne Befehl bewegt sich nichts</translation>
+    </message>
+    <message>
+        <source>the robot is stopped; the client in control must call /stop/release first</source>
+        <translation>der Roboter ist gestoppt; erst muss der Client mit der Steuerung /stop/release aufrufen</translation>
+    </message>
+    <message>
+        <source>%1; the robot is stopped: nothing moves</source>
+        <translation>%1; der Roboter ist gestoppt: nichts bewegt sich</translation>
     </message>
 </context>
 <context>
@@ -2323,6 +2354,10 @@
     <message>
         <source>control was released: the arm stops</source>
         <translation>die Steuerung wurde abgegeben: Der Arm hält an</translation>
+    </message>
+    <message>
+        <source>the robot is stopped: the arm holds where it is</source>
+        <translation>der Roboter ist gestoppt: der Arm hält an, wo er ist</translation>
     </message>
 </context>
 <context>

@@ -59,6 +59,7 @@ Network::Network(const Clock& clock, const rosbridge::server::Limits& limits)
     m_topics.addPublished(topic::log.name, topic::log.type);
     m_rosApi.addTo(m_services);
     addControlServices();
+    addStop();
     keepLog();
     connect(&m_endpoint, &rosbridge::server::Endpoint::left, &m_control,
             [this](const rosbridge::server::Peer& peer) { m_control.leave(peer); });
@@ -117,6 +118,37 @@ void Network::addControlServices()
                     [this](const rosbridge::server::Peer& caller, const QCborMap&) {
                         return trigger(m_control.release(caller));
                     }});
+}
+
+void Network::addStop()
+{
+    m_topics.addLatched(topic::stopped.name, topic::stopped.type);
+    publishStopped();
+    addStopService(service::stop, rosbridge::server::Access::Anyone, &Stop::engage);
+    addStopService(service::releaseStop, rosbridge::server::Access::RequiresControl,
+                   &Stop::release);
+}
+
+void Network::addStopService(const rosbridge::protocol::Service& service,
+                             rosbridge::server::Access access, QString (Stop::*call)())
+{
+    m_services.add(
+        service.name,
+        {service.type,
+         {},
+         access,
+         [this, call, name = service.name](const rosbridge::server::Peer& caller, const QCborMap&) {
+             const QString message = (m_stop.*call)();
+             publishStopped();
+             m_clientLog.write(Log::Level::Warning,
+                               tr("%1 called %2: %3").arg(caller.name, name, message));
+             return trigger({true, message});
+         }});
+}
+
+void Network::publishStopped()
+{
+    publish(topic::stopped.name, {{QStringLiteral("data"), m_stop.isEngaged()}});
 }
 
 void Network::keepLog()

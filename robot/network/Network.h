@@ -9,6 +9,7 @@
 #include "robot/network/LogWriter.h"
 #include "robot/network/RosApi.h"
 #include "robot/network/Serializer.h"
+#include "robot/network/Stop.h"
 #include "rosbridge/server/Endpoint.h"
 #include "rosbridge/server/Limits.h"
 #include "rosbridge/server/ServiceRegistry.h"
@@ -20,6 +21,7 @@
 
 namespace rosbridge::protocol {
 struct Address;
+struct Service;
 } // namespace rosbridge::protocol
 
 namespace robot::network {
@@ -27,7 +29,8 @@ namespace robot::network {
 class Clock;
 
 /// What the robot's parts share to deal with clients: their topics and services, who is in control,
-/// the log, and the endpoint that serves them. Knows nothing of what the robot is or does.
+/// the stop, the log, and the endpoint that serves them. Knows nothing of what the robot is or
+/// does.
 class Network : public QObject
 {
     Q_OBJECT
@@ -57,6 +60,9 @@ public:
     /// Tells when the client in control gives it back, which ends what it had commanded.
     const Control& control() const { return m_control; }
 
+    /// Tells the parts when to stop, and why they may not obey.
+    const Stop& stop() const { return m_stop; }
+
     /// The robot's diary; each part has a LogWriter for it.
     Log& log() { return m_log; }
 
@@ -68,10 +74,15 @@ public:
 
 private:
     void addControlServices();
+    void addStop();
+    void addStopService(const rosbridge::protocol::Service& service,
+                        rosbridge::server::Access access, QString (Stop::*call)());
+    void publishStopped();
     void keepLog();
 
     Serializer m_serializer;
     Control m_control;
+    Stop m_stop;
     rosbridge::server::TopicRegistry m_topics;
     rosbridge::server::ServiceRegistry m_services;
     RosApi m_rosApi;

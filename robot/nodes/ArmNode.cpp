@@ -35,7 +35,9 @@ ArmNode::ArmNode(network::Network& network)
                   [this, line](bool isOn) { return m_arm.setLineEnabled(line, isOn); });
     }
     QObject::connect(&network.control(), &network::Control::released, &m_context,
-                     [this] { stop(); });
+                     [this] { stop(tr("control was released: the arm stops")); });
+    QObject::connect(&network.stop(), &network::Stop::engaged, &m_context,
+                     [this] { stop(tr("the robot is stopped: the arm holds where it is")); });
 }
 
 void ArmNode::step(simulation::Time now)
@@ -57,7 +59,8 @@ void ArmNode::addSwitch(const rosbridge::protocol::Service& service,
         const QCborValue data = args.value(QStringLiteral("data"));
         if (!data.isBool())
             return rosbridge::server::ServiceReply::failure(tr("data must be true or false"));
-        const Answer answer = set(data.toBool());
+        Answer answer = set(data.toBool());
+        answer.message = m_network.stop().qualified(answer.message);
         report(answer);
         publish(data.toBool());
         return rosbridge::server::ServiceReply{{{QStringLiteral("success"), answer.success},
@@ -74,17 +77,24 @@ void ArmNode::addSwitch(const rosbridge::protocol::Service& service,
 /// Returns why the command was not obeyed; empty if it was.
 QString ArmNode::move(const QCborMap& trajectory)
 {
-    QString error;
-    const auto movements = toMovements(trajectory, &error);
-    const Answer answer = movements ? m_arm.move(*movements) : Answer{false, error};
+    const Answer answer = answerTo(trajectory);
     report(answer);
     return answer.success ? QString() : answer.message;
 }
 
-void ArmNode::stop()
+ArmNode::Answer ArmNode::answerTo(const QCborMap& trajectory)
+{
+    QString error = m_network.stop().refusal();
+    if (!error.isEmpty())
+        return {false, error};
+    const auto movements = toMovements(trajectory, &error);
+    return movements ? m_arm.move(*movements) : Answer{false, error};
+}
+
+void ArmNode::stop(const QString& why)
 {
     if (m_arm.stop())
-        report({true, tr("control was released: the arm stops")});
+        report({true, why});
 }
 
 void ArmNode::report(const Answer& answer)

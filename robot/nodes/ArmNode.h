@@ -28,7 +28,7 @@ namespace robot::nodes {
 
 /// The arm as clients know it: where its axes are and where they go, thirty times a second, the
 /// command to move them, and a service and a latched topic for each of its switches. It stops when
-/// the client that moves it gives control back.
+/// the robot is stopped, and when the client that moves it gives control back.
 class ArmNode : public Node
 {
     Q_DECLARE_TR_FUNCTIONS(robot::nodes::ArmNode)
@@ -46,7 +46,8 @@ private:
                    const rosbridge::protocol::Topic& topic, bool isOn,
                    const std::function<Answer(bool)>& set);
     QString move(const QCborMap& trajectory);
-    void stop();
+    Answer answerTo(const QCborMap& trajectory);
+    void stop(const QString& why);
     void report(const Answer& answer);
     void publishState();
 

@@ -33,6 +33,7 @@ DriveNode::DriveNode(network::Network& network, simulation::DriveBase& driveBase
          [this](const rosbridge::server::Peer&, const QCborMap& args) { return disable(args); }});
     QObject::connect(&network.control(), &network::Control::released,
                      [&driveBase] { driveBase.endCommand(); });
+    QObject::connect(&network.stop(), &network::Stop::engaged, [&driveBase] { driveBase.stop(); });
     publishDisabled();
 }
 
@@ -47,7 +48,9 @@ void DriveNode::step(simulation::Time now)
 
 QString DriveNode::command(const QCborMap& msg)
 {
-    QString error;
+    QString error = m_network.stop().refusal();
+    if (!error.isEmpty())
+        return error;
     const std::optional<simulation::Twist> twist = toTwist(msg, &error);
     if (twist)
         m_driveBase.command(*twist, &error);
@@ -62,8 +65,9 @@ rosbridge::server::ServiceReply DriveNode::disable(const QCborMap& args)
             tr("data must be true, to stand still, or false, to move again"));
     m_driveBase.setEnabled(!data.toBool());
     publishDisabled();
-    const QString message = data.toBool() ? tr("the drive is disabled, the robot stands still")
-                                          : tr("the drive is enabled");
+    const QString message = m_network.stop().qualified(
+        data.toBool() ? tr("the drive is disabled, the robot stands still")
+                      : tr("the drive is enabled"));
     m_log.write(network::Log::Level::Info, message);
     return {{{QStringLiteral("success"), true}, {QStringLiteral("message"), message}}, QString()};
 }

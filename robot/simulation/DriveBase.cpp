@@ -29,6 +29,12 @@ bool DriveBase::command(const Twist& twist, QString* error)
     return true;
 }
 
+void DriveBase::stop()
+{
+    endCommand();
+    m_wanders = false;
+}
+
 void DriveBase::setEnabled(bool isEnabled)
 {
     m_isEnabled = isEnabled;
@@ -40,12 +46,12 @@ void DriveBase::control()
 {
     if (m_command && m_world.time() - m_command->time >= commandLifetime)
         m_command.reset();
-    if (!m_isEnabled)
-        m_world.setRobotTwist({});
-    else if (m_command)
+    if (m_isEnabled && m_command)
         m_world.setRobotTwist(m_command->twist);
-    else
+    else if (m_isEnabled && m_wanders)
         m_world.setRobotTwist(m_wander.twist(m_world));
+    else
+        m_world.setRobotTwist({});
 }
 
 Odometry DriveBase::odometry() const

@@ -23,7 +23,8 @@ struct Odometry
 };
 
 /// The robot's wheels and what decides on them: a velocity command for as long as it is fresh, the
-/// robot's own wandering otherwise, nothing at all while disabled. Enabled to begin with.
+/// robot's own wandering otherwise, until it is stopped, and nothing at all while disabled. Enabled
+/// to begin with.
 class DriveBase
 {
     Q_DECLARE_TR_FUNCTIONS(robot::simulation::DriveBase)
@@ -46,6 +47,10 @@ public:
     /// Takes the command back before its time is over.
     void endCommand() { m_command.reset(); }
 
+    /// Takes the command back and ends the wandering for good: from now on the robot moves only
+    /// when it is commanded.
+    void stop();
+
     /// Disabled, the robot stands still and forgets the command it had.
     void setEnabled(bool isEnabled);
     bool isEnabled() const { return m_isEnabled; }
@@ -66,6 +71,7 @@ private:
     World& m_world;
     Wander m_wander;
     bool m_isEnabled = true;
+    bool m_wanders = true;
     std::optional<Command> m_command;
 };
 

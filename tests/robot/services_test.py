@@ -22,6 +22,7 @@ TOPICS = {
     "/odom": "nav_msgs/Odometry",
     "/rosout": "rosgraph_msgs/Log",
     "/scan": "sensor_msgs/LaserScan",
+    "/stopped": "std_msgs/Bool",
     "/tf": "tf2_msgs/TFMessage",
 }
 SERVICES = {
@@ -34,6 +35,8 @@ SERVICES = {
     "/rosapi/services": "rosapi/Services",
     "/rosapi/topic_type": "rosapi/TopicType",
     "/rosapi/topics": "rosapi/Topics",
+    "/stop": TRIGGER,
+    "/stop/release": TRIGGER,
 }
 
 

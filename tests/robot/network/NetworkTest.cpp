@@ -75,13 +75,13 @@ void NetworkTest::commands_are_obeyed_only_from_the_client_in_control()
                                     ++obeyed;
                                     return QString();
                                 });
-    network.services().add(QStringLiteral("/stop"), {QStringLiteral("test/Stop"),
-                                                     {},
-                                                     Access::RequiresControl,
-                                                     [&obeyed](const Peer&, const QCborMap&) {
-                                                         ++obeyed;
-                                                         return ServiceReply();
-                                                     }});
+    network.services().add(QStringLiteral("/brake"), {QStringLiteral("test/Brake"),
+                                                      {},
+                                                      Access::RequiresControl,
+                                                      [&obeyed](const Peer&, const QCborMap&) {
+                                                          ++obeyed;
+                                                          return ServiceReply();
+                                                      }});
     QString error;
     QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
     Watcher controller(network.port());
@@ -92,7 +92,7 @@ void NetworkTest::commands_are_obeyed_only_from_the_client_in_control()
     QVERIFY(succeeded(controller.answers.first()));
 
     watcher.client.publish(QStringLiteral("/drive"), {});
-    watcher.call("/stop");
+    watcher.call("/brake");
     QTRY_VERIFY_WITH_TIMEOUT(watcher.answers.size() == 1 && watcher.complaints.size() == 1,
                              patience);
     QVERIFY(!watcher.answers.first().ok);
@@ -101,7 +101,7 @@ void NetworkTest::commands_are_obeyed_only_from_the_client_in_control()
     QCOMPARE(obeyed, 0);
 
     controller.client.publish(QStringLiteral("/drive"), {});
-    controller.call("/stop");
+    controller.call("/brake");
     QTRY_COMPARE_WITH_TIMEOUT(controller.answers.size(), 2, patience);
     QVERIFY(controller.answers.last().ok);
     QCOMPARE(obeyed, 2);

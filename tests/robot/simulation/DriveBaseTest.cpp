@@ -26,6 +26,7 @@ private Q_SLOTS:
     void a_command_that_is_not_finite_is_refused_data();
     void a_command_that_is_not_finite_is_refused();
     void disabled_it_stands_still_and_forgets_its_command();
+    void stopped_it_wanders_no_more_and_obeys_on();
     void odometry_starts_at_the_robot_and_follows_it();
 };
 
@@ -128,6 +129,24 @@ void DriveBaseTest::disabled_it_stands_still_and_forgets_its_command()
     simulation.driveBase().setEnabled(true);
     simulation.step(milliseconds(100));
     QVERIFY(speed(simulation) > 0.1);
+}
+
+void DriveBaseTest::stopped_it_wanders_no_more_and_obeys_on()
+{
+    Simulation simulation(1);
+    QVERIFY(simulation.driveBase().command({-0.2, 0.1}, nullptr));
+    simulation.step(milliseconds(100));
+    simulation.driveBase().stop();
+    const Pose2D before = simulation.world().robotPose();
+    simulation.step(milliseconds(1000));
+    QCOMPARE(simulation.world().robotPose().x, before.x);
+    QCOMPARE(simulation.world().robotPose().theta, before.theta);
+
+    QVERIFY(simulation.driveBase().command({-0.2, 0.0}, nullptr));
+    simulation.step(milliseconds(100));
+    QVERIFY(std::abs(speed(simulation) + 0.2) < 1e-4);
+    simulation.step(milliseconds(1000));
+    QCOMPARE(speed(simulation), 0.0);
 }
 
 void DriveBaseTest::odometry_starts_at_the_robot_and_follows_it()

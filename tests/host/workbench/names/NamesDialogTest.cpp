@@ -234,7 +234,7 @@ void NamesDialogTest::what_the_robot_offers_of_the_same_type_can_be_chosen()
     auto* const list = field->completer()->popup();
     f.write("/arm/line0_enabled", "/");
     QTRY_VERIFY_WITH_TIMEOUT(list->isVisible(), patience);
-    QCOMPARE(list->model()->rowCount(), 5); // all that is std_msgs/Bool
+    QCOMPARE(list->model()->rowCount(), 6); // all that is std_msgs/Bool
     QTest::keyClick(list, Qt::Key_Escape);
     f.write("/arm/line0_enabled", "DIS");
     QTRY_VERIFY_WITH_TIMEOUT(list->isVisible(), patience);
