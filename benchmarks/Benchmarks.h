@@ -21,6 +21,7 @@ void addPositionModel(Ratios& ratios);
 void addPositionView(Ratios& ratios);
 void addWorldView(Ratios& ratios);
 void addLargeMessages(Ratios& ratios);
+void addCamera(Ratios& ratios);
 
 /// @p value as something that the compiler cannot know.
 template <class T>

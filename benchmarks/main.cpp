@@ -36,6 +36,7 @@ int main(int argc, char* argv[])
     addPositionView(ratios);
     addWorldView(ratios);
     addLargeMessages(ratios);
+    addCamera(ratios);
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))

@@ -29,7 +29,7 @@ Robot::Robot(quint32 seed, const rosbridge::server::Limits& limits, QObject* par
     m_nodes.push_back(std::make_unique<nodes::DriveNode>(m_network, m_simulation->driveBase()));
     m_nodes.push_back(std::make_unique<nodes::TransformNode>(m_network, m_simulation->driveBase()));
     m_nodes.push_back(std::move(laser));
-    m_nodes.push_back(std::make_unique<nodes::CameraNode>(m_network));
+    m_nodes.push_back(std::make_unique<nodes::CameraNode>(m_network, m_simulation->world()));
     m_nodes.push_back(std::make_unique<nodes::ArmNode>(m_network));
 
     connect(&m_timer, &QTimer::timeout, this, &Robot::step);

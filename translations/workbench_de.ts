@@ -2382,6 +2382,10 @@
         <source>the value of &quot;%1&quot; must be text, for example &quot;%2&quot;</source>
         <translation>der Wert von „%1“ muss Text sein, zum Beispiel „%2“</translation>
     </message>
+    <message>
+        <source>the camera has no pictures: Qt&apos;s plugin for JPEG is missing</source>
+        <translation>die Kamera hat keine Bilder: Qts Plugin für JPEG fehlt</translation>
+    </message>
 </context>
 <context>
     <name>robot::nodes::DriveNode</name>

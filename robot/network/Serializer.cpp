@@ -21,6 +21,12 @@ double number(const QCborValue& value)
     return value.isNull() ? std::numeric_limits<double>::quiet_NaN() : value.toDouble();
 }
 
+void writeBytes(QDataStream& to, const QByteArray& bytes)
+{
+    to << static_cast<quint32>(bytes.size());
+    to.writeRawData(bytes.constData(), static_cast<int>(bytes.size()));
+}
+
 } // namespace
 
 QByteArray Serializer::serialize(const QString& type, const QCborMap& message)
@@ -59,6 +65,10 @@ void Serializer::writeArray(QDataStream& to, const TypeDetails::Field& field,
             writeValue(to, field.type, static_cast<double>(each));
         return;
     }
+    if (value.isByteArray()) {
+        writeBytes(to, value.toByteArray());
+        return;
+    }
     const QCborArray elements = value.toArray();
     if (field.arrayLength == 0)
         to << static_cast<quint32>(elements.size());
@@ -70,9 +80,7 @@ void Serializer::writeArray(QDataStream& to, const TypeDetails::Field& field,
 void Serializer::writeValue(QDataStream& to, const QString& type, const QCborValue& value)
 {
     if (type == QLatin1String("string")) {
-        const QByteArray text = value.toString().toUtf8();
-        to << static_cast<quint32>(text.size());
-        to.writeRawData(text.constData(), static_cast<int>(text.size()));
+        writeBytes(to, value.toString().toUtf8());
     } else if (type == QLatin1String("bool")) {
         to << value.toBool();
     } else if (type == QLatin1String("byte") || type == QLatin1String("int8")) {

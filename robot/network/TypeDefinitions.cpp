@@ -181,6 +181,10 @@ float64[12] P
 uint32 binning_x
 uint32 binning_y
 sensor_msgs/RegionOfInterest roi
+# sensor_msgs/CompressedImage
+std_msgs/Header header
+string format
+uint8[] data
 # sensor_msgs/JointState
 std_msgs/Header header
 string[] name

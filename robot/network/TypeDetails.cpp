@@ -24,6 +24,7 @@ const QMap<QString, QString>& primitives()
         {QStringLiteral("int8"), QStringLiteral("0")},
         {QStringLiteral("int32"), QStringLiteral("0")},
         {QStringLiteral("string"), QLatin1String("")},
+        {QStringLiteral("uint8"), QStringLiteral("0")},
         {QStringLiteral("uint32"), QStringLiteral("0")},
     };
     return examples;

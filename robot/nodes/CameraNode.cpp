@@ -5,11 +5,16 @@
 
 #include "robot/network/Network.h"
 #include "robot/nodes/RosMessages.h"
+#include "robot/simulation/CameraView.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
 
+#include <QBuffer>
 #include <QCborArray>
+#include <QImage>
 #include <QStringList>
+
+#include <utility>
 
 namespace robot::nodes {
 
@@ -24,6 +29,18 @@ const QString& videoMode()
     return name;
 }
 
+/// Empty if Qt cannot write it.
+QByteArray jpeg(const QImage& picture)
+{
+    constexpr int quality =
+        80; // of 100: a viewer sees no difference, and it is a third of the size
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, "jpeg", quality);
+    return bytes;
+}
+
 /// The lists of a dynamic_reconfigure/Config.
 const QStringList& configLists()
 {
@@ -35,9 +52,13 @@ const QStringList& configLists()
 
 } // namespace
 
-CameraNode::CameraNode(network::Network& network) : m_network(network)
+CameraNode::CameraNode(network::Network& network, const simulation::World& world)
+    : m_network(network),
+      m_log(network.log(), QStringLiteral("base")),
+      m_world(world)
 {
     network.topics().addPublished(topic::cameraInfo.name, topic::cameraInfo.type);
+    network.topics().addFleeting(topic::cameraImage.name, topic::cameraImage.type);
     network.services().add(service::setCamera.name,
                            {service::setCamera.type,
                             {QStringLiteral("config")},
@@ -53,6 +74,19 @@ void CameraNode::step(simulation::Time now)
     const std::optional<simulation::CameraInfo> frame = m_camera.takeFrame(now);
     if (frame && m_network.hasSubscribers(topic::cameraInfo.name))
         m_network.publish(topic::cameraInfo.name, toMessage(*frame));
+    if (frame && m_network.hasSubscribers(topic::cameraImage.name))
+        publishPicture(*frame);
+}
+
+void CameraNode::publishPicture(const simulation::CameraInfo& info)
+{
+    const QByteArray data = jpeg(simulation::CameraView(m_world, info).picture());
+    if (!data.isEmpty())
+        m_network.publish(topic::cameraImage.name,
+                          compressedImageMessage(info.header, QStringLiteral("jpeg"), data));
+    else if (!std::exchange(m_hasFailed, true))
+        m_log.write(network::Log::Level::Error,
+                    tr("the camera has no pictures: Qt's plugin for JPEG is missing"));
 }
 
 rosbridge::server::ServiceReply CameraNode::setParameters(const QCborMap& args)

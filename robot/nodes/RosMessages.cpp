@@ -179,6 +179,14 @@ QCborMap toMessage(const simulation::CameraInfo& info)
             {QStringLiteral("roi"), wholePicture}};
 }
 
+QCborMap compressedImageMessage(const simulation::Header& header, const QString& format,
+                                const QByteArray& data)
+{
+    return {{QStringLiteral("header"), toMessage(header)},
+            {QStringLiteral("format"), format},
+            {QStringLiteral("data"), data}};
+}
+
 QCborMap boolMessage(bool data)
 {
     return {{QStringLiteral("data"), data}};

@@ -7,6 +7,7 @@
 #include "robot/simulation/Geometry.h"
 #include "robot/simulation/Header.h"
 
+#include <QByteArray>
 #include <QCborMap>
 #include <QString>
 
@@ -39,6 +40,10 @@ QCborMap toMessage(const simulation::LaserScan& scan);
 QCborMap toMessage(const simulation::Odometry& odometry);
 QCborMap toMessage(const simulation::OccupancyGrid& grid);
 QCborMap toMessage(const simulation::CameraInfo& info);
+
+/// sensor_msgs/CompressedImage.
+QCborMap compressedImageMessage(const simulation::Header& header, const QString& format,
+                                const QByteArray& data);
 
 /// std_msgs/Bool.
 QCborMap boolMessage(bool data);

@@ -19,15 +19,17 @@ public:
     static constexpr const char* frameId = "map";
     static constexpr double width = 12.0; ///< metres, outer walls included
     static constexpr double height = 8.0;
+    static constexpr double ceiling = 2.5; ///< metres above the floor
     static constexpr Pose2D robotStart{1.2, 4.2, 0.0};
 
-    /// Metres; its edges are parallel to the axes.
+    /// Metres; its edges are parallel to the axes. It stands on the floor.
     struct Box
     {
         double left = 0.0;
         double bottom = 0.0;
         double right = 0.0;
         double top = 0.0;
+        double upTo = ceiling; ///< above the floor
     };
 
     /// Outer walls first. All edges lie on a grid of a tenth of a metre.

@@ -10,6 +10,7 @@
 #include <box2d/b2_world.h>
 #include <box2d/b2_world_callbacks.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace robot::simulation {
@@ -50,6 +51,55 @@ private:
     std::optional<float> m_fraction;
 };
 
+/// What Box2D keeps with each fixture: the index of its box or person.
+std::size_t indexOf(b2Fixture& fixture)
+{
+    return fixture.GetUserData().pointer;
+}
+
+class AllHits : public b2RayCastCallback
+{
+public:
+    AllHits(const b2Body* ignored, double length) : m_ignored(ignored), m_length(length) {}
+
+    float ReportFixture(b2Fixture* fixture, const b2Vec2& /*point*/, const b2Vec2& normal,
+                        float fraction) override
+    {
+        if (fixture->GetBody() == m_ignored)
+            return -1.0F; // go on as if it were not there
+        World::Hit hit;
+        hit.distance = fraction * m_length;
+        hit.normal_x = normal.x;
+        if (fixture->GetBody()->GetType() == b2_dynamicBody)
+            hit.person = static_cast<int>(indexOf(*fixture));
+        else
+            hit.upTo = FloorPlan::walls()[indexOf(*fixture)].upTo;
+        m_hits.push_back(hit);
+        if (hit.upTo >= FloorPlan::ceiling)
+            m_reach = fraction; // nothing is seen behind a wall
+        return m_reach;
+    }
+
+    /// Farthest first. Hits are reported in any order, so some may lie behind a wall.
+    std::vector<World::Hit> sorted()
+    {
+        std::sort(m_hits.begin(), m_hits.end(),
+                  [](const auto& a, const auto& b) { return a.distance > b.distance; });
+        const auto wall = std::find_if(m_hits.rbegin(), m_hits.rend(), [](const World::Hit& hit) {
+            return hit.upTo >= FloorPlan::ceiling;
+        });
+        if (wall != m_hits.rend())
+            m_hits.erase(m_hits.begin(), wall.base() - 1);
+        return std::move(m_hits);
+    }
+
+private:
+    const b2Body* m_ignored;
+    double m_length;
+    float m_reach = 1.0F;
+    std::vector<World::Hit> m_hits;
+};
+
 b2Vec2 vector(double x, double y)
 {
     return {static_cast<float>(x), static_cast<float>(y)};
@@ -66,6 +116,7 @@ World::World(quint32 seed) : m_random(seed), m_physics(std::make_unique<b2World>
     for (const Pose2D& place : FloorPlan::people()) {
         Person person;
         person.body = addDisc(place, personRadius, personDensity);
+        person.body->GetFixtureList()->GetUserData().pointer = m_people.size();
         person.speed = speed(m_random);
         const double angle = direction(m_random);
         person.body->SetLinearVelocity(person.speed * vector(std::cos(angle), std::sin(angle)));
@@ -79,12 +130,13 @@ void World::addWalls()
 {
     const b2BodyDef definition; // static, at the origin
     b2Body* building = m_physics->CreateBody(&definition);
+    std::size_t index = 0;
     for (const FloorPlan::Box& box : FloorPlan::walls()) {
         b2PolygonShape shape;
         shape.SetAsBox(static_cast<float>((box.right - box.left) / 2.0),
                        static_cast<float>((box.top - box.bottom) / 2.0),
                        vector((box.left + box.right) / 2.0, (box.bottom + box.top) / 2.0), 0.0F);
-        building->CreateFixture(&shape, 0.0F);
+        building->CreateFixture(&shape, 0.0F)->GetUserData().pointer = index++;
     }
 }
 
@@ -163,6 +215,16 @@ std::optional<double> World::castRay(const Pose2D& from, double length) const
     if (!hit.fraction())
         return std::nullopt;
     return *hit.fraction() * length;
+}
+
+std::vector<World::Hit> World::castThrough(const Pose2D& from, double length) const
+{
+    const b2Vec2 start = vector(from.x, from.y);
+    const b2Vec2 end =
+        vector(from.x + length * std::cos(from.theta), from.y + length * std::sin(from.theta));
+    AllHits hits(m_robot, length);
+    m_physics->RayCast(&hits, start, end);
+    return hits.sorted();
 }
 
 } // namespace robot::simulation

@@ -28,6 +28,15 @@ public:
     static constexpr double robotRadius = 0.25;  ///< metres
     static constexpr double personRadius = 0.22; ///< metres
 
+    /// Where a ray meets a box of the floor plan, or else a person.
+    struct Hit
+    {
+        double distance = 0.0;     ///< metres
+        double normal_x = 0.0;     ///< of the surface: 1 or -1 where it looks along the x axis
+        std::optional<int> person; ///< the index in people()
+        double upTo = 0.0;         ///< metres above the floor, of a box
+    };
+
     explicit World(quint32 seed);
     ~World();
     Q_DISABLE_COPY(World)
@@ -52,6 +61,10 @@ public:
     /// The distance from @p from along its theta to the nearest wall or person, in metres; nothing
     /// within @p length (positive) gives nothing. The robot itself is not seen.
     std::optional<double> castRay(const Pose2D& from, double length) const;
+
+    /// All that is in the way of such a ray above the floor, farthest first: what stands behind
+    /// something that is as high as the room is left out.
+    std::vector<Hit> castThrough(const Pose2D& from, double length) const;
 
 private:
     struct Person

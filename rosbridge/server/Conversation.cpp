@@ -222,7 +222,8 @@ void Conversation::subscribe(Request& request)
 
     const bool isFirst = subscription == m_subscriptions.end();
     if (isFirst)
-        subscription = m_subscriptions.emplace(name, Subscription(name, m_limits)).first;
+        subscription =
+            m_subscriptions.emplace(name, Subscription(name, m_limits, topic->kind)).first;
     subscription->second.request(request.id(),
                                  {Time(throttle), static_cast<int>(queueLength), *encoding});
     if (isFirst && topic->last)
@@ -291,7 +292,7 @@ void Conversation::ignoreStatus(Request& /*request*/)
 void Conversation::sendDue(Subscription& subscription, Time now)
 {
     while (const std::optional<EncodedMessage> frame = subscription.take(now))
-        m_send(*frame, Outbox::Kind::Topic);
+        m_send(*frame, subscription.kind());
 }
 
 void Conversation::status(const Request& request, Level level, const QString& text)

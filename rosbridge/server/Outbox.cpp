@@ -11,6 +11,8 @@ Outbox::Outbox(qint64 maximumBytes) : m_maximumBytes(maximumBytes) {}
 
 bool Outbox::push(const EncodedMessage& frame, Kind kind)
 {
+    if (kind == Kind::Fleeting && !m_entries.empty())
+        return true;
     while (!m_entries.empty() && m_bytes + frame.bytes.size() > m_maximumBytes) {
         if (dropOldestTopicMessage())
             continue;
@@ -43,7 +45,7 @@ void Outbox::clear()
 bool Outbox::dropOldestTopicMessage()
 {
     const auto oldest = std::find_if(m_entries.begin(), m_entries.end(),
-                                     [](const Entry& entry) { return entry.kind == Kind::Topic; });
+                                     [](const Entry& entry) { return entry.kind != Kind::Answer; });
     if (oldest == m_entries.end())
         return false;
     m_bytes -= oldest->frame.bytes.size();

@@ -21,6 +21,7 @@ public:
     {
         Answer, ///< the client waits for it
         Topic,
+        Fleeting, ///< a topic's message that is dropped rather than kept waiting behind others
     };
 
     explicit Outbox(qint64 maximumBytes);
@@ -37,7 +38,7 @@ public:
 
     qint64 bytes() const { return m_bytes; }
 
-    quint64 dropped() const { return m_dropped; } ///< messages of topics, ever
+    quint64 dropped() const { return m_dropped; } ///< messages of topics but fleeting ones, ever
 
 private:
     struct Entry

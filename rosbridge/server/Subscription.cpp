@@ -10,8 +10,9 @@
 
 namespace rosbridge::server {
 
-Subscription::Subscription(const QString& name, const Limits& limits)
+Subscription::Subscription(const QString& name, const Limits& limits, Outbox::Kind kind)
     : m_name(name),
+      m_kind(kind),
       m_maximumLength(limits.queueLength),
       m_maximumBytes(limits.queueBytes)
 {

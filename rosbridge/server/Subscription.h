@@ -6,6 +6,7 @@
 
 #include "rosbridge/server/EncodedMessage.h"
 #include "rosbridge/server/Limits.h"
+#include "rosbridge/server/Outbox.h"
 
 #include <QCborValue>
 #include <QMap>
@@ -34,8 +35,11 @@ public:
         Encoding encoding = Encoding::Json;
     };
 
-    /// @p name is the topic as the client wrote it.
-    Subscription(const QString& name, const Limits& limits);
+    /// @p name is the topic as the client wrote it, @p kind what its messages are to the outbox.
+    Subscription(const QString& name, const Limits& limits,
+                 Outbox::Kind kind = Outbox::Kind::Topic);
+
+    Outbox::Kind kind() const { return m_kind; }
 
     /// Adds a request or replaces the one with the same @p id (undefined: the one without).
     void request(const QCborValue& id, const Options& options);
@@ -61,6 +65,7 @@ private:
     Time earliest() const;
 
     QString m_name;
+    Outbox::Kind m_kind;
     int m_maximumLength;
     qint64 m_maximumBytes;
     QMap<QCborValue, Options> m_requests;

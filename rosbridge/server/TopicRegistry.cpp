@@ -24,12 +24,18 @@ void TopicRegistry::addLatched(const QString& name, const QString& type)
     m_topics[name].isLatched = true;
 }
 
+void TopicRegistry::addFleeting(const QString& name, const QString& type)
+{
+    addPublished(name, type);
+    m_topics[name].kind = Outbox::Kind::Fleeting;
+}
+
 void TopicRegistry::addCommand(const QString& name, const QString& type, Access access,
                                Handler handler)
 {
     Q_ASSERT(name == protocol::canonicalName(name));
     Q_ASSERT(!m_topics.contains(name));
-    m_topics.insert(name, {type, std::move(handler), access, false, nullptr});
+    m_topics.insert(name, {type, std::move(handler), access, false, Outbox::Kind::Topic, nullptr});
 }
 
 const TopicRegistry::Topic* TopicRegistry::find(const QString& name) const

@@ -5,6 +5,7 @@
 #define ROSBRIDGE_SERVER_TOPICREGISTRY_H
 
 #include "rosbridge/server/Access.h"
+#include "rosbridge/server/Outbox.h"
 #include "rosbridge/server/Peer.h"
 
 #include <QCborMap>
@@ -40,6 +41,7 @@ public:
         Handler handler; ///< empty on a topic the robot publishes
         Access access = Access::Anyone;
         bool isLatched = false;
+        Outbox::Kind kind = Outbox::Kind::Topic; ///< of its messages
         std::shared_ptr<const Publication> last; ///< on a latched topic, once there is one
     };
 
@@ -47,9 +49,11 @@ public:
     explicit TopicRegistry(const Authority& authority);
 
     /// Once per name, before clients come. The last message of a latched topic is the robot's
-    /// state: who subscribes gets it at once.
+    /// state: who subscribes gets it at once. One of a fleeting topic is worth nothing late: a
+    /// client that is behind does not get it.
     void addPublished(const QString& name, const QString& type);
     void addLatched(const QString& name, const QString& type);
+    void addFleeting(const QString& name, const QString& type);
     void addCommand(const QString& name, const QString& type, Access access, Handler handler);
 
     /// From now on topics can be had with the compression "cbor-raw".

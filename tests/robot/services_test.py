@@ -15,6 +15,7 @@ from endpoint import Client, EndpointTest, main
 TRIGGER = "std_srvs/Trigger"
 TOPICS = {
     "/camera/camera_info": "sensor_msgs/CameraInfo",
+    "/camera/image_raw/compressed": "sensor_msgs/CompressedImage",
     "/clock": "rosgraph_msgs/Clock",
     "/cmd_vel": "geometry_msgs/Twist",
     "/drive/disabled": "std_msgs/Bool",

@@ -66,6 +66,12 @@ void SerializerTest::a_message_is_its_fields_in_their_order_data()
                                                     {QStringLiteral("topics"), QCborArray{}}}
         << bytes(headerHex) +
                bytes("02 01000000 6e 01000000 6d 00000000 00000000 ffffffff 00000000");
+    QTest::newRow("a byte string")
+        << QString("sensor_msgs/CompressedImage")
+        << QCborMap{{QStringLiteral("header"), header},
+                    {QStringLiteral("format"), QString("jpeg")},
+                    {QStringLiteral("data"), bytes("ff d8 00 d9")}}
+        << bytes(headerHex) + bytes("04000000 6a706567 04000000 ff d8 00 d9");
     QTest::newRow("messages and small integers")
         << QString("nav_msgs/OccupancyGrid")
         << QCborMap{{QStringLiteral("header"), header},

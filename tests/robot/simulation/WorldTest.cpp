@@ -26,6 +26,7 @@ private Q_SLOTS:
     void a_ray_ends_at_the_first_wall();
     void a_ray_that_meets_nothing_gives_nothing();
     void a_ray_sees_people_and_not_the_robot();
+    void a_ray_goes_on_above_what_is_lower_than_the_room();
     void rays_and_the_map_agree();
     void the_robot_drives_where_its_twist_says();
     void a_wall_stops_the_robot();
@@ -114,6 +115,26 @@ void WorldTest::a_ray_sees_people_and_not_the_robot()
     QVERIFY(hit);
     const double expected = person.x - World::personRadius - 0.5;
     QVERIFY2(std::abs(*hit - expected) < 1e-4, qPrintable(QString::number(*hit)));
+}
+
+void WorldTest::a_ray_goes_on_above_what_is_lower_than_the_room()
+{
+    const World world(1);
+    const std::vector<World::Hit> table = world.castThrough({5.9, 5.5, pi / 2.0}, 15.0);
+    QCOMPARE(table.size(), size_t{2});
+    QVERIFY(std::abs(table[0].distance - 2.3) < 1e-4);
+    QCOMPARE(table[0].upTo, FloorPlan::ceiling);
+    QVERIFY(std::abs(table[1].distance - 0.7) < 1e-4);
+    QCOMPARE(table[1].upTo, 0.75);
+    QVERIFY(!table[1].person);
+    QVERIFY(std::abs(table[1].normal_x) < 1e-6);
+
+    const std::vector<World::Hit> corridor = world.castThrough({0.5, 4.2, 0.0}, 15.0);
+    QCOMPARE(corridor.size(), size_t{2});
+    QVERIFY(std::abs(corridor[0].distance - 11.3) < 1e-4);
+    QVERIFY(std::abs(corridor[0].normal_x) > 1.0 - 1e-6);
+    QCOMPARE(corridor[1].person.value_or(-1), 0);
+    QVERIFY(world.castThrough({0.5, 4.2, 0.0}, 0.5).empty());
 }
 
 void WorldTest::rays_and_the_map_agree()

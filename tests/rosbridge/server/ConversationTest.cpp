@@ -35,7 +35,7 @@ public:
     Scene()
     {
         topics.addPublished(QStringLiteral("/state"), QStringLiteral("test/State"));
-        topics.addPublished(QStringLiteral("/picture"), QStringLiteral("test/Picture"));
+        topics.addFleeting(QStringLiteral("/picture"), QStringLiteral("test/Picture"));
         topics.addLatched(QStringLiteral("/light"), QStringLiteral("test/Light"));
         for (const char* name : {"/drive", "/lift", "/turn"})
             topics.addCommand(QLatin1String(name), QStringLiteral("test/Command"),
@@ -298,7 +298,10 @@ void ConversationTest::topics_and_answers_are_told_apart()
     first.handle(subscribe("/state", 0, 0));
     first.offer(Publication(QStringLiteral("/state"), {}), 0ms);
     first.handle({{text("op"), text("fly")}});
-    QVERIFY((scene.kinds == QVector<Outbox::Kind>{Outbox::Kind::Topic, Outbox::Kind::Answer}));
+    first.handle(subscribe("/picture", 0, 0));
+    first.offer(Publication(QStringLiteral("/picture"), {}), 0ms);
+    QVERIFY((scene.kinds == QVector<Outbox::Kind>{Outbox::Kind::Topic, Outbox::Kind::Answer,
+                                                  Outbox::Kind::Fleeting}));
 }
 
 void ConversationTest::a_latched_message_comes_once_with_the_first_subscription()

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void answers_are_never_dropped();
     void too_many_answers_are_refused();
     void a_topic_makes_no_room_among_answers();
+    void a_fleeting_message_does_not_wait_behind_others();
+    void a_fleeting_message_makes_room();
     void a_single_message_is_taken_whatever_its_size();
 
 private:
@@ -95,6 +97,25 @@ void OutboxTest::a_topic_makes_no_room_among_answers()
     QVERIFY(outbox.push(frame('d'), Outbox::Kind::Topic));
     QCOMPARE(outbox.dropped(), quint64(1));
     QCOMPARE(contents(outbox), QByteArray("abc"));
+}
+
+void OutboxTest::a_fleeting_message_does_not_wait_behind_others()
+{
+    Outbox outbox(100);
+    QVERIFY(outbox.push(frame('a'), Outbox::Kind::Fleeting));
+    QVERIFY(outbox.push(frame('b'), Outbox::Kind::Fleeting));
+    QVERIFY(outbox.push(frame('c'), Outbox::Kind::Topic));
+    QVERIFY(outbox.push(frame('d'), Outbox::Kind::Fleeting));
+    QCOMPARE(outbox.dropped(), quint64(0)); // no reason for a warning
+    QCOMPARE(contents(outbox), QByteArray("ac"));
+}
+
+void OutboxTest::a_fleeting_message_makes_room()
+{
+    Outbox outbox(30);
+    QVERIFY(outbox.push(frame('a'), Outbox::Kind::Fleeting));
+    QVERIFY(outbox.push(frame('b', 25), Outbox::Kind::Topic));
+    QCOMPARE(contents(outbox), QByteArray("b"));
 }
 
 void OutboxTest::a_single_message_is_taken_whatever_its_size()
