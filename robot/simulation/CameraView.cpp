@@ -33,6 +33,8 @@ constexpr Colour trousersColour{52, 58, 84};
 constexpr std::array<Colour, 4> shirtColours{
     {{206, 58, 48}, {38, 104, 196}, {44, 148, 82}, {226, 166, 32}}};
 
+constexpr int blockWidth = 16; // columns: as many as a line of the processor's cache holds
+
 constexpr double tile = 0.5;        // metres
 constexpr double skirting = 0.1;    // metres above the floor
 constexpr double topEdge = 0.04;    // metres below the top of a piece of furniture
@@ -87,7 +89,7 @@ CameraView::CameraView(const World& world, const CameraInfo& info)
       m_ahead_y(std::sin(m_eye.theta)),
       m_people(world.people()),
       m_width(static_cast<int>(info.width)),
-      m_column(info.height)
+      m_block(static_cast<std::size_t>(blockWidth) * info.height)
 {
     m_rows.reserve(info.height);
     for (quint32 row = 0; row < info.height; ++row) {
@@ -96,24 +98,31 @@ CameraView::CameraView(const World& world, const CameraInfo& info)
             below > 0.0 ? Camera::mountHeight : Camera::mountHeight - FloorPlan::ceiling;
         const double depth = std::min(reach, toSurface / below);
         const double light = brightness(depth);
+        const auto tiles = static_cast<float>(depth / tile);
         if (below > 0.0)
-            m_rows.push_back({depth, lit(lightTile, light), lit(darkTile, light)});
+            m_rows.push_back({tiles, lit(lightTile, light), lit(darkTile, light)});
         else
-            m_rows.push_back({depth, lit(ceilingColour, light), lit(ceilingColour, light)});
+            m_rows.push_back({tiles, lit(ceilingColour, light), 0});
     }
 }
 
 QImage CameraView::picture()
 {
-    QImage picture(m_width, static_cast<int>(m_rows.size()), QImage::Format_RGB32);
-    const qsizetype stride = picture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
-    auto* const pixels = reinterpret_cast<QRgb*>(picture.bits());
-    for (int column = 0; column < m_width; ++column) {
-        paintColumn(column);
-        QRgb* pixel = pixels + column;
-        for (const QRgb colour : m_column) {
-            *pixel = colour;
-            pixel += stride;
+    const std::size_t height = m_rows.size();
+    QImage picture(m_width, static_cast<int>(height), QImage::Format_RGB32);
+    // Memory is written much faster along a row than along a column.
+    for (int left = 0; left < m_width; left += blockWidth) {
+        const int count = std::min(blockWidth, m_width - left);
+        for (int i = 0; i < count; ++i) {
+            m_column = &m_block[static_cast<std::size_t>(i) * height];
+            paintColumn(left + i);
+        }
+        for (std::size_t row = 0; row < height; ++row) {
+            auto* const pixels =
+                reinterpret_cast<QRgb*>(picture.scanLine(static_cast<int>(row))) + left;
+            const QRgb* from = &m_block[row];
+            for (int i = 0; i < count; ++i, from += height)
+                pixels[i] = *from;
         }
     }
     return picture;
@@ -126,8 +135,8 @@ void CameraView::paintColumn(int column)
     const Pose2D ray{m_eye.x, m_eye.y, m_eye.theta - std::atan(sideways)};
     const std::vector<World::Hit> hits = m_world.castThrough(ray, reach);
     const double farthest = hits.empty() ? reach : hits.front().distance / stretch;
-    paintFlat(sideways, 0, rowOf(FloorPlan::ceiling, farthest));
-    paintFlat(sideways, rowOf(0.0, farthest), m_rows.size());
+    paintCeiling(rowOf(FloorPlan::ceiling, farthest));
+    paintFloor(sideways, rowOf(0.0, farthest));
     for (const World::Hit& hit : hits) {
         if (hit.person)
             paintPerson(*hit.person, sideways);
@@ -136,16 +145,24 @@ void CameraView::paintColumn(int column)
     }
 }
 
-/// Floor and ceiling.
-void CameraView::paintFlat(double sideways, std::size_t from, std::size_t to)
+void CameraView::paintCeiling(std::size_t to)
 {
-    const double dx = m_ahead_x + sideways * m_ahead_y;
-    const double dy = m_ahead_y - sideways * m_ahead_x;
-    for (std::size_t row = from; row < to; ++row) {
-        const Row& flat = m_rows[row];
-        const auto x = static_cast<int>((m_eye.x + flat.depth * dx) / tile);
-        const auto y = static_cast<int>((m_eye.y + flat.depth * dy) / tile);
-        m_column[row] = ((x + y) & 1) == 0 ? flat.light : flat.dark;
+    for (std::size_t row = 0; row < to; ++row)
+        m_column[row] = m_rows[row].light;
+}
+
+void CameraView::paintFloor(double sideways, std::size_t from)
+{
+    // In tiles; a float is exact enough, and this is done for every second pixel.
+    const auto x = static_cast<float>(m_eye.x / tile);
+    const auto y = static_cast<float>(m_eye.y / tile);
+    const auto dx = static_cast<float>(m_ahead_x + sideways * m_ahead_y);
+    const auto dy = static_cast<float>(m_ahead_y - sideways * m_ahead_x);
+    for (std::size_t row = from; row < m_rows.size(); ++row) {
+        const Row& floor = m_rows[row];
+        const auto column = static_cast<int>(x + floor.tiles * dx);
+        const auto line = static_cast<int>(y + floor.tiles * dy);
+        m_column[row] = ((column + line) % 2) == 0 ? floor.light : floor.dark;
     }
 }
 

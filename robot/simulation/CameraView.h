@@ -25,17 +25,19 @@ public:
     QImage picture();
 
 private:
-    /// Of floor or ceiling: how far ahead it is that is seen there, and the colours of its tiles.
+    /// Of floor or ceiling: how far ahead it is that is seen there, and the colours of its tiles;
+    /// the ceiling has only one.
     struct Row
     {
-        double depth = 0.0; // metres
+        float tiles = 0.0F; // the floor's, one after the other
         QRgb light = 0;
         QRgb dark = 0;
     };
 
     // What is "sideways" is that many metres to the right for each metre ahead.
     void paintColumn(int column);
-    void paintFlat(double sideways, std::size_t from, std::size_t to);
+    void paintCeiling(std::size_t to);
+    void paintFloor(double sideways, std::size_t from);
     void paintBox(const World::Hit& hit, double depth);
     void paintPerson(int person, double sideways);
     void fill(std::size_t from, std::size_t to, QRgb colour);
@@ -51,7 +53,8 @@ private:
     std::vector<Pose2D> m_people;
     int m_width;
     std::vector<Row> m_rows;
-    std::vector<QRgb> m_column; // the one that is being painted
+    std::vector<QRgb> m_block; // some columns, one after the other
+    QRgb* m_column = nullptr;  // of these the one that is being painted
 };
 
 } // namespace robot::simulation
