@@ -295,6 +295,10 @@
         <source>letting the robot move again after a stop</source>
         <translation>das Freigeben nach einem Halt</translation>
     </message>
+    <message>
+        <source>the camera&apos;s pictures</source>
+        <translation>die Bilder der Kamera</translation>
+    </message>
 </context>
 <context>
     <name>host::device::connection::SilentTopics</name>
@@ -861,6 +865,83 @@
     <message>
         <source>scan %1 of %2, ranges: %3</source>
         <translation>Scan %1 von %2, Entfernungen: %3</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::camera::CameraDock</name>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>The newest picture of the robot&apos;s camera</source>
+        <translation>Das neueste Bild der Kamera des Roboters</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::camera::CameraState</name>
+    <message>
+        <source>Not connected.</source>
+        <translation>Nicht verbunden.</translation>
+    </message>
+    <message>
+        <source>A picture on %1 cannot be shown: %2.</source>
+        <translation>Ein Bild auf %1 kann nicht gezeigt werden: %2.</translation>
+    </message>
+    <message>
+        <source>The robot does not publish %1. If it has another name for its pictures, enter it in Robot &gt; Names….</source>
+        <translation>Der Roboter veröffentlicht %1 nicht. Hat er für seine Bilder einen anderen Namen, geben Sie ihn unter Roboter &gt; Namen… ein.</translation>
+    </message>
+    <message>
+        <source>The robot publishes %1 as %2, not as %3.</source>
+        <translation>Der Roboter veröffentlicht %1 als %2, nicht als %3.</translation>
+    </message>
+    <message>
+        <source>Waiting for a picture on %1 …</source>
+        <translation>Es wird auf ein Bild auf %1 gewartet …</translation>
+    </message>
+    <message>
+        <source>The picture is %1 old.</source>
+        <translation>Das Bild ist %1 alt.</translation>
+    </message>
+    <message>
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>%1 old</source>
+        <translation>%1 alt</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::camera::CompressedPicture</name>
+    <message>
+        <source>is neither JPEG nor PNG; the robot calls it &quot;%1&quot;</source>
+        <translation>ist weder JPEG noch PNG; der Roboter nennt es „%1“</translation>
+    </message>
+    <message>
+        <source>has more than %1 scans</source>
+        <translation>hat mehr als %1 Durchgänge</translation>
+    </message>
+    <message>
+        <source>has %1 × %2 pixels; at most %3 are accepted</source>
+        <translation>hat %1 × %2 Pixel; höchstens %3 werden angenommen</translation>
+    </message>
+    <message>
+        <source>cannot be decoded: %1</source>
+        <translation>lässt sich nicht dekodieren: %1</translation>
     </message>
 </context>
 <context>
@@ -2975,6 +3056,14 @@
     <message>
         <source>has %1 elements; at most %2 are accepted</source>
         <translation>hat %1 Elemente; höchstens %2 werden angenommen</translation>
+    </message>
+    <message>
+        <source>is %1, not bytes</source>
+        <translation>ist %1, keine Bytes</translation>
+    </message>
+    <message>
+        <source>is text, but not base64</source>
+        <translation>ist Text, aber kein Base64</translation>
     </message>
 </context>
 <context>

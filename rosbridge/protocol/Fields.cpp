@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace rosbridge::protocol {
 
@@ -99,6 +100,22 @@ QVector<float> Fields::floats(const char* name)
     if (!floats)
         fail(name, tr("cannot be read: %1").arg(why));
     return floats.value_or(QVector<float>());
+}
+
+QByteArray Fields::bytes(const char* name)
+{
+    const QCborValue found = value(name);
+    if (found.isByteArray())
+        return found.toByteArray();
+    if (!found.isString()) {
+        fail(name, tr("is %1, not bytes").arg(kindOf(found)));
+        return {};
+    }
+    auto decoded = QByteArray::fromBase64Encoding(found.toString().toLatin1(),
+                                                  QByteArray::AbortOnBase64DecodingErrors);
+    if (!decoded)
+        fail(name, tr("is text, but not base64"));
+    return std::move(decoded.decoded);
 }
 
 Fields Fields::object(const char* name)

@@ -4,6 +4,7 @@
 #ifndef ROSBRIDGE_PROTOCOL_FIELDS_H
 #define ROSBRIDGE_PROTOCOL_FIELDS_H
 
+#include <QByteArray>
 #include <QCborMap>
 #include <QCoreApplication>
 #include <QString>
@@ -37,6 +38,8 @@ public:
     /// At most @p most of them.
     QStringList texts(const char* name, int most);
     QVector<float> floats(const char* name);
+    /// A uint8[]: bytes in CBOR, base64 text in JSON.
+    QByteArray bytes(const char* name);
     /// The fields of an object within, named "outer.inner" in the error.
     Fields object(const char* name);
 

@@ -4,6 +4,7 @@
 #include "host/workbench/window/DeviceView.h"
 
 #include "host/device/Device.h"
+#include "host/workbench/camera/CameraDock.h"
 #include "host/workbench/faults/FaultsMenu.h"
 #include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/plugin/FailureCard.h"
@@ -138,10 +139,13 @@ void DeviceView::notify(const QString& words)
 void DeviceView::addDocks()
 {
     auto* robot = new robotview::RobotDock(m_device, this);
+    auto* camera = new camera::CameraDock(m_device, this);
     auto* variables = new variables::VariablesDock(m_device.variables(), this);
     auto* traffic = new traffic::TrafficDock(m_device.traffic(), this);
-    for (QDockWidget* dock : std::initializer_list<QDockWidget*>{robot, variables, traffic}) {
-        addDockWidget(dock == robot ? Qt::RightDockWidgetArea : Qt::BottomDockWidgetArea, dock);
+    for (QDockWidget* dock :
+         std::initializer_list<QDockWidget*>{robot, camera, variables, traffic}) {
+        const bool isForDevelopers = dock == variables || dock == traffic;
+        addDockWidget(isForDevelopers ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
         m_viewMenu->addAction(dock->toggleViewAction());
         connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool isOpened) {
             if (!isOpened)
@@ -150,6 +154,7 @@ void DeviceView::addDocks()
             dock->setFocus();
         });
     }
+    tabifyDockWidget(robot, camera);
     tabifyDockWidget(variables, traffic);
     robot->setVisible(!m_plugin.failure()); // the others are for developers
     connect(traffic, &traffic::TrafficDock::problem, this, &DeviceView::notify);

@@ -90,6 +90,12 @@ QCborValue packed(int tag, const QCborArray& numbers)
 /// Nothing where it is no array of numbers that the conversion knows.
 std::optional<QCborValue> toTypedArray(const QString& type, const QCborArray& numbers)
 {
+    if (type == QLatin1String("uint8[]")) { // bytes, and not numbers
+        QByteArray bytes;
+        for (const QCborValue number : numbers)
+            bytes.append(static_cast<char>(number.toInteger()));
+        return bytes;
+    }
     if (type == QLatin1String("int8[]"))
         return packed<qint8>(72, numbers);
     if (type == QLatin1String("float32[]"))

@@ -1,22 +1,19 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "DockOfRobot.h"
 #include "Patience.h"
 #include "RobotMessages.h"
 #include "TestCase.h"
 #include "tests/host/device/FakeRobot.h"
 
-#include "host/device/Device.h"
 #include "host/workbench/EmbeddedRobot.h"
-#include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/robotview/RobotDock.h"
 #include "host/workbench/robotview/WorldView.h"
 
 #include <QAbstractItemModelTester>
 #include <QLabel>
-#include <QMainWindow>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QToolButton>
 #include <QTreeView>
 #include <QtTest>
@@ -25,9 +22,7 @@
 
 namespace robot_dock_test {
 
-using namespace host::workbench::plugin;
 using namespace host::workbench::robotview;
-using host::device::Device;
 using host::device::connection::Connection;
 using host::workbench::EmbeddedRobot;
 
@@ -35,37 +30,9 @@ namespace {
 
 const char* const joints = "sensor_msgs/JointState";
 
-/// The dock of a device in a window.
-struct Workbench
+struct Workbench : DockOfRobot<RobotDock>
 {
-    explicit Workbench(const QString& address)
-    {
-        device.overrideAddress(address);
-        dock = new RobotDock(device, &window);
-        window.addDockWidget(Qt::RightDockWidgetArea, dock);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window, patience));
-    }
-
-    void join(int state = Connection::connected)
-    {
-        QVERIFY(device.connectDevice());
-        QTRY_COMPARE_WITH_TIMEOUT(device.connectionState(), state, patience);
-    }
-
-    /// The robot has got all that was sent to it until now.
-    void waitForRobot()
-    {
-        bool isAnswered = false;
-        device.connection().call("/nothing", {}, [&](const auto&) { isAnswered = true; });
-        QTRY_VERIFY_WITH_TIMEOUT(isAnswered, patience);
-    }
-
-    template <class Widget>
-    Widget* part(const char* name) const
-    {
-        return dock->findChild<Widget*>(name);
-    }
+    using DockOfRobot::DockOfRobot;
 
     QString cell(int row, int column = RobotModel::PresentColumn) const
     {
@@ -78,18 +45,6 @@ struct Workbench
     }
 
     QString notes() const { return part<QLabel>("notes")->text(); }
-
-    QTemporaryDir folder;
-    PluginEnvironment environment;
-    host::device::connection::Timing timing = [] {
-        host::device::connection::Timing timing;
-        timing.frame = std::chrono::milliseconds(5);
-        timing.firstQuestion = std::chrono::milliseconds(10); // as if seconds went by
-        return timing;
-    }();
-    Device device{"robot", folder.path(), environment, timing};
-    QMainWindow window;
-    RobotDock* dock = nullptr;
 };
 
 void publish(FakeRobot& robot, const QStringList& topics)

@@ -85,10 +85,13 @@ void KeyboardTest::tab_reaches_every_control_once_in_the_order_of_reading_data()
     const QStringList laser{"olm::qt::log::View", "QTabBar"};
     const QStringList robot{"QToolButton", "QToolButton", "host::workbench::robotview::WorldView",
                             "QTreeView"};
-    const QStringList variables{"QLineEdit", "QTreeView",   "QComboBox",
-                                "QLineEdit", "QPushButton", "QTabBar"};
-    const QStringList traffic{"QLineEdit",   "QPushButton", "QPushButton",
-                              "QPushButton", "QTreeView",   "QTabBar"};
+    // Docks for operators are stacked, and those for developers.
+    const QStringList tabBars{"QTabBar", "QTabBar"};
+    const QStringList variables =
+        QStringList{"QLineEdit", "QTreeView", "QComboBox", "QLineEdit", "QPushButton"} + tabBars;
+    const QStringList traffic =
+        QStringList{"QLineEdit", "QPushButton", "QPushButton", "QPushButton", "QTreeView"} +
+        tabBars;
     const QStringList help{"QTextBrowser"};
     QTest::newRow("base, variables")
         << 0 << "VariablesDock" << toolBar + base + robot + variables + help;
