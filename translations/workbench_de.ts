@@ -868,6 +868,197 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::armview::ArmControl</name>
+    <message>
+        <source>Not sent: %1.</source>
+        <translation>Nicht gesendet: %1.</translation>
+    </message>
+    <message>
+        <source>Not sent: the robot is not under control.</source>
+        <translation>Nicht gesendet: Sie haben keine Kontrolle über den Roboter.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::armview::ArmDock</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>°</source>
+        <translation>°</translation>
+    </message>
+    <message>
+        <source>Arm</source>
+        <translation>Arm</translation>
+    </message>
+    <message>
+        <source>The arm from the side</source>
+        <translation>Der Arm von der Seite</translation>
+    </message>
+    <message>
+        <source>Solid: where the arm is. Outline: where its targets are. All axes turn in one plane here, and all links have the same length.</source>
+        <translation>Ausgefüllt: wo der Arm ist. Umriss: wo seine Ziele liegen. Alle Achsen drehen sich hier in einer Ebene, und alle Glieder sind gleich lang.</translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation>Achse</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Aktuell</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>Jog</source>
+        <translation>Tippen</translation>
+    </message>
+    <message>
+        <source>Axis %1</source>
+        <translation>Achse %1</translation>
+    </message>
+    <message>
+        <source>%1: target</source>
+        <translation>%1: Ziel</translation>
+    </message>
+    <message>
+        <source>%1: one step back</source>
+        <translation>%1: einen Schritt zurück</translation>
+    </message>
+    <message>
+        <source>%1: one step forward</source>
+        <translation>%1: einen Schritt vor</translation>
+    </message>
+    <message>
+        <source>Move axis %1 back by one step</source>
+        <translation>Achse %1 um einen Schritt zurück bewegen</translation>
+    </message>
+    <message>
+        <source>Move axis %1 forward by one step</source>
+        <translation>Achse %1 um einen Schritt vor bewegen</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>Schrittweite</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>Los</translation>
+    </message>
+    <message>
+        <source>Send all axes to their targets at this speed</source>
+        <translation>Alle Achsen mit dieser Geschwindigkeit an ihre Ziele schicken</translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation>Halten</translation>
+    </message>
+    <message>
+        <source>Stop all axes where they are</source>
+        <translation>Alle Achsen anhalten, wo sie sind</translation>
+    </message>
+    <message>
+        <source>Stored positions</source>
+        <translation>Gespeicherte Positionen</translation>
+    </message>
+    <message>
+        <source>Go to</source>
+        <translation>Anfahren</translation>
+    </message>
+    <message>
+        <source>Send the arm to the chosen position at the speeds stored with it</source>
+        <translation>Den Arm zur gewählten Position schicken, mit den Geschwindigkeiten, die mit ihr gespeichert sind</translation>
+    </message>
+    <message>
+        <source>Switch torque on</source>
+        <translation>Drehmoment einschalten</translation>
+    </message>
+    <message>
+        <source>Switch line %1 on</source>
+        <translation>Leitung %1 einschalten</translation>
+    </message>
+    <message>
+        <source>° / mm</source>
+        <translation>° / mm</translation>
+    </message>
+    <message>
+        <source>°/s, mm/s</source>
+        <translation>°/s, mm/s</translation>
+    </message>
+    <message>
+        <source>°/s</source>
+        <translation>°/s</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::armview::Hindrance</name>
+    <message>
+        <source>The device is not connected.</source>
+        <translation>Das Gerät ist nicht verbunden.</translation>
+    </message>
+    <message>
+        <source>Another client is in control of the robot.</source>
+        <translation>Ein anderer Client hat die Kontrolle über den Roboter.</translation>
+    </message>
+    <message>
+        <source>The robot does not listen to %1. If its arm has another name for commands, enter it in Robot &gt; Names….</source>
+        <translation>Der Roboter nimmt auf %1 nichts entgegen. Hat sein Arm für Befehle einen anderen Namen, geben Sie ihn unter Roboter &gt; Namen… ein.</translation>
+    </message>
+    <message>
+        <source>The robot is stopped. It moves again after the stop is released.</source>
+        <translation>Der Roboter ist angehalten. Er bewegt sich wieder, wenn der Halt freigegeben ist.</translation>
+    </message>
+    <message>
+        <source>The arm has no torque.</source>
+        <translation>Der Arm hat kein Drehmoment.</translation>
+    </message>
+    <message>
+        <source>Where the arm is was last told %1 ago.</source>
+        <translation>Wo der Arm ist, hat der Roboter zuletzt vor %1 gemeldet.</translation>
+    </message>
+    <message>
+        <source>The robot has not told where its arm is.</source>
+        <translation>Der Roboter hat nicht gemeldet, wo sein Arm ist.</translation>
+    </message>
+    <message>
+        <source>Supply line %1 is off: axes %2 to %3 do not move.</source>
+        <translation>Versorgungsleitung %1 ist aus: Die Achsen %2 bis %3 bewegen sich nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::armview::StoredPositions</name>
+    <message>
+        <source>Axis %1: %2 [%3]</source>
+        <translation>Achse %1: %2 [%3]</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::armview::Trajectory</name>
+    <message>
+        <source>the position of axis %1 is not known</source>
+        <translation>die Position der Achse %1 ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>the target of axis %1 is %2, not from %3 to %4</source>
+        <translation>das Ziel der Achse %1 ist %2, nicht von %3 bis %4</translation>
+    </message>
+    <message>
+        <source>the speed of axis %1 is %2, not from 0 to %3</source>
+        <translation>die Geschwindigkeit der Achse %1 ist %2, nicht von 0 bis %3</translation>
+    </message>
+    <message>
+        <source>no axis has a target</source>
+        <translation>keine Achse hat ein Ziel</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::camera::CameraDock</name>
     <message>
         <source>Camera</source>

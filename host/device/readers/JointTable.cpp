@@ -15,18 +15,25 @@ namespace {
 
 constexpr double millimetresPerMetre = 1000;
 
-/// In degrees or millimetres.
-float place(const JointTable::Joint& joint, double position)
+} // namespace
+
+float JointTable::Joint::place(double position) const
 {
     double place = position;
-    if (joint.unit == JointTable::Unit::Radians)
+    if (unit == Unit::Radians)
         place = rosbridge::protocol::toDegrees(position);
-    else if (joint.unit == JointTable::Unit::Metres)
+    else if (unit == Unit::Metres)
         place = position * millimetresPerMetre;
-    return rosbridge::protocol::toFloat((joint.isReversed ? -place : place) + joint.offset);
+    return rosbridge::protocol::toFloat((isReversed ? -place : place) + offset);
 }
 
-} // namespace
+double JointTable::Joint::position(double place) const
+{
+    const double position = isReversed ? offset - place : place - offset;
+    if (unit == Unit::Radians)
+        return rosbridge::protocol::toRadians(position);
+    return unit == Unit::Metres ? position / millimetresPerMetre : position;
+}
 
 bool JointTable::Joint::operator==(const Joint& other) const
 {
@@ -72,7 +79,7 @@ std::optional<JointTable::Axes> JointTable::axes(const JointPositions& joints, Q
                          .arg(position);
             return std::nullopt;
         }
-        axes.at(axis) = place(joint, position);
+        axes.at(axis) = joint.place(position);
     }
     return axes;
 }

@@ -40,6 +40,11 @@ public:
         bool isReversed = false;
         double offset = 0; ///< of the axis where the robot says 0; degrees or millimetres
 
+        /// Where the axis is, degrees or millimetres, when the robot says @p position.
+        float place(double position) const;
+        /// What the robot says when the axis is at @p place.
+        double position(double place) const;
+
         bool operator==(const Joint& other) const;
         bool operator!=(const Joint& other) const { return !(*this == other); }
     };

@@ -24,11 +24,19 @@ using namespace std::chrono_literals;
 constexpr auto textInterval = 100ms;
 constexpr auto ageInterval = 1s;
 
+const RobotFeed::Topics shownTopics{
+    RobotState::Map,        RobotState::Transforms, RobotState::StaticTransforms,
+    RobotState::Odometry,   RobotState::Scan,       RobotState::JointStates,
+    RobotState::ArmState,   RobotState::Torque,     RobotState::FirstLine,
+    RobotState::SecondLine, RobotState::ThirdLine,  RobotState::DriveDisabled,
+    RobotState::Camera,
+};
+
 } // namespace
 
 RobotDock::RobotDock(device::Device& device, QWidget* parent)
     : QDockWidget(parent),
-      m_feed(device, this),
+      m_feed(device, shownTopics, this),
       m_model(m_feed.state()),
       m_follow(new QToolButton),
       m_showAll(new QToolButton),

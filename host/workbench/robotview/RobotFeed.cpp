@@ -14,7 +14,10 @@ using device::connection::Connection;
 using device::connection::Offer;
 using Topic = RobotState::Topic;
 
-RobotFeed::RobotFeed(device::Device& device, QObject* parent) : QObject(parent), m_device(device)
+RobotFeed::RobotFeed(device::Device& device, Topics topics, QObject* parent)
+    : QObject(parent),
+      m_device(device),
+      m_topics(std::move(topics))
 {
     connect(&device.offer(), &Offer::changed, this, &RobotFeed::arrange);
     connect(&device.offer(), &Offer::ready, this, &RobotFeed::arrange);
@@ -71,8 +74,7 @@ void RobotFeed::arrange()
     const Offer& offer = m_device.offer();
     if (!offer.isReady())
         return;
-    for (int i = 0; i < RobotState::TopicCount; ++i) {
-        const auto topic = static_cast<Topic>(i);
+    for (const Topic topic : m_topics) {
         const QString name = RobotState::info(topic).topic.name;
         const Offer::State found = offer.state(name);
         const bool isOffered = found != Offer::State::Missing && found != Offer::State::OtherType;

@@ -9,6 +9,7 @@
 #include <QObject>
 
 #include <array>
+#include <vector>
 
 namespace host::device {
 class Device;
@@ -23,8 +24,10 @@ class RobotFeed : public QObject
     Q_OBJECT
 
 public:
-    /// @p device outlives the feed. Not active at first.
-    RobotFeed(device::Device& device, QObject* parent);
+    using Topics = std::vector<RobotState::Topic>;
+
+    /// Keeps that new which @p topics tell. @p device outlives the feed. Not active at first.
+    RobotFeed(device::Device& device, Topics topics, QObject* parent);
     ~RobotFeed() override;
 
     /// While it is not active it follows nothing.
@@ -46,6 +49,7 @@ private:
     void leaveAll();
 
     device::Device& m_device;
+    const Topics m_topics;
     RobotState m_state;
     std::array<int, RobotState::TopicCount> m_followers{}; // 0 where a topic is not followed
     bool m_isActive = false;

@@ -61,6 +61,7 @@ const RobotState::TopicInfo& RobotState::info(Topic topic)
         TopicInfo{topic::armLineEnabled[2], 0ms},
         TopicInfo{topic::driveDisabled, 0ms},
         TopicInfo{topic::cameraInfo, 0ms},
+        TopicInfo{topic::stopped, 0ms},
     };
     static_assert(topics.size() == TopicCount);
     return topics.at(topic);

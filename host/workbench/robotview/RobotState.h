@@ -49,6 +49,7 @@ public:
         ThirdLine,
         DriveDisabled,
         Camera,
+        Stopped,
         TopicCount
     };
 
@@ -107,7 +108,7 @@ public:
 
     const Axis& axis(int axis) const { return m_axes.at(static_cast<std::size_t>(axis)); }
 
-    /// Torque, a line, or the drive's being disabled.
+    /// Torque, a line, the drive's being disabled, or the robot's being stopped.
     std::optional<bool> isSet(Topic topic) const { return m_switches.at(topic); }
 
     /// Frames a second.

@@ -4,6 +4,7 @@
 #include "host/workbench/window/DeviceView.h"
 
 #include "host/device/Device.h"
+#include "host/workbench/armview/ArmDock.h"
 #include "host/workbench/camera/CameraDock.h"
 #include "host/workbench/faults/FaultsMenu.h"
 #include "host/workbench/names/NamesDialog.h"
@@ -140,10 +141,11 @@ void DeviceView::addDocks()
 {
     auto* robot = new robotview::RobotDock(m_device, this);
     auto* camera = new camera::CameraDock(m_device, this);
+    auto* arm = new armview::ArmDock(m_device, this);
     auto* variables = new variables::VariablesDock(m_device.variables(), this);
     auto* traffic = new traffic::TrafficDock(m_device.traffic(), this);
     for (QDockWidget* dock :
-         std::initializer_list<QDockWidget*>{robot, camera, variables, traffic}) {
+         std::initializer_list<QDockWidget*>{robot, camera, arm, variables, traffic}) {
         const bool isForDevelopers = dock == variables || dock == traffic;
         addDockWidget(isForDevelopers ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
         m_viewMenu->addAction(dock->toggleViewAction());
@@ -155,6 +157,7 @@ void DeviceView::addDocks()
         });
     }
     tabifyDockWidget(robot, camera);
+    tabifyDockWidget(camera, arm);
     tabifyDockWidget(variables, traffic);
     robot->setVisible(!m_plugin.failure()); // the others are for developers
     connect(traffic, &traffic::TrafficDock::problem, this, &DeviceView::notify);
