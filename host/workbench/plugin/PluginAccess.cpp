@@ -3,6 +3,8 @@
 
 #include "host/workbench/plugin/PluginAccess.h"
 
+#include "host/workbench/plugin/DialogOpening.h"
+#include "host/workbench/plugin/MenuKey.h"
 #include "olm/qt/log/View.h"
 
 #include <QAbstractItemModel>
@@ -70,6 +72,7 @@ PluginAccess::PluginAccess(QWidget& widget) : QObject(&widget), m_widget(widget)
         table->setTabKeyNavigation(false); // the arrow keys lead from cell to cell
         table->installEventFilter(this);
         table->viewport()->installEventFilter(this);
+        new MenuKey(*table); // a child
     }
     for (auto* tabs : widget.findChildren<QTabWidget*>())
         tabs->setUsesScrollButtons(false);
@@ -95,8 +98,9 @@ bool PluginAccess::eventFilter(QObject* watched, QEvent* event)
     if (const auto* table = qobject_cast<QTableView*>(watched->parent())) {
         if (watched == table->viewport() && child->isWidgetType())
             nameEditor(static_cast<QWidget&>(*child), *table);
-    } else if (const auto* dialog = qobject_cast<QDialog*>(child)) {
+    } else if (auto* dialog = qobject_cast<QDialog*>(child)) {
         nameField(*dialog);
+        new DialogOpening(*dialog); // a child
     }
     return false;
 }

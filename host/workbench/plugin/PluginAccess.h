@@ -13,8 +13,9 @@ class QWidget;
 namespace host::workbench::plugin {
 
 /// Makes a plugin's widget usable without a mouse, without eyes and on a small screen: Tab leaves
-/// its tables, no tab hides behind others, and those of its controls that show no words get the
-/// names that a screen reader says. A name is what the plugin says of the control, in its tool tip
+/// its tables, a key opens their menus, its dialogs can be typed into at once, no tab hides behind
+/// others, and those of its controls that show no words get the names that a screen reader says. A
+/// name is what the plugin says of the control, in its tool tip
 /// for instance, else what kind of control it is and where.
 class PluginAccess : public QObject
 {
