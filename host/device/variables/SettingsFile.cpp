@@ -5,11 +5,13 @@
 
 #include "olm/qt/replaceFile.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QLockFile>
+#include <QThread>
 #include <QUrl>
 
 namespace host::device::variables {
@@ -18,6 +20,22 @@ namespace {
 
 constexpr int lockPatience = 2000; // ms; others hold the lock for one save
 constexpr qint64 megabyte = qint64{1024} * 1024;
+
+/// False where somebody else still holds it. QLockFile itself waits longer from attempt to attempt,
+/// and so may never come to its turn among several.
+bool take(QLockFile& lock)
+{
+    const QDeadlineTimer deadline(lockPatience);
+    while (!lock.tryLock(0)) {
+        // Where no lock can be made at all, as on a full disk, writing tells the cause.
+        if (lock.error() != QLockFile::LockFailedError)
+            return true;
+        if (deadline.hasExpired())
+            return false;
+        QThread::msleep(2);
+    }
+    return true;
+}
 
 // All but letters, digits and a few marks is encoded: different names stay different.
 QString baseName(const QString& name)
@@ -83,8 +101,7 @@ QString SettingsFile::save()
     if (!QDir().mkpath(m_folder))
         return notStored(tr("the folder cannot be created"));
     QLockFile lock(m_fileName + ".lock");
-    // Where no lock can be made at all, as on a full disk, writing tells the cause.
-    if (!lock.tryLock(lockPatience) && lock.error() == QLockFile::LockFailedError)
+    if (!take(lock))
         return notStored(tr("another program is writing it"));
 
     const Content content = read();
