@@ -7,14 +7,16 @@
 #include "tests/host/workbench/robotview/RobotMessages.h"
 #include "tests/host/workbench/robotview/Tell.h"
 
+#include "host/workbench/robotview/MapPicture.h"
 #include "host/workbench/robotview/WorldView.h"
 #include "rosbridge/protocol/Codec.h"
 
 #include <QCborArray>
-#include <QGraphicsPolygonItem>
+#include <QGraphicsPathItem>
 #include <QGraphicsView>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <cmath>
 
@@ -132,17 +134,23 @@ void paintShapes(benchmark::State& state)
     });
 }
 
-/// The same as items of Qt's own scene.
+/// The same as items of Qt's own scene: one each for map, hits, swept area and path.
 void paintScene(benchmark::State& state)
 {
     const Shapes shapes;
+    QPainterPath hits;
+    for (const QPointF& hit : shapes.hits)
+        hits.addRect(QRectF(hit.x() - 1, hit.y() - 1, 2, 2));
+    QPainterPath path;
+    for (const QLineF& line : shapes.path) {
+        path.moveTo(line.p1());
+        path.lineTo(line.p2());
+    }
     QGraphicsScene scene(QRectF(QPointF(), size));
     scene.addPixmap(shapes.map)->setTransform(shapes.place);
-    for (const QPointF& hit : shapes.hits)
-        scene.addRect(QRectF(hit.x() - 1, hit.y() - 1, 2, 2), Qt::NoPen, QColor(Qt::red));
+    scene.addPath(hits, Qt::NoPen, QColor(Qt::red));
     scene.addPolygon(shapes.swept, Qt::NoPen, shapes.sweptColour);
-    for (const QLineF& line : shapes.path)
-        scene.addLine(line, QPen(Qt::blue, 1.5));
+    scene.addPath(path, QPen(Qt::blue, 1.5));
     QGraphicsView view(&scene);
     view.setFrameShape(QFrame::NoFrame);
     view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -150,6 +158,66 @@ void paintScene(benchmark::State& state)
     view.resize(size);
     QImage picture(size, QImage::Format_ARGB32_Premultiplied);
     measure(state, [&] { view.QWidget::render(&picture); });
+}
+
+/// 200 x 200 metres.
+QImage largeMap()
+{
+    QImage map(4000, 4000, QImage::Format_Indexed8);
+    map.setColorCount(GridMap::unknown + 1);
+    for (int y = 0; y < map.height(); ++y) {
+        uchar* const line = map.scanLine(y);
+        for (int x = 0; x < map.width(); ++x)
+            line[x] = x % 50 == 0 || y % 80 == 0 ? 100 : 0;
+    }
+    return map;
+}
+
+/// From all of the map in sight to a quarter of its width and back, in steps of the mouse wheel.
+class Zoom
+{
+public:
+    double step()
+    {
+        if (m_steps == 0 || m_steps == 6)
+            m_factor = 1 / m_factor;
+        m_steps += m_factor > 1 ? 1 : -1;
+        return m_scale *= m_factor;
+    }
+
+private:
+    double m_factor = 1 / 1.25;
+    double m_scale = size.height() / 4000.0;
+    int m_steps = 0;
+};
+
+void zoomMap(benchmark::State& state)
+{
+    const QImage map = largeMap();
+    MapPicture shown;
+    Zoom zoom;
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+    measure(state, [&] {
+        const double scale = zoom.step();
+        QPainter painter(&picture);
+        shown.paint(painter, map, QTransform::fromScale(scale, -scale).translate(0, -4000),
+                    QPalette());
+    });
+}
+
+void scaleMap(benchmark::State& state)
+{
+    const QImage map = largeMap();
+    Zoom zoom;
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+    measure(state, [&] {
+        const int pixels = static_cast<int>(4000 * zoom.step());
+        QPainter painter(&picture);
+        painter.drawImage(
+            0, 0,
+            map.convertToFormat(QImage::Format_RGB32)
+                .scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    });
 }
 
 void readScan(benchmark::State& state)
@@ -176,9 +244,13 @@ void addWorldView(Ratios& ratios)
     benchmark::RegisterBenchmark("world: repaint", paintView);
     benchmark::RegisterBenchmark("world: its shapes, ready to paint", paintShapes);
     benchmark::RegisterBenchmark("world: its shapes in a QGraphicsView", paintScene);
+    benchmark::RegisterBenchmark("world: zoom over 4000 x 4000 cells", zoomMap);
+    benchmark::RegisterBenchmark("world: 4000 x 4000 cells, scaled anew", scaleMap);
     benchmark::RegisterBenchmark("world: scan, read and placed", readScan);
     benchmark::RegisterBenchmark("world: scan, decoded", decodeScan);
     ratios.compare("world: repaint", "world: its shapes, ready to paint", 0);
     ratios.compare("world: repaint", "world: its shapes in a QGraphicsView", 0);
+    ratios.compare("world: zoom over 4000 x 4000 cells", "world: 4000 x 4000 cells, scaled anew",
+                   0);
     ratios.compare("world: scan, read and placed", "world: scan, decoded", 0);
 }

@@ -19,6 +19,10 @@
         <source>&quot;%1&quot; was not changed: the device refuses writes.</source>
         <translation>„%1“ wurde nicht geändert: Das Gerät verweigert das Schreiben.</translation>
     </message>
+    <message>
+        <source>device</source>
+        <translation>Gerät</translation>
+    </message>
 </context>
 <context>
     <name>host::device::Settings</name>
@@ -811,6 +815,13 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::ScanText</name>
+    <message>
+        <source>This is no scan (%1): write a sensor_msgs/LaserScan as JSON, for example the one that is shown for another scan.</source>
+        <translation>Das ist kein Scan (%1): Schreiben Sie eine sensor_msgs/LaserScan als JSON, zum Beispiel so, wie ein anderer Scan gezeigt wird.</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::Session</name>
     <message>
         <source>The standard error lists further lines that cannot be read.</source>
@@ -822,6 +833,10 @@
     <message>
         <source>%1 was not written: %2. Choose another folder, or free disk space.</source>
         <translation>%1 wurde nicht geschrieben: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie Platz auf dem Datenträger.</translation>
+    </message>
+    <message>
+        <source>Comma-separated values (*.csv)</source>
+        <translation>Durch Kommas getrennte Werte (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -1133,6 +1148,112 @@
     <message>
         <source>cannot be decoded: %1</source>
         <translation>lässt sich nicht dekodieren: %1</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::events::EventModel</name>
+    <message>
+        <source>Debug</source>
+        <translation>Debug</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Fatal</source>
+        <translation>Fatal</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Stufe</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::events::EventsDock</name>
+    <message>
+        <source>Events</source>
+        <translation>Ereignisse</translation>
+    </message>
+    <message>
+        <source>Filter:</source>
+        <translation>Filter:</translation>
+    </message>
+    <message>
+        <source>Part of a text, a source, …</source>
+        <translation>Teil eines Textes, einer Quelle …</translation>
+    </message>
+    <message>
+        <source>Filter of the events</source>
+        <translation>Filter der Ereignisse</translation>
+    </message>
+    <message>
+        <source>Level:</source>
+        <translation>Stufe:</translation>
+    </message>
+    <message>
+        <source>Lowest level</source>
+        <translation>Niedrigste Stufe</translation>
+    </message>
+    <message>
+        <source>%1 or worse</source>
+        <translation>%1 oder schlimmer</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>What happened</source>
+        <translation>Was geschah</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Freeze the list; events are still recorded.</source>
+        <translation>Die Liste bleibt stehen; Ereignisse werden weiter aufgezeichnet.</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Discard all events.</source>
+        <translation>Alle Ereignisse verwerfen.</translation>
+    </message>
+    <message>
+        <source>Save …</source>
+        <translation>Speichern …</translation>
+    </message>
+    <message>
+        <source>Save the listed events as comma-separated values.</source>
+        <translation>Die aufgeführten Ereignisse als durch Kommas getrennte Werte speichern.</translation>
+    </message>
+    <message>
+        <source>Save the events</source>
+        <translation>Ereignisse speichern</translation>
     </message>
 </context>
 <context>
@@ -1711,10 +1832,6 @@
         <translation>Die Welt des Roboters von oben</translation>
     </message>
     <message>
-        <source>Zoom with the wheel, + and -; move by dragging or with the arrow keys; Home shows everything.</source>
-        <translation>Zoomen mit dem Mausrad, + und -; Verschieben durch Ziehen oder mit den Pfeiltasten; Pos1 zeigt alles.</translation>
-    </message>
-    <message>
         <source>Parts of the robot</source>
         <translation>Teile des Roboters</translation>
     </message>
@@ -1725,6 +1842,10 @@
     <message>
         <source>Sho&amp;w all</source>
         <translation>Alles &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>Zoom with the wheel, + and -; move by dragging or with the arrow keys; Home shows everything; dragging with Shift measures, until Escape.</source>
+        <translation>Zoomen mit dem Mausrad, + und -; verschieben durch Ziehen oder mit den Pfeiltasten; Pos1 zeigt alles; Ziehen mit der Umschalttaste misst, bis Escape.</translation>
     </message>
 </context>
 <context>
@@ -1886,6 +2007,17 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::robotview::Ruler</name>
+    <message>
+        <source>x %1 m, y %2 m</source>
+        <translation>x %1 m, y %2 m</translation>
+    </message>
+    <message>
+        <source>%1 m at %2°</source>
+        <translation>%1 m bei %2°</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::robotview::Transform</name>
     <message>
         <source>is %1, which is not a position in metres</source>
@@ -1937,10 +2069,6 @@
         <translation>Aufrufe</translation>
     </message>
     <message>
-        <source>Part of a call, a widget, an argument, …</source>
-        <translation>Teil eines Aufrufs, eines Widgets, eines Arguments …</translation>
-    </message>
-    <message>
         <source>Filter of the calls</source>
         <translation>Filter der Aufrufe</translation>
     </message>
@@ -1973,16 +2101,43 @@
         <translation>Aufrufe speichern</translation>
     </message>
     <message>
-        <source>Comma-separated values (*.csv)</source>
-        <translation>Durch Komma getrennte Werte (*.csv)</translation>
-    </message>
-    <message>
         <source>&amp;Save …</source>
         <translation>Spei&amp;chern …</translation>
     </message>
     <message>
         <source>Fil&amp;ter:</source>
         <translation>Fil&amp;ter:</translation>
+    </message>
+    <message>
+        <source>Parts of a call; -word excludes</source>
+        <translation>Teile eines Aufrufs; -Wort schließt aus</translation>
+    </message>
+    <message>
+        <source>Words that must all be in a call, its widget, its arguments or its result. A word after a minus, such as -num_pos_max, must not.</source>
+        <translation>Wörter, die alle in einem Aufruf, seinem Widget, seinen Argumenten oder seinem Ergebnis vorkommen müssen. Ein Wort hinter einem Minus, etwa -num_pos_max, darf es nicht.</translation>
+    </message>
+    <message>
+        <source>Writes only</source>
+        <translation>Nur Schreiben</translation>
+    </message>
+    <message>
+        <source>List only the calls by which the plugin changes something.</source>
+        <translation>Nur die Aufrufe aufführen, mit denen das Plugin etwas ändert.</translation>
+    </message>
+    <message>
+        <source>Fold</source>
+        <translation>Falten</translation>
+    </message>
+    <message>
+        <source>Show equal calls in a row as one, with their number.</source>
+        <translation>Gleiche Aufrufe nacheinander als einen zeigen, mit ihrer Anzahl.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::traffic::TrafficFilter</name>
+    <message>
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
     </message>
 </context>
 <context>
@@ -2204,6 +2359,10 @@
         <source>&amp;Names…</source>
         <translation>&amp;Namen…</translation>
     </message>
+    <message>
+        <source>&amp;Reset layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::window::Notice</name>
@@ -2289,6 +2448,14 @@
         <source>Data is %1 s late</source>
         <translation>Daten kommen %1 s zu spät</translation>
     </message>
+    <message>
+        <source>Put this error away.</source>
+        <translation>Diesen Fehler ausblenden.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Ausblenden</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::window::TrustBar</name>
@@ -2336,20 +2503,20 @@
         <translation>Ü&amp;ber</translation>
     </message>
     <message>
-        <source>&lt;p&gt;%1 %2, with Qt %3.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;%1 %2, mit Qt %3.&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;Plugin: %1 by %2.&lt;/p&gt;&lt;p&gt;%3&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Plugin: %1 von %2.&lt;/p&gt;&lt;p&gt;%3&lt;/p&gt;</translation>
-    </message>
-    <message>
         <source>About</source>
         <translation>Über</translation>
     </message>
     <message>
         <source>Device workbench</source>
         <translation>Geräte-Werkbank</translation>
+    </message>
+    <message>
+        <source>%1 %2, with Qt %3.</source>
+        <translation>%1 %2, mit Qt %3.</translation>
+    </message>
+    <message>
+        <source>Plugin: %1 by %2.</source>
+        <translation>Plugin: %1 von %2.</translation>
     </message>
 </context>
 <context>

@@ -75,12 +75,13 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
             [this](bool isSimulator) {
                 m_variables.set(VariableKind::State, "connectedToSimulator", isSimulator);
             });
-    connect(&m_connection, &connection::Connection::message, this, &Device::sendMessage);
-    connect(&m_offer, &connection::Offer::message, this, &Device::sendMessage);
-    connect(&m_silentTopics, &connection::SilentTopics::message, this, &Device::sendMessage);
-    connect(&m_listener, &connection::Listener::message, this, &Device::sendMessage);
+    connect(&m_connection, &connection::Connection::message, this, &Device::report);
+    connect(&m_offer, &connection::Offer::message, this, &Device::report);
+    connect(&m_silentTopics, &connection::SilentTopics::message, this, &Device::report);
+    connect(&m_listener, &connection::Listener::message, this, &Device::report);
     connect(&m_robotLog, &connection::RobotLog::message, this, &Device::sendMessage);
-    connect(&m_commands, &connection::Commands::message, this, &Device::sendMessage);
+    connect(&m_robotLog, &connection::RobotLog::logged, &m_events, &events::Events::add);
+    connect(&m_commands, &connection::Commands::message, this, &Device::report);
     connect(&m_sensors, &Sensors::scanned, this, &Device::onScan);
     connect(&m_sensors, &Sensors::cameraRateChanged, this, [this](unsigned int rate) {
         m_variables.set(VariableKind::Input, "cameraFrequency", rate);
@@ -209,6 +210,9 @@ void Device::write(VariableKind kind, const char* name, const Variant& value)
     m_variables.set(kind, name, value, widget ? trace::className(typeid(*widget)) : QString());
     if (kind != VariableKind::Config)
         return;
+    if (QLatin1String(name) == QLatin1String(addressName) &&
+        before.get<std::string>() != value.get<std::string>())
+        m_connection.certificates().dismiss(); // a question about another robot
     m_storage.set(name, value);
     if (!m_variables.isInTransaction())
         say(m_storage.save());
@@ -319,6 +323,7 @@ void Device::say(const QString& problem)
 {
     if (problem.isEmpty())
         return;
+    m_events.add({events::Level::Error, tr("device"), problem});
     QMetaObject::invokeMethod(
         this, [this, problem] { Q_EMIT this->problem(problem); }, Qt::QueuedConnection);
 }
@@ -349,7 +354,7 @@ void Device::takeOver(const std::string& name, const Variant& value)
         say(m_storage.save());
     const QString words = Settings::inWords(name, value);
     if (!words.isEmpty())
-        sendMessage(connection::manipulatorLogLine, words);
+        report(connection::manipulatorLogLine, words);
 }
 
 void Device::onScan(const olm::core::LaserScanMessage& scan)
@@ -361,10 +366,10 @@ void Device::onScan(const olm::core::LaserScanMessage& scan)
 void Device::storePose()
 {
     const std::optional<readers::ArmPose::Axes> pose = m_sensors.armPose();
-    sendMessage(connection::manipulatorLogLine,
-                pose ? variables::PositionStore(*this).add(*pose)
-                     : tr("The arm's position was not stored: the positions of some axes are "
-                          "unknown. Connect to a robot with an arm and try again."));
+    report(connection::manipulatorLogLine,
+           pose ? variables::PositionStore(*this).add(*pose)
+                : tr("The arm's position was not stored: the positions of some axes are "
+                     "unknown. Connect to a robot with an arm and try again."));
 }
 
 void Device::onStateChanged(int state)
@@ -393,8 +398,17 @@ void Device::onStateChanged(int state)
 void Device::onWriteRefused(const variables::Variables::Key& key)
 {
     m_variables.repeat(key);
-    sendMessage(connection::baseLogLine, tr("\"%1\" was not changed: the device refuses writes.")
-                                             .arg(QLatin1String(key.second.c_str())));
+    report(connection::baseLogLine, tr("\"%1\" was not changed: the device refuses writes.")
+                                        .arg(QLatin1String(key.second.c_str())));
+}
+
+/// In the log of a tab, and among the events.
+void Device::report(DataRole log, const QString& text)
+{
+    m_events.add(
+        {log == connection::emphasisedBaseLogLine ? events::Level::Warning : events::Level::Info,
+         tr("device"), text});
+    sendMessage(log, text);
 }
 
 void Device::sendMessage(DataRole role, const Variant& value)

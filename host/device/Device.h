@@ -16,6 +16,7 @@
 #include "host/device/connection/RobotLog.h"
 #include "host/device/connection/SilentTopics.h"
 #include "host/device/connection/Timing.h"
+#include "host/device/events/Events.h"
 #include "host/device/faults/Faults.h"
 #include "host/device/faults/FaultyHost.h"
 #include "host/device/trace/TracedHost.h"
@@ -102,6 +103,9 @@ public:
     /// For developers' tools: what they set here counts as set by the device, and is not stored.
     variables::Variables& variables() { return m_variables; }
 
+    /// What happened: the robot's own log, and what the device says in the logs of the tabs.
+    events::Events& events() { return m_events; }
+
     /// All calls between this device and its widgets.
     trace::Traffic& traffic() { return m_traffic; }
 
@@ -146,6 +150,7 @@ private:
     void welcomeWidgets();
     void loadConfig();
     void say(const QString& problem);
+    void report(plugin::plugin::DataRole log, const QString& text);
     void deliver(const plugin::gui::HistoryBundleContent& content);
     void takeOver(const std::string& name, const Variant& value);
     void onScan(const olm::core::LaserScanMessage& scan);
@@ -157,6 +162,7 @@ private:
 
     QString m_name;
     Environment& m_environment;
+    events::Events m_events;
     variables::Variables m_variables;
     variables::ConfigStorage m_storage;
     faults::Faults m_faults;

@@ -35,6 +35,8 @@ namespace host::tour {
 
 namespace {
 
+constexpr QSize pictureSize(1000, 640);
+
 using namespace std::chrono_literals;
 
 constexpr auto patience = 30s;
@@ -173,7 +175,12 @@ bool Operator::waitForRobot(QWidget& window)
 
 bool Operator::waitForDisconnection()
 {
-    return waitUntil([this] { return m_device.connectionState() < 0; }) ||
+    // The status line follows at its own pace.
+    const auto* const words = m_window.findChild<const QLabel*>("status");
+    return waitUntil([&] {
+               return m_device.connectionState() < 0 &&
+                      (!words || words->text() == m_device.status());
+           }) ||
            fail(tr("it takes too long: %1").arg(m_device.status()));
 }
 
@@ -217,6 +224,7 @@ bool Operator::within(const std::function<void()>& open, const std::function<boo
 
 bool Operator::show(QWidget& window)
 {
+    window.resize(pictureSize); // whatever the screen
     window.show();
     return waitUntil([&window] { return isOnScreen(window); }) ||
            fail(tr("the window does not appear on the screen"));

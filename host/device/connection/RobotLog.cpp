@@ -12,10 +12,25 @@ namespace host::device::connection {
 
 namespace {
 
-/// Debug and information, as ROS 1 and ROS 2 number them. What is unknown may be worth reading.
-bool isUnremarkable(qint64 level)
+/// As ROS 1 and ROS 2 number them. What is unknown may be worth reading.
+events::Level levelOf(const QCborMap& line)
 {
-    return level == 1 || level == 2 || level == 10 || level == 20;
+    switch (static_cast<int>(line.value(QLatin1String("level")).toDouble())) {
+    case 1:
+    case 10:
+        return events::Level::Debug;
+    case 2:
+    case 20:
+        return events::Level::Info;
+    case 8:
+    case 40:
+        return events::Level::Error;
+    case 16:
+    case 50:
+        return events::Level::Fatal;
+    default:
+        return events::Level::Warning;
+    }
 }
 
 } // namespace
@@ -37,13 +52,15 @@ QString RobotLog::read(const QCborMap& line)
         return fault;
     if (name.startsWith(QLatin1Char('/')))
         name.remove(0, 1);
+    const events::Level level = levelOf(line);
+    Q_EMIT logged({level, name, text});
     if (name == QLatin1String("base"))
         Q_EMIT message(baseLogLine, text);
     else if (name == QLatin1String("manipulator"))
         Q_EMIT message(manipulatorLogLine, text);
     else if (name == QLatin1String("laser"))
         Q_EMIT message(laserLogLine, text);
-    else if (m_isAllShown || !isUnremarkable(fields.integer("level", 0, 255)))
+    else if (m_isAllShown || level >= events::Level::Warning)
         Q_EMIT message(baseLogLine, QStringLiteral("%1: %2").arg(name, text));
     return fault;
 }

@@ -4,6 +4,7 @@
 #ifndef HOST_DEVICE_CONNECTION_ROBOTLOG_H
 #define HOST_DEVICE_CONNECTION_ROBOTLOG_H
 
+#include "host/device/events/Event.h"
 #include "plugin/plugin/DataRole.h"
 
 #include <QCborMap>
@@ -30,6 +31,8 @@ public:
 
 Q_SIGNALS:
     void message(plugin::plugin::DataRole log, const QString& text);
+    /// Every line, of whichever node.
+    void logged(const host::device::events::Event& event);
 
 private:
     QString read(const QCborMap& line);

@@ -13,7 +13,7 @@ namespace host::device::connection {
 /// How long a connection waits; tests are less patient than people.
 struct Timing
 {
-    std::chrono::milliseconds frame{300};   ///< one frame of the connecting animation
+    std::chrono::milliseconds frame{100};   ///< one frame of the connecting animation
     std::chrono::milliseconds answer{5000}; ///< for each answer of the robot's services
     rosbridge::client::Client::Timeouts link;
     std::chrono::milliseconds firstQuestion{5000};  ///< before it is asked again what is missing

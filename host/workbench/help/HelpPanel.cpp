@@ -57,19 +57,10 @@ void HelpPanel::openPage(const QString& page)
     QDockWidget::show();
 }
 
-void HelpPanel::openText(const QString& title, const QString& text)
-{
-    setTitle(title);
-    m_page.clear();
-    m_outside->hide();
-    m_browser->setHtml(text);
-    QDockWidget::show();
-}
-
 void HelpPanel::changeEvent(QEvent* event)
 {
     QDockWidget::changeEvent(event);
-    if (event->type() != QEvent::PaletteChange || !hasPage())
+    if (event->type() != QEvent::PaletteChange || m_page.isEmpty())
         return;
     // Links have the colour of the palette with which they were read.
     const int place = m_browser->verticalScrollBar()->value();
@@ -104,7 +95,7 @@ void HelpPanel::setTitle(const QString& title)
 
 void HelpPanel::translate()
 {
-    if (hasPage())
+    if (!m_page.isEmpty())
         show(helpUrl(m_page, m_language.written()));
 }
 

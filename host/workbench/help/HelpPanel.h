@@ -28,12 +28,6 @@ public:
 
     /// Shows the panel with a page of docs/help.
     void openPage(const QString& page);
-    /// Shows the panel with @p text, which is rich text.
-    void openText(const QString& title, const QString& text);
-
-    /// Whether it shows a page, in whatever language is the present one; a text is its owner's
-    /// to translate.
-    bool hasPage() const { return !m_page.isEmpty(); }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -45,7 +39,7 @@ private:
     void translate();
 
     const preferences::Language& m_language;
-    QString m_page; // empty: a text, or nothing yet
+    QString m_page; // empty: nothing yet
     QTextBrowser* m_browser;
     QLabel* m_outside; // the address of a link that leads out of the help
 };

@@ -31,8 +31,7 @@ bool DialogOpening::eventFilter(QObject* watched, QEvent* event)
     if (watched != &m_dialog || event->type() != QEvent::Show)
         return false;
     makeRoomForTitle();
-    // It gets its focus after it is shown.
-    QMetaObject::invokeMethod(this, &DialogOpening::selectText, Qt::QueuedConnection);
+    selectText();
     return false;
 }
 
@@ -44,12 +43,12 @@ void DialogOpening::makeRoomForTitle()
     m_dialog.setMinimumWidth(std::max(m_dialog.minimumWidth(), width));
 }
 
+/// Of the first field, which is the one to get the focus.
 void DialogOpening::selectText()
 {
-    QWidget* const focused = m_dialog.focusWidget();
-    if (auto* const number = qobject_cast<QAbstractSpinBox*>(focused))
+    if (auto* const number = m_dialog.findChild<QAbstractSpinBox*>())
         number->selectAll();
-    else if (auto* const text = qobject_cast<QLineEdit*>(focused))
+    else if (auto* const text = m_dialog.findChild<QLineEdit*>())
         text->selectAll();
 }
 

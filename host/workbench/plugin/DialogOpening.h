@@ -11,7 +11,7 @@ class QDialog;
 namespace host::workbench::plugin {
 
 /// Makes a plugin's dialog ready to use when it opens: its title is not cut, and typing replaces
-/// the number or text that has the focus.
+/// the number or text in its first field.
 class DialogOpening : public QObject
 {
     Q_OBJECT

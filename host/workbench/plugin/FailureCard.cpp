@@ -14,6 +14,8 @@ namespace host::workbench::plugin {
 
 namespace {
 
+constexpr int leastCharacters = 40; // of a line
+
 QLabel* textLabel(const char* name)
 {
     auto* label = new QLabel;
@@ -36,6 +38,7 @@ FailureCard::FailureCard(const FailureWords& failure, QWidget* parent)
       m_file(new QLineEdit)
 {
     setObjectName("FailureCard");
+    setMinimumWidth(leastCharacters * fontMetrics().averageCharWidth());
     // A tint of the window's own colour, whatever that is, so that its text stays legible.
     setStyleSheet("#FailureCard { background: rgba(220, 50, 40, 30);"
                   " border: 1px solid rgba(220, 50, 40, 100); border-left: 5px solid #c8362c; }"

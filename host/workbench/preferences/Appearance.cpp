@@ -3,6 +3,9 @@
 
 #include "host/workbench/preferences/Appearance.h"
 
+#include "host/workbench/preferences/Contrast.h"
+#include "host/workbench/preferences/EdgeStyle.h"
+
 #include <QApplication>
 #include <QPalette>
 #include <QStyle>
@@ -41,13 +44,13 @@ struct Colours
 
 constexpr Colours lightColours = {
     0xffefefef, 0xffffffff, 0xfff5f5f5, 0xffefefef, 0xff1a1a1a, 0xff6b6b6b,
-    0xff767676, 0xff1f6fb5, 0xffffffff, 0xffb4b4b4, 0xff0b57a4, 0xff6b3fa0,
+    0xff6b6b6b, 0xff1f6fb5, 0xffffffff, 0xffb4b4b4, 0xff0b57a4, 0xff6b3fa0,
     0xffffffdc, 0xffffffff, 0xffcacaca, 0xffb8b8b8, 0xff9f9f9f, 0xff767676,
 };
 
 constexpr Colours darkColours = {
     0xff2b2d30, 0xff1e1f22, 0xff26282b, 0xff34373b, 0xffe4e6e8, 0xff9da1a6,
-    0xff8b9096, 0xff2f6fb0, 0xffffffff, 0xff4d5156, 0xff6cb2ff, 0xffc09bf0,
+    0xff9da1a6, 0xff2f6fb0, 0xffffffff, 0xff4d5156, 0xff6cb2ff, 0xffc09bf0,
     0xff3c3f43, 0xff43474b, 0xff484c50, 0xff5c6066, 0xff17181a, 0xff0c0d0e,
 };
 
@@ -82,9 +85,35 @@ QPalette palette(const Colours& colours)
     return palette;
 }
 
+/// What must change in the system's palette for its texts to be legible; the rest stays the
+/// system's.
+QPalette legibleChanges(const QPalette& system)
+{
+    QPalette changes;
+    const auto change = [&](QPalette::ColorGroup group, QPalette::ColorRole text,
+                            std::initializer_list<QPalette::ColorRole> grounds) {
+        QColor colour = system.color(group, text);
+        for (const QPalette::ColorRole ground : grounds)
+            colour = contrasting(colour, system.color(group, ground), contrastOfText);
+        if (colour != system.color(group, text))
+            changes.setColor(group, text, colour);
+    };
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        for (const auto text : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                QPalette::PlaceholderText, QPalette::Link, QPalette::LinkVisited})
+            change(group, text,
+                   {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button});
+        change(group, QPalette::HighlightedText, {QPalette::Highlight});
+    }
+    return changes;
+}
+
 } // namespace
 
-Appearance::Appearance() : Preference("appearance", codes()) {}
+Appearance::Appearance() : Preference("appearance", codes())
+{
+    apply(); // the system's has something to be changed, too
+}
 
 QStringList Appearance::codes()
 {
@@ -113,7 +142,13 @@ void Appearance::apply()
     QApplication::setPalette(
         isSystem ? QPalette()
                  : palette(code() == QLatin1String(dark) ? darkColours : lightColours));
-    QApplication::setStyle(isSystem ? m_systemStyle : QStringLiteral("fusion"));
+    const QString style = isSystem ? m_systemStyle : QStringLiteral("fusion");
+    if (style == QLatin1String("fusion"))
+        QApplication::setStyle(new EdgeStyle); // owned by the application
+    else
+        QApplication::setStyle(style);
+    if (isSystem)
+        QApplication::setPalette(legibleChanges(QApplication::palette()));
 }
 
 } // namespace host::workbench::preferences

@@ -102,6 +102,16 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     hide();
 }
 
+bool RobotDock::isFollowing() const
+{
+    return m_follow->isChecked();
+}
+
+void RobotDock::setFollowing(bool isFollowing)
+{
+    m_follow->setChecked(isFollowing);
+}
+
 void RobotDock::changeEvent(QEvent* event)
 {
     QDockWidget::changeEvent(event);
@@ -117,8 +127,10 @@ void RobotDock::translate()
     m_showAll->setText(tr("Sho&w all"));
     m_showAll->setToolTip(tr("Show the whole map, or everything there is"));
     m_world->setAccessibleName(tr("The robot's world from above"));
-    m_world->setAccessibleDescription(tr("Zoom with the wheel, + and -; move by dragging or with "
-                                         "the arrow keys; Home shows everything."));
+    m_world->setAccessibleDescription(
+        tr("Zoom with the wheel, + and -; move by dragging or with "
+           "the arrow keys; Home shows everything; dragging with Shift "
+           "measures, until Escape."));
     m_parts->setAccessibleName(tr("Parts of the robot"));
     m_parts->header()->viewport()->update();
     m_world->update();

@@ -29,6 +29,10 @@ public:
     /// @p device outlives the dock.
     RobotDock(device::Device& device, QWidget* parent);
 
+    /// Whether the robot is kept in the middle; not at first.
+    bool isFollowing() const;
+    void setFollowing(bool isFollowing);
+
 protected:
     void changeEvent(QEvent* event) override;
 

@@ -28,27 +28,6 @@ constexpr double openReach = 5.0; // metres about a robot that tells nothing of 
 
 const QColor rayColour(0xe8, 0x6a, 0x17); // seen on light and on dark
 
-QColor mix(const QColor& a, const QColor& b, double part)
-{
-    const auto channel = [part](int from, int to) { return from + qRound((to - from) * part); };
-    return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
-}
-
-QColor unknownColour(const QPalette& palette)
-{
-    return mix(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.25);
-}
-
-QVector<QRgb> mapColours(const QPalette& palette)
-{
-    QVector<QRgb> colours;
-    for (int i = 0; i <= 100; ++i)
-        colours.append(
-            mix(palette.color(QPalette::Base), palette.color(QPalette::Text), i / 100.0).rgb());
-    colours.append(unknownColour(palette).rgb());
-    return colours;
-}
-
 QColor staleColour(const QPalette& palette)
 {
     return palette.color(QPalette::Disabled, QPalette::Text);
@@ -60,6 +39,7 @@ WorldView::WorldView(const RobotState& state, QWidget* parent) : QWidget(parent)
 {
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::OpenHandCursor);
+    setMouseTracking(true);
     m_timer.setSingleShot(true);
     m_timer.setInterval(paintInterval);
     connect(&m_timer, &QTimer::timeout, this, QOverload<>::of(&QWidget::update));
@@ -85,10 +65,10 @@ void WorldView::showAll()
 void WorldView::zoom(double factor, const QPointF& pixel)
 {
     arrange();
-    const QPointF place = toPixels().inverted().map(pixel);
+    const QPointF place = placeAt(pixel);
     m_scale = std::clamp(m_scale * factor, smallestScale, largestScale);
     if (!isFollowing()) {
-        m_centre += place - toPixels().inverted().map(pixel);
+        m_centre += place - placeAt(pixel);
         setMode(Mode::Free);
     }
     update();
@@ -118,7 +98,8 @@ void WorldView::paintEvent(QPaintEvent* /*event*/)
     arrange();
     QPainter painter(this);
     const bool hasMap = m_state.mapPlace().has_value();
-    painter.fillRect(rect(), hasMap ? unknownColour(palette()) : palette().color(QPalette::Base));
+    painter.fillRect(rect(), hasMap ? MapPicture::unknownColour(palette())
+                                    : palette().color(QPalette::Base));
     painter.setOpacity(m_state.isConnected() ? 1.0 : 0.5);
     paintMap(painter);
     paintRays(painter);
@@ -126,6 +107,7 @@ void WorldView::paintEvent(QPaintEvent* /*event*/)
     paintRobot(painter);
     painter.setOpacity(1.0);
     paintScale(painter);
+    m_ruler.paint(painter, toPixels(), *this);
     if (hasFocus()) {
         painter.setPen(palette().color(QPalette::Highlight));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -141,16 +123,31 @@ void WorldView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
+    m_isMeasuring = event->modifiers().testFlag(Qt::ShiftModifier);
     m_dragged = event->pos();
-    setCursor(Qt::ClosedHandCursor);
+    if (m_isMeasuring)
+        m_ruler.begin(placeAt(event->pos()));
+    else
+        m_ruler.clear();
+    setCursor(m_isMeasuring ? Qt::CrossCursor : Qt::ClosedHandCursor);
+    update();
 }
 
 void WorldView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!(event->buttons() & Qt::LeftButton))
-        return;
-    move(event->pos() - m_dragged);
+    if (event->buttons().testFlag(Qt::LeftButton) && m_isMeasuring)
+        m_ruler.extend(placeAt(event->pos()));
+    else if (event->buttons().testFlag(Qt::LeftButton))
+        move(event->pos() - m_dragged);
     m_dragged = event->pos();
+    m_ruler.point(placeAt(event->pos()));
+    update();
+}
+
+void WorldView::leaveEvent(QEvent* /*event*/)
+{
+    m_ruler.point({});
+    update();
 }
 
 void WorldView::mouseReleaseEvent(QMouseEvent* event)
@@ -186,16 +183,13 @@ void WorldView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Home:
         showAll();
         break;
+    case Qt::Key_Escape:
+        m_ruler.clear();
+        update();
+        break;
     default:
         QWidget::keyPressEvent(event);
     }
-}
-
-void WorldView::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        m_map = {};
 }
 
 void WorldView::setMode(Mode mode)
@@ -229,6 +223,11 @@ void WorldView::arrange()
     }
 }
 
+QPointF WorldView::placeAt(const QPointF& pixel) const
+{
+    return toPixels().inverted().map(pixel);
+}
+
 /// Of all that there is to be seen, in the world; never empty.
 QRectF WorldView::extent() const
 {
@@ -259,40 +258,10 @@ void WorldView::paintMap(QPainter& painter)
     if (!place)
         return;
     const GridMap& map = *m_state.map();
-    // One cell of several would be left out where they are smaller than pixels: walls are thin.
-    const double pixels = std::min(1.0, map.resolution * m_scale); // of the picture, a cell
-    const QSize size(std::max(1, static_cast<int>(map.cells.width() * pixels)),
-                     std::max(1, static_cast<int>(map.cells.height() * pixels)));
-    const QTransform transform =
-        QTransform::fromScale(map.resolution, map.resolution) * place->onFloor() * toPixels();
-    // Without a turn the map is mirrored at least, since its rows go up and pixels down. Qt 6.4
-    // reads beyond a picture that it has to mirror, if just its edge is in sight: it gets one that
-    // is mirrored already.
-    const bool isTurned = transform.type() > QTransform::TxScale;
-    Qt::Orientations flips;
-    flips.setFlag(Qt::Horizontal, !isTurned && transform.m11() < 0);
-    flips.setFlag(Qt::Vertical, !isTurned && transform.m22() < 0);
-    if (m_map.size() != size || m_mapKey != map.cells.cacheKey() || m_mapFlips != flips) {
-        m_mapKey = map.cells.cacheKey();
-        m_mapFlips = flips;
-        QImage coloured = map.cells;
-        coloured.setColorTable(mapColours(palette()));
-        coloured = coloured.convertToFormat(QImage::Format_RGB32);
-        if (coloured.size() != size)
-            coloured = coloured.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        m_map = QPixmap::fromImage(
-            coloured.mirrored(flips.testFlag(Qt::Horizontal), flips.testFlag(Qt::Vertical)));
-    }
-    const QRectF cells(map.cells.rect());
-    const QRectF picture(m_map.rect());
-    if (!isTurned) {
-        painter.drawPixmap(transform.mapRect(cells), m_map, picture);
-        return;
-    }
-    painter.save();
-    painter.setTransform(transform);
-    painter.drawPixmap(cells, m_map, picture);
-    painter.restore();
+    m_map.paint(painter, map.cells,
+                QTransform::fromScale(map.resolution, map.resolution) * place->onFloor() *
+                    toPixels(),
+                palette());
 }
 
 void WorldView::paintRays(QPainter& painter) const
@@ -310,6 +279,10 @@ void WorldView::paintRays(QPainter& painter) const
     painter.setPen(Qt::NoPen);
     painter.setBrush(colour);
     painter.drawPolygon(transform.map(m_state.rays()->swept));
+    colour.setAlpha(255);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(colour);
+    painter.drawEllipse(transform.map(QPointF(0, 0)), 3, 3); // the sensor
     painter.restore();
 }
 

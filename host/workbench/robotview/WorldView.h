@@ -4,16 +4,18 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_WORLDVIEW_H
 #define HOST_WORKBENCH_ROBOTVIEW_WORLDVIEW_H
 
+#include "host/workbench/robotview/MapPicture.h"
 #include "host/workbench/robotview/RobotState.h"
+#include "host/workbench/robotview/Ruler.h"
 
-#include <QPixmap>
 #include <QTimer>
 #include <QWidget>
 
 namespace host::workbench::robotview {
 
 /// The world from above: the map, the robot, the path it drove, and what its laser sees. The wheel
-/// and + and - zoom, dragging and the arrow keys move, Home shows all.
+/// and + and - zoom, dragging and the arrow keys move, Home shows all; dragging with Shift
+/// measures.
 class WorldView : public QWidget
 {
     Q_OBJECT
@@ -34,6 +36,9 @@ public:
     /// @p pixel stays where it is, or the robot while it is followed.
     void zoom(double factor, const QPointF& pixel);
 
+    /// What a person measures with the mouse.
+    const Ruler& ruler() const { return m_ruler; }
+
     /// From the world, metres, to the widget's pixels.
     QTransform toPixels() const;
 
@@ -49,8 +54,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     enum class Mode
@@ -63,6 +68,7 @@ private:
     void setMode(Mode mode);
     void move(const QPointF& pixels);
     void arrange();
+    QPointF placeAt(const QPointF& pixel) const;
     QRectF extent() const;
     void paintMap(QPainter& painter);
     void paintRays(QPainter& painter) const;
@@ -72,13 +78,13 @@ private:
 
     const RobotState& m_state;
     Mode m_mode = Mode::ShowAll;
-    QPointF m_centre;            // of the view, in the world
-    double m_scale = 50;         // pixels a metre
-    QPoint m_dragged;            // where the mouse was
-    QPixmap m_map;               // in colours, and with no more cells than pixels
-    qint64 m_mapKey = 0;         // of the map's cells
-    Qt::Orientations m_mapFlips; // along which the picture is mirrored
-    QTimer m_timer{this};        // runs only while something is to be painted
+    QPointF m_centre;           // of the view, in the world
+    double m_scale = 50;        // pixels a metre
+    QPoint m_dragged;           // where the mouse was
+    bool m_isMeasuring = false; // by dragging
+    Ruler m_ruler;
+    MapPicture m_map;
+    QTimer m_timer{this}; // runs only while something is to be painted
 };
 
 } // namespace host::workbench::robotview

@@ -3,16 +3,16 @@
 
 #include "host/workbench/traffic/TrafficDock.h"
 
-#include "host/workbench/traffic/TableFile.h"
+#include "host/workbench/values/TableEnd.h"
+#include "host/workbench/values/TableFile.h"
 
+#include <QCheckBox>
 #include <QEvent>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -29,6 +29,8 @@ TrafficDock::TrafficDock(device::trace::Traffic& traffic, QWidget* parent)
       m_model(traffic),
       m_filterLabel(new QLabel),
       m_filter(new QLineEdit),
+      m_onlyWrites(new QCheckBox),
+      m_fold(new QCheckBox),
       m_pause(new QPushButton),
       m_clear(new QPushButton),
       m_save(new QPushButton),
@@ -36,13 +38,11 @@ TrafficDock::TrafficDock(device::trace::Traffic& traffic, QWidget* parent)
 {
     setObjectName("TrafficDock");
 
-    m_filtered.setSourceModel(&m_model);
-    m_filtered.setFilterKeyColumn(-1); // all of them
-    m_filtered.setFilterCaseSensitivity(Qt::CaseInsensitive);
-
     m_filter->setObjectName("filter");
     m_filter->setClearButtonEnabled(true);
     m_filterLabel->setBuddy(m_filter);
+    m_onlyWrites->setObjectName("onlyWrites");
+    m_fold->setObjectName("fold");
     m_pause->setObjectName("pause");
     m_pause->setCheckable(true);
     m_clear->setObjectName("clear");
@@ -53,6 +53,7 @@ TrafficDock::TrafficDock(device::trace::Traffic& traffic, QWidget* parent)
     m_view->setRootIsDecorated(false);
     m_view->setUniformRowHeights(true);
     m_view->setMinimumHeight(fewestRows * m_view->fontMetrics().lineSpacing());
+    new values::TableEnd(*m_view); // a child
     const int character = m_view->fontMetrics().averageCharWidth();
     const int widths[] = {16, 20, 17, 32, 30, 60, 30};
     for (int column = 0; column < TrafficModel::ColumnCount; ++column)
@@ -62,6 +63,8 @@ TrafficDock::TrafficDock(device::trace::Traffic& traffic, QWidget* parent)
     auto* controls = new QHBoxLayout;
     controls->addWidget(m_filterLabel);
     controls->addWidget(m_filter, 1);
+    controls->addWidget(m_onlyWrites);
+    controls->addWidget(m_fold);
     controls->addWidget(m_pause);
     controls->addWidget(m_clear);
     controls->addWidget(m_save);
@@ -73,20 +76,12 @@ TrafficDock::TrafficDock(device::trace::Traffic& traffic, QWidget* parent)
     setFocusProxy(m_filter); // for who opens it
 
     connect(this, &QDockWidget::visibilityChanged, &m_model, &TrafficModel::setActive);
-    connect(m_filter, &QLineEdit::textChanged, &m_filtered,
-            &QSortFilterProxyModel::setFilterFixedString);
+    connect(m_filter, &QLineEdit::textChanged, &m_filtered, &TrafficFilter::setWords);
+    connect(m_onlyWrites, &QCheckBox::toggled, &m_filtered, &TrafficFilter::setOnlyWrites);
+    connect(m_fold, &QCheckBox::toggled, &m_filtered, &TrafficFilter::setFolding);
     connect(m_pause, &QPushButton::toggled, &m_model, &TrafficModel::setPaused);
     connect(m_clear, &QPushButton::clicked, &m_model, &TrafficModel::clear);
     connect(m_save, &QPushButton::clicked, this, &TrafficDock::askForFile);
-    // The view goes with the newest call unless a person has scrolled away from it.
-    connect(&m_filtered, &QAbstractItemModel::rowsAboutToBeInserted, this, [this] {
-        const QScrollBar* const bar = m_view->verticalScrollBar();
-        m_isAtEnd = bar->value() == bar->maximum();
-    });
-    connect(&m_filtered, &QAbstractItemModel::rowsInserted, this, [this] {
-        if (m_isAtEnd)
-            m_view->scrollToBottom();
-    });
 
     translate();
     hide();
@@ -103,9 +98,15 @@ void TrafficDock::translate()
 {
     setWindowTitle(tr("Traffic"));
     m_filterLabel->setText(tr("Fil&ter:"));
-    m_filter->setPlaceholderText(tr("Part of a call, a widget, an argument, …"));
+    m_filter->setPlaceholderText(tr("Parts of a call; -word excludes"));
+    m_filter->setToolTip(tr("Words that must all be in a call, its widget, its arguments or its "
+                            "result. A word after a minus, such as -num_pos_max, must not."));
     m_filter->setAccessibleName(tr("Filter of the calls"));
     m_view->setAccessibleName(tr("Calls between host and plugin"));
+    m_onlyWrites->setText(tr("Writes only"));
+    m_onlyWrites->setToolTip(tr("List only the calls by which the plugin changes something."));
+    m_fold->setText(tr("Fold"));
+    m_fold->setToolTip(tr("Show equal calls in a row as one, with their number."));
     m_pause->setText(tr("&Pause"));
     m_pause->setToolTip(tr("Freeze the list; calls are still recorded."));
     m_clear->setText(tr("&Clear"));
@@ -118,18 +119,8 @@ void TrafficDock::translate()
 
 void TrafficDock::askForFile()
 {
-    // Not modal: the robot goes on meanwhile, and so must whoever watches it.
-    auto* dialog = new QFileDialog(this, tr("Save the calls"), QString(),
-                                   tr("Comma-separated values (*.csv)"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix("csv");
-    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& fileName) {
-        const QString words = saveTable(m_filtered, fileName);
-        if (!words.isEmpty())
-            Q_EMIT problem(words);
-    });
-    dialog->show();
+    values::saveTableAs(m_filtered, tr("Save the calls"), *this,
+                        [this](const QString& words) { Q_EMIT problem(words); });
 }
 
 } // namespace host::workbench::traffic

@@ -4,11 +4,12 @@
 #ifndef HOST_WORKBENCH_TRAFFIC_TRAFFICDOCK_H
 #define HOST_WORKBENCH_TRAFFIC_TRAFFICDOCK_H
 
+#include "host/workbench/traffic/TrafficFilter.h"
 #include "host/workbench/traffic/TrafficModel.h"
 
 #include <QDockWidget>
-#include <QSortFilterProxyModel>
 
+class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -38,14 +39,15 @@ private:
     void askForFile();
 
     TrafficModel m_model;
-    QSortFilterProxyModel m_filtered;
+    TrafficFilter m_filtered{m_model};
     QLabel* m_filterLabel;
     QLineEdit* m_filter;
+    QCheckBox* m_onlyWrites;
+    QCheckBox* m_fold;
     QPushButton* m_pause;
     QPushButton* m_clear;
     QPushButton* m_save;
     QTreeView* m_view;
-    bool m_isAtEnd = true; // the newest call is in sight
 };
 
 } // namespace host::workbench::traffic

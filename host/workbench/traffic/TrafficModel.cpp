@@ -40,6 +40,15 @@ QString argumentsText(const PluginCall& call)
     return words.join(QStringLiteral(", "));
 }
 
+bool isWrite(const PluginCall& call)
+{
+    const QLatin1String name(call.name);
+    const auto begins = [&name](const char* with) { return name.startsWith(QLatin1String(with)); };
+    return call.direction == PluginCall::Direction::ToHost &&
+           (begins("write") || begins("set") || begins("connectDevice") ||
+            begins("disconnectDevice") || begins("simulationDirectExec"));
+}
+
 QString resultText(const PluginCall& call)
 {
     if (call.hasThrown)
@@ -108,6 +117,8 @@ QVariant TrafficModel::data(const QModelIndex& index, int role) const
                 .arg(PluginCall::tooLong.count());
         return index.column() == ArgumentsColumn ? values::plainToolTip(argumentsText(call))
                                                  : QVariant();
+    case IsWriteRole:
+        return isWrite(call);
     case Qt::BackgroundRole:
         // Half transparent, so that it suits light and dark desktops.
         return call.isTooLong() ? QBrush(QColor(220, 40, 0, 90)) : QVariant();

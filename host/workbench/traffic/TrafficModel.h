@@ -34,6 +34,9 @@ public:
         ColumnCount
     };
 
+    /// Whether the plugin changes something at its host by the call.
+    static constexpr int IsWriteRole = Qt::UserRole;
+
     /// @p traffic outlives the model. Not active, and without rows, at first.
     explicit TrafficModel(device::trace::Traffic& traffic);
 

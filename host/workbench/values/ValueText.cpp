@@ -6,6 +6,7 @@
 #include "host/device/SimulationDirectExecRole.h"
 #include "host/device/trace/ClassName.h"
 #include "host/device/variables/Latin1.h"
+#include "host/workbench/values/ScanText.h"
 #include "olm/core/LaserScanMessage.h"
 #include "olm/core/StringList.h"
 #include "olm/core/Vector.h"
@@ -87,6 +88,11 @@ QString print(const StringList& list)
     for (const std::string& text : list)
         array.append(fromLatin1(text));
     return QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact));
+}
+
+QString print(const LaserScanMessage& scan)
+{
+    return scanToText(scan);
 }
 
 template <class Number>
@@ -178,6 +184,14 @@ bool read(const QString& text, StringList& list, QString* error)
     return true;
 }
 
+bool read(const QString& text, LaserScanMessage& scan, QString* error)
+{
+    const auto found = scanFromText(text, error);
+    if (found)
+        scan = *found;
+    return found.has_value();
+}
+
 /// One line of the table of types that can be entered.
 struct Type
 {
@@ -213,12 +227,14 @@ const Type types[] = {
     typeNamed<bool>("bool"),
     typeNamed<int>("int"),
     typeNamed<unsigned int>("unsigned int"),
+    typeNamed<float>("float"),
     typeNamed<double>("double"),
     typeNamed<std::string>("std::string"),
     typeNamed<QString>("QString"),
     typeNamed<Vector<float>>("Vector<float>"),
     typeNamed<Vector<unsigned int>>("Vector<unsigned int>"),
     typeNamed<StringList>("StringList"),
+    typeNamed<LaserScanMessage>("LaserScanMessage"),
 };
 
 QString cut(const QString& text)
@@ -279,10 +295,11 @@ QString inWords(const Variant& value)
 
 QString inWords(std::chrono::system_clock::time_point time)
 {
-    const auto sinceEpoch =
-        std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
-    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count())
-        .toString(QStringLiteral("HH:mm:ss.zzz"));
+    const qint64 sinceEpoch =
+        std::chrono::duration_cast<std::chrono::microseconds>(time.time_since_epoch()).count();
+    return QDateTime::fromMSecsSinceEpoch(sinceEpoch / 1000)
+               .toString(QStringLiteral("HH:mm:ss.zzz")) +
+           QStringLiteral("%1").arg(sinceEpoch % 1000, 3, 10, QLatin1Char('0'));
 }
 
 QStringList enterableTypes()

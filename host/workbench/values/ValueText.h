@@ -21,7 +21,7 @@ QString typeName(const olm::core::variant::Variant& value);
 /// On one line, and cut where it is long.
 QString inWords(const olm::core::variant::Variant& value);
 
-/// The time of day, to the millisecond.
+/// The time of day, to the microsecond.
 QString inWords(std::chrono::system_clock::time_point time);
 
 /// The types that a value can be entered in; "empty" is the first.

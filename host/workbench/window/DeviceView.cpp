@@ -6,6 +6,7 @@
 #include "host/device/Device.h"
 #include "host/workbench/armview/ArmDock.h"
 #include "host/workbench/camera/CameraDock.h"
+#include "host/workbench/events/EventsDock.h"
 #include "host/workbench/faults/FaultsMenu.h"
 #include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/plugin/FailureCard.h"
@@ -24,7 +25,9 @@
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
+#include <QSettings>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -79,6 +82,7 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addWidget(m_status, 1);
     addPlugin();
+    m_usualDocks = saveState();
 
     connect(&device, &device::Device::connectionStateChanged, this,
             [this] { m_connection.request(); });
@@ -127,9 +131,26 @@ void DeviceView::translate()
     m_viewMenu->setTitle(tr("&View"));
     m_robotMenu->setTitle(tr("&Robot"));
     m_names->setText(tr("&Names…"));
+    m_resetLayout->setText(tr("&Reset layout"));
     if (m_toolBar)
         m_toolBar->setWindowTitle(tr("Device"));
     showConnection();
+}
+
+void DeviceView::saveLayout(QSettings& layout) const
+{
+    layout.setValue("docks", saveState());
+    layout.setValue("followRobot", m_robotDock->isFollowing());
+    if (const auto* tabs = centralWidget()->findChild<const QTabWidget*>())
+        layout.setValue("tab", tabs->currentIndex());
+}
+
+void DeviceView::restoreLayout(const QSettings& layout)
+{
+    restoreState(layout.value("docks").toByteArray());
+    m_robotDock->setFollowing(layout.value("followRobot").toBool());
+    if (auto* tabs = centralWidget()->findChild<QTabWidget*>())
+        tabs->setCurrentIndex(layout.value("tab").toInt()); // of none, if there is no such tab
 }
 
 void DeviceView::notify(const QString& words)
@@ -139,15 +160,16 @@ void DeviceView::notify(const QString& words)
 
 void DeviceView::addDocks()
 {
-    auto* robot = new robotview::RobotDock(m_device, this);
+    m_robotDock = new robotview::RobotDock(m_device, this);
     auto* camera = new camera::CameraDock(m_device, this);
     auto* arm = new armview::ArmDock(m_device, this);
+    auto* events = new events::EventsDock(m_device.events(), this);
     auto* variables = new variables::VariablesDock(m_device.variables(), this);
     auto* traffic = new traffic::TrafficDock(m_device.traffic(), this);
-    for (QDockWidget* dock :
-         std::initializer_list<QDockWidget*>{robot, camera, arm, variables, traffic}) {
-        const bool isForDevelopers = dock == variables || dock == traffic;
-        addDockWidget(isForDevelopers ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
+    for (QDockWidget* dock : std::initializer_list<QDockWidget*>{m_robotDock, camera, arm, events,
+                                                                 variables, traffic}) {
+        const bool isList = dock == events || dock == variables || dock == traffic;
+        addDockWidget(isList ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
         m_viewMenu->addAction(dock->toggleViewAction());
         connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool isOpened) {
             if (!isOpened)
@@ -156,11 +178,17 @@ void DeviceView::addDocks()
             dock->setFocus();
         });
     }
-    tabifyDockWidget(robot, camera);
+    tabifyDockWidget(m_robotDock, camera);
     tabifyDockWidget(camera, arm);
+    tabifyDockWidget(events, variables);
     tabifyDockWidget(variables, traffic);
-    robot->setVisible(!m_plugin.failure()); // the others are for developers
+    m_viewMenu->addSeparator();
+    m_resetLayout = m_viewMenu->addAction(QString());
+    m_resetLayout->setObjectName("resetLayout");
+    connect(m_resetLayout, &QAction::triggered, this, [this] { restoreState(m_usualDocks); });
+    m_robotDock->setVisible(!m_plugin.failure()); // the others are for developers
     connect(traffic, &traffic::TrafficDock::problem, this, &DeviceView::notify);
+    connect(events, &events::EventsDock::problem, this, &DeviceView::notify);
 }
 
 void DeviceView::addPlugin()

@@ -14,6 +14,7 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QSettings;
 class QToolBar;
 class QVBoxLayout;
 
@@ -32,6 +33,10 @@ class NamesDialog;
 namespace host::workbench::plugin {
 class PluginLoader;
 } // namespace host::workbench::plugin
+
+namespace host::workbench::robotview {
+class RobotDock;
+} // namespace host::workbench::robotview
 
 namespace host::workbench::window {
 
@@ -65,6 +70,11 @@ public:
     void setNameShown(bool isShown);
     void setCurrent(bool isCurrent);
 
+    /// What a person arranged: docks, the plugin's tab, and what the docks follow. Under keys of
+    /// their own in the group of @p layout that is open; what cannot be read stays as it is.
+    void saveLayout(QSettings& layout) const;
+    void restoreLayout(const QSettings& layout);
+
     /// Tells what a person should know of, until it is put away.
     void notify(const QString& words);
 
@@ -87,9 +97,12 @@ private:
     QMenu* m_robotMenu;
     QMenu* m_faultsMenu;
     QAction* m_names;
+    QAction* m_resetLayout = nullptr;
     QLabel* m_name;
     QToolBar* m_toolBar = nullptr; // the plugin's; null without one
     QVBoxLayout* m_middle;
+    robotview::RobotDock* m_robotDock = nullptr;
+    QByteArray m_usualDocks; // as nobody has moved them yet
     Notice* m_notice;
     StartPage* m_startPage = nullptr;
     Paced m_connection;

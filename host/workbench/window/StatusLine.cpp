@@ -5,16 +5,17 @@
 
 #include "host/device/Device.h"
 #include "host/workbench/values/OutsideText.h"
+#include "host/workbench/window/ElidedLabel.h"
 #include "host/workbench/window/Lamp.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QResizeEvent>
+#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <chrono>
+#include <algorithm>
 
 namespace host::workbench::window {
 
@@ -22,18 +23,41 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// When to be concerned, and when to stop relying on what is shown.
+struct Limit
+{
+    std::chrono::milliseconds amber;
+    std::chrono::milliseconds red;
+
+    const char* concern(std::chrono::milliseconds value) const
+    {
+        return value >= red ? "red" : value >= amber ? "amber" : "";
+    }
+};
+
 /// Data of a robot that moves comes many times a second.
-constexpr auto stale = 2s;
+constexpr Limit age{2s, 10s};
 
 /// Nobody who steers by it would like it later.
-constexpr auto late = 1s;
+constexpr Limit delay{1s, 5s};
 
-QLabel* label(const char* name)
+// Tints of the window's own colour, whatever that is, so that text on them stays legible.
+const char* const amber = "background: rgba(255, 170, 0, 90);";
+const char* const red = "background: rgba(225, 60, 50, 90);";
+
+template <class Label>
+Label* label(const char* name)
 {
-    auto* label = new QLabel;
+    auto* label = new Label;
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     return label;
+}
+
+void setOutsideText(ElidedLabel& label, const QString& text)
+{
+    label.setText(values::shortened(text));
+    label.setToolTip(values::plainToolTip(text));
 }
 
 } // namespace
@@ -42,55 +66,32 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     : m_device(device),
       m_robotAddress(robot),
       m_lamp(new Lamp),
-      m_words(label("status")),
-      m_duration(label("duration")),
-      m_age(label("age")),
-      m_retry(label("retry")),
+      m_words(label<ElidedLabel>("status")),
+      m_duration(label<QLabel>("duration")),
+      m_age(label<QLabel>("age")),
+      m_retry(label<QLabel>("retry")),
       m_giveUp(new QToolButton),
-      m_robot(robot.isEmpty() ? nullptr : label("robot")),
-      m_failure(label("failure")),
-      m_faults(label("faults")),
+      m_robot(robot.isEmpty() ? nullptr : label<QLabel>("robot")),
+      m_failure(label<ElidedLabel>("failure")),
+      m_dismiss(new QToolButton),
+      m_faults(label<ElidedLabel>("faults")),
       m_connection([this] { showConnection(); })
 {
-    m_words->setWordWrap(true);
-    m_words->setAlignment(Qt::AlignTop); // beside the lamp, however much room there is
-    m_words->setMinimumWidth(24 * m_words->fontMetrics().averageCharWidth());
-    m_failure->setWordWrap(true);
-    m_faults->setWordWrap(true);
-    // A tint of the window's own colour, whatever that is, so that its text stays legible.
-    m_age->setStyleSheet("[stale=\"true\"] { background: rgba(255, 170, 0, 90); }");
-    m_faults->setStyleSheet("background: rgba(255, 170, 0, 90); padding: 2px;");
+    m_age->setStyleSheet(QStringLiteral("[concern=\"amber\"] { %1 } [concern=\"red\"] { %2 }")
+                             .arg(QLatin1String(amber), QLatin1String(red)));
+    m_faults->setStyleSheet(amber);
     m_clock.setInterval(500ms);
     m_giveUp->setObjectName("giveUp");
+    m_dismiss->setObjectName("dismiss");
+    m_dismiss->setAutoRaise(true);
+    m_dismiss->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    arrange();
+
     connect(m_giveUp, &QToolButton::clicked, this, [this] { m_device.reconnection().giveUp(); });
-
-    auto* times = new QHBoxLayout;
-    times->setSpacing(12);
-    times->addWidget(m_duration);
-    times->addWidget(m_age);
-    times->addWidget(m_retry);
-    times->addWidget(m_giveUp);
-    times->addStretch();
-    auto* now = new QVBoxLayout;
-    now->setSpacing(0);
-    now->addWidget(m_words);
-    now->addLayout(times);
-    now->addStretch();
-    auto* top = new QHBoxLayout;
-    top->setSpacing(8);
-    m_lamp->setFixedHeight(m_words->fontMetrics().lineSpacing()); // beside the first line
-    top->addWidget(m_lamp, 0, Qt::AlignTop);
-    top->addLayout(now, 1);
-    if (m_robot)
-        top->addWidget(m_robot, 0, Qt::AlignTop);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(6, 2, 6, 2);
-    layout->setSpacing(2);
-    layout->addLayout(top);
-    layout->addWidget(m_failure);
-    layout->addWidget(m_faults);
-    layout->addStretch();
-
+    connect(m_dismiss, &QToolButton::clicked, this, [this] {
+        m_dismissed = m_device.connection().lastFailure().time;
+        showFailure();
+    });
     connect(&m_clock, &QTimer::timeout, this, &StatusLine::showTimes);
     connect(&device, &device::Device::connectionStateChanged, this,
             [this] { m_connection.request(); });
@@ -101,28 +102,55 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
     translate();
 }
 
-QSize StatusLine::sizeHint() const
+/// Three lines: words, times, and what is wrong; the words take those that are empty.
+void StatusLine::arrange()
 {
-    return minimumSizeHint();
+    auto* times = new QHBoxLayout;
+    times->setSpacing(12);
+    times->addWidget(m_duration);
+    times->addWidget(m_age);
+    times->addWidget(m_retry);
+    times->addWidget(m_giveUp);
+    times->addStretch();
+    auto* wrong = new QHBoxLayout;
+    wrong->setSpacing(4);
+    wrong->addWidget(m_failure, 1);
+    wrong->addWidget(m_dismiss);
+    wrong->addWidget(m_faults, 1);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(8);
+    top->addWidget(m_words, 1);
+    if (m_robot)
+        top->addWidget(m_robot, 0, Qt::AlignTop);
+    auto* lines = new QVBoxLayout;
+    lines->setSpacing(0);
+    lines->addLayout(top, 1);
+    lines->addLayout(times);
+    lines->addLayout(wrong);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(6, 2, 6, 2);
+    layout->setSpacing(8);
+    layout->addWidget(m_lamp, 0, Qt::AlignTop);
+    layout->addLayout(lines, 1);
+    fixHeight();
 }
 
-QSize StatusLine::minimumSizeHint() const
+void StatusLine::fixHeight()
 {
-    const int narrowest = layout()->totalMinimumSize().width();
-    return {narrowest, layout()->totalHeightForWidth(qMax(width(), narrowest))};
-}
-
-void StatusLine::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    if (event->size().width() != event->oldSize().width())
-        updateGeometry();
+    const int line = m_words->minimumSizeHint().height();
+    m_lamp->setFixedHeight(line); // beside the first line
+    const QMargins margins = layout()->contentsMargins();
+    setFixedHeight(line + std::max(line, m_giveUp->sizeHint().height()) +
+                   std::max(line, m_dismiss->sizeHint().height()) + margins.top() +
+                   margins.bottom());
 }
 
 void StatusLine::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)
         translate();
+    else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fixHeight();
     QWidget::changeEvent(event);
 }
 
@@ -133,6 +161,8 @@ void StatusLine::translate()
            "much longer than the quickest data it was on its way."));
     m_giveUp->setText(tr("Do not wait"));
     m_giveUp->setToolTip(tr("Make no further attempts to connect."));
+    m_dismiss->setToolTip(tr("Put this error away."));
+    m_dismiss->setAccessibleName(tr("Dismiss"));
     if (m_robot)
         m_robot->setText(tr("Simulated robot: %1").arg(m_robotAddress));
     showConnection();
@@ -142,28 +172,34 @@ void StatusLine::translate()
 void StatusLine::showFaults()
 {
     m_faults->setVisible(m_device.faults().isAnyOn());
-    m_faults->setText(m_device.faults().summary());
+    setOutsideText(*m_faults, m_device.faults().summary());
 }
 
 void StatusLine::showConnection()
 {
     const int state = m_device.connectionState();
     m_lamp->setState(state, m_device.reconnection().isLost());
-    m_words->setText(values::shortened(m_device.status()));
-    m_words->setToolTip(values::plainToolTip(m_device.status()));
-
-    // What has just gone wrong is the status itself.
-    const auto& failure = m_device.connection().lastFailure();
-    m_failure->setVisible(!failure.words.isEmpty() && failure.words != m_device.status());
-    m_failure->setText(tr("Last error, %1: %2")
-                           .arg(failure.time.toString(QStringLiteral("HH:mm:ss")),
-                                values::shortened(failure.words)));
+    setOutsideText(*m_words, m_device.status());
+    showFailure();
 
     if (m_device.connection().connectedFor() || m_device.reconnection().isTrying())
         m_clock.start();
     else
         m_clock.stop();
     showTimes();
+}
+
+void StatusLine::showFailure()
+{
+    // What has just gone wrong is the status itself.
+    const auto& failure = m_device.connection().lastFailure();
+    const bool isShown = !failure.words.isEmpty() && failure.words != m_device.status() &&
+                         failure.time != m_dismissed;
+    m_failure->setVisible(isShown);
+    m_dismiss->setVisible(isShown);
+    setOutsideText(*m_failure,
+                   tr("Last error, %1: %2")
+                       .arg(failure.time.toString(QStringLiteral("HH:mm:ss")), failure.words));
 }
 
 void StatusLine::showReconnection()
@@ -184,8 +220,6 @@ void StatusLine::showTimes()
     const auto duration = m_device.connection().connectedFor();
     m_duration->setVisible(duration.has_value());
     m_age->setVisible(duration.has_value());
-    // One height for both: a cause and its remedy need the line of the times.
-    m_words->setMinimumHeight((duration ? 1 : 2) * m_words->fontMetrics().lineSpacing());
     if (!duration)
         return;
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(*duration).count();
@@ -193,23 +227,28 @@ void StatusLine::showTimes()
                             .arg(seconds / 3600)
                             .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
                             .arg(seconds % 60, 2, 10, QLatin1Char('0')));
+    showAge(*duration);
+}
 
-    const auto age = m_device.connection().dataAge();
-    const bool isOld = age.value_or(*duration) >= stale;
-    const auto delay = m_device.connection().followers().delay().value_or(0ms);
-    const bool isStale = isOld || delay >= late;
-    if (!age)
+void StatusLine::showAge(std::chrono::milliseconds connectedFor)
+{
+    using std::chrono::duration_cast;
+    using std::chrono::seconds;
+    const auto newest = m_device.connection().dataAge();
+    const auto lateness = m_device.connection().followers().delay().value_or(0ms);
+    QString concern = QLatin1String(age.concern(newest.value_or(connectedFor)));
+    if (!newest) {
         m_age->setText(tr("No data yet"));
-    else if (!isStale)
-        m_age->setText(tr("Data is up to date"));
-    else if (!isOld)
-        m_age->setText(tr("Data is %1 s late")
-                           .arg(std::chrono::duration_cast<std::chrono::seconds>(delay).count()));
-    else
-        m_age->setText(tr("Newest data: %1 s old")
-                           .arg(std::chrono::duration_cast<std::chrono::seconds>(*age).count()));
-    if (m_age->property("stale").toBool() != isStale) {
-        m_age->setProperty("stale", isStale);
+    } else if (!concern.isEmpty()) {
+        m_age->setText(tr("Newest data: %1 s old").arg(duration_cast<seconds>(*newest).count()));
+    } else {
+        concern = QLatin1String(delay.concern(lateness));
+        m_age->setText(concern.isEmpty()
+                           ? tr("Data is up to date")
+                           : tr("Data is %1 s late").arg(duration_cast<seconds>(lateness).count()));
+    }
+    if (m_age->property("concern").toString() != concern) {
+        m_age->setProperty("concern", concern);
         m_age->setStyleSheet(m_age->styleSheet()); // looks at the property again
     }
 }

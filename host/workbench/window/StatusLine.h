@@ -6,8 +6,11 @@
 
 #include "host/workbench/window/Paced.h"
 
+#include <QDateTime>
 #include <QTimer>
 #include <QWidget>
+
+#include <chrono>
 
 class QLabel;
 class QToolButton;
@@ -18,10 +21,12 @@ class Device;
 
 namespace host::workbench::window {
 
+class ElidedLabel;
 class Lamp;
 
 /// How the connection stands, in words: with whom, since when, how old the newest data is, what
-/// went wrong last, with what to try, and the faults that are injected.
+/// went wrong last, with what to try, until somebody puts it away, and the faults that are
+/// injected. Always of one height, so that nothing above it moves under the mouse.
 class StatusLine : public QWidget
 {
     Q_OBJECT
@@ -30,33 +35,33 @@ public:
     /// @p device outlives the line. @p robot says where its simulated robot runs, empty for none.
     StatusLine(device::Device& device, const QString& robot);
 
-    // As high as its words need at the width that it has: a status bar knows no heights for widths.
-    bool hasHeightForWidth() const override { return false; }
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-
 protected:
-    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    void arrange();
+    void fixHeight();
     void translate();
     void showConnection();
     void showReconnection();
     void showTimes();
+    void showAge(std::chrono::milliseconds connectedFor);
+    void showFailure();
     void showFaults();
 
     device::Device& m_device;
     QString m_robotAddress;
     Lamp* m_lamp;
-    QLabel* m_words;
+    ElidedLabel* m_words;
     QLabel* m_duration;
     QLabel* m_age;
     QLabel* m_retry; // after a loss
     QToolButton* m_giveUp;
     QLabel* m_robot; // null without one
-    QLabel* m_failure;
-    QLabel* m_faults; // those that are injected
+    ElidedLabel* m_failure;
+    QToolButton* m_dismiss;
+    ElidedLabel* m_faults; // those that are injected
+    QDateTime m_dismissed; // the time of the last failure that somebody put away
     Paced m_connection;
     QTimer m_clock; // runs while connected
 };

@@ -20,9 +20,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
 #include <QSettings>
+#include <QStyle>
 #include <QUrl>
 
 namespace host::workbench::window {
@@ -32,9 +36,9 @@ namespace {
 constexpr QSize sizeForOne(1000, 640);
 constexpr int mostDevicesInSight = 2; // before anybody resizes the window
 
-QString layoutKey(const DeviceView& view)
+QString layoutGroup(const DeviceView& view)
 {
-    return "docks/" + QString::fromLatin1(QUrl::toPercentEncoding(view.device().name()));
+    return "views/" + QString::fromLatin1(QUrl::toPercentEncoding(view.device().name()));
 }
 
 /// The help of a tab is that of the log which is shown in it. Null where none is.
@@ -89,7 +93,10 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
     connect(&m_environment.otherNodes(), &preferences::OtherNodes::changed, view, sift);
     sift();
     m_devices->add(view);
-    resize(sizeForOne.width() * qMin(int(m_views.size()), mostDevicesInSight), sizeForOne.height());
+    const QSize usual(sizeForOne.width() * qMin(int(m_views.size()), mostDevicesInSight),
+                      sizeForOne.height());
+    const QSize title(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    resize(usual.boundedTo(screen()->availableSize() - title));
     for (QMenu* menu : view->menus())
         menuBar()->insertMenu(m_languageMenu->menuAction(), menu);
     for (DeviceView* each : std::as_const(m_views))
@@ -102,11 +109,14 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
 void Window::restoreLayout(const QString& folder)
 {
     m_layoutFile = QDir(folder).filePath("window.ini");
-    const QSettings layout(m_layoutFile, QSettings::IniFormat);
+    QSettings layout(m_layoutFile, QSettings::IniFormat);
     restoreGeometry(layout.value("geometry").toByteArray());
     m_devices->restoreState(layout.value("devices").toByteArray());
-    for (DeviceView* view : std::as_const(m_views))
-        view->restoreState(layout.value(layoutKey(*view)).toByteArray());
+    for (DeviceView* view : std::as_const(m_views)) {
+        layout.beginGroup(layoutGroup(*view));
+        view->restoreLayout(layout);
+        layout.endGroup();
+    }
 }
 
 void Window::saveLayout()
@@ -116,8 +126,11 @@ void Window::saveLayout()
     QSettings layout(m_layoutFile, QSettings::IniFormat);
     layout.setValue("geometry", saveGeometry());
     layout.setValue("devices", m_devices->saveState());
-    for (const DeviceView* view : std::as_const(m_views))
-        layout.setValue(layoutKey(*view), view->saveState());
+    for (const DeviceView* view : std::as_const(m_views)) {
+        layout.beginGroup(layoutGroup(*view));
+        view->saveLayout(layout);
+        layout.endGroup();
+    }
 }
 
 QList<plugin::Failure> Window::failures() const
@@ -141,6 +154,11 @@ void Window::changeEvent(QEvent* event)
 void Window::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);
+    for (auto* dock : findChildren<QDockWidget*>()) {
+        if (dock->isFloating() &&
+            dock->isVisible()) // it came before the window, and so is below it
+            QMetaObject::invokeMethod(dock, &QWidget::raise, Qt::QueuedConnection);
+    }
     if (!focusWidget())
         focusNextPrevChild(true);
 }
@@ -172,8 +190,8 @@ void Window::translate()
     m_contextHelp->setText(tr("&Context help"));
     m_contents->setText(tr("C&ontents"));
     m_about->setText(tr("&About"));
-    if (m_help->isVisible() && !m_help->hasPage())
-        showAbout();
+    if (m_aboutBox)
+        m_aboutBox->setText(aboutText());
 }
 
 void Window::addMenus()
@@ -252,17 +270,32 @@ void Window::showHelpOfFocus()
 
 void Window::showAbout()
 {
-    QString text = tr("<p>%1 %2, with Qt %3.</p>")
+    if (!m_aboutBox) {
+        m_aboutBox = new QMessageBox(QMessageBox::NoIcon, tr("About"), aboutText(),
+                                     QMessageBox::Close, this);
+        m_aboutBox->setTextFormat(Qt::PlainText);
+        m_aboutBox->setTextInteractionFlags(Qt::TextSelectableByMouse |
+                                            Qt::TextSelectableByKeyboard);
+        m_aboutBox->setWindowModality(Qt::NonModal); // whoever reads it may have to act meanwhile
+        m_aboutBox->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_aboutBox->show();
+    m_aboutBox->raise();
+}
+
+QString Window::aboutText() const
+{
+    QString text = tr("%1 %2, with Qt %3.")
                        .arg(QApplication::applicationName(), QApplication::applicationVersion(),
                             QLatin1String(qVersion()));
     if (const ::plugin::gui::Interface* interface = m_plugin.interface()) {
         const auto& info = interface->info();
-        text += tr("<p>Plugin: %1 by %2.</p><p>%3</p>")
-                    .arg(QString::fromLatin1(info.name().c_str()).toHtmlEscaped(),
-                         QString::fromLatin1(info.vendor().c_str()).toHtmlEscaped(),
-                         m_plugin.file().toHtmlEscaped());
+        text += "\n\n" + tr("Plugin: %1 by %2.")
+                             .arg(QString::fromLatin1(info.name().c_str()),
+                                  QString::fromLatin1(info.vendor().c_str()));
+        text += "\n\n" + m_plugin.file();
     }
-    m_help->openText(tr("About"), text);
+    return text;
 }
 
 } // namespace host::workbench::window

@@ -8,9 +8,11 @@
 
 #include <QList>
 #include <QMainWindow>
+#include <QPointer>
 
 class QAction;
 class QMenu;
+class QMessageBox;
 
 namespace host::device {
 class Device;
@@ -73,6 +75,7 @@ private:
     void showMainHelp();
     void showHelpOfFocus();
     void showAbout();
+    QString aboutText() const;
 
     const plugin::PluginLoader& m_plugin;
     plugin::PluginEnvironment& m_environment;
@@ -88,6 +91,7 @@ private:
     QAction* m_contents = nullptr;
     QAction* m_about = nullptr;
     help::HelpPanel* m_help;
+    QPointer<QMessageBox> m_aboutBox; // null while it is not open
 };
 
 } // namespace host::workbench::window

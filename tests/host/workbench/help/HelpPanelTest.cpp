@@ -156,7 +156,6 @@ void HelpPanelTest::a_page_is_shown_as_rich_text_under_its_title()
     panel.help->openPage("toolbar");
     QVERIFY(!panel.help->isHidden());
     QCOMPARE(panel.help->windowTitle(), QString("Connecting"));
-    QVERIFY(panel.help->hasPage());
     const QTextBlock first = panel.browser()->document()->begin();
     QCOMPARE(first.text(), QString("Connecting"));
     QCOMPARE(first.blockFormat().headingLevel(), 1);
@@ -205,11 +204,6 @@ void HelpPanelTest::the_page_follows_the_language()
     panel.language.use("de");
     QCOMPARE(panel.help->windowTitle(), QString::fromUtf8("Der Reiter „Laserscanner“"));
     QVERIFY(panel.browser()->toPlainText().contains("Sequenznummer"));
-
-    panel.help->openText("Title", "<p>text</p>");
-    panel.language.use("en");
-    QVERIFY(!panel.help->hasPage());
-    QCOMPARE(panel.help->windowTitle(), QString("Title"));
 }
 
 TEST_WITH_WINDOWS(HelpPanelTest)

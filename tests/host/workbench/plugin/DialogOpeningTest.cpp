@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/workbench/plugin/DialogOpening.h"
@@ -16,8 +17,6 @@ namespace dialog_opening_test {
 using host::workbench::plugin::DialogOpening;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// A plugin's dialog with one field.
 template <class Field>
@@ -58,7 +57,6 @@ void DialogOpeningTest::typing_replaces_a_number()
     asking.field->setRange(0, 143);
     asking.field->setValue(30);
     QVERIFY(asking.open());
-    QTRY_VERIFY_WITH_TIMEOUT(asking.field->findChild<QLineEdit*>()->hasSelectedText(), patience);
     QTest::keyClicks(asking.field, "77");
     QCOMPARE(asking.field->value(), 77);
 }
@@ -68,7 +66,6 @@ void DialogOpeningTest::typing_replaces_a_text()
     Asking<QLineEdit> asking;
     asking.field->setText("Pos1");
     QVERIFY(asking.open());
-    QTRY_VERIFY_WITH_TIMEOUT(asking.field->hasSelectedText(), patience);
     QTest::keyClicks(asking.field, "Home");
     QCOMPARE(asking.field->text(), QString("Home"));
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Patience.h"
 #include "TestCase.h"
 
 #include "host/workbench/plugin/MenuKey.h"
@@ -17,8 +18,6 @@ namespace menu_key_test {
 using host::workbench::plugin::MenuKey;
 
 namespace {
-
-constexpr int patience = 30000;
 
 /// Its menu hangs on the press of the right button.
 class Table : public QTableWidget

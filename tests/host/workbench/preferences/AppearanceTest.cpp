@@ -8,6 +8,7 @@
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/preferences/Appearance.h"
+#include "host/workbench/preferences/Contrast.h"
 #include "host/workbench/preferences/PreferenceMenu.h"
 #include "host/workbench/window/Notice.h"
 #include "host/workbench/window/StartPage.h"
@@ -15,17 +16,24 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
 #include <QPalette>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
 #include <QStyle>
 #include <QTemporaryDir>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QVBoxLayout>
 #include <QtTest>
 
 #include <algorithm>
-#include <cmath>
 
 namespace appearance_test {
 
@@ -64,25 +72,6 @@ struct Workbench
     Window window;
 };
 
-double linear(double channel)
-{
-    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const QColor& colour)
-{
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-/// From 1, the same, to 21, black on white; 4.5 is what small text needs.
-double contrast(const QColor& one, const QColor& other)
-{
-    const double a = luminance(one);
-    const double b = luminance(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
 /// The colour that most of the widget has.
 QColor background(QWidget& widget)
 {
@@ -102,7 +91,7 @@ QColor background(QWidget& widget)
 
 bool isDark(QWidget& widget)
 {
-    return luminance(background(widget)) < 0.2;
+    return contrast(Qt::white, background(widget)) > contrast(Qt::black, background(widget));
 }
 
 } // namespace
@@ -115,6 +104,8 @@ class AppearanceTest : public TestCase
 private Q_SLOTS:
     void every_text_is_legible_on_its_ground_data();
     void every_text_is_legible_on_its_ground();
+    void every_control_has_an_edge_in_sight_data();
+    void every_control_has_an_edge_in_sight();
     void a_choice_takes_effect_at_once_in_all_widgets();
     void links_in_the_help_follow();
     void the_systems_style_and_palette_come_back();
@@ -126,8 +117,8 @@ private Q_SLOTS:
 void AppearanceTest::every_text_is_legible_on_its_ground_data()
 {
     QTest::addColumn<QString>("code");
-    QTest::newRow("light") << "light";
-    QTest::newRow("dark") << "dark";
+    for (const QString& code : Appearance::codes())
+        QTest::addRow("%s", qPrintable(code)) << code;
 }
 
 void AppearanceTest::every_text_is_legible_on_its_ground()
@@ -156,10 +147,53 @@ void AppearanceTest::every_text_is_legible_on_its_ground()
         compare(group, QPalette::ToolTipText, QPalette::ToolTipBase, 7);
         compare(group, QPalette::PlaceholderText, QPalette::Base, 4.5);
     }
-    // What is disabled may be fainter, and still wants reading.
-    compare(QPalette::Disabled, QPalette::WindowText, QPalette::Window, 3);
-    compare(QPalette::Disabled, QPalette::Text, QPalette::Base, 3);
-    compare(QPalette::Disabled, QPalette::ButtonText, QPalette::Button, 3);
+    // What is disabled, and old values, which have its colour, are fainter and still want reading.
+    compare(QPalette::Disabled, QPalette::WindowText, QPalette::Window, contrastOfText);
+    compare(QPalette::Disabled, QPalette::Text, QPalette::Base, contrastOfText);
+    compare(QPalette::Disabled, QPalette::ButtonText, QPalette::Button, contrastOfText);
+}
+
+void AppearanceTest::every_control_has_an_edge_in_sight_data()
+{
+    every_text_is_legible_on_its_ground_data();
+}
+
+void AppearanceTest::every_control_has_an_edge_in_sight()
+{
+    QFETCH(const QString, code);
+    Appearance appearance;
+    appearance.use(code);
+    QWidget window;
+    auto* const column = new QVBoxLayout(&window);
+    column->addWidget(new QLineEdit); // the focus is in here
+    const QList<QWidget*> controls{new QLineEdit, new QSpinBox,     new QComboBox,
+                                   new QCheckBox, new QRadioButton, new QPushButton("Text")};
+    for (QWidget* control : controls)
+        column->addWidget(control);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window, patience));
+    const QImage picture = window.grab().toImage();
+    const auto bestEdge = [&](const QWidget& control) {
+        double best = 1;
+        for (int x = 0; x < 8; ++x) { // fields have a margin around their frame
+            const QPoint place = control.mapTo(&window, QPoint(x, control.height() / 2));
+            best = std::max(best, contrast(picture.pixelColor(place),
+                                           window.palette().color(QPalette::Window)));
+        }
+        return best;
+    };
+    for (const QWidget* control : controls) {
+        const double found = bestEdge(*control);
+        QVERIFY2(found >= contrastOfControls,
+                 qPrintable(QString("%1: %2").arg(control->metaObject()->className()).arg(found)));
+    }
+
+    QMenu menu;
+    menu.addAction("Text");
+    menu.resize(menu.sizeHint());
+    const QImage popup = menu.grab().toImage();
+    QVERIFY(contrast(popup.pixelColor(0, popup.height() / 2),
+                     popup.pixelColor(3, popup.height() / 2)) >= contrastOfControls);
 }
 
 void AppearanceTest::a_choice_takes_effect_at_once_in_all_widgets()
@@ -211,8 +245,13 @@ void AppearanceTest::the_systems_style_and_palette_come_back()
 {
     QApplication::setPalette(QPalette()); // of the tests before
     QApplication::setStyle("windows");
-    const QPalette before = QApplication::palette();
+    const QPalette system = QApplication::palette();
     Appearance appearance;
+    appearance.use("system");
+    const QPalette before = QApplication::palette();
+    for (const auto role :
+         {QPalette::Window, QPalette::Base, QPalette::WindowText, QPalette::Highlight})
+        QCOMPARE(before.color(role), system.color(role));
     appearance.use("dark");
     QCOMPARE(QApplication::style()->objectName(), QString("fusion"));
     QVERIFY(QApplication::palette() != before);

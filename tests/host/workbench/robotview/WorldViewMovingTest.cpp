@@ -33,6 +33,8 @@ private Q_SLOTS:
     void zooming_while_following_keeps_the_robot_in_the_middle();
     void zooming_has_limits();
     void it_shows_all_again_when_told();
+    void the_place_under_the_mouse_is_told();
+    void dragging_with_shift_measures_and_moves_nothing();
 };
 
 void WorldViewMovingTest::the_wheel_zooms_about_the_pointer()
@@ -140,6 +142,36 @@ void WorldViewMovingTest::it_shows_all_again_when_told()
     world.view.resize(824, 824);
     world.view.grab();
     QCOMPARE(world.scale(), 200.0);
+}
+
+void WorldViewMovingTest::the_place_under_the_mouse_is_told()
+{
+    World world;
+    world.view.grab();
+    QVERIFY(world.view.ruler().words().isEmpty());
+    world.moveMouse(world.pixelOf(3, 1.5), Qt::NoButton);
+    QCOMPARE(world.view.ruler().words(), QString("x 3.00 m, y 1.50 m"));
+    const QImage with = world.view.grab().toImage();
+    QEvent leaving(QEvent::Leave);
+    QCoreApplication::sendEvent(&world.view, &leaving);
+    QVERIFY(world.view.ruler().words().isEmpty());
+    QVERIFY(world.view.grab().toImage() != with);
+}
+
+void WorldViewMovingTest::dragging_with_shift_measures_and_moves_nothing()
+{
+    World world;
+    world.view.grab();
+    const QPoint from = world.pixelOf(1, 1);
+    QTest::mousePress(&world.view, Qt::LeftButton, Qt::ShiftModifier, from);
+    world.moveMouse(world.pixelOf(1, 2), Qt::LeftButton);
+    QTest::mouseRelease(&world.view, Qt::LeftButton, Qt::ShiftModifier, world.pixelOf(1, 2));
+    QCOMPARE(world.view.ruler().words(), QString("x 1.00 m, y 2.00 m\n1.00 m at 90\u00b0"));
+    QCOMPARE(world.pixelOf(1, 1), from);
+    world.moveMouse(world.pixelOf(2, 2), Qt::NoButton);
+    QVERIFY(world.view.ruler().words().endsWith("1.00 m at 90\u00b0")); // to be read at leisure
+    QTest::keyClick(&world.view, Qt::Key_Escape);
+    QCOMPARE(world.view.ruler().words(), QString("x 2.00 m, y 2.00 m"));
 }
 
 TEST_WITH_WINDOWS(WorldViewMovingTest)

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void what_is_no_value_is_an_error_that_says_what_is_right_data();
     void what_is_no_value_is_an_error_that_says_what_is_right();
     void long_values_are_cut_in_words_only();
+    void a_scan_is_entered_as_the_message_it_comes_in();
     void other_types_are_shown_and_not_entered();
     void a_time_is_that_of_the_day();
 };
@@ -91,6 +92,8 @@ void ValueTextTest::every_type_has_its_name_and_its_text_data()
                          << "-5";
     QTest::newRow("unsigned int") << Variant(4294967295U) << "4294967295"
                                   << "4294967295";
+    QTest::newRow("float") << Variant(0.1F) << "0.1"
+                           << "0.1";
     QTest::newRow("double") << Variant(0.1) << "0.1"
                             << "0.1";
     QTest::newRow("std::string") << Variant(std::string("a \xe4\n")) << u8"a \u00e4\n"
@@ -201,16 +204,35 @@ void ValueTextTest::long_values_are_cut_in_words_only()
     QCOMPARE(int(toText(text).size()), 1000);
 }
 
-void ValueTextTest::other_types_are_shown_and_not_entered()
+void ValueTextTest::a_scan_is_entered_as_the_message_it_comes_in()
 {
     LaserScanMessage scan;
     scan.sequenceNumber = 7;
+    scan.timeStamp = 4294967295U;
     scan.frameId = "laser";
-    scan.ranges = Vector<float>(682);
+    scan.minimumAngle = -0.1F;
+    scan.maximumRange = 5.6F;
+    scan.ranges = vectorOf<float>({0.1F, 4});
+    scan.intensities = vectorOf<float>({1e-45F});
     QCOMPARE(typeName(scan), QString("LaserScanMessage"));
-    QCOMPARE(inWords(scan), QString("scan 7 of \"laser\", ranges: 682"));
-    QCOMPARE(enterableType(scan), -1);
-    QCOMPARE(toText(scan), QString());
+    QCOMPARE(inWords(scan), QString("scan 7 of \"laser\", ranges: 2"));
+    const QString text = toText(scan);
+    QVERIFY2(text.contains("\"ranges\":[0.1,4]"), qPrintable(text));
+    QVERIFY(entered(scan, text).get<LaserScanMessage>() == scan);
+
+    scan.ranges = vectorOf<float>({NAN});
+    QVERIFY(std::isnan(entered(scan, toText(scan)).get<LaserScanMessage>().ranges[0]));
+
+    QVERIFY(errorOf(scan, "[]").contains("sensor_msgs/LaserScan"));
+    QString lacking = text;
+    lacking.remove("\"angle_min\":-0.1,");
+    QVERIFY2(errorOf(scan, lacking).contains("angle_min"), qPrintable(errorOf(scan, lacking)));
+}
+
+void ValueTextTest::other_types_are_shown_and_not_entered()
+{
+    QCOMPARE(enterableType(Unknown()), -1);
+    QCOMPARE(toText(Unknown()), QString());
     QCOMPARE(inWords(SimulationDirectExecRole(1005)), QString("1005"));
     QVERIFY(typeName(Unknown()).endsWith("Unknown"));
     QCOMPARE(inWords(Unknown()), typeName(Unknown()));
@@ -219,9 +241,10 @@ void ValueTextTest::other_types_are_shown_and_not_entered()
 void ValueTextTest::a_time_is_that_of_the_day()
 {
     const QDateTime time(QDate(2024, 2, 29), QTime(23, 5, 9, 7));
-    QCOMPARE(inWords(std::chrono::system_clock::time_point(
-                 std::chrono::milliseconds(time.toMSecsSinceEpoch()))),
-             QString("23:05:09.007"));
+    QCOMPARE(
+        inWords(std::chrono::system_clock::time_point(
+            std::chrono::milliseconds(time.toMSecsSinceEpoch()) + std::chrono::microseconds(42))),
+        QString("23:05:09.007042"));
 }
 
 TEST_WITHOUT_WINDOWS(ValueTextTest)

@@ -114,7 +114,7 @@ void VariablesDockTest::a_row_says_all_of_a_variable()
     QCOMPARE(rows,
              QStringList({"input|a|int|5|no|Widget", "output|b|std::string|\"x\"|yes|the device",
                           "config|c|empty|empty|yes|"}));
-    const QRegularExpression time("^\\d\\d:\\d\\d:\\d\\d\\.\\d{3}$");
+    const QRegularExpression time("^\\d\\d:\\d\\d:\\d\\d\\.\\d{6}$");
     QVERIFY(cell(model, 0, VariableModel::WrittenColumn).contains(time));
     QCOMPARE(cell(model, 2, VariableModel::WrittenColumn), QString());
 }

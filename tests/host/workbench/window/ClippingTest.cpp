@@ -5,6 +5,8 @@
 
 #include "FullWindow.h"
 
+#include "host/workbench/window/ElidedLabel.h"
+
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QGroupBox>
@@ -19,6 +21,7 @@
 namespace clipping_test {
 
 using namespace full_window;
+using host::workbench::window::ElidedLabel;
 
 namespace {
 
@@ -30,7 +33,10 @@ QString clipped(const QWidget& widget)
     constexpr int leading = 1; // what lies between lines may be missing
     QString text;
     bool fits = true;
-    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+    if (const auto* elided = qobject_cast<const ElidedLabel*>(&widget)) {
+        text = elided->text();
+        fits = !elided->toolTip().isEmpty() && hint.height() <= size.height();
+    } else if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
         text = label->text();
         fits = label->wordWrap()
                    ? label->heightForWidth(size.width()) <= size.height() &&

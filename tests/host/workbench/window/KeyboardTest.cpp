@@ -90,7 +90,8 @@ void KeyboardTest::tab_reaches_every_control_once_in_the_order_of_reading_data()
     const QStringList variables =
         QStringList{"QLineEdit", "QTreeView", "QComboBox", "QLineEdit", "QPushButton"} + tabBars;
     const QStringList traffic =
-        QStringList{"QLineEdit", "QPushButton", "QPushButton", "QPushButton", "QTreeView"} +
+        QStringList{"QLineEdit",   "QCheckBox",   "QCheckBox", "QPushButton",
+                    "QPushButton", "QPushButton", "QTreeView"} +
         tabBars;
     const QStringList help{"QTextBrowser"};
     QTest::newRow("base, variables")

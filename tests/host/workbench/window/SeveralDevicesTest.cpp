@@ -17,10 +17,13 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QToolBar>
+#include <QToolButton>
 #include <QtTest>
 
 namespace several_devices_test {
@@ -96,6 +99,11 @@ QDockWidget* dock(const DeviceView& view, const char* name)
     return view.findChild<QDockWidget*>(name);
 }
 
+QTabWidget& tabs(const DeviceView& view)
+{
+    return *view.centralWidget()->findChild<QTabWidget*>();
+}
+
 } // namespace
 
 /// Window with several devices side by side.
@@ -111,6 +119,8 @@ private Q_SLOTS:
     void the_menus_are_those_of_the_device_with_the_focus();
     void one_device_has_room_in_the_smallest_window_and_the_others_are_scrolled_to();
     void docks_and_size_come_back_where_they_were();
+    void docks_can_be_put_back_where_they_were_at_first();
+    void the_first_window_has_room_on_its_screen();
     void a_layout_that_cannot_be_read_is_the_usual_one();
 };
 
@@ -235,6 +245,8 @@ void SeveralDevicesTest::docks_and_size_come_back_where_they_were()
         workbench.view(1).addDockWidget(Qt::RightDockWidgetArea,
                                         dock(workbench.view(1), "VariablesDock"));
         dock(workbench.view(1), "VariablesDock")->show();
+        tabs(workbench.view(1)).setCurrentIndex(2);
+        workbench.view(1).findChild<QToolButton*>("follow")->setChecked(true);
         size = workbench.window.size();
         workbench.window.close();
     }
@@ -248,6 +260,34 @@ void SeveralDevicesTest::docks_and_size_come_back_where_they_were()
     QVERIFY(dock(workbench.view(1), "VariablesDock")->isVisible());
     QCOMPARE(workbench.view(1).dockWidgetArea(dock(workbench.view(1), "VariablesDock")),
              Qt::RightDockWidgetArea);
+    QCOMPARE(tabs(workbench.view(0)).currentIndex(), 0);
+    QCOMPARE(tabs(workbench.view(1)).currentIndex(), 2);
+    QVERIFY(!workbench.view(0).findChild<QToolButton*>("follow")->isChecked());
+    QVERIFY(workbench.view(1).findChild<QToolButton*>("follow")->isChecked());
+}
+
+void SeveralDevicesTest::docks_can_be_put_back_where_they_were_at_first()
+{
+    expectWarning("does not support propagateSizeHints");
+    const QTemporaryDir settings;
+    const Workbench workbench(settings.path());
+    DeviceView& view = workbench.view(0);
+    dock(view, "RobotDock")->setFloating(true);
+    view.addDockWidget(Qt::LeftDockWidgetArea, dock(view, "VariablesDock"));
+    dock(view, "VariablesDock")->show();
+    view.findChild<QAction*>("resetLayout")->trigger();
+    QVERIFY(!dock(view, "RobotDock")->isFloating() && !dock(view, "RobotDock")->isHidden());
+    QVERIFY(dock(view, "VariablesDock")->isHidden());
+    QCOMPARE(view.dockWidgetArea(dock(view, "VariablesDock")), Qt::BottomDockWidgetArea);
+}
+
+void SeveralDevicesTest::the_first_window_has_room_on_its_screen()
+{
+    const QTemporaryDir settings;
+    const Workbench workbench(settings.path());
+    const QSize room = workbench.window.screen()->availableSize();
+    QVERIFY(workbench.window.width() <= room.width());
+    QVERIFY(workbench.window.height() < room.height()); // its title needs room, too
 }
 
 void SeveralDevicesTest::a_layout_that_cannot_be_read_is_the_usual_one()
@@ -257,7 +297,9 @@ void SeveralDevicesTest::a_layout_that_cannot_be_read_is_the_usual_one()
     const QTemporaryDir state;
     QFile file(state.filePath("window.ini"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[General]\ngeometry=@ByteArray(nonsense)\ndevices=7\n[docks]\nLeft=x\n\0\xff", 67);
+    file.write("[General]\ngeometry=@ByteArray(nonsense)\ndevices=7\n[views]\nLeft\\docks="
+               "x\nLeft\\tab=99\n\0\xff",
+               83);
     file.close();
     Workbench workbench(settings.path());
     const QSize size = workbench.window.size();

@@ -13,6 +13,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QLayout>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
@@ -48,6 +49,7 @@ struct Fixture
 
     QLabel& label(const char* name) const { return *line.findChild<QLabel*>(name); }
     QString text(const char* name) const { return label(name).text(); }
+    QString concern() const { return label("age").property("concern").toString(); }
 
     const QTemporaryDir settings;
     PluginEnvironment environment;
@@ -78,6 +80,8 @@ private Q_SLOTS:
     void data_that_stops_is_marked_as_stale_with_its_age();
     void data_that_comes_late_is_marked_with_its_delay();
     void a_failure_is_the_status_until_the_next_attempt_and_then_the_last_error();
+    void the_last_error_can_be_put_away_until_there_is_another();
+    void the_height_stays_whatever_is_shown();
     void a_lost_link_is_joined_again_in_sight_unless_somebody_gives_up();
     void faults_on_purpose_are_named_as_long_as_they_are_on();
     void the_simulated_robot_is_named_if_there_is_one();
@@ -123,15 +127,15 @@ void StatusLineTest::data_that_stops_is_marked_as_stale_with_its_age()
     QVERIFY(fixture.device.connectDevice());
     QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
     QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("No data yet"), patience);
-    QVERIFY(!fixture.label("age").property("stale").toBool());
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.label("age").property("stale").toBool(), patience);
+    QCOMPARE(fixture.concern(), QString());
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.concern(), QString("amber"), patience);
 
     robot.publish("/joint_states", {});
     QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("Data is up to date"), patience);
-    QVERIFY(!fixture.label("age").property("stale").toBool());
+    QCOMPARE(fixture.concern(), QString());
     const QImage fresh = fixture.label("age").grab().toImage();
     QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("Newest data: 2 s old"), patience);
-    QVERIFY(fixture.label("age").property("stale").toBool());
+    QCOMPARE(fixture.concern(), QString("amber"));
     const QColor background = fixture.label("age").grab().toImage().pixelColor(0, 0);
     QVERIFY(background != fresh.pixelColor(0, 0));
 
@@ -159,10 +163,10 @@ void StatusLineTest::data_that_comes_late_is_marked_with_its_delay()
     QTRY_VERIFY_WITH_TIMEOUT(
         QRegularExpression("^Data is [67] s late$").match(fixture.text("age")).hasMatch(),
         patience);
-    QVERIFY(fixture.label("age").property("stale").toBool());
+    QCOMPARE(fixture.concern(), QString("red"));
     takePicture(102);
     QTRY_COMPARE_WITH_TIMEOUT(fixture.text("age"), QString("Data is up to date"), patience);
-    QVERIFY(!fixture.label("age").property("stale").toBool());
+    QCOMPARE(fixture.concern(), QString());
 }
 
 void StatusLineTest::a_failure_is_the_status_until_the_next_attempt_and_then_the_last_error()
@@ -182,6 +186,56 @@ void StatusLineTest::a_failure_is_the_status_until_the_next_attempt_and_then_the
     QTRY_VERIFY_WITH_TIMEOUT(fixture.text("failure").contains("Check the port"), patience);
     QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
     QTRY_VERIFY_WITH_TIMEOUT(!fixture.label("failure").isHidden(), patience);
+}
+
+void StatusLineTest::the_last_error_can_be_put_away_until_there_is_another()
+{
+    const Refusal refusal;
+    const EmbeddedRobot robot(0);
+    Fixture fixture(refusal.address());
+    const auto failAndConnect = [&] {
+        fixture.device.overrideAddress(refusal.address());
+        QVERIFY(fixture.device.connectDevice());
+        QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), -1, patience);
+        fixture.device.overrideAddress(robot.address());
+        QVERIFY(fixture.device.connectDevice());
+        QTRY_COMPARE_WITH_TIMEOUT(fixture.device.connectionState(), 3, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(!fixture.label("failure").isHidden(), patience);
+    };
+    auto& dismiss = *fixture.line.findChild<QAbstractButton*>("dismiss");
+    QVERIFY(dismiss.isHidden());
+    failAndConnect();
+    QVERIFY(!dismiss.isHidden());
+    dismiss.click();
+    QVERIFY(dismiss.isHidden() && fixture.label("failure").isHidden());
+    QVERIFY(fixture.device.disconnectDevice());
+    QTRY_COMPARE_WITH_TIMEOUT(fixture.text("status"), QString("Not connected."), patience);
+    QVERIFY(fixture.label("failure").isHidden());
+    failAndConnect();
+}
+
+void StatusLineTest::the_height_stays_whatever_is_shown()
+{
+    const Refusal refusal;
+    Fixture fixture(refusal.address(), "127.0.0.1:4711");
+    fixture.line.resize(320, fixture.line.height());
+    const int height = fixture.line.height();
+    const auto isAsHigh = [&] {
+        return fixture.line.minimumHeight() == height && fixture.line.maximumHeight() == height &&
+               fixture.line.layout()->minimumSize().height() <= height;
+    };
+    QVERIFY(isAsHigh());
+    QVERIFY(fixture.device.connectDevice());
+    QTRY_VERIFY_WITH_TIMEOUT(fixture.text("status").contains("Check the port"), patience);
+    QVERIFY(isAsHigh());
+    const EmbeddedRobot robot(0);
+    fixture.device.overrideAddress(robot.address());
+    QVERIFY(fixture.device.connectDevice());
+    fixture.device.faults().setScanFrozen(true);
+    QTRY_VERIFY_WITH_TIMEOUT(!fixture.label("duration").isHidden(), patience);
+    QVERIFY(!fixture.label("failure").isHidden() && !fixture.label("faults").isHidden());
+    QVERIFY(isAsHigh());
+    QVERIFY(!fixture.label("failure").toolTip().isEmpty()); // which says what has no room
 }
 
 void StatusLineTest::a_lost_link_is_joined_again_in_sight_unless_somebody_gives_up()

@@ -73,6 +73,7 @@ class TrustBarTest : public TestCase
 private Q_SLOTS:
     void it_asks_once_and_connects_when_the_answer_is_yes();
     void the_answer_no_ends_it();
+    void another_address_ends_it_so_that_nobody_else_is_connected_to();
     void a_lost_link_is_not_joined_again_over_a_question();
 };
 
@@ -101,6 +102,21 @@ void TrustBarTest::the_answer_no_ends_it()
     QCOMPARE(f.device.connectionState(), -1);
     f.connectDevice();
     QVERIFY(!f.bar.isHidden());
+}
+
+void TrustBarTest::another_address_ends_it_so_that_nobody_else_is_connected_to()
+{
+    Fixture f;
+    f.connectDevice();
+    QVERIFY(!f.bar.isHidden());
+    const auto write = [&f](const std::string& address) {
+        f.device.write(plugin::gui::VariableKind::Config, "ipAddress", address);
+    };
+    write(f.robot->address().toStdString());
+    QVERIFY(!f.bar.isHidden()); // it is about this one
+    write("127.0.0.1:1");
+    QVERIFY(f.bar.isHidden());
+    QVERIFY(!f.device.connection().certificates().question());
 }
 
 void TrustBarTest::a_lost_link_is_not_joined_again_over_a_question()

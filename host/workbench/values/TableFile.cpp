@@ -1,19 +1,20 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/workbench/traffic/TableFile.h"
+#include "host/workbench/values/TableFile.h"
 
 #include "olm/qt/replaceFile.h"
 
 #include <QAbstractItemModel>
 #include <QCoreApplication>
+#include <QFileDialog>
 #include <QStringList>
 
-namespace host::workbench::traffic {
+namespace host::workbench::values {
 
 namespace {
 
-QString quoted(QString text)
+QString cell(QString text)
 {
     return '"' + text.replace('"', QStringLiteral("\"\"")) + '"';
 }
@@ -23,7 +24,7 @@ QByteArray line(int columns, Text textOf)
 {
     QStringList cells;
     for (int column = 0; column < columns; ++column)
-        cells += quoted(textOf(column).toString());
+        cells += cell(textOf(column).toString());
     return (cells.join(',') + QStringLiteral("\r\n")).toUtf8();
 }
 
@@ -45,4 +46,23 @@ QString saveTable(const QAbstractItemModel& table, const QString& fileName)
         .arg(fileName, error);
 }
 
-} // namespace host::workbench::traffic
+void saveTableAs(const QAbstractItemModel& table, const QString& title, QWidget& parent,
+                 const std::function<void(const QString& words)>& onProblem)
+{
+    // Not modal: the robot goes on meanwhile, and so must whoever watches it.
+    auto* dialog = new QFileDialog(&parent, title, QString(),
+                                   QCoreApplication::translate("host::workbench::TableFile",
+                                                               "Comma-separated values (*.csv)"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix("csv");
+    QObject::connect(dialog, &QFileDialog::fileSelected, &parent,
+                     [&table, onProblem](const QString& fileName) {
+                         const QString words = saveTable(table, fileName);
+                         if (!words.isEmpty())
+                             onProblem(words);
+                     });
+    dialog->show();
+}
+
+} // namespace host::workbench::values
