@@ -7,6 +7,7 @@
 #include "tests/host/device/FakeRobot.h"
 #include "tests/host/workbench/robotview/DockOfRobot.h"
 
+#include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/camera/CameraDock.h"
 #include "host/workbench/camera/PictureView.h"
 
@@ -68,6 +69,7 @@ private Q_SLOTS:
     void it_is_hidden_at_first_and_follows_nothing();
     void it_follows_while_it_is_shown();
     void a_picture_is_shown_in_its_own_proportions();
+    void the_simulated_robots_pictures_are_shown();
     void an_old_picture_is_dimmed_and_says_so();
     void it_says_what_is_missing();
     void a_topic_is_followed_by_the_robots_name_for_it();
@@ -132,6 +134,23 @@ void CameraDockTest::a_picture_is_shown_in_its_own_proportions()
              workbench.view().palette().color(QPalette::Base));
     QVERIFY(isRed(whole.pixelColor(place.left() + 1, place.top() + 1)));
     QTRY_VERIFY_WITH_TIMEOUT(workbench.caption().startsWith("64 × 32 · "), patience);
+}
+
+void CameraDockTest::the_simulated_robots_pictures_are_shown()
+{
+    const host::workbench::EmbeddedRobot robot(0);
+    CameraWorkbench workbench(robot.address());
+    workbench.dock->show();
+    workbench.join();
+    QTRY_COMPARE_WITH_TIMEOUT(workbench.words(), QString(), patience);
+    // More than one colour: floor, walls and what stands there.
+    const QImage picture = workbench.view().grab().toImage();
+    QSet<QRgb> colours;
+    const QRect place = workbench.view().pictureRect();
+    for (int y = place.top(); y < place.bottom(); ++y)
+        colours.insert(picture.pixel(place.center().x(), y));
+    QVERIFY2(colours.size() > 10, qPrintable(QString::number(colours.size())));
+    QTRY_VERIFY_WITH_TIMEOUT(workbench.caption().contains("Hz"), patience);
 }
 
 void CameraDockTest::an_old_picture_is_dimmed_and_says_so()
