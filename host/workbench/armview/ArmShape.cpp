@@ -21,7 +21,8 @@ constexpr double longestLink = 5;
 
 QPolygonF armShape(const ArmPlaces& places, const device::readers::JointTable& joints)
 {
-    QPolygonF shape{QPointF(0, 0)};
+    QPolygonF shape;
+    shape << QPointF(0, 0);
     double direction = upwards;
     for (int axis = 0; axis < axisCount; ++axis) {
         const double place = double(places.at(static_cast<std::size_t>(axis)).value_or(0));

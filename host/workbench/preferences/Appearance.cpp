@@ -112,7 +112,7 @@ QPalette legibleChanges(const QPalette& system)
 
 Appearance::Appearance() : Preference("appearance", codes())
 {
-    apply(); // the system's has something to be changed, too
+    Appearance::apply(); // the system's has something to be changed, too
 }
 
 QStringList Appearance::codes()

@@ -56,10 +56,10 @@ QStringList ElidedLabel::lines() const
     return lines;
 }
 
-void ElidedLabel::paintEvent(QPaintEvent* event)
+void ElidedLabel::paintEvent(QPaintEvent* /*event*/)
 {
-    QFrame::paintEvent(event); // a style sheet's background
     QPainter painter(this);
+    drawFrame(&painter); // and a style sheet's background
     QRect line = contentsRect();
     line.setHeight(fontMetrics().lineSpacing());
     for (const QString& text : lines()) {
