@@ -87,7 +87,7 @@ QVariant StoredPositions::data(const QModelIndex& index, int role) const
 
 void StoredPositions::take()
 {
-    const int before = rowCount();
+    const int before = static_cast<int>(m_positions.size());
     const int count =
         std::clamp(m_variables.value(VariableKind::Config, "num_pos").toInt(), 0, mostPositions);
     if (count > before)

@@ -61,27 +61,32 @@ void CameraFeed::onConnectionState(int state)
     arrange();
 }
 
-/// A robot that cannot tell what it offers is taken to offer all.
 void CameraFeed::arrange()
 {
-    if (!m_isActive || !m_state.isConnected()) {
+    if (m_isActive && m_state.isConnected())
+        followOffered();
+    else
         leave();
-    } else if (m_device.offer().isReady()) {
-        const Offer::State offered = m_device.offer().state(cameraImage.name);
-        m_state.setOffered(offered, m_device.remappings().theirs(cameraImage.name),
-                           m_device.offer().typeOf(cameraImage.name));
-        const bool isOffered =
-            offered != Offer::State::Missing && offered != Offer::State::OtherType;
-        if (isOffered && m_follower == 0)
-            m_follower = m_device.connection().follow(
-                cameraImage.name, cameraImage.type, [this](const QCborMap& message) {
-                    m_newest = {message, CameraState::Clock::now()};
-                    m_state.arrived(m_newest->time);
-                    if (!m_pause.isActive())
-                        readNewest();
-                });
-    }
     Q_EMIT changed();
+}
+
+/// A robot that cannot tell what it offers is taken to offer all.
+void CameraFeed::followOffered()
+{
+    if (!m_device.offer().isReady())
+        return;
+    const Offer::State offered = m_device.offer().state(cameraImage.name);
+    m_state.setOffered(offered, m_device.remappings().theirs(cameraImage.name),
+                       m_device.offer().typeOf(cameraImage.name));
+    if (m_follower != 0 || offered == Offer::State::Missing || offered == Offer::State::OtherType)
+        return;
+    m_follower = m_device.connection().follow(cameraImage.name, cameraImage.type,
+                                              [this](const QCborMap& message) {
+                                                  m_newest = {message, CameraState::Clock::now()};
+                                                  m_state.arrived(m_newest->time);
+                                                  if (!m_pause.isActive())
+                                                      readNewest();
+                                              });
 }
 
 void CameraFeed::leave()

@@ -46,6 +46,7 @@ private:
 
     void onConnectionState(int state);
     void arrange();
+    void followOffered();
     void leave();
     void readNewest();
 

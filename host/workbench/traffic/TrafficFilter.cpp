@@ -52,7 +52,7 @@ void TrafficFilter::setFolding(bool isFolding)
 
 QVariant TrafficFilter::data(const QModelIndex& index, int role) const
 {
-    const QVariant data = QSortFilterProxyModel::data(index, role);
+    QVariant data = QSortFilterProxyModel::data(index, role);
     if (!m_isFolding || role != Qt::DisplayRole || index.column() != TrafficModel::CallColumn)
         return data;
     const int first = mapToSource(index).row();

@@ -74,7 +74,7 @@ std::optional<LaserScanMessage> scanFromText(const QString& text, QString* error
     QString fault = parseError.errorString();
     if (document.isObject()) {
         fault.clear();
-        const auto scan =
+        auto scan =
             device::readers::ScanReader().read(QCborMap::fromJsonObject(document.object()), &fault);
         if (scan)
             return scan;
