@@ -311,6 +311,7 @@ void ArmControlTest::a_foreign_arm_is_commanded_by_its_own_names()
                             {"/controller/command", "trajectory_msgs/JointTrajectory"}});
     QVERIFY(f.device.remappings().set("/arm/command", "/controller/command"));
     QVERIFY(f.device.connectDevice());
+    QTRY_COMPARE_WITH_TIMEOUT(f.device.connectionState(), 3, patience); // nothing told before counts
     QTRY_COMPARE_WITH_TIMEOUT(f.robot.subscriberCount("/joint_states", "sensor_msgs/JointState"), 2,
                               patience);
     f.robot.publish("/joint_states", {{"name", QCborArray{"elbow", "left_wheel", "shoulder"}},

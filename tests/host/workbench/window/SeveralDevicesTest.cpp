@@ -240,7 +240,7 @@ void SeveralDevicesTest::docks_and_size_come_back_where_they_were()
         Workbench workbench(settings.path());
         workbench.window.restoreLayout(state.filePath("made"));
         workbench.show();
-        workbench.window.resize(900, 700);
+        workbench.window.resize(900, 780);
         dock(workbench.view(0), "RobotDock")->close();
         workbench.view(1).addDockWidget(Qt::RightDockWidgetArea,
                                         dock(workbench.view(1), "VariablesDock"));
