@@ -39,10 +39,11 @@ bool LaserNode::setLog(const QString& file, double rate, QStringList* problems, 
     *problems = recording->problems;
     const int more = recording->badLines - static_cast<int>(recording->problems.size());
     if (more > 0)
-        problems->append(tr("%1: %2 further lines cannot be read").arg(file).arg(more));
+        problems->append(
+            tr("%1: %2 further lines cannot be read").arg(file, QString::number(more)));
     m_problems = *problems;
-    m_announcement =
-        tr("replaying %1: %2 scans at %3 times the recorded speed").arg(file).arg(count).arg(rate);
+    m_announcement = tr("replaying %1: %2 scans at %3 times the recorded speed")
+                         .arg(file, QString::number(count), QString::number(rate));
     m_replay = std::move(replay);
     m_laser.setOn(false);
     return true;

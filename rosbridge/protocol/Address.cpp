@@ -171,8 +171,7 @@ QString Address::toString() const
 QString Address::authority() const
 {
     return (host.contains(u':') ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2"))
-        .arg(host)
-        .arg(port);
+        .arg(host, QString::number(port));
 }
 
 } // namespace rosbridge::protocol

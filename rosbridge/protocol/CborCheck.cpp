@@ -229,7 +229,7 @@ unsigned CborCheck::readByte()
 void CborCheck::fail(const QString& why)
 {
     if (!m_fault)
-        m_fault = tr("%1, at byte %2").arg(why).arg(m_position);
+        m_fault = tr("%1, at byte %2").arg(why, QString::number(m_position));
 }
 
 } // namespace rosbridge::protocol

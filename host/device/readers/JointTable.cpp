@@ -75,8 +75,7 @@ std::optional<JointTable::Axes> JointTable::axes(const JointPositions& joints, Q
         const double position = double(joints.positions.at(at));
         if (!std::isfinite(position)) {
             *fault = tr("the joint \"%1\" has %2, which is not a position")
-                         .arg(joint.name)
-                         .arg(position);
+                         .arg(joint.name, QString::number(position));
             return std::nullopt;
         }
         axes.at(axis) = joint.place(position);

@@ -185,7 +185,7 @@ QString SettingsFile::moveAside(QString* error) const
     // rename() never replaces a file.
     QFile damaged(m_fileName);
     for (int number = 1;; ++number) {
-        const QString aside = QStringLiteral("%1.damaged-%2").arg(m_fileName).arg(number);
+        const QString aside = m_fileName + QStringLiteral(".damaged-%1").arg(number);
         if (damaged.rename(aside))
             return QDir::toNativeSeparators(aside);
         if (!QFile::exists(aside))

@@ -30,9 +30,9 @@ const QString bases[] = {QStringLiteral("base_link"), QStringLiteral("base_footp
 QString someOf(const QStringList& names)
 {
     const QString list = names.mid(0, mostNames).join(QStringLiteral(", "));
-    return names.size() > mostNames
-               ? RobotState::tr("%1 and %2 more").arg(list).arg(names.size() - mostNames)
-               : list;
+    return names.size() > mostNames ? RobotState::tr("%1 and %2 more")
+                                          .arg(list, QString::number(names.size() - mostNames))
+                                    : list;
 }
 
 /// "robot1/" of "robot1/laser", and nothing of "/laser".

@@ -64,7 +64,7 @@ QVariant TrafficFilter::data(const QModelIndex& index, int role) const
             break;
         ++count;
     }
-    return count == 1 ? data : tr("%1 × %2").arg(data.toString()).arg(count);
+    return count == 1 ? data : tr("%1 × %2").arg(data.toString(), QString::number(count));
 }
 
 bool TrafficFilter::filterAcceptsRow(int row, const QModelIndex&) const

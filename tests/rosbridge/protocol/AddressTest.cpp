@@ -61,6 +61,8 @@ void AddressTest::a_valid_address_is_read_and_written_back_data()
                                                    << "fe80::1:abcd" << 9090;
     QTest::newRow("IPv6 of an interface") << "[fe80::1%eth0.5]:9091"
                                           << "fe80::1%eth0.5" << 9091;
+    QTest::newRow("IPv6 of an interface named like a place in a text") << "[fe80::1%1]:9091"
+                                                                       << "fe80::1%1" << 9091;
     QTest::newRow("bare IPv6 in full") << "1:2:3:4:5:6:7:8"
                                        << "1:2:3:4:5:6:7:8" << 9090;
 }
