@@ -4,6 +4,7 @@
 #include "Census.h"
 
 #include <QAbstractEventDispatcher>
+#include <QAbstractSocket>
 #include <QObject>
 #include <QThread>
 
@@ -76,4 +77,13 @@ std::size_t census::timers()
             count += static_cast<std::size_t>(dispatcher->registeredTimers(object).size());
     }
     return count;
+}
+
+std::size_t census::sockets()
+{
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    return static_cast<std::size_t>(
+        std::count_if(all().begin(), all().end(), [](const QObject* object) {
+            return isHere(*object) && qobject_cast<const QAbstractSocket*>(object);
+        }));
 }

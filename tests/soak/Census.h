@@ -17,6 +17,8 @@ void begin();
 std::size_t objects();
 /// Those that run in the calling thread, again without single shots.
 std::size_t timers();
+/// Connections that run in the calling thread, those that are just beginning or ending too.
+std::size_t sockets();
 
 } // namespace census
 

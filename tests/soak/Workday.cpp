@@ -3,6 +3,7 @@
 
 #include "Workday.h"
 
+#include "Census.h"
 #include "Flood.h"
 
 #include "host/device/connection/MessageRole.h"
@@ -21,6 +22,8 @@
 #include <QTextCursor>
 #include <QTextEdit>
 #include <QToolBar>
+
+#include <optional>
 
 namespace {
 
@@ -145,7 +148,8 @@ void Workday::fill()
 void Workday::cycle()
 {
     Station& flooded = m_stations[0];
-    const Flood flood(flooded.robot.address());
+    const std::size_t sockets = census::sockets();
+    std::optional<Flood> flood(flooded.robot.address());
     for (Station& station : m_stations)
         sayTooMuch(station.device);
     changeTabs();
@@ -155,7 +159,10 @@ void Workday::cycle()
     useDocks();
     disconnectAll();
     connectAll();
-    waitFor(flooded.device, "flood cut off", [&flood] { return flood.isOver(); });
+    waitFor(flooded.device, "flood cut off", [&flood] { return flood->isOver(); });
+    flood.reset();
+    waitFor(flooded.device, "its connections gone",
+            [sockets] { return census::sockets() == sockets; });
 }
 
 void Workday::connectAll()
