@@ -15,7 +15,8 @@ namespace {
 /// As ROS 1 and ROS 2 number them. What is unknown may be worth reading.
 events::Level levelOf(const QCborMap& line)
 {
-    switch (static_cast<int>(line.value(QLatin1String("level")).toDouble())) {
+    QString fault; // which is no reason to withhold the line
+    switch (rosbridge::protocol::Fields(line, &fault).integer("level", 0, 255)) {
     case 1:
     case 10:
         return events::Level::Debug;

@@ -121,24 +121,25 @@ void RobotLogTest::what_is_no_line_is_said_once_and_makes_none()
 
 void RobotLogTest::of_other_nodes_warnings_are_shown_and_the_rest_on_demand_data()
 {
-    QTest::addColumn<int>("level");
+    QTest::addColumn<double>("level");
     QTest::addColumn<bool>("isShown");
-    QTest::newRow("ROS 1, debug") << 1 << false;
-    QTest::newRow("ROS 1, information") << 2 << false;
-    QTest::newRow("ROS 1, warning") << 4 << true;
-    QTest::newRow("ROS 1, error") << 8 << true;
-    QTest::newRow("ROS 1, fatal") << 16 << true;
-    QTest::newRow("ROS 2, debug") << 10 << false;
-    QTest::newRow("ROS 2, information") << 20 << false;
-    QTest::newRow("ROS 2, warning") << 30 << true;
-    QTest::newRow("ROS 2, error") << 40 << true;
-    QTest::newRow("ROS 2, fatal") << 50 << true;
-    QTest::newRow("unknown") << 7 << true;
+    QTest::newRow("ROS 1, debug") << 1.0 << false;
+    QTest::newRow("ROS 1, information") << 2.0 << false;
+    QTest::newRow("ROS 1, warning") << 4.0 << true;
+    QTest::newRow("ROS 1, error") << 8.0 << true;
+    QTest::newRow("ROS 1, fatal") << 16.0 << true;
+    QTest::newRow("ROS 2, debug") << 10.0 << false;
+    QTest::newRow("ROS 2, information") << 20.0 << false;
+    QTest::newRow("ROS 2, warning") << 30.0 << true;
+    QTest::newRow("ROS 2, error") << 40.0 << true;
+    QTest::newRow("ROS 2, fatal") << 50.0 << true;
+    QTest::newRow("unknown") << 7.0 << true;
+    QTest::newRow("beyond any level") << 1e300 << true;
 }
 
 void RobotLogTest::of_other_nodes_warnings_are_shown_and_the_rest_on_demand()
 {
-    QFETCH(const int, level);
+    QFETCH(const double, level);
     QFETCH(const bool, isShown);
     Fixture f;
     // As ROS 2 has it, where ROS 1 has a header.
