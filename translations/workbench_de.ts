@@ -719,6 +719,26 @@
         <source>injecting faults</source>
         <translation>Fehler auslösen</translation>
     </message>
+    <message>
+        <source>looking through the camera</source>
+        <translation>Blick durch die Kamera</translation>
+    </message>
+    <message>
+        <source>looking at the arm</source>
+        <translation>Blick auf den Arm</translation>
+    </message>
+    <message>
+        <source>no target can be entered</source>
+        <translation>kein Ziel lässt sich eingeben</translation>
+    </message>
+    <message>
+        <source>the target is not shown</source>
+        <translation>das Ziel wird nicht gezeigt</translation>
+    </message>
+    <message>
+        <source>looking at the events</source>
+        <translation>Blick auf die Ereignisse</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::Application</name>

@@ -21,7 +21,9 @@
 #include <QTableView>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QTextBlock>
 #include <QTextEdit>
+#include <QTextLayout>
 
 #include <cmath>
 
@@ -42,6 +44,14 @@ QString logText(const QWidget& page)
 {
     const auto* log = page.findChild<QTextEdit*>();
     return log ? log->toPlainText() : QString();
+}
+
+/// Lines are in a log before they are on the screen.
+bool isShown(const QWidget& page, const QString& line)
+{
+    const auto* log = page.findChild<QTextEdit*>();
+    return log && log->toPlainText().contains(line) &&
+           log->document()->lastBlock().layout()->lineCount() > 0;
 }
 
 /// A value of the laser tab; empty where there is no such row.
@@ -286,7 +296,12 @@ bool PluginTour::connectNowhere()
         return m_operator.fail(tr("the tab has no address field"));
     if (!m_operator.enterAddress(address))
         return false;
-    if (!m_operator.waitUntil([&] { return logText(m_operator.page()).contains(address); }))
+    const auto isRefused = [&] {
+        const QString reason = m_operator.device().status();
+        return m_operator.device().connectionState() < 0 && reason.contains(address) &&
+               isShown(m_operator.page(), reason);
+    };
+    if (!m_operator.waitUntil(isRefused))
         return m_operator.fail(tr("the tab does not say that nothing answers"));
     if (!m_operator.waitForDisconnection())
         return false;

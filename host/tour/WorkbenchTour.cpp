@@ -5,6 +5,9 @@
 
 #include "host/device/Device.h"
 #include "host/tour/Hand.h"
+#include "host/workbench/armview/ArmDock.h"
+#include "host/workbench/camera/CameraDock.h"
+#include "host/workbench/events/EventsDock.h"
 #include "host/workbench/faults/FaultsMenu.h"
 #include "host/workbench/help/HelpPanel.h"
 #include "host/workbench/names/NamesDialog.h"
@@ -16,7 +19,10 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QDockWidget>
+#include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -40,8 +46,9 @@ QDockWidget* WorkbenchTour::findDock() const
 
 bool WorkbenchTour::run()
 {
-    return connectRobot() && showRobot() && showHelp() && showNames() && showVariables() &&
-           showTraffic() && showFaults() && showTwoDevices();
+    return connectRobot() && showRobot() && showCamera() && showArm() && showHelp() &&
+           showNames() && showVariables() && showTraffic() && showEvents() && showFaults() &&
+           showTwoDevices();
 }
 
 bool WorkbenchTour::connectRobot()
@@ -66,6 +73,39 @@ bool WorkbenchTour::showRobot()
     const bool isTaken = m_operator.takePicture("robot");
     hand::press(m_operator.window(), Qt::Key_Home);
     return isTaken;
+}
+
+bool WorkbenchTour::showCamera()
+{
+    m_operator.begin(tr("looking through the camera"));
+    QDockWidget* const dock = findDock<workbench::camera::CameraDock>();
+    if (!dock || !toggle(*dock))
+        return m_operator.fail(tr("there is no such dock"));
+    const auto* const caption = dock->findChild<QLabel*>("caption");
+    if (!m_operator.waitUntil([caption] { return caption->text().contains(QChar(0x00d7)); }))
+        return m_operator.fail(tr("it is empty"));
+    return m_operator.takePicture("camera") && toggle(*dock);
+}
+
+/// Enters a target, and sends nothing.
+bool WorkbenchTour::showArm()
+{
+    m_operator.begin(tr("looking at the arm"));
+    QDockWidget* const dock = findDock<workbench::armview::ArmDock>();
+    if (!dock || !toggle(*dock))
+        return m_operator.fail(tr("there is no such dock"));
+    auto* const target = dock->findChild<QAbstractSpinBox*>("axis1 target");
+    if (!target || !m_operator.waitUntil([target] { return target->isEnabled(); }))
+        return m_operator.fail(tr("no target can be entered"));
+    auto* const picture = dock->findChild<QWidget*>("arm");
+    const QImage before = picture->grab().toImage();
+    hand::click(*target);
+    hand::press(m_operator.window(), Qt::Key_A, Qt::ControlModifier);
+    hand::type(m_operator.window(), QStringLiteral("120"));
+    hand::press(m_operator.window(), Qt::Key_Return);
+    if (!m_operator.waitUntil([&] { return picture->grab().toImage() != before; }))
+        return m_operator.fail(tr("the target is not shown"));
+    return m_operator.takePicture("arm") && toggle(*dock);
 }
 
 bool WorkbenchTour::showHelp()
@@ -127,6 +167,18 @@ bool WorkbenchTour::showTraffic()
     if (!m_operator.waitUntil([calls] { return calls->model()->rowCount() > 0; }))
         return m_operator.fail(tr("it is empty"));
     return m_operator.takePicture("traffic") && toggle(*dock);
+}
+
+bool WorkbenchTour::showEvents()
+{
+    m_operator.begin(tr("looking at the events"));
+    QDockWidget* const dock = findDock<workbench::events::EventsDock>();
+    if (!dock || !toggle(*dock))
+        return m_operator.fail(tr("there is no such dock"));
+    auto* const events = dock->findChild<QAbstractItemView*>("events");
+    if (!m_operator.waitUntil([events] { return events->model()->rowCount() > 0; }))
+        return m_operator.fail(tr("it is empty"));
+    return m_operator.takePicture("events") && toggle(*dock);
 }
 
 bool WorkbenchTour::showFaults()

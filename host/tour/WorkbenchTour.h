@@ -36,10 +36,13 @@ public:
 private:
     bool connectRobot();
     bool showRobot();
+    bool showCamera();
+    bool showArm();
     bool showHelp();
     bool showNames();
     bool showVariables();
     bool showTraffic();
+    bool showEvents();
     bool showFaults();
     bool showTwoDevices();
     template <class Dock>

@@ -69,14 +69,17 @@ const QStringList pictures = {"01-not-connected.png",
                               "14-disconnected.png",
                               "15-refused.png",
                               "16-robot.png",
-                              "17-help.png",
-                              "18-names.png",
-                              "19-variables.png",
-                              "20-traffic.png",
-                              "21-faults-menu.png",
-                              "22-faults.png",
-                              "23-two-devices.png",
-                              "24-plugin-missing.png"};
+                              "17-camera.png",
+                              "18-arm.png",
+                              "19-help.png",
+                              "20-names.png",
+                              "21-variables.png",
+                              "22-traffic.png",
+                              "23-events.png",
+                              "24-faults-menu.png",
+                              "25-faults.png",
+                              "26-two-devices.png",
+                              "27-plugin-missing.png"};
 
 } // namespace
 
