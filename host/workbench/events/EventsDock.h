@@ -6,20 +6,15 @@
 
 #include "host/workbench/events/EventFilter.h"
 #include "host/workbench/events/EventModel.h"
-
-#include <QDockWidget>
+#include "host/workbench/values/TableDock.h"
 
 class QComboBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
-class QTreeView;
 
 namespace host::workbench::events {
 
 /// What happened to a device, in one list: all lines of the robot's log and of the logs in the
 /// tabs, with their levels and where they came from. Hidden at first; then they are only kept.
-class EventsDock : public QDockWidget
+class EventsDock : public values::TableDock
 {
     Q_OBJECT
 
@@ -27,27 +22,13 @@ public:
     /// @p events outlives the dock.
     EventsDock(device::events::Events& events, QWidget* parent);
 
-Q_SIGNALS:
-    /// The events could not be saved; with what to do.
-    void problem(const QString& words);
-
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
-    void translate();
-    void askForFile();
+    void translate() override;
 
     EventModel m_model;
     EventFilter m_filtered{m_model};
-    QLabel* m_filterLabel;
-    QLineEdit* m_filter;
     QLabel* m_levelLabel;
     QComboBox* m_level;
-    QPushButton* m_pause;
-    QPushButton* m_clear;
-    QPushButton* m_save;
-    QTreeView* m_view;
 };
 
 } // namespace host::workbench::events

@@ -6,20 +6,15 @@
 
 #include "host/workbench/traffic/TrafficFilter.h"
 #include "host/workbench/traffic/TrafficModel.h"
-
-#include <QDockWidget>
+#include "host/workbench/values/TableDock.h"
 
 class QCheckBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
-class QTreeView;
 
 namespace host::workbench::traffic {
 
 /// For developers of plugins: every call between the host and the plugin, in order, with what it
 /// was given and how long it took. Hidden at first; then the calls are only kept.
-class TrafficDock : public QDockWidget
+class TrafficDock : public values::TableDock
 {
     Q_OBJECT
 
@@ -27,27 +22,13 @@ public:
     /// @p traffic outlives the dock.
     TrafficDock(device::trace::Traffic& traffic, QWidget* parent);
 
-Q_SIGNALS:
-    /// The calls could not be saved; with what to do.
-    void problem(const QString& words);
-
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
-    void translate();
-    void askForFile();
+    void translate() override;
 
     TrafficModel m_model;
     TrafficFilter m_filtered{m_model};
-    QLabel* m_filterLabel;
-    QLineEdit* m_filter;
     QCheckBox* m_onlyWrites;
     QCheckBox* m_fold;
-    QPushButton* m_pause;
-    QPushButton* m_clear;
-    QPushButton* m_save;
-    QTreeView* m_view;
 };
 
 } // namespace host::workbench::traffic
