@@ -96,8 +96,8 @@
         <translation>Das Gerät ist nicht verbunden.</translation>
     </message>
     <message>
-        <source>Another client is in control of the robot. To take over, reconnect when it has disconnected.</source>
-        <translation>Ein anderer Client hat die Steuerung des Roboters. Um sie zu übernehmen, verbinden Sie erneut, sobald er sich getrennt hat.</translation>
+        <source>The device is not in control of the robot. To take control, choose Robot &gt; Control.</source>
+        <translation>Das Gerät hat die Steuerung des Roboters nicht. Übernehmen Sie sie unter Roboter &gt; Steuerung.</translation>
     </message>
 </context>
 <context>
@@ -123,16 +123,24 @@
         <translation>Verbunden mit %1.</translation>
     </message>
     <message>
-        <source>Connected to %1, passive: another client is in control (%2). To take over, reconnect when it has disconnected.</source>
-        <translation>Verbunden mit %1, passiv: Ein anderer Client hat die Steuerung (%2). Um sie zu übernehmen, verbinden Sie erneut, sobald er sich getrennt hat.</translation>
-    </message>
-    <message>
         <source>name unknown</source>
         <translation>Name unbekannt</translation>
     </message>
     <message>
         <source>%1 If its rosbridge wants authentication (the operation &quot;auth&quot;), switch that off: this program cannot log in.</source>
         <translation>%1 Verlangt sein rosbridge eine Anmeldung (die Operation „auth“), dann schalten Sie das ab: Dieses Programm kann sich nicht anmelden.</translation>
+    </message>
+    <message>
+        <source>Connected to %1, passive: control was released. To take it again, choose Robot &gt; Control.</source>
+        <translation>Verbunden mit %1, passiv: Die Steuerung wurde abgegeben. Übernehmen Sie sie wieder unter Roboter &gt; Steuerung.</translation>
+    </message>
+    <message>
+        <source>Connected to %1, passive: another client is in control (%2). To take over, choose Robot &gt; Control.</source>
+        <translation>Verbunden mit %1, passiv: Ein anderer Client hat die Steuerung (%2). Übernehmen Sie sie unter Roboter &gt; Steuerung.</translation>
+    </message>
+    <message>
+        <source>Control was not released. Reason: %1</source>
+        <translation>Die Steuerung wurde nicht abgegeben. Grund: %1</translation>
     </message>
 </context>
 <context>
@@ -352,6 +360,139 @@
     <message>
         <source>injected fault</source>
         <translation>herbeigeführte Störung</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::operation::Control</name>
+    <message>
+        <source>This robot has no control: all who connect command it.</source>
+        <translation>Dieser Roboter kennt keine Steuerung: Alle, die verbunden sind, können ihm befehlen.</translation>
+    </message>
+    <message>
+        <source>This device is in control of the robot.</source>
+        <translation>Dieses Gerät hat die Steuerung des Roboters.</translation>
+    </message>
+    <message>
+        <source>This device is not in control of the robot.</source>
+        <translation>Dieses Gerät hat die Steuerung des Roboters nicht.</translation>
+    </message>
+    <message>
+        <source>This device is not in control of the robot: %1.</source>
+        <translation>Dieses Gerät hat die Steuerung des Roboters nicht: %1.</translation>
+    </message>
+    <message>
+        <source>Not connected.</source>
+        <translation>Nicht verbunden.</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::operation::Driving</name>
+    <message>
+        <source>the entry &quot;%1&quot; is not a number</source>
+        <translation>der Eintrag „%1“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>Stop was pressed.</source>
+        <translation>„Halt“ wurde gedrückt.</translation>
+    </message>
+    <message>
+        <source>%1 Let go and press again.</source>
+        <translation>%1 Lassen Sie los und drücken Sie erneut.</translation>
+    </message>
+    <message>
+        <source>This robot does not listen to %1. If it has another name for it, enter it in Robot &gt; Names….</source>
+        <translation>Dieser Roboter hört nicht auf %1. Hat er einen anderen Namen dafür, tragen Sie ihn unter Roboter &gt; Namen… ein.</translation>
+    </message>
+    <message>
+        <source>This robot wants %1 on %2, which this program cannot send.</source>
+        <translation>Dieser Roboter erwartet %1 auf %2; das kann dieses Programm nicht senden.</translation>
+    </message>
+    <message>
+        <source>The robot is stopped. Release the stop first.</source>
+        <translation>Der Roboter ist angehalten. Geben Sie ihn zuerst frei.</translation>
+    </message>
+    <message>
+        <source>The robot is being stopped.</source>
+        <translation>Der Roboter wird gerade angehalten.</translation>
+    </message>
+    <message>
+        <source>The drive system is disabled. Enable it in the base tab.</source>
+        <translation>Der Antrieb ist abgeschaltet. Schalten Sie ihn im Reiter „Basis“ ein.</translation>
+    </message>
+    <message>
+        <source>Nothing has come from the robot for a second.</source>
+        <translation>Vom Roboter kam seit einer Sekunde nichts.</translation>
+    </message>
+    <message>
+        <source>The device is not in control of the robot. Take control first.</source>
+        <translation>Das Gerät hat die Steuerung des Roboters nicht. Übernehmen Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>Not connected.</source>
+        <translation>Nicht verbunden.</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::operation::Stopping</name>
+    <message>
+        <source>The robot has not confirmed the stop: use its own emergency stop if it moves. Reason: %1</source>
+        <translation>Der Roboter hat den Halt nicht bestätigt: Benutzen Sie seinen Not-Halt, falls er sich bewegt. Grund: %1</translation>
+    </message>
+    <message>
+        <source>zero velocity on %1</source>
+        <translation>die Geschwindigkeit null auf %1</translation>
+    </message>
+    <message>
+        <source>an empty trajectory on %1, at which most arms hold</source>
+        <translation>eine leere Trajektorie auf %1, bei der die meisten Arme anhalten</translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation> und </translation>
+    </message>
+    <message>
+        <source>Not connected: no robot to stop.</source>
+        <translation>Nicht verbunden: Es gibt keinen Roboter anzuhalten.</translation>
+    </message>
+    <message>
+        <source>Calls %1: all motion ends, and the robot stays stopped until somebody in control releases it.</source>
+        <translation>Ruft %1 auf: Jede Bewegung endet, und der Roboter bleibt angehalten, bis jemand mit der Steuerung ihn freigibt.</translation>
+    </message>
+    <message>
+        <source>It is not known whether this robot has %1. Calls it, and sends %2.</source>
+        <translation>Ob dieser Roboter %1 hat, ist nicht bekannt. Ruft es auf und sendet %2.</translation>
+    </message>
+    <message>
+        <source>This robot offers nothing that stops it. Use its own emergency stop.</source>
+        <translation>Dieser Roboter bietet nichts, was ihn anhält. Benutzen Sie seinen Not-Halt.</translation>
+    </message>
+    <message>
+        <source>This robot has no %1. Sends %2. The robot does not stay stopped: other programs can move it again at once.</source>
+        <translation>Dieser Roboter hat kein %1. Sendet %2. Der Roboter bleibt nicht angehalten: Andere Programme können ihn sofort wieder bewegen.</translation>
+    </message>
+    <message>
+        <source>Stop was not sent: the device is not connected. Use the robot&apos;s own emergency stop.</source>
+        <translation>Kein Halt gesendet: Das Gerät ist nicht verbunden. Benutzen Sie den Not-Halt des Roboters.</translation>
+    </message>
+    <message>
+        <source>Stop was not sent: this robot offers nothing that stops it. Use its own emergency stop.</source>
+        <translation>Kein Halt gesendet: Dieser Roboter bietet nichts, was ihn anhält. Benutzen Sie seinen Not-Halt.</translation>
+    </message>
+    <message>
+        <source>Stop sends %1.</source>
+        <translation>„Halt“ sendet %1.</translation>
+    </message>
+    <message>
+        <source>The robot stays stopped: %1</source>
+        <translation>Der Roboter bleibt angehalten: %1</translation>
+    </message>
+    <message>
+        <source>the robot does not say.</source>
+        <translation>Der Roboter nennt keinen.</translation>
+    </message>
+    <message>
+        <source>The link ended before the robot confirmed the stop. Use its own emergency stop if it moves.</source>
+        <translation>Die Verbindung endete, bevor der Roboter den Halt bestätigte. Benutzen Sie seinen Not-Halt, falls er sich bewegt.</translation>
     </message>
 </context>
 <context>
@@ -910,7 +1051,7 @@
     </message>
     <message>
         <source>Not sent: the robot is not under control.</source>
-        <translation>Nicht gesendet: Sie haben keine Kontrolle über den Roboter.</translation>
+        <translation>Nicht gesendet: Sie haben nicht die Steuerung des Roboters.</translation>
     </message>
 </context>
 <context>
@@ -1031,6 +1172,14 @@
         <source>°/s</source>
         <translation>°/s</translation>
     </message>
+    <message>
+        <source>Release</source>
+        <translation>Freigeben</translation>
+    </message>
+    <message>
+        <source>Lets the robot move again. Make sure that nobody is in its way.</source>
+        <translation>Lässt den Roboter sich wieder bewegen. Vergewissern Sie sich, dass niemand im Weg ist.</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::armview::Hindrance</name>
@@ -1040,7 +1189,7 @@
     </message>
     <message>
         <source>Another client is in control of the robot.</source>
-        <translation>Ein anderer Client hat die Kontrolle über den Roboter.</translation>
+        <translation>Ein anderer Client hat die Steuerung des Roboters.</translation>
     </message>
     <message>
         <source>The robot does not listen to %1. If its arm has another name for commands, enter it in Robot &gt; Names….</source>
@@ -1613,6 +1762,114 @@
     <message>
         <source>Topics for commands</source>
         <translation>Topics für Befehle</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::operation::ControlMenu</name>
+    <message>
+        <source>&amp;Control</source>
+        <translation>&amp;Steuerung</translation>
+    </message>
+    <message>
+        <source>&amp;Take control</source>
+        <translation>Steuerung über&amp;nehmen</translation>
+    </message>
+    <message>
+        <source>Take control when it is &amp;free</source>
+        <translation>Steuerung übernehmen, sobald sie &amp;frei ist</translation>
+    </message>
+    <message>
+        <source>&amp;Release control</source>
+        <translation>Steuerung a&amp;bgeben</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::operation::DriveDock</name>
+    <message>
+        <source>Drive</source>
+        <translation>Fahren</translation>
+    </message>
+    <message>
+        <source>Hold to drive: drag from the centre, or hold the arrow keys or W, A, S and D. Letting go stops the robot.</source>
+        <translation>Zum Fahren halten: von der Mitte aus ziehen, oder die Pfeiltasten oder W, A, S und D halten. Loslassen hält den Roboter an.</translation>
+    </message>
+    <message>
+        <source>Speed, at most:</source>
+        <translation>Tempo, höchstens:</translation>
+    </message>
+    <message>
+        <source> m/s</source>
+        <translation> m/s</translation>
+    </message>
+    <message>
+        <source>Turning, at most:</source>
+        <translation>Drehung, höchstens:</translation>
+    </message>
+    <message>
+        <source> rad/s</source>
+        <translation> rad/s</translation>
+    </message>
+    <message>
+        <source>Ready: hold to drive.</source>
+        <translation>Bereit: zum Fahren halten.</translation>
+    </message>
+    <message>
+        <source>Driving.</source>
+        <translation>Fährt.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::operation::OperationBar</name>
+    <message>
+        <source>Operation</source>
+        <translation>Bedienung</translation>
+    </message>
+    <message>
+        <source>Release</source>
+        <translation>Freigeben</translation>
+    </message>
+    <message>
+        <source>Lets the robot move again. Make sure that nobody is in its way.</source>
+        <translation>Lässt den Roboter sich wieder bewegen. Vergewissern Sie sich, dass niemand im Weg ist.</translation>
+    </message>
+    <message>
+        <source>Only the device in control can let the robot move again: take control first.</source>
+        <translation>Nur das Gerät mit der Steuerung kann den Roboter freigeben: Übernehmen Sie zuerst die Steuerung.</translation>
+    </message>
+    <message>
+        <source>In control</source>
+        <translation>Mit Steuerung</translation>
+    </message>
+    <message>
+        <source>Not in control</source>
+        <translation>Ohne Steuerung</translation>
+    </message>
+    <message>
+        <source>Waiting for control</source>
+        <translation>Wartet auf Steuerung</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Steuerung</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::operation::StopButton</name>
+    <message>
+        <source>Stopping…</source>
+        <translation>Hält an…</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Stop (%1)</source>
+        <translation>Halt (%1)</translation>
+    </message>
+    <message>
+        <source>%1 does the same to the robots of all devices in the window, wherever the keyboard focus is.</source>
+        <translation>%1 tut dasselbe bei den Robotern aller Geräte im Fenster, wo auch immer der Tastaturfokus ist.</translation>
     </message>
 </context>
 <context>

@@ -63,7 +63,8 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
                    }),
       m_reconnection(m_connection, timing),
       m_offer(m_connection, timing),
-      m_silentTopics(m_connection, m_offer, timing.silence)
+      m_silentTopics(m_connection, m_offer, timing.silence),
+      m_control(m_connection, timing)
 {
     loadConfig();
     m_variables.set(VariableKind::State, "connectedToSimulator", false);
@@ -82,6 +83,11 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
     connect(&m_robotLog, &connection::RobotLog::message, this, &Device::sendMessage);
     connect(&m_robotLog, &connection::RobotLog::logged, &m_events, &events::Events::add);
     connect(&m_commands, &connection::Commands::message, this, &Device::report);
+    connect(&m_stopping, &operation::Stopping::message, this, &Device::report);
+    connect(&m_stopping, &operation::Stopping::problem, this, &Device::say);
+    connect(&m_control, &operation::Control::problem, this, &Device::say);
+    connect(&m_driving, &operation::Driving::problem, this, &Device::say);
+    say(m_driving.load(storageFolder, name));
     connect(&m_sensors, &Sensors::scanned, this, &Device::onScan);
     connect(&m_sensors, &Sensors::cameraRateChanged, this, [this](unsigned int rate) {
         m_variables.set(VariableKind::Input, "cameraFrequency", rate);

@@ -19,6 +19,9 @@
 #include "host/device/events/Events.h"
 #include "host/device/faults/Faults.h"
 #include "host/device/faults/FaultyHost.h"
+#include "host/device/operation/Control.h"
+#include "host/device/operation/Driving.h"
+#include "host/device/operation/Stopping.h"
 #include "host/device/trace/TracedHost.h"
 #include "host/device/trace/Traffic.h"
 #include "host/device/variables/ConfigStorage.h"
@@ -90,6 +93,12 @@ public:
 
     /// What the robot has of that.
     connection::Offer& offer() { return m_offer; }
+
+    // What a person has the robot do; the speeds to drive at are remembered beside the
+    // configuration.
+    operation::Control& control() { return m_control; }
+    operation::Stopping& stopping() { return m_stopping; }
+    operation::Driving& driving() { return m_driving; }
 
     /// Which of the robot's joints are the arm's axes; remembered beside the configuration, too.
     connection::ArmJoints& joints() { return m_joints; }
@@ -170,8 +179,11 @@ private:
     connection::Reconnection m_reconnection;
     connection::Offer m_offer;
     connection::SilentTopics m_silentTopics;
+    operation::Control m_control;
     connection::Listener m_listener{m_connection};
     connection::RobotLog m_robotLog{m_listener};
+    operation::Stopping m_stopping{m_connection, m_offer, m_listener};
+    operation::Driving m_driving{m_connection, m_offer, m_stopping};
     connection::ArmJoints m_joints;
     Sensors m_sensors{m_listener, m_joints};
     connection::Commands m_commands{m_connection, m_listener};

@@ -81,8 +81,8 @@ void Commands::call(const QString& service, const QCborMap& args, const QString&
 {
     if (m_connection.state() == Connection::passive)
         return refuse(what,
-                      tr("Another client is in control of the robot. To take over, reconnect when "
-                         "it has disconnected."),
+                      tr("The device is not in control of the robot. To take control, choose "
+                         "Robot > Control."),
                       log, done);
     if (m_connection.state() != Connection::connected)
         return refuse(what, tr("The device is not connected."), log, done);

@@ -90,6 +90,7 @@ bool Connection::open(const QString& addressText)
     m_client->open(*address);
     m_isFirstRound = true;
     m_isAcquireAnswered = false;
+    m_isReleased = false;
     m_frameTimer.start();
     enter(0, [address = m_address] { return tr("Connecting to %1 …").arg(address); });
     return true;
@@ -218,15 +219,70 @@ void Connection::settle()
         enter(connected, [address = m_address] { return tr("Connected to %1.").arg(address); });
         return;
     }
-    const QString reason =
-        isGrantedByRobot() ? m_pretendedController : text(m_acquireResult.values, "message");
-    const Words words = [address = m_address, reason] {
-        return tr("Connected to %1, passive: another client is in control (%2). To take over, "
-                  "reconnect when it has disconnected.")
-            .arg(address, reason.isEmpty() ? tr("name unknown") : reason);
-    };
+    const Words words = passiveWords();
     enter(passive, words);
     Q_EMIT message(emphasisedBaseLogLine, words());
+}
+
+Connection::Words Connection::passiveWords() const
+{
+    return [address = m_address, isReleased = m_isReleased, holder = controller()] {
+        if (isReleased && holder.isEmpty())
+            return tr("Connected to %1, passive: control was released. To take it again, choose "
+                      "Robot > Control.")
+                .arg(address);
+        return tr("Connected to %1, passive: another client is in control (%2). To take over, "
+                  "choose Robot > Control.")
+            .arg(address, holder.isEmpty() ? tr("name unknown") : holder);
+    };
+}
+
+QString Connection::controller() const
+{
+    return isGrantedByRobot() ? m_pretendedController : text(m_acquireResult.values, "message");
+}
+
+void Connection::takeControl()
+{
+    if (m_state == passive)
+        call(service::acquireControl.name, {},
+             [this](const Client::Result& result) { onTakeAnswered(result); });
+}
+
+void Connection::onTakeAnswered(const Client::Result& result)
+{
+    if (m_state != passive)
+        return;
+    if (result.ok) { // else it is as before
+        m_acquireResult = result;
+        m_hasControl = result.values.value(QLatin1String("success")).toBool();
+        m_isReleased = false;
+    }
+    if (isGranted())
+        return settle();
+    setStatus(passiveWords());
+    Q_EMIT controlRefused(result.ok ? m_status() : result.error);
+}
+
+void Connection::releaseControl()
+{
+    if (m_state == connected && m_hasControl)
+        call(service::releaseControl.name, {},
+             [this](const Client::Result& result) { onReleaseAnswered(result); });
+}
+
+void Connection::onReleaseAnswered(const Client::Result& result)
+{
+    if (!result.ok || !result.values.value(QLatin1String("success")).toBool()) {
+        Q_EMIT controlRefused(tr("Control was not released. Reason: %1")
+                                  .arg(result.ok ? text(result.values, "message") : result.error));
+        return;
+    }
+    m_hasControl = false;
+    m_acquireResult = result;
+    m_acquireResult.values = {};
+    m_isReleased = true;
+    settle();
 }
 
 /// A robot without control services is anyone's.
@@ -249,14 +305,19 @@ void Connection::pretendController(const QString& holder)
 
 void Connection::enter(int state, const Words& status)
 {
-    const bool isNewStatus = status() != m_status();
     m_state = state;
-    m_status = status;
     if (state >= connected && !m_connected.isValid())
         m_connected.start();
-    if (isNewStatus)
-        Q_EMIT statusChanged(m_status());
+    setStatus(status);
     Q_EMIT stateChanged(state);
+}
+
+void Connection::setStatus(const Words& status)
+{
+    const bool isNews = status() != m_status();
+    m_status = status;
+    if (isNews)
+        Q_EMIT statusChanged(m_status());
 }
 
 /// Deletes the client, from inside its signals and callbacks too.

@@ -29,9 +29,9 @@ namespace host::device::connection {
 
 /// The connection to one robot: from a text with its address to control over it, and back. A
 /// robot that grants control, or that has no control service, is connected; one that another
-/// client controls is connected passively, until it is closed and opened again. Every other end
-/// is -1, with the cause and what to try as the status and as an emphasised message. Connecting
-/// lasts for one round of the animation at least: people should see that something happens.
+/// client controls is connected passively, until a person takes control. Every other end is -1,
+/// with the cause and what to try as the status and as an emphasised message. Connecting lasts for
+/// one round of the animation at least: people should see that something happens.
 class Connection : public QObject
 {
     Q_OBJECT
@@ -90,6 +90,18 @@ public:
     /// message is sent. False where there is nothing to close.
     bool close();
 
+    /// Asks for control where the state is passive: granted, the state is connected. Nothing is
+    /// sent to the robot but that.
+    void takeControl();
+    /// Gives control back and stays connected, passively from then on. Does nothing unless the
+    /// robot has granted control.
+    void releaseControl();
+    /// Whether the robot has granted control: to a robot without control everybody is welcome.
+    bool hasControl() const { return m_hasControl; }
+    /// Who is in control, in the robot's words, where the state is passive; empty where nobody is,
+    /// or the robot does not say.
+    QString controller() const;
+
     /// From now on control counts as that of @p holder, a few words, whatever the robot grants;
     /// with an empty text as the robot says.
     void pretendController(const QString& holder);
@@ -123,6 +135,9 @@ Q_SIGNALS:
     /// long a time.
     void lost(const QString& address, std::chrono::milliseconds lasted);
     void statusChanged(const QString& words);
+    /// Control that was asked for by takeControl() was not granted, or control was not released:
+    /// why.
+    void controlRefused(const QString& words);
     /// A line for a log.
     void message(plugin::plugin::DataRole role, const QString& text);
     /// Whether the robot that is connected runs in simulated time; false on every loss.
@@ -145,11 +160,15 @@ private:
                 const Client::Callback& callback, std::chrono::milliseconds timeout);
     void onSimTimeAnswered(const Client::Result& result);
     void onAcquireAnswered(const Client::Result& result);
+    void onTakeAnswered(const Client::Result& result);
+    void onReleaseAnswered(const Client::Result& result);
     void onFrame();
     void settle();
     bool isGrantedByRobot() const;
     bool isGranted() const;
+    Words passiveWords() const;
     void enter(int state, const Words& status);
+    void setStatus(const Words& status);
     void leave(const Words& status);
     void fail(const QString& words);
     void sayGoodbye(std::unique_ptr<Client> client);
@@ -174,6 +193,7 @@ private:
     bool m_isFirstRound = false; // of the frames
     Client::Result m_acquireResult;
     bool m_isAcquireAnswered = false;
+    bool m_isReleased = false; // by releaseControl(): nobody is in control, as far as is known
     QTimer m_acquireDeadline;
 };
 

@@ -19,6 +19,7 @@ struct Timing
     std::chrono::milliseconds firstQuestion{5000};  ///< before it is asked again what is missing
     std::chrono::milliseconds lastQuestion{320000}; ///< that pause at its longest
     std::chrono::milliseconds silence{5000};        ///< of one topic while others come
+    std::chrono::milliseconds control{1000};        ///< before control is asked for again
     std::chrono::milliseconds firstPause{1000};     ///< before a lost link is joined again
     std::chrono::milliseconds longestPause{60000};  ///< between two attempts
     std::chrono::milliseconds lasting{30000};       ///< of a link that lasts: the pauses begin anew

@@ -130,11 +130,15 @@ void ArmControl::hold()
     send(goals);
 }
 
-/// As the plugin does.
-void ArmControl::switchOn(Hindrance::Switch which)
+/// The switches as the plugin does.
+void ArmControl::remedy(Hindrance::Switch which)
 {
     if (which == Hindrance::Switch::None)
         return;
+    if (which == Hindrance::Switch::Stop) {
+        m_device.stopping().release();
+        return;
+    }
     if (which == Hindrance::Switch::Torque) {
         m_device.simulationDirectExec(device::toggleTorque, {});
         return;

@@ -54,8 +54,8 @@ public:
     void goTo(const Position& position);
     /// Stops all axes where they are.
     void hold();
-    /// Switches the torque or a supply line on.
-    void switchOn(Hindrance::Switch which);
+    /// Switches the torque or a supply line on, or releases the stop.
+    void remedy(Hindrance::Switch which);
 
     /// Whether this device commands its robot, so that the arm may be held at least.
     bool isInControl() const;

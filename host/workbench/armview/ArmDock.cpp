@@ -217,7 +217,7 @@ QLayout* ArmDock::makeCommands()
     connect(m_go, &QPushButton::clicked, this,
             [this] { m_control.go(static_cast<float>(m_speed->value())); });
     connect(m_hold, &QPushButton::clicked, &m_control, &ArmControl::hold);
-    connect(m_remedy, &QPushButton::clicked, this, [this] { m_control.switchOn(m_switch); });
+    connect(m_remedy, &QPushButton::clicked, this, [this] { m_control.remedy(m_switch); });
     return grid;
 }
 
@@ -334,11 +334,7 @@ void ArmDock::refreshTexts()
         why += hindrance->words;
     m_why->setText(why.join('\n'));
     m_switch = hindrance ? hindrance->remedy : Hindrance::Switch::None;
-    m_remedy->setVisible(m_switch != Hindrance::Switch::None);
-    const int line = static_cast<int>(m_switch) - static_cast<int>(Hindrance::Switch::FirstLine);
-    m_remedy->setText(m_switch == Hindrance::Switch::Torque
-                          ? tr("Switch torque on")
-                          : tr("Switch line %1 on").arg(line + 1));
+    refreshRemedy();
 
     const bool isHindered = hindrance && hindrance->isOfAll;
     bool isAnySliding = false;
@@ -353,6 +349,22 @@ void ArmDock::refreshTexts()
     m_hold->setEnabled(m_control.isInControl());
     const int bar = m_scroll->verticalScrollBar()->sizeHint().width();
     m_scroll->setMinimumWidth(m_scroll->widget()->minimumSizeHint().width() + bar);
+}
+
+void ArmDock::refreshRemedy()
+{
+    using Switch = Hindrance::Switch;
+    m_remedy->setVisible(m_switch != Switch::None);
+    const int line = static_cast<int>(m_switch) - static_cast<int>(Switch::FirstLine);
+    if (m_switch == Switch::Stop)
+        m_remedy->setText(tr("Release"));
+    else if (m_switch == Switch::Torque)
+        m_remedy->setText(tr("Switch torque on"));
+    else
+        m_remedy->setText(tr("Switch line %1 on").arg(line + 1));
+    m_remedy->setToolTip(m_switch == Switch::Stop
+                             ? tr("Lets the robot move again. Make sure that nobody is in its way.")
+                             : QString());
 }
 
 void ArmDock::refreshRow(int axis, bool isHindered)

@@ -58,6 +58,7 @@ private:
     void setActive(bool active);
     void onChanged();
     void refreshTexts();
+    void refreshRemedy();
     void refreshRow(int axis, bool isHindered);
     void refreshPicture();
 

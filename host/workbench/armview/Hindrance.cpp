@@ -56,7 +56,8 @@ std::optional<Hindrance> Hindrance::find(const Link& link, const RobotState& rob
                             "commands, enter it in Robot > Names….")
                              .arg(link.command)};
     if (robot.isSet(RobotState::Stopped).value_or(false))
-        return Hindrance{tr("The robot is stopped. It moves again after the stop is released.")};
+        return Hindrance{tr("The robot is stopped. It moves again after the stop is released."),
+                         Switch::Stop};
     if (!robot.isSet(RobotState::Torque).value_or(true))
         return Hindrance{tr("The arm has no torque."), Switch::Torque};
     const QString old = robot.overdue(RobotState::JointStates, now);

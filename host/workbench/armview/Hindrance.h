@@ -27,6 +27,7 @@ public:
         FirstLine,
         SecondLine,
         ThirdLine,
+        Stop, ///< which is released
     };
 
     /// What the device knows of its robot beside its state.

@@ -9,6 +9,8 @@
 #include "host/workbench/events/EventsDock.h"
 #include "host/workbench/faults/FaultsMenu.h"
 #include "host/workbench/names/NamesDialog.h"
+#include "host/workbench/operation/DriveDock.h"
+#include "host/workbench/operation/OperationBar.h"
 #include "host/workbench/plugin/FailureCard.h"
 #include "host/workbench/plugin/PluginAccess.h"
 #include "host/workbench/plugin/PluginLoader.h"
@@ -16,6 +18,7 @@
 #include "host/workbench/traffic/TrafficDock.h"
 #include "host/workbench/variables/VariablesDock.h"
 #include "host/workbench/window/Notice.h"
+#include "host/workbench/window/PluginBar.h"
 #include "host/workbench/window/StartPage.h"
 #include "host/workbench/window/StatusLine.h"
 #include "host/workbench/window/TrustBar.h"
@@ -28,7 +31,6 @@
 #include <QSettings>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QToolBar>
 #include <QVBoxLayout>
 
 #include <exception>
@@ -163,11 +165,12 @@ void DeviceView::addDocks()
     m_robotDock = new robotview::RobotDock(m_device, this);
     auto* camera = new camera::CameraDock(m_device, this);
     auto* arm = new armview::ArmDock(m_device, this);
+    auto* drive = new operation::DriveDock(m_device, this);
     auto* events = new events::EventsDock(m_device.events(), this);
     auto* variables = new variables::VariablesDock(m_device.variables(), this);
     auto* traffic = new traffic::TrafficDock(m_device.traffic(), this);
-    for (QDockWidget* dock : std::initializer_list<QDockWidget*>{m_robotDock, camera, arm, events,
-                                                                 variables, traffic}) {
+    for (QDockWidget* dock : std::initializer_list<QDockWidget*>{m_robotDock, camera, arm, drive,
+                                                                 events, variables, traffic}) {
         const bool isList = dock == events || dock == variables || dock == traffic;
         addDockWidget(isList ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
         m_viewMenu->addAction(dock->toggleViewAction());
@@ -186,7 +189,7 @@ void DeviceView::addDocks()
     m_resetLayout = m_viewMenu->addAction(QString());
     m_resetLayout->setObjectName("resetLayout");
     connect(m_resetLayout, &QAction::triggered, this, [this] { restoreState(m_usualDocks); });
-    m_robotDock->setVisible(!m_plugin.failure()); // the others are for developers
+    m_robotDock->setVisible(!m_plugin.failure()); // the others are opened when needed
     connect(traffic, &traffic::TrafficDock::problem, this, &DeviceView::notify);
     connect(events, &events::EventsDock::problem, this, &DeviceView::notify);
 }
@@ -203,7 +206,7 @@ void DeviceView::addPlugin()
 
     DeviceWidget* toolBarWidget = loadWidget("toolbar");
     if (toolBarWidget) {
-        m_toolBar = new QToolBar;
+        m_toolBar = new PluginBar;
         m_toolBar->setObjectName("toolBar");
         m_toolBar->setMovable(false);
         m_toolBar->addWidget(toolBarWidget);
@@ -216,6 +219,8 @@ void DeviceView::addPlugin()
                 tr("Choose a plugin made for this device with --plugin."), file};
         });
     }
+
+    addToolBar(new operation::OperationBar(m_device, *m_robotMenu));
 
     if (DeviceWidget* dialog = loadWidget("dialog")) {
         m_middle->addWidget(dialog, 1);

@@ -82,6 +82,7 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
 {
     auto* view = new DeviceView(m_plugin, device, robot);
     m_views.append(view);
+    m_stopKey.add(device.stopping());
     const auto join = [this, &device] {
         device.reconnection().setAutomatic(m_environment.lostLinks().areJoinedAgain());
     };

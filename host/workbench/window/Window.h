@@ -4,6 +4,7 @@
 #ifndef HOST_WORKBENCH_WINDOW_WINDOW_H
 #define HOST_WORKBENCH_WINDOW_WINDOW_H
 
+#include "host/workbench/operation/StopKey.h"
 #include "host/workbench/plugin/Failure.h"
 
 #include <QList>
@@ -79,6 +80,7 @@ private:
 
     const plugin::PluginLoader& m_plugin;
     plugin::PluginEnvironment& m_environment;
+    operation::StopKey m_stopKey;
     DeviceArea* m_devices;
     QList<DeviceView*> m_views;
     DeviceView* m_current = nullptr; // null as long as there is no device

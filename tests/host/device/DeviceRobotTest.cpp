@@ -42,10 +42,10 @@ void DeviceRobotTest::a_passive_device_sends_nothing_and_says_why()
     QVERIFY(f.connect(4));
     f.probe->writeConfigVariable("disableDriveSystem", true);
     f.exec(1006);
-    QVERIFY(f.hears("1000 Disable the drive system: not done. Another client is in control of the "
-                    "robot. To take over, reconnect when it has disconnected."));
-    QVERIFY(f.hears("1001 Switch torque on: not done. Another client is in control of the robot. "
-                    "To take over, reconnect when it has disconnected."));
+    QVERIFY(f.hears("1000 Disable the drive system: not done. The device is not in control of the "
+                    "robot. To take control, choose Robot > Control."));
+    QVERIFY(f.hears("1001 Switch torque on: not done. The device is not in control of the robot. "
+                    "To take control, choose Robot > Control."));
     QVERIFY(f.settle());
     QCOMPARE(f.probe->calls.filter("not done").size(), 2); // the connection itself sets nothing
     QVERIFY(f.robot.calls().filter("/drive/").isEmpty());
@@ -68,8 +68,8 @@ void DeviceRobotTest::each_command_is_named_in_the_log_of_its_part()
     f.exec(1008, true);
     f.exec(1010, false);
     QVERIFY(f.settle());
-    const QString why = ": not done. Another client is in control of the robot. To take over, "
-                        "reconnect when it has disconnected.";
+    const QString why = ": not done. The device is not in control of the robot. To take control, "
+                        "choose Robot > Control.";
     QCOMPARE(f.probe->calls.filter(why),
              QStringList({"1000 Enable the drive system" + why,
                           "1000 Camera resolution 320x240" + why, "1001 Switch torque off" + why,

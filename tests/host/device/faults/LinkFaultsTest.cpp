@@ -294,8 +294,8 @@ void LinkFaultsTest::another_controller_makes_the_connection_passive_at_once()
     QVERIFY(f.device->status().contains("another client is in control (injected fault)"));
     QVERIFY(f.hears("1005 4"));
     f.probe->simulationDirectExec(SimulationDirectExecRole(1006), Variant());
-    QVERIFY(f.hears("1001 Switch torque on: not done. Another client is in control of the robot. "
-                    "To take over, reconnect when it has disconnected."));
+    QVERIFY(f.hears("1001 Switch torque on: not done. The device is not in control of the robot. "
+                    "To take control, choose Robot > Control."));
     f.faults.setScanFrozen(true); // another fault changes nothing about it
     QCOMPARE(f.probe->count("1005 4"), 1);
 

@@ -374,12 +374,12 @@ void ArmControlTest::torque_and_lines_are_switched_as_the_plugin_does()
         f.settle();
         return f.robot.calls().filter("/arm/");
     };
-    f.control.switchOn(Hindrance::Switch::None);
+    f.control.remedy(Hindrance::Switch::None);
     QCOMPARE(commands(), QStringList());
-    f.control.switchOn(Hindrance::Switch::Torque);
+    f.control.remedy(Hindrance::Switch::Torque);
     QCOMPARE(commands(), QStringList{"/arm/torque {\"data\":true}"});
     f.device.write(plugin::gui::VariableKind::Config, "line1_enabled", false);
-    f.control.switchOn(Hindrance::Switch::SecondLine);
+    f.control.remedy(Hindrance::Switch::SecondLine);
     QCOMPARE(commands().last(), QString("/arm/line1 {\"data\":true}"));
     QCOMPARE(int(commands().size()), 2);
     QVERIFY(f.device.read(plugin::gui::VariableKind::Config, "line1_enabled").toBool());

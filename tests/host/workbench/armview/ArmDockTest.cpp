@@ -81,6 +81,7 @@ class ArmDockTest : public TestCase
 private Q_SLOTS:
     void it_follows_while_it_is_shown();
     void it_says_why_nothing_moves_and_offers_the_switch();
+    void a_stopped_robot_is_released_beside_the_reason();
     void axes_and_targets_are_shown();
     void nothing_is_sent_but_by_a_button();
     void a_chosen_position_is_drawn_before_it_is_sent();
@@ -129,6 +130,27 @@ void ArmDockTest::it_says_why_nothing_moves_and_offers_the_switch()
     QCOMPARE(workbench.button("remedy").text(), QString("Switch line 2 on"));
     QVERIFY(workbench.button("go").isEnabled()); // the others move
     robot.publish("/arm/line1_enabled", message::truth(true));
+    QTRY_COMPARE_WITH_TIMEOUT(workbench.why(), QString(), patience);
+    QVERIFY(!workbench.button("remedy").isVisible());
+}
+
+void ArmDockTest::a_stopped_robot_is_released_beside_the_reason()
+{
+    ArmRobot robot;
+    robot.answerTrigger("/stop/release", true);
+    robot.latch("/stopped", message::truth(true));
+    ArmWorkbench workbench(robot.address());
+    workbench.join();
+    QTRY_COMPARE_WITH_TIMEOUT(
+        workbench.why(),
+        QString("The robot is stopped. It moves again after the stop is released."), patience);
+    QVERIFY(workbench.button("remedy").isVisible());
+    QCOMPARE(workbench.button("remedy").text(), QString("Release"));
+    QVERIFY(!robot.calls().contains("/stop/release {}"));
+    workbench.button("remedy").click();
+    workbench.waitForRobot();
+    QVERIFY(robot.calls().contains("/stop/release {}"));
+    robot.publish("/stopped", message::truth(false));
     QTRY_COMPARE_WITH_TIMEOUT(workbench.why(), QString(), patience);
     QVERIFY(!workbench.button("remedy").isVisible());
 }

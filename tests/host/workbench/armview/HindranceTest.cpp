@@ -86,6 +86,7 @@ void HindranceTest::each_is_said_and_the_more_general_first()
     robot.read(RobotState::Stopped, message::truth(true), start);
     QCOMPARE(words(robot),
              QString("The robot is stopped. It moves again after the stop is released."));
+    QCOMPARE(Hindrance::find(linkOf(), robot, start)->remedy, Switch::Stop);
     QCOMPARE(
         words(robot, linkOf(connected, false)),
         QString("The robot does not listen to /my_arm/command. If its arm has another name for "

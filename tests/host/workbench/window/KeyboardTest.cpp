@@ -77,6 +77,7 @@ void KeyboardTest::tab_reaches_every_control_once_in_the_order_of_reading_data()
     QTest::addColumn<QString>("dock");
     QTest::addColumn<QStringList>("order");
     const QStringList toolBar{"ConnectButton", "AddressInput",
+                              "host::workbench::operation::StopButton",
                               "QToolButton"}; // and the strip below
     const QStringList base{"AddressInput", "ConnectButton",      "QComboBox",
                            "QCheckBox",    "olm::qt::log::View", "QTabBar"};
@@ -85,6 +86,8 @@ void KeyboardTest::tab_reaches_every_control_once_in_the_order_of_reading_data()
     const QStringList laser{"olm::qt::log::View", "QTabBar"};
     const QStringList robot{"QToolButton", "QToolButton", "host::workbench::robotview::WorldView",
                             "QTreeView"};
+    const QStringList drive{"QDoubleSpinBox", "QDoubleSpinBox",
+                            "host::workbench::operation::DrivePad"};
     // Docks for operators are stacked, and those for developers.
     const QStringList tabBars{"QTabBar", "QTabBar"};
     const QStringList variables =
@@ -95,11 +98,11 @@ void KeyboardTest::tab_reaches_every_control_once_in_the_order_of_reading_data()
         tabBars;
     const QStringList help{"QTextBrowser"};
     QTest::newRow("base, variables")
-        << 0 << "VariablesDock" << toolBar + base + robot + variables + help;
+        << 0 << "VariablesDock" << toolBar + base + robot + drive + variables + help;
     QTest::newRow("manipulator, traffic")
-        << 1 << "TrafficDock" << toolBar + manipulator + robot + traffic + help;
+        << 1 << "TrafficDock" << toolBar + manipulator + robot + drive + traffic + help;
     QTest::newRow("laser, variables")
-        << 2 << "VariablesDock" << toolBar + laser + robot + variables + help;
+        << 2 << "VariablesDock" << toolBar + laser + robot + drive + variables + help;
 }
 
 void KeyboardTest::tab_reaches_every_control_once_in_the_order_of_reading()
