@@ -311,6 +311,10 @@
         <source>the camera&apos;s pictures</source>
         <translation>die Bilder der Kamera</translation>
     </message>
+    <message>
+        <source>the robot&apos;s outline</source>
+        <translation>der Umriss des Roboters</translation>
+    </message>
 </context>
 <context>
     <name>host::device::connection::SilentTopics</name>
@@ -2070,6 +2074,17 @@
     <message>
         <source>Warnings and errors</source>
         <translation>Warnungen und Fehler</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::robotview::Footprint</name>
+    <message>
+        <source>has %1 points, not %2 to %3</source>
+        <translation>hat %1 Punkte, nicht %2 bis %3</translation>
+    </message>
+    <message>
+        <source>has a point %1 that is no place in metres</source>
+        <translation>hat einen Punkt %1, der kein Ort in Metern ist</translation>
     </message>
 </context>
 <context>

@@ -49,6 +49,15 @@ string value
 float64 x
 float64 y
 float64 z
+# geometry_msgs/Point32
+float32 x
+float32 y
+float32 z
+# geometry_msgs/Polygon
+geometry_msgs/Point32[] points
+# geometry_msgs/PolygonStamped
+std_msgs/Header header
+geometry_msgs/Polygon polygon
 # geometry_msgs/Pose
 geometry_msgs/Point position
 geometry_msgs/Quaternion orientation

@@ -6,6 +6,7 @@
 #include "robot/network/Network.h"
 #include "robot/nodes/RosMessages.h"
 #include "robot/simulation/DriveBase.h"
+#include "robot/simulation/World.h"
 #include "rosbridge/protocol/Services.h"
 #include "rosbridge/protocol/Topics.h"
 
@@ -21,6 +22,7 @@ DriveNode::DriveNode(network::Network& network, simulation::DriveBase& driveBase
 {
     network.topics().addPublished(topic::odometry.name, topic::odometry.type);
     network.topics().addLatched(topic::driveDisabled.name, topic::driveDisabled.type);
+    network.topics().addLatched(topic::footprint.name, topic::footprint.type);
     network.topics().addCommand(
         topic::velocityCommand.name, topic::velocityCommand.type,
         rosbridge::server::Access::RequiresControl,
@@ -35,6 +37,9 @@ DriveNode::DriveNode(network::Network& network, simulation::DriveBase& driveBase
                      [&driveBase] { driveBase.endCommand(); });
     QObject::connect(&network.stop(), &network::Stop::engaged, [&driveBase] { driveBase.stop(); });
     publishDisabled();
+    m_network.publish(topic::footprint.name,
+                      circleMessage({0, {}, QString(simulation::DriveBase::baseFrameId)},
+                                    simulation::World::robotRadius));
 }
 
 void DriveNode::step(simulation::Time now)

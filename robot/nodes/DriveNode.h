@@ -22,8 +22,8 @@ class DriveBase;
 
 namespace robot::nodes {
 
-/// The drive base: obeys /cmd_vel, /drive/disable and the stop, tells where it is on /odom and
-/// whether it is allowed to move on /drive/disabled.
+/// The drive base: obeys /cmd_vel, /drive/disable and the stop, tells where it is on /odom,
+/// what it covers on /footprint, and whether it is allowed to move on /drive/disabled.
 class DriveNode : public Node
 {
     Q_DECLARE_TR_FUNCTIONS(robot::nodes::DriveNode)

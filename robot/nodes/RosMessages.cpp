@@ -187,6 +187,19 @@ QCborMap compressedImageMessage(const simulation::Header& header, const QString&
             {QStringLiteral("data"), data}};
 }
 
+QCborMap circleMessage(const simulation::Header& header, double radius)
+{
+    constexpr int corners = 32;
+    constexpr double turn = 2 * 3.14159265358979323846;
+    QCborArray points;
+    for (int corner = 0; corner < corners; ++corner) {
+        const double angle = turn * corner / corners;
+        points.append(vector(radius * std::cos(angle), radius * std::sin(angle), 0));
+    }
+    return {{QStringLiteral("header"), toMessage(header)},
+            {QStringLiteral("polygon"), QCborMap{{QStringLiteral("points"), points}}}};
+}
+
 QCborMap boolMessage(bool data)
 {
     return {{QStringLiteral("data"), data}};

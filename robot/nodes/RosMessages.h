@@ -45,6 +45,9 @@ QCborMap toMessage(const simulation::CameraInfo& info);
 QCborMap compressedImageMessage(const simulation::Header& header, const QString& format,
                                 const QByteArray& data);
 
+/// geometry_msgs/PolygonStamped: a circle about the frame's origin, as a polygon; metres.
+QCborMap circleMessage(const simulation::Header& header, double radius);
+
 /// std_msgs/Bool.
 QCborMap boolMessage(bool data);
 

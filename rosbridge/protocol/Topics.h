@@ -37,6 +37,7 @@ constexpr Topic cameraImage{QLatin1String("/camera/image_raw/compressed"), QLati
 constexpr Topic cameraInfo{QLatin1String("/camera/camera_info"), QLatin1String("sensor_msgs/CameraInfo")};
 constexpr Topic clock{QLatin1String("/clock"), QLatin1String("rosgraph_msgs/Clock")};
 constexpr Topic driveDisabled{QLatin1String("/drive/disabled"), type::boolean};
+constexpr Topic footprint{QLatin1String("/footprint"), QLatin1String("geometry_msgs/PolygonStamped")};
 constexpr Topic jointStates{QLatin1String("/joint_states"), QLatin1String("sensor_msgs/JointState")};
 constexpr Topic log{QLatin1String("/rosout"), QLatin1String("rosgraph_msgs/Log")};
 constexpr Topic map{QLatin1String("/map"), QLatin1String("nav_msgs/OccupancyGrid")};

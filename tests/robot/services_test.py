@@ -19,6 +19,7 @@ TOPICS = {
     "/clock": "rosgraph_msgs/Clock",
     "/cmd_vel": "geometry_msgs/Twist",
     "/drive/disabled": "std_msgs/Bool",
+    "/footprint": "geometry_msgs/PolygonStamped",
     "/map": "nav_msgs/OccupancyGrid",
     "/odom": "nav_msgs/Odometry",
     "/rosout": "rosgraph_msgs/Log",

@@ -6,6 +6,7 @@
 Usage: topics_test.py PROGRAM [unittest arguments]
 """
 
+import math
 import struct
 
 import cbor2
@@ -232,12 +233,19 @@ class WorldTest(EndpointTest):
         client = await self.client()
         await client.send(op="subscribe", topic="/map")
         await client.send(op="subscribe", topic="/drive/disabled")
+        await client.send(op="subscribe", topic="/footprint")
         messages = await client.everything_so_far()
-        self.assertEqual([message["topic"] for message in messages], ["/map", "/drive/disabled"])
+        self.assertEqual(
+            [message["topic"] for message in messages], ["/map", "/drive/disabled", "/footprint"]
+        )
         grid = messages[0]["msg"]
         self.assertEqual(len(grid["data"]), grid["info"]["width"] * grid["info"]["height"])
         self.assertEqual(set(grid["data"]), {0, 100})
         self.assertEqual(messages[1]["msg"], {"data": False})
+        footprint = messages[2]["msg"]
+        self.assertEqual(footprint["header"]["frame_id"], "base_link")
+        for point in footprint["polygon"]["points"]:
+            self.assertAlmostEqual(math.hypot(point["x"], point["y"]), 0.25)
 
     async def test_a_velocity_command_is_obeyed_for_half_a_second(self):
         client = await self.client()

@@ -29,7 +29,19 @@ const RobotFeed::Topics shownTopics{
     RobotState::Odometry,   RobotState::Scan,       RobotState::JointStates,
     RobotState::ArmState,   RobotState::Torque,     RobotState::FirstLine,
     RobotState::SecondLine, RobotState::ThirdLine,  RobotState::DriveDisabled,
-    RobotState::Camera,
+    RobotState::Camera,     RobotState::Footprint,
+};
+
+/// As high as its rows need.
+class PartsView : public QTreeView
+{
+public:
+    QSize sizeHint() const override
+    {
+        const int rows = model()->rowCount() * sizeHintForRow(0);
+        return {QTreeView::sizeHint().width(),
+                header()->sizeHint().height() + rows + 2 * frameWidth()};
+    }
 };
 
 } // namespace
@@ -42,7 +54,7 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
       m_showAll(new QToolButton),
       m_world(new WorldView(m_feed.state())),
       m_notes(new QLabel),
-      m_parts(new QTreeView)
+      m_parts(new PartsView)
 {
     setObjectName("RobotDock");
     m_follow->setObjectName("follow");
@@ -78,7 +90,7 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     splitter->addWidget(world);
     splitter->addWidget(m_parts);
     splitter->setChildrenCollapsible(false);
-    splitter->setSizes({2 * m_world->sizeHint().height(), m_world->sizeHint().height()});
+    splitter->setStretchFactor(0, 1); // the table has as much as it needs
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(6, 6, 6, 6);

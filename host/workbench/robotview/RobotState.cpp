@@ -52,6 +52,7 @@ const RobotState::TopicInfo& RobotState::info(Topic topic)
         TopicInfo{topic::transforms, 0ms},
         TopicInfo{topic::staticTransforms, 0ms},
         TopicInfo{topic::odometry, frame},
+        TopicInfo{topic::footprint, frame},
         TopicInfo{topic::scan, frame},
         TopicInfo{topic::jointStates, 0ms},
         TopicInfo{topic::armState, frame},
@@ -175,6 +176,10 @@ bool RobotState::take(Topic topic, const QCborMap& message, TimePoint now, QStri
     case Odometry:
         *fault = m_frames.readOdometry(message, now, &m_odometryFrame);
         break;
+    case Footprint:
+        if (auto footprint = robotview::Footprint::read(message, fault))
+            m_footprint = std::move(footprint);
+        break;
     case JointStates:
     case ArmState:
         return takeAxes(topic, message, fault);
@@ -221,6 +226,8 @@ void RobotState::findPlaces()
         m_map && (anchor.isEmpty() || m_frames.lookup(anchor, map)) ? map : m_frames.root(anchor);
     if (!m_places.base.isEmpty())
         m_places.robot = m_frames.lookup(m_places.base, m_places.world);
+    if (m_footprint)
+        m_places.footprint = m_frames.lookup(frameOf(m_footprint->frame), m_places.world);
     if (!m_map)
         return;
     if (const auto place = m_frames.lookup(map, m_places.world))

@@ -6,6 +6,7 @@
 
 #include "host/device/readers/JointTable.h"
 #include "host/device/readers/RateMeter.h"
+#include "host/workbench/robotview/Footprint.h"
 #include "host/workbench/robotview/GridMap.h"
 #include "host/workbench/robotview/LaserRays.h"
 #include "host/workbench/robotview/Path.h"
@@ -40,6 +41,7 @@ public:
         Transforms,
         StaticTransforms,
         Odometry,
+        Footprint,
         Scan,
         JointStates,
         ArmState,
@@ -103,6 +105,11 @@ public:
 
     const std::optional<Transform>& robotPlace() const { return m_places.robot; }
 
+    /// What the robot covers, in metres in the frame whose place footprintPlace() is.
+    const std::optional<robotview::Footprint>& footprint() const { return m_footprint; }
+
+    const std::optional<Transform>& footprintPlace() const { return m_places.footprint; }
+
     /// When the rays were measured, as near as it was told.
     const std::optional<Transform>& raysPlace() const { return m_raysPlace; }
 
@@ -130,6 +137,7 @@ private:
         QString world; // that path and rays are in
         std::optional<Transform> robot;
         std::optional<Transform> map;
+        std::optional<Transform> footprint;
     };
 
     template <class Take>
@@ -156,6 +164,7 @@ private:
     std::optional<GridMap> m_map;
     TransformTree m_frames;
     QString m_odometryFrame;
+    std::optional<robotview::Footprint> m_footprint;
     std::optional<LaserRays> m_rays;
     std::optional<Transform> m_raysPlace;
     qint64 m_raysLag = 0; // from when they were measured to when their place was; milliseconds

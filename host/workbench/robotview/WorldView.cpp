@@ -22,8 +22,9 @@ constexpr std::chrono::milliseconds paintInterval(33);
 constexpr double smallestScale = 1e-4; // pixels a metre
 constexpr double largestScale = 1000;
 constexpr double zoomStep = 1.25;
-constexpr int keyStep = 40;       // pixels
-constexpr double margin = 12;     // pixels
+constexpr int keyStep = 40;   // pixels
+constexpr double margin = 12; // pixels
+constexpr double footprintOpacity = 0.35;
 constexpr double openReach = 5.0; // metres about a robot that tells nothing of its surroundings
 
 const QColor rayColour(0xe8, 0x6a, 0x17); // seen on light and on dark
@@ -85,7 +86,7 @@ QTransform WorldView::toPixels() const
 
 QSize WorldView::sizeHint() const
 {
-    return {420, 320};
+    return {420, 220};
 }
 
 QSize WorldView::minimumSizeHint() const
@@ -104,6 +105,7 @@ void WorldView::paintEvent(QPaintEvent* /*event*/)
     paintMap(painter);
     paintRays(painter);
     paintPath(painter);
+    paintFootprint(painter);
     paintRobot(painter);
     painter.setOpacity(1.0);
     paintScale(painter);
@@ -312,16 +314,37 @@ void WorldView::paintRobot(QPainter& painter) const
     if (!QRectF(rect()).adjusted(-20, -20, 20, 20).contains(centre))
         return;
     const QPointF ahead = transform.map(QPointF(1, 0)) - centre;
-    const bool isStale =
-        !m_state.overdue(RobotState::Transforms, RobotState::Clock::now()).isEmpty();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(centre);
     painter.rotate(std::atan2(ahead.y(), ahead.x()) * 180 / std::acos(-1.0));
     painter.setPen(QPen(palette().color(QPalette::Base), 1.5));
-    painter.setBrush(isStale ? staleColour(palette()) : palette().color(QPalette::Highlight));
+    painter.setBrush(robotColour());
     painter.drawPolygon(QPolygonF(QVector<QPointF>{{12, 0}, {-8, 8}, {-4, 0}, {-8, -8}}));
     painter.restore();
+}
+
+/// To scale, below the arrow, which shows the robot where its outline is too small to be seen.
+void WorldView::paintFootprint(QPainter& painter) const
+{
+    if (!m_state.footprintPlace())
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QColor colour = robotColour();
+    painter.setPen(QPen(colour, 1.5));
+    colour.setAlphaF(footprintOpacity);
+    painter.setBrush(colour);
+    const QTransform transform = m_state.footprintPlace()->onFloor() * toPixels();
+    painter.drawPolygon(transform.map(m_state.footprint()->outline));
+    painter.restore();
+}
+
+QColor WorldView::robotColour() const
+{
+    const bool isStale =
+        !m_state.overdue(RobotState::Transforms, RobotState::Clock::now()).isEmpty();
+    return isStale ? staleColour(palette()) : palette().color(QPalette::Highlight);
 }
 
 /// A bar of a round length, and the length in words.

@@ -73,7 +73,9 @@ private:
     void paintMap(QPainter& painter);
     void paintRays(QPainter& painter) const;
     void paintPath(QPainter& painter) const;
+    void paintFootprint(QPainter& painter) const;
     void paintRobot(QPainter& painter) const;
+    QColor robotColour() const;
     void paintScale(QPainter& painter) const;
 
     const RobotState& m_state;

@@ -61,6 +61,7 @@ class RobotDockTest : public TestCase
 
 private Q_SLOTS:
     void it_is_hidden_at_first_and_follows_nothing();
+    void all_parts_are_in_sight_in_a_small_window();
     void it_follows_while_it_is_shown();
     void it_follows_only_what_the_robot_publishes();
     void a_topic_of_other_messages_is_not_followed();
@@ -88,6 +89,17 @@ void RobotDockTest::it_is_hidden_at_first_and_follows_nothing()
     QCOMPARE(robot.subscriberCount("/odom", "nav_msgs/Odometry"), 0);
     for (const QTimer* timer : workbench.dock->findChildren<QTimer*>())
         QVERIFY(!timer->isActive());
+}
+
+void RobotDockTest::all_parts_are_in_sight_in_a_small_window()
+{
+    const FakeRobot robot;
+    Workbench workbench(robot.address());
+    workbench.window.resize(1000, 550); // what the bars leave of 640
+    workbench.dock->show();
+    auto* const parts = workbench.part<QTreeView>("parts");
+    const QModelIndex last = parts->model()->index(parts->model()->rowCount() - 1, 0);
+    QTRY_VERIFY_WITH_TIMEOUT(parts->viewport()->rect().contains(parts->visualRect(last)), patience);
 }
 
 void RobotDockTest::it_follows_while_it_is_shown()

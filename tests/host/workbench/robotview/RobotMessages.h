@@ -75,6 +75,14 @@ inline QCborMap odometry(const QString& frame, const QString& child, double x, d
             {"pose", QCborMap{{"pose", pose(x, y, theta)}}}};
 }
 
+inline QCborMap footprint(const QString& frame, std::initializer_list<QCborMap> points)
+{
+    QCborArray array;
+    for (const QCborMap& point : points)
+        array.append(point);
+    return {{"header", header(frame)}, {"polygon", QCborMap{{"points", array}}}};
+}
+
 inline QCborMap map(const QString& frame, int width, int height, double resolution,
                     const QCborMap& origin, std::initializer_list<int> cells)
 {

@@ -28,6 +28,7 @@ class WorldViewTest : public TestCase
 private Q_SLOTS:
     void it_shows_all_at_first();
     void map_robot_and_rays_are_where_they_are_told();
+    void the_footprint_is_to_scale_and_turns_with_the_robot();
     void the_robot_is_in_sight_beside_its_map();
     void the_path_is_painted_whichever_way_it_was_driven();
     void the_scale_has_a_bar_of_a_round_length();
@@ -68,6 +69,26 @@ void WorldViewTest::map_robot_and_rays_are_where_they_are_told()
     const QColor swept = world.colourAt(1.3, 1.2);
     QVERIFY2(swept.red() > swept.blue() && swept.blue() > 150, qPrintable(swept.name()));
     QCOMPARE(world.colourAt(2.8, 1.8), QColor(Qt::white));
+}
+
+void WorldViewTest::the_footprint_is_to_scale_and_turns_with_the_robot()
+{
+    World world;
+    const QColor free = Qt::white;
+    world.tell(
+        RobotState::Footprint,
+        message::footprint("base_link", {message::vector(0.8, 0.2), message::vector(-0.2, 0.2),
+                                         message::vector(-0.2, -0.2), message::vector(0.8, -0.2)}));
+    const QColor covered = world.colourAt(1.7, 1.1);
+    QVERIFY2(covered.blue() > covered.red() + 50, qPrintable(covered.name()));
+    QCOMPARE(world.colourAt(1.9, 1), free);
+    QCOMPARE(world.colourAt(1.7, 1.3), free);
+    world.tell(RobotState::Odometry, message::odometry("map", "base_link", 1, 1, pi / 2));
+    QCOMPARE(world.colourAt(1.7, 1.1), free);
+    QCOMPARE(world.colourAt(0.9, 1.7), covered);
+    world.view.zoom(4, world.pixelOf(0.9, 1.7));
+    QCOMPARE(world.colourAt(0.9, 1.7), covered);
+    QCOMPARE(world.colourAt(0.9, 1.9), free);
 }
 
 void WorldViewTest::the_robot_is_in_sight_beside_its_map()
