@@ -14,11 +14,11 @@ namespace host::workbench::robotview {
 namespace {
 
 constexpr int fewestPoints = 3;
-constexpr double farthest = 1000; // metres: no robot is larger
+constexpr double largestPlace = 1000; // metres: no robot is larger
 
 bool isPlace(double metres)
 {
-    return std::abs(metres) <= farthest; // NaN is not
+    return std::abs(metres) <= largestPlace; // NaN is not
 }
 
 } // namespace
