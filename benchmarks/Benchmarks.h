@@ -22,6 +22,7 @@ void addPositionView(Ratios& ratios);
 void addWorldView(Ratios& ratios);
 void addLargeMessages(Ratios& ratios);
 void addCamera(Ratios& ratios);
+void addPlotView(Ratios& ratios);
 
 /// @p value as something that the compiler cannot know.
 template <class T>

@@ -37,6 +37,7 @@ int main(int argc, char* argv[])
     addWorldView(ratios);
     addLargeMessages(ratios);
     addCamera(ratios);
+    addPlotView(ratios);
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))

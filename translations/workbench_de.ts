@@ -1877,6 +1877,163 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::plots::PlotsDock</name>
+    <message>
+        <source>Plots</source>
+        <translation>Verläufe</translation>
+    </message>
+    <message>
+        <source>Quantity:</source>
+        <translation>Größe:</translation>
+    </message>
+    <message>
+        <source>Part of a name</source>
+        <translation>Teil eines Namens</translation>
+    </message>
+    <message>
+        <source>Quantity to plot</source>
+        <translation>Größe, die gezeichnet wird</translation>
+    </message>
+    <message>
+        <source>The arm&apos;s axes, the rates and numbers of the robot&apos;s topics, and the device&apos;s variables</source>
+        <translation>Die Achsen des Arms, die Raten und Zahlen der Topics des Roboters und die Variablen des Geräts</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Plot this quantity as well; %1 at most.</source>
+        <translation>Auch diese Größe zeichnen; höchstens %1.</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>Zeit:</translation>
+    </message>
+    <message>
+        <source>Time in sight</source>
+        <translation>Sichtbare Zeit</translation>
+    </message>
+    <message>
+        <source>10 s</source>
+        <translation>10 s</translation>
+    </message>
+    <message>
+        <source>1 min</source>
+        <translation>1 min</translation>
+    </message>
+    <message>
+        <source>10 min</source>
+        <translation>10 min</translation>
+    </message>
+    <message>
+        <source>1 h</source>
+        <translation>1 h</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Freeze the plot to look back: drag it, or use the wheel or the keys ←, →, + and −. Values are still recorded.</source>
+        <translation>Das Bild anhalten, um zurückzublicken: mit der Maus ziehen, mit dem Mausrad oder den Tasten ←, →, + und −. Werte werden weiter aufgezeichnet.</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Discard all values; the lines stay.</source>
+        <translation>Alle Werte verwerfen; die Linien bleiben.</translation>
+    </message>
+    <message>
+        <source>Save …</source>
+        <translation>Speichern …</translation>
+    </message>
+    <message>
+        <source>Save all recorded values as comma-separated values.</source>
+        <translation>Alle aufgezeichneten Werte als kommagetrennte Werte speichern.</translation>
+    </message>
+    <message>
+        <source>The chosen quantities over time</source>
+        <translation>Die gewählten Größen über die Zeit</translation>
+    </message>
+    <message>
+        <source>Choose a quantity above and press &quot;Add&quot;.</source>
+        <translation>Oben eine Größe wählen und „Hinzufügen“ drücken.</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Lines of the plot</source>
+        <translation>Linien im Bild</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the selected line from the plot.</source>
+        <translation>Die ausgewählte Linie aus dem Bild entfernen.</translation>
+    </message>
+    <message>
+        <source>Save the plotted values</source>
+        <translation>Gezeichnete Werte speichern</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::plots::PointTable</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::plots::Quantity</name>
+    <message>
+        <source>Axis %1: current</source>
+        <translation>Achse %1: aktuell</translation>
+    </message>
+    <message>
+        <source>Axis %1: target</source>
+        <translation>Achse %1: Ziel</translation>
+    </message>
+    <message>
+        <source>%1: rate</source>
+        <translation>%1: Rate</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>°</source>
+        <translation>°</translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::plugin::FailureCard</name>
     <message>
         <source>File of the plugin</source>

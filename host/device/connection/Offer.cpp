@@ -90,6 +90,29 @@ QString Offer::typeOf(const QString& topic) const
                           : QString();
 }
 
+QMap<QString, QString> Offer::topics() const
+{
+    QMap<QString, QString> topics;
+    if (!m_isLinked)
+        return topics;
+    if (m_lists.topics) {
+        for (auto topic = m_lists.topics->cbegin(); topic != m_lists.topics->cend(); ++topic) {
+            // One of our names that is mapped to another topic cannot be followed.
+            if (m_connection.remappings().theirs(topic.key()) == topic.key() &&
+                !m_lists.silent.contains(topic.key()))
+                topics.insert(topic.key(), topic.value());
+        }
+    }
+    for (const Remappings::Entry& entry : Remappings::all()) {
+        if (entry.kind == Kind::Service)
+            continue;
+        topics.remove(m_connection.remappings().theirs(entry.name));
+        if (entry.kind == Kind::Topic && state(entry) != State::Missing)
+            topics.insert(entry.name, m_lists.topics ? typeOf(entry.name) : entry.type);
+    }
+    return topics;
+}
+
 QStringList Offer::candidates(const Remappings::Entry& entry) const
 {
     QStringList names;

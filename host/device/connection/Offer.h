@@ -10,6 +10,7 @@
 
 #include <QCborMap>
 #include <QHash>
+#include <QMap>
 #include <QObject>
 #include <QSet>
 #include <QString>
@@ -54,6 +55,11 @@ public:
 
     /// The type of the robot's topic for @p topic, our name; empty where it is not known.
     QString typeOf(const QString& topic) const;
+
+    /// What of the robot's topics can be followed: their types by our names for them, which are its
+    /// own where we have none; not those of commands, which a robot only listens to. Of a robot
+    /// that does not tell, what it may have of what this program uses. Empty while not connected.
+    QMap<QString, QString> topics() const;
 
     /// The robot's names that could stand for @p entry, as far as it tells.
     QStringList candidates(const Remappings::Entry& entry) const;

@@ -11,6 +11,7 @@
 #include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/operation/DriveDock.h"
 #include "host/workbench/operation/OperationBar.h"
+#include "host/workbench/plots/PlotsDock.h"
 #include "host/workbench/plugin/FailureCard.h"
 #include "host/workbench/plugin/PluginAccess.h"
 #include "host/workbench/plugin/PluginLoader.h"
@@ -143,6 +144,7 @@ void DeviceView::saveLayout(QSettings& layout) const
 {
     layout.setValue("docks", saveState());
     layout.setValue("followRobot", m_robotDock->isFollowing());
+    layout.setValue("plots", m_plotsDock->chosen());
     if (const auto* tabs = centralWidget()->findChild<const QTabWidget*>())
         layout.setValue("tab", tabs->currentIndex());
 }
@@ -151,6 +153,7 @@ void DeviceView::restoreLayout(const QSettings& layout)
 {
     restoreState(layout.value("docks").toByteArray());
     m_robotDock->setFollowing(layout.value("followRobot").toBool());
+    m_plotsDock->choose(layout.value("plots").toStringList());
     if (auto* tabs = centralWidget()->findChild<QTabWidget*>())
         tabs->setCurrentIndex(layout.value("tab").toInt()); // of none, if there is no such tab
 }
@@ -166,13 +169,15 @@ void DeviceView::addDocks()
     auto* camera = new camera::CameraDock(m_device, this);
     auto* arm = new armview::ArmDock(m_device, this);
     auto* drive = new operation::DriveDock(m_device, this);
+    m_plotsDock = new plots::PlotsDock(m_device, this);
     auto* events = new events::EventsDock(m_device.events(), this);
     auto* variables = new variables::VariablesDock(m_device.variables(), this);
     auto* traffic = new traffic::TrafficDock(m_device.traffic(), this);
-    for (QDockWidget* dock : std::initializer_list<QDockWidget*>{m_robotDock, camera, arm, drive,
-                                                                 events, variables, traffic}) {
-        const bool isList = dock == events || dock == variables || dock == traffic;
-        addDockWidget(isList ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
+    for (QDockWidget* dock : std::initializer_list<QDockWidget*>{
+             m_robotDock, camera, arm, drive, m_plotsDock, events, variables, traffic}) {
+        const bool isWide =
+            dock == m_plotsDock || dock == events || dock == variables || dock == traffic;
+        addDockWidget(isWide ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
         m_viewMenu->addAction(dock->toggleViewAction());
         connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool isOpened) {
             if (!isOpened)
@@ -183,6 +188,7 @@ void DeviceView::addDocks()
     }
     tabifyDockWidget(m_robotDock, camera);
     tabifyDockWidget(camera, arm);
+    tabifyDockWidget(m_plotsDock, events);
     tabifyDockWidget(events, variables);
     tabifyDockWidget(variables, traffic);
     m_viewMenu->addSeparator();
@@ -191,6 +197,7 @@ void DeviceView::addDocks()
     connect(m_resetLayout, &QAction::triggered, this, [this] { restoreState(m_usualDocks); });
     m_robotDock->setVisible(!m_plugin.failure()); // the others are opened when needed
     connect(traffic, &traffic::TrafficDock::problem, this, &DeviceView::notify);
+    connect(m_plotsDock, &plots::PlotsDock::problem, this, &DeviceView::notify);
     connect(events, &events::EventsDock::problem, this, &DeviceView::notify);
 }
 

@@ -30,6 +30,10 @@ namespace host::workbench::names {
 class NamesDialog;
 } // namespace host::workbench::names
 
+namespace host::workbench::plots {
+class PlotsDock;
+} // namespace host::workbench::plots
+
 namespace host::workbench::plugin {
 class PluginLoader;
 } // namespace host::workbench::plugin
@@ -70,8 +74,9 @@ public:
     void setNameShown(bool isShown);
     void setCurrent(bool isCurrent);
 
-    /// What a person arranged: docks, the plugin's tab, and what the docks follow. Under keys of
-    /// their own in the group of @p layout that is open; what cannot be read stays as it is.
+    /// What a person arranged: docks, the plugin's tab, and what the docks follow and plot. Under
+    /// keys of their own in the group of @p layout that is open; what cannot be read stays as it
+    /// is.
     void saveLayout(QSettings& layout) const;
     void restoreLayout(const QSettings& layout);
 
@@ -102,6 +107,7 @@ private:
     QToolBar* m_toolBar = nullptr; // the plugin's; null without one
     QVBoxLayout* m_middle;
     robotview::RobotDock* m_robotDock = nullptr;
+    plots::PlotsDock* m_plotsDock = nullptr;
     QByteArray m_usualDocks; // as nobody has moved them yet
     Notice* m_notice;
     StartPage* m_startPage = nullptr;

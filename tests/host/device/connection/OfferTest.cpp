@@ -40,6 +40,8 @@ private Q_SLOTS:
     void a_service_that_comes_later_is_called_once_it_was_asked_for();
     void nothing_is_known_of_a_robot_that_is_gone();
     void another_name_has_another_state();
+    void all_topics_that_can_be_followed_are_known_by_our_names();
+    void a_robot_that_does_not_tell_may_have_all_that_is_used();
     void a_robot_that_has_all_is_asked_once();
     void what_is_missing_is_asked_for_at_growing_intervals_with_an_end();
     void what_was_not_answered_is_asked_again();
@@ -294,6 +296,40 @@ void OfferTest::another_name_has_another_state()
     QCOMPARE(f.state("/scan"), Offer::State::Offered);
     QVERIFY(f.settle());
     QCOMPARE(f.lines().size(), 1); // what is done in the window is seen there
+}
+
+void OfferTest::all_topics_that_can_be_followed_are_known_by_our_names()
+{
+    Fixture f;
+    f.topics["/battery"] = "std_msgs/msg/Float32";
+    f.topics["/base_scan"] = "sensor_msgs/LaserScan";
+    f.topics["/odom"] = "nav_msgs/Odometry";
+    f.topics["/cmd_vel"] = "geometry_msgs/Twist";
+    f.topics["/tf"] = "geometry_msgs/Twist"; // not as it should be, and still there
+    f.tell();
+    QVERIFY(f.device.remappings().set("/scan", "/base_scan"));
+    QVERIFY(f.device.remappings().set("/odom", "/wheels"));
+    QCOMPARE(f.device.offer().topics(), (QMap<QString, QString>()));
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    // The robot's own "/odom" cannot be followed while that name stands for another.
+    QCOMPARE(f.device.offer().topics(), (QMap<QString, QString>{{"/battery", "std_msgs/Float32"},
+                                                                {"/scan", "sensor_msgs/LaserScan"},
+                                                                {"/tf", "geometry_msgs/Twist"}}));
+    QVERIFY(f.device.disconnectDevice());
+    QCOMPARE(f.device.offer().topics(), (QMap<QString, QString>()));
+}
+
+void OfferTest::a_robot_that_does_not_tell_may_have_all_that_is_used()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    QVERIFY(f.isReady());
+    const QMap<QString, QString> topics = f.device.offer().topics();
+    QCOMPARE(topics.value("/odom"), QString("nav_msgs/Odometry"));
+    QVERIFY(!topics.contains("/cmd_vel"));
+    QVERIFY(!topics.contains("/control/acquire"));
 }
 
 void OfferTest::a_robot_that_has_all_is_asked_once()
