@@ -10,6 +10,7 @@
 #include "ManipulatorDialog.h"
 #include "PositionModel.h"
 #include "TestCase.h"
+#include "Throws.h"
 #include "olm/core/LaserScanMessage.h"
 
 #include <QCheckBox>
@@ -205,7 +206,7 @@ void DialogTest::nothing_is_left_of_a_dialog_whose_tab_throws()
                              "register config num_pos true", "register input scan true"}) {
         FakeHost host;
         host.throwAt = call;
-        QVERIFY_EXCEPTION_THROWN(build(host), std::runtime_error);
+        QVERIFY(throws<std::runtime_error>([&] { build(host); }));
         QVERIFY(host.widgets.isEmpty());
     }
 }

@@ -4,6 +4,7 @@
 #include "ManipulatorDialog.h"
 #include "Positions.h"
 #include "TestCase.h"
+#include "Throws.h"
 
 #include <QCheckBox>
 #include <QtTest>
@@ -128,7 +129,7 @@ void ManipulatorDialogStartTest::an_exception_of_the_host_leaves_nothing_behind(
         if (call == "read config num_pos")
             continue; // asked for by Qt, which no exception passes through
         host.throwAt = call;
-        QVERIFY_EXCEPTION_THROWN(new ManipulatorDialog(host, &window), std::runtime_error);
+        QVERIFY(throws<std::runtime_error>([&] { new ManipulatorDialog(host, &window); }));
         QVERIFY(host.widgets.isEmpty());
         QVERIFY(window.findChildren<QWidget*>().isEmpty());
         QCoreApplication::processEvents();

@@ -4,6 +4,7 @@
 #include "FakeHost.h"
 #include "LoadedPlugin.h"
 #include "TestCase.h"
+#include "Throws.h"
 #include "plugin/gui/DeviceWidget.h"
 #include "plugin/gui/UnitDelegate.h"
 
@@ -299,7 +300,7 @@ void PluginTest::an_exception_of_the_translation_passes_and_leaves_nothing()
     {
         QString translate(const QString&) const override { throw std::runtime_error("dictionary"); }
     } host;
-    QVERIFY_EXCEPTION_THROWN(delete m_plugin.widget("toolbar", host), std::runtime_error);
+    QVERIFY(throws<std::runtime_error>([&] { delete m_plugin.widget("toolbar", host); }));
     QVERIFY(host.widgets.isEmpty());
     QVERIFY(QApplication::allWidgets().isEmpty());
 }

@@ -4,6 +4,7 @@
 #include "plugin/gui/DeviceWidget.h"
 
 #include "TestCase.h"
+#include "Throws.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/HistoryBundleContent.h"
 #include "plugin/gui/HostCall.h"
@@ -156,7 +157,7 @@ void DeviceWidgetTest::the_host_can_tell_which_widget_calls()
     QCOMPARE(callers, QList<const QWidget*>({outer.get(), inner.get(), outer.get()}));
     QVERIFY(!HostCall::caller());
     host.throwAt = "connect";
-    QVERIFY_EXCEPTION_THROWN(outer->connectDevice(), std::runtime_error);
+    QVERIFY(throws<std::runtime_error>([&] { outer->connectDevice(); }));
     QVERIFY(!HostCall::caller());
 }
 
@@ -239,7 +240,7 @@ void DeviceWidgetTest::a_host_that_refuses_a_widget_leaves_nothing()
         void widgetRemoved(DeviceWidget&) override { ++removed; }
         int removed = 0;
     } host;
-    QVERIFY_EXCEPTION_THROWN(widgetOn(host), std::runtime_error);
+    QVERIFY(throws<std::runtime_error>([&] { widgetOn(host); }));
     QVERIFY(QApplication::allWidgets().isEmpty());
     QCOMPARE(host.removed, 0); // it was never added
 }

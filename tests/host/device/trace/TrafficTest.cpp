@@ -3,6 +3,7 @@
 
 #include "Patience.h"
 #include "TestCase.h"
+#include "Throws.h"
 #include "tests/host/device/Probe.h"
 
 #include "host/device/Device.h"
@@ -129,7 +130,7 @@ void TrafficTest::a_construction_that_throws_is_noted()
     const Factory factory([](const char*, const char*, DeviceDelegate&) -> Probe* {
         throw std::runtime_error("no");
     });
-    QVERIFY_EXCEPTION_THROWN(m_device.loadWidget(factory, "dialog"), std::runtime_error);
+    QVERIFY(throws<std::runtime_error>([&] { m_device.loadWidget(factory, "dialog"); }));
     QCOMPARE(int(m_traffic.end() - m_traffic.begin()), 1);
     QVERIFY(m_traffic.call(m_traffic.begin())->hasThrown);
 }

@@ -3,6 +3,7 @@
 
 #include "Patience.h"
 #include "TestCase.h"
+#include "Throws.h"
 #include "tests/host/workbench/window/DockInWindow.h"
 
 #include "host/device/trace/TracedCall.h"
@@ -119,12 +120,10 @@ void TrafficDockTest::a_row_says_all_of_a_call()
         makeCall(traffic, "inner");
         outer.answer(Variant(true));
     }
-    QVERIFY_EXCEPTION_THROWN(
-        {
-            const TracedCall call(traffic, callNamed("throws"));
-            throw std::runtime_error("no");
-        },
-        std::runtime_error);
+    QVERIFY(throws<std::runtime_error>([&] {
+        const TracedCall call(traffic, callNamed("throws"));
+        throw std::runtime_error("no");
+    }));
     model.setActive(true);
     QStringList rows;
     for (int row = 0; row < model.rowCount(); ++row) {
