@@ -5,8 +5,8 @@
 
     lint.py CLANG_TIDY ROOT BUILD_FOLDER [PART_OF_A_PATH...]
 
-Sources that the build compiles together are linted together, as one text: most of the time goes into
-Qt's headers. They are not just included, because some checks only look at the text itself. What
+The sources of a target that is compiled in batches are linted together, as one text: Qt's headers take
+their time in each. They are not just included, because some checks only look at the text itself. What
 clang-tidy reports is printed as it comes, under the names of the sources.
 """
 import json
@@ -16,7 +16,7 @@ import shlex
 import subprocess
 import sys
 from bisect import bisect_right
-from collections import Counter
+from collections import Counter, defaultdict
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
@@ -30,10 +30,28 @@ def twice(source):
     return "\n".join(f"{source}: duplicate {line}" for line, count in includes.items() if count > 1)
 
 
-class Unit:
-    """One text for clang-tidy: a source, or several that are compiled together."""
+def is_batch(entry):
+    return Path(entry["file"]).parent.name == "Unity"
 
-    def __init__(self, entry, root, build):
+
+def texts(entries, root, build):
+    """All texts. What two targets compile counts as the first one's: the product's come before the tests'."""
+    targets = defaultdict(list)
+    for entry in entries:
+        file = Path(entry["file"])
+        targets[file.parent if is_batch(entry) else file].append(entry)
+    found = {}
+    for batches in targets.values():
+        text = Text(batches, root, build)
+        found.setdefault(tuple(text.sources or [text.file]), text)
+    return found.values()
+
+
+class Text:
+    """One text for clang-tidy: a source, or all those of a target that is compiled in batches."""
+
+    def __init__(self, entries, root, build):
+        entry = entries[0]
         self.directory = entry["directory"]
         self.file = Path(entry["file"])
         # Without precompiled headers: clang cannot read g++'s.
@@ -41,21 +59,22 @@ class Unit:
             re.sub(r" (-Winvalid-pch )?-include \S*/cmake_pch\.hxx", "", entry["command"]))
         self.starts = []  # the line before each source's first one
         self.sources = []
-        if self.file.parent.name == "Unity":
-            self.join(build)
+        if is_batch(entry):
+            self.join([Path(entry["file"]) for entry in entries], build)
         self.is_ours = any((root / folder) in self.file.parents
                            or (build / "lint" / folder) in self.file.parents for folder in FOLDERS)
 
-    def join(self, build):
+    def join(self, batches, build):
         target = self.file.parents[1]  # TARGET.dir, in CMakeFiles of the target's folder
         folder = build / "lint" / target.parents[1].relative_to(build)
-        text = folder / f"{target.stem}-{self.file.stem}.cpp"
+        text = folder / f"{target.stem}.cpp"
         folder.mkdir(parents=True, exist_ok=True)
         lines = []
-        for source in re.findall(r'^#include "(.*)"$', self.file.read_text(), re.MULTILINE):
-            self.starts.append(len(lines))
-            self.sources.append(source)
-            lines += Path(source).read_text(encoding="utf-8").splitlines()
+        for batch in batches:
+            for source in re.findall(r'^#include "(.*)"$', batch.read_text(), re.MULTILINE):
+                self.starts.append(len(lines))
+                self.sources.append(source)
+                lines += Path(source).read_text(encoding="utf-8").splitlines()
         text.write_text("\n".join(lines) + "\n", encoding="utf-8")
         places = dict.fromkeys(str(Path(source).parent) for source in self.sources)
         self.command = [str(text) if word == str(self.file) else word for word in self.command]
@@ -95,19 +114,18 @@ def main():
     (build / "lint" / "tests" / ".clang-tidy").write_text(
         (root / "tests" / ".clang-tidy").read_text())  # it goes by the folder
     entries = json.loads((build / "compile_commands.json").read_text())
-    units = {unit.file: unit for unit in (Unit(entry, root, build) for entry in entries)
-             if unit.is_ours and unit.has(parts)}
-    if not units:
+    linted = [text for text in texts(entries, root, build) if text.is_ours and text.has(parts)]
+    if not linted:
         sys.exit(f"{build} compiles no such sources of {root}")
     # The largest first: the last one should not keep the others waiting.
-    order = sorted(units.values(), key=lambda unit: unit.file.stat().st_size, reverse=True)
+    linted.sort(key=lambda text: text.file.stat().st_size, reverse=True)
     failures = 0
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        for report in pool.map(lambda unit: unit.lint(clang_tidy), order):
+        for report in pool.map(lambda text: text.lint(clang_tidy), linted):
             if report:
                 failures += 1
                 print(report, flush=True)
-    print(f"{len(units)} texts linted, {failures} with findings")
+    print(f"{len(linted)} texts linted, {failures} with findings")
     sys.exit(failures != 0)
 
 

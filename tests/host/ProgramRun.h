@@ -12,7 +12,7 @@
 /// A program, started as a person starts it.
 namespace program_run {
 
-inline constexpr int patience = 45000;
+inline constexpr int runPatience = 45000; // ms
 
 struct Result
 {
@@ -39,7 +39,7 @@ inline Result run(const QString& file, const QStringList& arguments,
     program.setWorkingDirectory(folder);
     program.start(file, arguments);
     Result result;
-    if (program.waitForFinished(patience) && program.exitStatus() == QProcess::NormalExit)
+    if (program.waitForFinished(runPatience) && program.exitStatus() == QProcess::NormalExit)
         result.status = program.exitCode();
     result.out = QString::fromLocal8Bit(program.readAllStandardOutput());
     result.err = QString::fromLocal8Bit(program.readAllStandardError());

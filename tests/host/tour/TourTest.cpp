@@ -242,9 +242,9 @@ void TourTest::a_signal_ends_it_as_a_failure()
         printed += program.readAllStandardOutput();
         return printed.contains("02-connecting-1.png");
     };
-    QTRY_VERIFY_WITH_TIMEOUT(isConnecting(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(isConnecting(), runPatience);
     QCOMPARE(kill(static_cast<pid_t>(program.processId()), SIGTERM), 0);
-    QVERIFY(program.waitForFinished(patience));
+    QVERIFY(program.waitForFinished(runPatience));
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
     QCOMPARE(program.exitCode(), 1);
     const QByteArray error = program.readAllStandardError();

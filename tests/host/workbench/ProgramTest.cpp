@@ -120,7 +120,7 @@ void ProgramTest::a_signal_ends_the_program_cleanly()
     QProcess program;
     program.setProcessEnvironment(environmentIn(home));
     program.start(WORKBENCH_FILE, QStringList());
-    QVERIFY(program.waitForStarted(patience));
+    QVERIFY(program.waitForStarted(runPatience));
 
     // The kernel knows when the program has taken the signal over.
     const auto isCaught = [&] {
@@ -131,9 +131,9 @@ void ProgramTest::a_signal_ends_the_program_cleanly()
         return bool(
             (caught.section('\n', 0, 0).trimmed().toULongLong(nullptr, 16) >> (number - 1)) & 1);
     };
-    QTRY_VERIFY_WITH_TIMEOUT(isCaught(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(isCaught(), runPatience);
     QCOMPARE(kill(static_cast<pid_t>(program.processId()), number), 0);
-    QVERIFY(program.waitForFinished(patience));
+    QVERIFY(program.waitForFinished(runPatience));
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
     QCOMPARE(program.exitCode(), 0);
 }
