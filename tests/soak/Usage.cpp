@@ -11,11 +11,8 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include <cstddef>
-
-#ifdef __SANITIZE_ADDRESS__
-// Of the sanitizer's run time, which g++ brings without this header.
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+#ifdef QUANDREL_SANITIZERS
+#include <sanitizer/allocator_interface.h>
 #endif
 
 namespace {
@@ -31,7 +28,7 @@ double residentBytes()
 
 double heapBytes()
 {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUANDREL_SANITIZERS
     return static_cast<double>(__sanitizer_get_current_allocated_bytes());
 #else
     const struct mallinfo2 info = mallinfo2();
@@ -68,7 +65,7 @@ const char* Usage::name(Quantity quantity)
 
 bool Usage::isJudged(Quantity quantity)
 {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUANDREL_SANITIZERS
     return quantity != Resident;
 #else
     return quantity != QuantityCount;

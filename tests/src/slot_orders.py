@@ -148,7 +148,7 @@ class Checker:
         self.failures.append(text)
 
     def compare(self, what, slots, expected, first=0, owners=None):
-        """`owners` maps an operation to the class that must implement it."""
+        """`owners` has the class that must implement each operation; None where any may."""
         if len(slots) != len(expected):
             self.fail(f"{what}: {len(slots)} operations, expected {len(expected)}")
         for index, (names, wanted) in enumerate(zip(slots, expected)):
@@ -157,7 +157,7 @@ class Checker:
             shown = " or ".join(sorted(names))
             if not matching:
                 self.fail(f"{what}: slot {first + index} is {shown}, expected {wanted}")
-            elif owners and owners[index] not in map(owner, matching):
+            elif owners and owners[index] and owners[index] not in map(owner, matching):
                 self.fail(f"{what}: slot {first + index} is {shown}, expected {owners[index]}'s")
 
 
@@ -210,13 +210,14 @@ def check_widgets(checker, plugin, base_slots, required):
 def check_factory(checker, plugin):
     slots = plugin.groups("PluginGuiInterface")[0]
     arguments = "(char const*, char const*, plugin::gui::{}Delegate&) const"
+    # Where a destructor adds nothing to the base class's, clang takes that one.
     checker.compare(
         "PluginGuiInterface", slots,
         [*DESTRUCTORS, "init() const", "deinit() const",
          "loadUnitWidget" + arguments.format("Unit"),
          "loadDeviceWidget" + arguments.format("Device")], 0,
-        ["PluginGuiInterface", "PluginGuiInterface", "plugin::plugin::Interface",
-         "plugin::plugin::Interface", "plugin::gui::Interface", "PluginGuiInterface"])
+        [None, None, "plugin::plugin::Interface", "plugin::plugin::Interface",
+         "plugin::gui::Interface", "PluginGuiInterface"])
 
 
 def main():

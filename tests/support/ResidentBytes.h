@@ -8,7 +8,7 @@
 
 /// By how much residentBytes() may grow where nothing is kept: the address sanitizer holds back
 /// what was freed, 64 MB as the tests run, and adds to it.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUANDREL_SANITIZERS
 constexpr qint64 heldBackBytes = 200000000;
 #else
 constexpr qint64 heldBackBytes = 0;

@@ -1,21 +1,24 @@
 # SPDX-FileCopyrightText: the Quandrel device GUI authors
 # SPDX-License-Identifier: BSD-3-Clause
 
-# libFuzzer targets, with clang:
-#   cmake --preset fuzz && cmake --build --preset fuzz && ctest --preset fuzz
+# Sanitizers, and the libFuzzer targets that run under them:
+#   cmake --preset asan && cmake --build --preset asan --target fuzz && ctest --preset asan -L fuzz
 include_guard()
 
-option(QUANDREL_FUZZ "Build the fuzz targets (clang only)" OFF)
-if(NOT QUANDREL_FUZZ)
+option(QUANDREL_SANITIZERS "Build with sanitizers, and the fuzz targets (clang only)" OFF)
+if(NOT QUANDREL_SANITIZERS)
   return()
 endif()
 if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-  message(FATAL_ERROR "QUANDREL_FUZZ needs clang: use the preset fuzz.")
+  message(FATAL_ERROR "QUANDREL_SANITIZERS needs clang: use the preset asan.")
 endif()
 
-# The code under test must be built so too, or the fuzzer does not see which way it goes.
+# The code under test must be built for it, or the fuzzer does not see which way it goes.
 add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
 add_link_options(-fsanitize=address,undefined)
+add_compile_definitions(QUANDREL_SANITIZERS) # for tests that measure memory
+# No fuzzer looks into the tests.
+list(APPEND QUANDREL_TEST_OPTIONS -fno-sanitize=fuzzer-no-link)
 add_custom_target(fuzz)
 
 # quandrel_fuzz(NAME <name> SOURCES <files>... LIBRARIES <targets>... CORPUS <folder>
