@@ -22,11 +22,11 @@ list(APPEND QUANDREL_TEST_OPTIONS -fno-sanitize=fuzzer-no-link)
 add_custom_target(fuzz)
 
 # quandrel_fuzz(NAME <name> SOURCES <files>... LIBRARIES <targets>... CORPUS <folder>
-#               [DICTIONARY <file>])
-# A fuzz target, part of the target fuzz. As a test it runs the committed seeds and some seconds
-# of what grows from them; started by hand it runs until it finds something.
+#               [DICTIONARY <file>] RUNS <count>)
+# A fuzz target, part of the target fuzz. As a test it runs the committed seeds and what grows from
+# them, RUNS inputs in all, however fast the machine; started by hand it runs until it finds something.
 function(quandrel_fuzz)
-  cmake_parse_arguments(arg "" "NAME;CORPUS;DICTIONARY" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "" "NAME;CORPUS;DICTIONARY;RUNS" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${arg_NAME} ${arg_SOURCES})
   target_link_libraries(${arg_NAME} PRIVATE ${arg_LIBRARIES})
   target_link_options(${arg_NAME} PRIVATE -fsanitize=fuzzer)
@@ -34,12 +34,14 @@ function(quandrel_fuzz)
   # What libFuzzer finds of interest it adds to the first folder, without a word: what fails is to be seen.
   set(found "${CMAKE_CURRENT_BINARY_DIR}/${arg_NAME}.corpus")
   file(MAKE_DIRECTORY "${found}")
-  set(options -seed=1 -verbosity=0 -max_total_time=20 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1)
+  # Reading that folder again every second would make the inputs depend on the machine's speed.
+  set(options -seed=1 -reload=0 -runs=${arg_RUNS} -verbosity=0 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1)
   if(arg_DICTIONARY)
     list(APPEND options "-dict=${CMAKE_CURRENT_SOURCE_DIR}/${arg_DICTIONARY}")
   endif()
   add_test(NAME ${arg_NAME}
     COMMAND ${arg_NAME} ${options} "${found}" "${CMAKE_CURRENT_SOURCE_DIR}/${arg_CORPUS}")
+  # The sanitizer's options are for speed and memory.
   set_tests_properties(${arg_NAME} PROPERTIES LABELS fuzz TIMEOUT 300
-    ENVIRONMENT "ASAN_OPTIONS=malloc_context_size=1:quarantine_size_mb=16") # for speed and memory
+    ENVIRONMENT "QT_HASH_SEED=0;ASAN_OPTIONS=malloc_context_size=1:quarantine_size_mb=16")
 endfunction()
