@@ -7,9 +7,10 @@
 
 // The C library's own names for what is replaced below.
 extern "C" {
-void* __libc_malloc(std::size_t size);                // NOLINT(bugprone-reserved-identifier)
-void* __libc_calloc(std::size_t n, std::size_t size); // NOLINT(bugprone-reserved-identifier)
-void* __libc_realloc(void* old, std::size_t size);    // NOLINT(bugprone-reserved-identifier)
+void* __libc_malloc(std::size_t size); // NOLINT(clang-diagnostic-reserved-identifier)
+void* __libc_calloc(std::size_t n,
+                    std::size_t size);             // NOLINT(clang-diagnostic-reserved-identifier)
+void* __libc_realloc(void* old, std::size_t size); // NOLINT(clang-diagnostic-reserved-identifier)
 }
 
 namespace {

@@ -15,7 +15,6 @@
 namespace host::workbench::operation {
 
 using device::operation::Driving;
-using device::operation::Velocity;
 
 namespace {
 

@@ -20,7 +20,7 @@ constexpr int keysEach = 2;
 
 struct KeyDirection
 {
-    std::array<int, keysEach> keys;
+    std::array<int, keysEach> keys{};
     QPointF direction; // right and down
 };
 
