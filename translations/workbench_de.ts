@@ -884,6 +884,18 @@
         <source>looking at the events</source>
         <translation>Blick auf die Ereignisse</translation>
     </message>
+    <message>
+        <source>driving the robot</source>
+        <translation>Fahren des Roboters</translation>
+    </message>
+    <message>
+        <source>plotting the robot&apos;s way</source>
+        <translation>Aufzeichnen des Wegs</translation>
+    </message>
+    <message>
+        <source>the robot does not move</source>
+        <translation>der Roboter bewegt sich nicht</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::Application</name>

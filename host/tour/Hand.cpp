@@ -26,20 +26,34 @@ void pressAndRelease(QWidget& window, int key, Qt::KeyboardModifiers modifiers, 
     }
 }
 
+void sendMouse(QEvent::Type type, QWidget& target, QPoint place, Qt::MouseButton button)
+{
+    QWindow* const handle = target.window()->windowHandle();
+    if (!handle)
+        return;
+    QMouseEvent event(type, target.mapTo(target.window(), place), target.mapToGlobal(place), button,
+                      type == QEvent::MouseButtonPress ? button : Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(handle, &event);
+}
+
 } // namespace
+
+void hold(QWidget& target, QPoint place, Qt::MouseButton button)
+{
+    sendMouse(QEvent::MouseButtonPress, target, place, button);
+}
+
+void letGo(QWidget& target, QPoint place, Qt::MouseButton button)
+{
+    sendMouse(QEvent::MouseButtonRelease, target, place, button);
+}
 
 void click(QWidget& target, QPoint place, Qt::MouseButton button)
 {
-    const QPointer<QWindow> handle = target.window()->windowHandle();
-    const QPoint inWindow = target.mapTo(target.window(), place);
-    const QPoint onScreen = target.mapToGlobal(place);
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        if (!handle)
-            return; // the press closed it
-        QMouseEvent event(type, inWindow, onScreen, button,
-                          type == QEvent::MouseButtonPress ? button : Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(handle, &event);
-    }
+    const QPointer<QWidget> stillThere(&target);
+    hold(target, place, button);
+    if (stillThere) // or else the press closed it
+        letGo(target, place, button);
 }
 
 void click(QWidget& target)

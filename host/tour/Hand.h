@@ -20,6 +20,9 @@ namespace host::tour::hand {
 void click(QWidget& target, QPoint place, Qt::MouseButton button = Qt::LeftButton);
 /// In the middle.
 void click(QWidget& target);
+/// The two halves of a click.
+void hold(QWidget& target, QPoint place, Qt::MouseButton button = Qt::LeftButton);
+void letGo(QWidget& target, QPoint place, Qt::MouseButton button = Qt::LeftButton);
 
 /// @p action of @p menu, which is open.
 void choose(QMenu& menu, QAction& action);

@@ -11,8 +11,12 @@
 #include "host/workbench/faults/FaultsMenu.h"
 #include "host/workbench/help/HelpPanel.h"
 #include "host/workbench/names/NamesDialog.h"
+#include "host/workbench/operation/DriveDock.h"
+#include "host/workbench/plots/PlotsDock.h"
+#include "host/workbench/plots/Quantity.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/robotview/RobotDock.h"
+#include "host/workbench/robotview/RobotFeed.h"
 #include "host/workbench/traffic/TrafficDock.h"
 #include "host/workbench/variables/VariablesDock.h"
 #include "host/workbench/window/Window.h"
@@ -24,6 +28,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLineF>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTemporaryDir>
@@ -46,9 +51,9 @@ QDockWidget* WorkbenchTour::findDock() const
 
 bool WorkbenchTour::run()
 {
-    return connectRobot() && showRobot() && showCamera() && showArm() && showHelp() &&
-           showNames() && showVariables() && showTraffic() && showEvents() && showFaults() &&
-           showTwoDevices();
+    return connectRobot() && showRobot() && showDriving() && showCamera() && showArm() &&
+           showPlots() && showHelp() && showNames() && showVariables() && showTraffic() &&
+           showEvents() && showFaults() && showTwoDevices();
 }
 
 bool WorkbenchTour::connectRobot()
@@ -73,6 +78,24 @@ bool WorkbenchTour::showRobot()
     const bool isTaken = m_operator.takePicture("robot");
     hand::press(m_operator.window(), Qt::Key_Home);
     return isTaken;
+}
+
+/// Ahead and a little to the left.
+bool WorkbenchTour::showDriving()
+{
+    m_operator.begin(tr("driving the robot"));
+    QDockWidget* const dock = findDock<workbench::operation::DriveDock>();
+    if (!dock || !toggle(*dock))
+        return m_operator.fail(tr("there is no such dock"));
+    auto* const pad = dock->findChild<QWidget*>("pad");
+    if (!m_operator.waitUntil(
+            [this] { return m_operator.device().driving().obstacle().isEmpty(); }))
+        return m_operator.fail(m_operator.device().driving().obstacle());
+    const QPoint place(pad->width() * 2 / 5, pad->height() / 5);
+    hand::hold(*pad, place);
+    const bool isTaken = waitForWay(0.3) && m_operator.takePicture("driving");
+    hand::letGo(*pad, place);
+    return isTaken && toggle(*dock);
 }
 
 bool WorkbenchTour::showCamera()
@@ -106,6 +129,21 @@ bool WorkbenchTour::showArm()
     if (!m_operator.waitUntil([&] { return picture->grab().toImage() != before; }))
         return m_operator.fail(tr("the target is not shown"));
     return m_operator.takePicture("arm") && toggle(*dock);
+}
+
+bool WorkbenchTour::showPlots()
+{
+    m_operator.begin(tr("plotting the robot's way"));
+    auto* const dock = m_operator.window().findChild<workbench::plots::PlotsDock*>();
+    if (!dock || !toggle(*dock))
+        return m_operator.fail(tr("there is no such dock"));
+    using workbench::plots::Quantity;
+    QStringList keys;
+    for (const char* field : {"pose.pose.position.x", "pose.pose.position.y",
+                              "twist.twist.linear.x", "twist.twist.angular.z"})
+        keys += Quantity{Quantity::Kind::Field, QStringLiteral("/odom"), QString(field)}.key();
+    dock->choose(keys);
+    return waitForWay(1.0) && m_operator.takePicture("plots") && toggle(*dock);
 }
 
 bool WorkbenchTour::showHelp()
@@ -218,6 +256,21 @@ bool WorkbenchTour::showTwoDevices()
     return (m_operator.waitUntil(areConnected) ||
             m_operator.fail(first.status() + ' ' + second.status())) &&
            m_operator.waitForRobot(window) && m_operator.takePicture(window, "two-devices");
+}
+
+/// Until the robot is so far from where it is now.
+bool WorkbenchTour::waitForWay(double metres)
+{
+    const auto place = [this] {
+        const auto* feed = m_operator.window()
+                               .findChild<workbench::robotview::RobotDock*>()
+                               ->findChild<workbench::robotview::RobotFeed*>();
+        const auto robot = feed->state().robotPlace();
+        return robot ? robot->onFloor().map(QPointF()) : QPointF();
+    };
+    const QPointF start = place();
+    return m_operator.waitUntil([&] { return QLineF(start, place()).length() >= metres; }) ||
+           m_operator.fail(tr("the robot does not move"));
 }
 
 bool WorkbenchTour::toggle(QDockWidget& dock)

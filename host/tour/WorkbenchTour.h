@@ -36,8 +36,10 @@ public:
 private:
     bool connectRobot();
     bool showRobot();
+    bool showDriving();
     bool showCamera();
     bool showArm();
+    bool showPlots();
     bool showHelp();
     bool showNames();
     bool showVariables();
@@ -47,6 +49,7 @@ private:
     bool showTwoDevices();
     template <class Dock>
     QDockWidget* findDock() const; // null where there is none
+    bool waitForWay(double metres);
     bool toggle(QDockWidget& dock);
     bool chooseFromMenu(QAction& entry, const QString& picture = QString());
     bool chooseFault(const char* name, const QString& picture = QString());

@@ -16,7 +16,7 @@ struct Timing;
 namespace host::device::operation {
 
 /// Who commands the robot, for a person to change: takes control, at once or as soon as it is free,
-/// and gives it back, without a new connection. Neither sets or moves anything.
+/// and gives it back, without a new connection. Neither sets nor moves anything.
 class Control : public QObject
 {
     Q_OBJECT
