@@ -166,7 +166,9 @@ bool Operator::waitForRobot(QWidget& window)
             return parts->model()->index(0, column).data().toString().contains(QChar(0x00b0));
         };
         const auto* const feed = dock->findChild<workbench::robotview::RobotFeed*>();
-        return notes->isHidden() && isAngle(1) && isAngle(2) && feed->state().map();
+        const auto& robot = feed->state();
+        return notes->isHidden() && isAngle(1) && isAngle(2) && robot.map() && robot.robotPlace() &&
+               robot.raysPlace();
     };
     const auto docks = window.findChildren<QDockWidget*>("RobotDock");
     return waitUntil([&] { return std::all_of(docks.begin(), docks.end(), isShown); }) ||

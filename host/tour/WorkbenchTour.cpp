@@ -24,6 +24,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QDockWidget>
 #include <QImage>
 #include <QLabel>
@@ -59,8 +60,11 @@ bool WorkbenchTour::run()
 bool WorkbenchTour::connectRobot()
 {
     m_operator.begin(tr("connecting again"));
-    return m_operator.enterAddress(m_robot.address()) && m_operator.waitForConnection() &&
-           m_operator.waitForRobot(m_operator.window());
+    if (!m_operator.enterAddress(m_robot.address()) || !m_operator.waitForConnection())
+        return false;
+    if (auto* const dismiss = m_operator.window().findChild<QAbstractButton*>("dismiss"))
+        hand::click(*dismiss); // the last error was that of the plugin's tour
+    return m_operator.waitForRobot(m_operator.window());
 }
 
 bool WorkbenchTour::showRobot()
@@ -143,6 +147,7 @@ bool WorkbenchTour::showPlots()
                               "twist.twist.linear.x", "twist.twist.angular.z"})
         keys += Quantity{Quantity::Kind::Field, QStringLiteral("/odom"), QString(field)}.key();
     dock->choose(keys);
+    dock->findChild<QComboBox*>("span")->setCurrentIndex(0); // the shortest
     return waitForWay(1.0) && m_operator.takePicture("plots") && toggle(*dock);
 }
 

@@ -116,7 +116,7 @@ QSize PlotView::sizeHint() const
 
 QSize PlotView::minimumSizeHint() const
 {
-    return {160, 90};
+    return {160, 120};
 }
 
 void PlotView::changeEvent(QEvent* event)

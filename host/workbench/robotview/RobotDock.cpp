@@ -32,7 +32,7 @@ const RobotFeed::Topics shownTopics{
     RobotState::Camera,     RobotState::Footprint,
 };
 
-/// As high as its rows need.
+/// Never higher than its rows.
 class PartsView : public QTreeView
 {
 public:
@@ -41,6 +41,27 @@ public:
         const int rows = model()->rowCount() * sizeHintForRow(0);
         return {QTreeView::sizeHint().width(),
                 header()->sizeHint().height() + rows + 2 * frameWidth()};
+    }
+
+protected:
+    void showEvent(QShowEvent* event) override
+    {
+        fit();
+        QTreeView::showEvent(event);
+    }
+
+    void changeEvent(QEvent* event) override
+    {
+        QTreeView::changeEvent(event);
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+            fit();
+    }
+
+private:
+    void fit()
+    {
+        if (model())
+            setMaximumHeight(sizeHint().height());
     }
 };
 
@@ -74,7 +95,8 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     m_parts->setUniformRowHeights(true);
     m_parts->setMinimumHeight(4 * m_parts->fontMetrics().lineSpacing());
     m_parts->header()->setSectionResizeMode(QHeaderView::Stretch);
-    m_parts->header()->setSectionResizeMode(RobotModel::NameColumn, QHeaderView::ResizeToContents);
+    for (const int column : {RobotModel::NameColumn, RobotModel::TargetColumn})
+        m_parts->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
     m_parts->header()->setStretchLastSection(false);
 
     auto* tools = new QHBoxLayout;
@@ -90,7 +112,6 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     splitter->addWidget(world);
     splitter->addWidget(m_parts);
     splitter->setChildrenCollapsible(false);
-    splitter->setStretchFactor(0, 1); // the table has as much as it needs
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(6, 6, 6, 6);

@@ -86,7 +86,7 @@ QTransform WorldView::toPixels() const
 
 QSize WorldView::sizeHint() const
 {
-    return {420, 220};
+    return {420, 160};
 }
 
 QSize WorldView::minimumSizeHint() const
