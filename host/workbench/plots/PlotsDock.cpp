@@ -195,6 +195,7 @@ void PlotsDock::translate()
     m_chooserLabel->setText(tr("Quantity:"));
     m_chooser->lineEdit()->setPlaceholderText(tr("Part of a name"));
     m_chooser->setAccessibleName(tr("Quantity to plot"));
+    m_chooser->lineEdit()->setAccessibleName(m_chooser->accessibleName());
     m_chooser->setToolTip(tr("The arm's axes, the rates and numbers of the robot's topics, and the "
                              "device's variables"));
     m_add->setText(tr("Add"));
