@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "MoveMouse.h"
 #include "Patience.h"
 #include "TestCase.h"
 
@@ -159,15 +160,15 @@ void DrivePadTest::the_mouse_holds_from_the_centre()
     QVERIFY(f.pad->hasFocus());
     QCOMPARE(int(f.told.size()), 1);
     f.take();
-    QTest::mouseMove(f.pad, f.at(0, -3)); // far outside
+    moveMouse(*f.pad, f.at(0, -3), Qt::LeftButton); // far outside
     QTRY_VERIFY_WITH_TIMEOUT(!f.told.isEmpty(), patience);
     QVERIFY2(f.told.last().startsWith("1 "), qPrintable(f.told.last()));
-    QTest::mouseMove(f.pad, f.at(-1, 0));
+    moveMouse(*f.pad, f.at(-1, 0), Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(f.told.last().endsWith(" 1"), patience);
     f.take();
     QTest::mouseRelease(f.pad, Qt::LeftButton, {}, f.at(-1, 0));
     QCOMPARE(f.take(), QStringList("let go"));
-    QTest::mouseMove(f.pad, f.at(1, 0));
+    moveMouse(*f.pad, f.at(1, 0), Qt::NoButton);
     QCoreApplication::processEvents();
     QCOMPARE(f.take(), QStringList());
 }
@@ -222,7 +223,7 @@ void DrivePadTest::the_focus_goes_and_all_is_let_go()
     QVERIFY(QTest::qWaitForWindowActive(&f.window, patience));
     f.pad->setFocus();
     f.key(QEvent::KeyPress, Qt::Key_Up, true);
-    QTest::mouseMove(f.pad, f.at(0, -1));
+    moveMouse(*f.pad, f.at(0, -1), Qt::LeftButton);
     QCoreApplication::processEvents();
     f.key(QEvent::KeyRelease, Qt::Key_Up);
     QCOMPARE(f.take(), QStringList());

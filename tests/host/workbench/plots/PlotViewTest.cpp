@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "MoveMouse.h"
 #include "TestCase.h"
 
 #include "host/workbench/plots/PlotView.h"
@@ -184,8 +185,8 @@ void PlotViewTest::drag_and_wheel_look_back_while_it_is_paused()
     const QPoint middle = plot.view.axisRect()->center();
     const auto drag = [&] {
         QTest::mousePress(&plot.view, Qt::LeftButton, {}, middle);
-        QTest::mouseMove(&plot.view, middle + QPoint(20, 0));
-        QTest::mouseMove(&plot.view, middle + QPoint(60, 30));
+        moveMouse(plot.view, middle + QPoint(20, 0), Qt::LeftButton);
+        moveMouse(plot.view, middle + QPoint(60, 30), Qt::LeftButton);
         QTest::mouseRelease(&plot.view, Qt::LeftButton, {}, middle + QPoint(60, 30));
     };
     drag();

@@ -4,13 +4,13 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_TESTS_SHOWNWORLD_H
 #define HOST_WORKBENCH_ROBOTVIEW_TESTS_SHOWNWORLD_H
 
+#include "MoveMouse.h"
 #include "Patience.h"
 #include "RobotMessages.h"
 #include "Tell.h"
 
 #include "host/workbench/robotview/WorldView.h"
 
-#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QWheelEvent>
 #include <QtTest>
@@ -82,12 +82,9 @@ struct World
         QCoreApplication::sendEvent(&view, &event);
     }
 
-    /// QTest's own tells of no buttons with Qt 5.
     void moveMouse(const QPoint& pixel, Qt::MouseButtons buttons)
     {
-        QMouseEvent event(QEvent::MouseMove, pixel, view.mapToGlobal(pixel), Qt::NoButton, buttons,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(&view, &event);
+        ::moveMouse(view, pixel, buttons);
     }
 
     double scale() const { return view.toPixels().m11(); }
