@@ -54,10 +54,10 @@ struct Fixture
         QCoreApplication::sendEvent(pad, &event);
     }
 
+    QStringList told; // what is still held is let go as the window goes
     QWidget window;
     DrivePad* pad = new DrivePad;
     QLineEdit* neighbour = new QLineEdit;
-    QStringList told;
 };
 
 } // namespace
@@ -233,7 +233,7 @@ void DrivePadTest::a_finger_holds_and_a_cancelled_touch_lets_go()
 {
     Fixture f;
     f.neighbour->setFocus();
-    auto* const screen = QTest::createTouchDevice();
+    static auto* const screen = QTest::createTouchDevice(); // Qt knows it to the program's end
     QTest::touchEvent(&f.window, screen).press(1, f.at(0, 0), f.pad);
     QTest::touchEvent(&f.window, screen).move(1, f.at(0, -2), f.pad);
     QTRY_VERIFY_WITH_TIMEOUT(!f.told.isEmpty() && f.told.last().startsWith("1 "), patience);
