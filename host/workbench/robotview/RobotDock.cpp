@@ -32,7 +32,7 @@ const RobotFeed::Topics shownTopics{
     RobotState::Camera,     RobotState::Footprint,
 };
 
-/// Never higher than its rows.
+/// As high as its rows need.
 class PartsView : public QTreeView
 {
 public:
@@ -41,27 +41,6 @@ public:
         const int rows = model()->rowCount() * sizeHintForRow(0);
         return {QTreeView::sizeHint().width(),
                 header()->sizeHint().height() + rows + 2 * frameWidth()};
-    }
-
-protected:
-    void showEvent(QShowEvent* event) override
-    {
-        fit();
-        QTreeView::showEvent(event);
-    }
-
-    void changeEvent(QEvent* event) override
-    {
-        QTreeView::changeEvent(event);
-        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-            fit();
-    }
-
-private:
-    void fit()
-    {
-        if (model())
-            setMaximumHeight(sizeHint().height());
     }
 };
 
@@ -112,6 +91,7 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     splitter->addWidget(world);
     splitter->addWidget(m_parts);
     splitter->setChildrenCollapsible(false);
+    splitter->setStretchFactor(0, 1); // the table has as much as it needs
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(6, 6, 6, 6);

@@ -91,7 +91,7 @@ QSize WorldView::sizeHint() const
 
 QSize WorldView::minimumSizeHint() const
 {
-    return {120, 90};
+    return {120, 100};
 }
 
 void WorldView::paintEvent(QPaintEvent* /*event*/)
