@@ -60,8 +60,8 @@ bool Record::judge() const
         const std::vector<double> second = sorted(each, 1);
         const double early = median(second);
         const double late = median(sorted(each, 4));
-        const double limit =
-            Usage::isMemory(each) ? early * 1.02 + mebibyte : second.back() + Usage::byChance(each);
+        const double limit = Usage::isMemory(each) ? early * (1 + Usage::tolerance(each)) + mebibyte
+                                                   : second.back() + Usage::byChance(each);
         const bool hasRisen = Usage::isJudged(each) && late > limit;
         const int decimals = Usage::isMemory(each) ? 2 : 0;
         std::printf("%-15s%14.*f%14.*f", Usage::name(each), decimals, scaled(each, early), decimals,

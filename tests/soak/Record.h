@@ -10,7 +10,7 @@
 
 /// What was used at the end of each cycle, and whether it stays level: the median of the last
 /// fifth of the cycles may not be above all of the second fifth; of memory, not above the second
-/// fifth's median by more than 2 % and 1 MiB. The first fifth is for warming up.
+/// fifth's median by more than Usage::tolerance() and 1 MiB. The first fifth is for warming up.
 class Record
 {
 public:
