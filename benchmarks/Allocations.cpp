@@ -6,12 +6,13 @@
 #include <cstdlib>
 
 // The C library's own names for what is replaced below.
+// NOLINTBEGIN(clang-diagnostic-reserved-identifier)
 extern "C" {
-void* __libc_malloc(std::size_t size); // NOLINT(clang-diagnostic-reserved-identifier)
-void* __libc_calloc(std::size_t n,
-                    std::size_t size);             // NOLINT(clang-diagnostic-reserved-identifier)
-void* __libc_realloc(void* old, std::size_t size); // NOLINT(clang-diagnostic-reserved-identifier)
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t n, std::size_t size);
+void* __libc_realloc(void* old, std::size_t size);
 }
+// NOLINTEND(clang-diagnostic-reserved-identifier)
 
 namespace {
 

@@ -44,10 +44,15 @@ WorkbenchTour::WorkbenchTour(Operator& person, const workbench::plugin::PluginLo
 {
 }
 
+/// Null, after it was told, where there is none or it does not open.
 template <class Dock>
-QDockWidget* WorkbenchTour::findDock() const
+Dock* WorkbenchTour::openDock()
 {
-    return m_operator.window().findChild<Dock*>();
+    auto* const dock = m_operator.window().findChild<Dock*>();
+    if (dock && toggle(*dock))
+        return dock;
+    m_operator.fail(tr("there is no such dock"));
+    return nullptr;
 }
 
 bool WorkbenchTour::run()
@@ -70,7 +75,7 @@ bool WorkbenchTour::connectRobot()
 bool WorkbenchTour::showRobot()
 {
     m_operator.begin(tr("following the robot"));
-    QDockWidget* const dock = findDock<workbench::robotview::RobotDock>();
+    QDockWidget* const dock = m_operator.window().findChild<workbench::robotview::RobotDock*>();
     auto* const follow = dock ? dock->findChild<QAbstractButton*>("follow") : nullptr;
     auto* const world = dock ? dock->findChild<QWidget*>("world") : nullptr;
     if (!follow || !world)
@@ -88,9 +93,9 @@ bool WorkbenchTour::showRobot()
 bool WorkbenchTour::showDriving()
 {
     m_operator.begin(tr("driving the robot"));
-    QDockWidget* const dock = findDock<workbench::operation::DriveDock>();
-    if (!dock || !toggle(*dock))
-        return m_operator.fail(tr("there is no such dock"));
+    auto* const dock = openDock<workbench::operation::DriveDock>();
+    if (!dock)
+        return false;
     auto* const pad = dock->findChild<QWidget*>("pad");
     if (!m_operator.waitUntil(
             [this] { return m_operator.device().driving().obstacle().isEmpty(); }))
@@ -105,9 +110,9 @@ bool WorkbenchTour::showDriving()
 bool WorkbenchTour::showCamera()
 {
     m_operator.begin(tr("looking through the camera"));
-    QDockWidget* const dock = findDock<workbench::camera::CameraDock>();
-    if (!dock || !toggle(*dock))
-        return m_operator.fail(tr("there is no such dock"));
+    auto* const dock = openDock<workbench::camera::CameraDock>();
+    if (!dock)
+        return false;
     const auto* const caption = dock->findChild<QLabel*>("caption");
     if (!m_operator.waitUntil([caption] { return caption->text().contains(QChar(0x00d7)); }))
         return m_operator.fail(tr("it is empty"));
@@ -118,9 +123,9 @@ bool WorkbenchTour::showCamera()
 bool WorkbenchTour::showArm()
 {
     m_operator.begin(tr("looking at the arm"));
-    QDockWidget* const dock = findDock<workbench::armview::ArmDock>();
-    if (!dock || !toggle(*dock))
-        return m_operator.fail(tr("there is no such dock"));
+    auto* const dock = openDock<workbench::armview::ArmDock>();
+    if (!dock)
+        return false;
     auto* const target = dock->findChild<QAbstractSpinBox*>("axis1 target");
     if (!target || !m_operator.waitUntil([target] { return target->isEnabled(); }))
         return m_operator.fail(tr("no target can be entered"));
@@ -138,9 +143,9 @@ bool WorkbenchTour::showArm()
 bool WorkbenchTour::showPlots()
 {
     m_operator.begin(tr("plotting the robot's way"));
-    auto* const dock = m_operator.window().findChild<workbench::plots::PlotsDock*>();
-    if (!dock || !toggle(*dock))
-        return m_operator.fail(tr("there is no such dock"));
+    auto* const dock = openDock<workbench::plots::PlotsDock>();
+    if (!dock)
+        return false;
     using workbench::plots::Quantity;
     QStringList keys;
     for (const char* field : {"pose.pose.position.x", "pose.pose.position.y",
@@ -154,7 +159,7 @@ bool WorkbenchTour::showPlots()
 bool WorkbenchTour::showHelp()
 {
     m_operator.begin(tr("asking for help"));
-    QDockWidget* const help = findDock<workbench::help::HelpPanel>();
+    QDockWidget* const help = m_operator.window().findChild<workbench::help::HelpPanel*>();
     if (!help)
         return m_operator.fail(tr("there is no help"));
     constexpr int laserTab = 2;
@@ -189,9 +194,9 @@ bool WorkbenchTour::showNames()
 bool WorkbenchTour::showVariables()
 {
     m_operator.begin(tr("watching the variables"));
-    QDockWidget* const dock = findDock<workbench::variables::VariablesDock>();
-    if (!dock || !toggle(*dock))
-        return m_operator.fail(tr("there is no such dock"));
+    auto* const dock = openDock<workbench::variables::VariablesDock>();
+    if (!dock)
+        return false;
     auto* const variables = dock->findChild<QAbstractItemView*>("variables");
     if (!m_operator.waitUntil([variables] { return variables->model()->rowCount() > 0; }))
         return m_operator.fail(tr("it is empty"));
@@ -203,9 +208,9 @@ bool WorkbenchTour::showVariables()
 bool WorkbenchTour::showTraffic()
 {
     m_operator.begin(tr("watching the calls"));
-    QDockWidget* const dock = findDock<workbench::traffic::TrafficDock>();
-    if (!dock || !toggle(*dock))
-        return m_operator.fail(tr("there is no such dock"));
+    auto* const dock = openDock<workbench::traffic::TrafficDock>();
+    if (!dock)
+        return false;
     auto* const calls = dock->findChild<QAbstractItemView*>("calls");
     if (!m_operator.waitUntil([calls] { return calls->model()->rowCount() > 0; }))
         return m_operator.fail(tr("it is empty"));
@@ -215,9 +220,9 @@ bool WorkbenchTour::showTraffic()
 bool WorkbenchTour::showEvents()
 {
     m_operator.begin(tr("looking at the events"));
-    QDockWidget* const dock = findDock<workbench::events::EventsDock>();
-    if (!dock || !toggle(*dock))
-        return m_operator.fail(tr("there is no such dock"));
+    auto* const dock = openDock<workbench::events::EventsDock>();
+    if (!dock)
+        return false;
     auto* const events = dock->findChild<QAbstractItemView*>("events");
     if (!m_operator.waitUntil([events] { return events->model()->rowCount() > 0; }))
         return m_operator.fail(tr("it is empty"));

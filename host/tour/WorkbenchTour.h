@@ -48,7 +48,7 @@ private:
     bool showFaults();
     bool showTwoDevices();
     template <class Dock>
-    QDockWidget* findDock() const; // null where there is none
+    Dock* openDock();
     bool waitForWay(double metres);
     bool toggle(QDockWidget& dock);
     bool chooseFromMenu(QAction& entry, const QString& picture = QString());

@@ -23,7 +23,7 @@ namespace {
 
 QString element(const QString& path, int index)
 {
-    return QStringLiteral("%1[%2]").arg(path).arg(index);
+    return path + '[' + QString::number(index) + ']';
 }
 
 /// Of CBOR, where an array of numbers may be one block.

@@ -74,6 +74,7 @@ void NumbersTest::each_path_leads_to_its_number_data()
     QTest::newRow("element") << "list[1]" << 8.0;
     QTest::newRow("field of an element") << "list[2].x" << 9.0;
     QTest::newRow("element of an element") << "list[3][0]" << 4.0;
+    QTest::newRow("element of what looks like a place in a text") << "%2[1]" << 6.0;
 }
 
 void NumbersTest::each_path_leads_to_its_number()
@@ -84,6 +85,7 @@ void NumbersTest::each_path_leads_to_its_number()
         {"a", 5},
         {"b", QCborMap{{"c", 0.5}, {"on", true}, {"off", false}}},
         {"list", QCborArray{7, 8, QCborMap{{"x", 9}}, QCborArray{4}}},
+        {"%2", QCborArray{5, 6}},
     };
     QVERIFY(numbersIn(message).contains(path));
     QCOMPARE(numberAt(message, path), number);
