@@ -25,6 +25,21 @@ option(QUANDREL_UNITY_TESTS "Compile the tests' sources together, whatever the p
 # A test's own code runs once and is not what is tested: no time for making it fast.
 set(QUANDREL_TEST_OPTIONS -O0)
 
+# quandrel_shared_headers(<target> MODULES <Qt's>... [OPTIONS <of the compiler>...])
+# Most of a source's compile time is Qt's headers: those that reuse <target>'s, with the same options and
+# at least its modules, parse them once.
+function(quandrel_shared_headers target)
+  cmake_parse_arguments(arg "" "" "MODULES;OPTIONS" ${ARGN})
+  list(TRANSFORM arg_MODULES PREPEND Qt OUTPUT_VARIABLE headers)
+  list(TRANSFORM headers REPLACE "(.+)" "<\\1>")
+  list(TRANSFORM arg_MODULES PREPEND Qt::)
+  add_library(${target} STATIC "${PROJECT_SOURCE_DIR}/cmake/Headers.cpp")
+  target_link_libraries(${target} PRIVATE ${arg_MODULES})
+  target_compile_options(${target} PRIVATE ${arg_OPTIONS})
+  target_precompile_headers(${target} PRIVATE ${headers})
+  set_target_properties(${target} PROPERTIES AUTOMOC OFF)
+endfunction()
+
 # What moc makes of a test's slots. Without the folders of headers, which it would read for every test
 # and needs for none.
 function(quandrel_tests_moc program)

@@ -49,10 +49,7 @@ template <class Dock>
 Dock* WorkbenchTour::openDock()
 {
     auto* const dock = m_operator.window().findChild<Dock*>();
-    if (dock && toggle(*dock))
-        return dock;
-    m_operator.fail(tr("there is no such dock"));
-    return nullptr;
+    return open(dock) ? dock : nullptr;
 }
 
 bool WorkbenchTour::run()
@@ -268,7 +265,7 @@ bool WorkbenchTour::showTwoDevices()
            m_operator.waitForRobot(window) && m_operator.takePicture(window, "two-devices");
 }
 
-/// Until the robot is so far from where it is now.
+/// Until the robot has driven so far, perhaps back and forth.
 bool WorkbenchTour::waitForWay(double metres)
 {
     const auto place = [this] {
@@ -278,9 +275,20 @@ bool WorkbenchTour::waitForWay(double metres)
         const auto robot = feed->state().robotPlace();
         return robot ? robot->onFloor().map(QPointF()) : QPointF();
     };
-    const QPointF start = place();
-    return m_operator.waitUntil([&] { return QLineF(start, place()).length() >= metres; }) ||
-           m_operator.fail(tr("the robot does not move"));
+    QPointF last = place();
+    double way = 0.0;
+    const auto isFarEnough = [&] {
+        const QPointF now = place();
+        way += QLineF(last, now).length();
+        last = now;
+        return way >= metres;
+    };
+    return m_operator.waitUntil(isFarEnough) || m_operator.fail(tr("the robot does not move"));
+}
+
+bool WorkbenchTour::open(QDockWidget* dock)
+{
+    return (dock && toggle(*dock)) || m_operator.fail(tr("there is no such dock"));
 }
 
 bool WorkbenchTour::toggle(QDockWidget& dock)

@@ -50,6 +50,7 @@ private:
     template <class Dock>
     Dock* openDock();
     bool waitForWay(double metres);
+    bool open(QDockWidget* dock); // null fails
     bool toggle(QDockWidget& dock);
     bool chooseFromMenu(QAction& entry, const QString& picture = QString());
     bool chooseFault(const char* name, const QString& picture = QString());

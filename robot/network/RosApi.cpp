@@ -25,9 +25,9 @@ using rosbridge::server::TopicRegistry;
 
 namespace {
 
-constexpr QLatin1String node("/quandrel_robot");
+const QLatin1String node("/quandrel_robot");
 
-constexpr Service rosapi(const char* name, const char* type)
+Service rosapi(const char* name, const char* type)
 {
     return {QLatin1String(name), QLatin1String(type)};
 }

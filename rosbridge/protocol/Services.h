@@ -4,6 +4,8 @@
 #ifndef ROSBRIDGE_PROTOCOL_SERVICES_H
 #define ROSBRIDGE_PROTOCOL_SERVICES_H
 
+#include "rosbridge/protocol/Literal.h"
+
 #include <QLatin1String>
 
 #include <array>
@@ -20,27 +22,27 @@ struct Service
 namespace service {
 
 namespace type {
-constexpr QLatin1String setBool("std_srvs/SetBool");
-constexpr QLatin1String trigger("std_srvs/Trigger");
+constexpr auto setBool = "std_srvs/SetBool"_latin1;
+constexpr auto trigger = "std_srvs/Trigger"_latin1;
 } // namespace type
 
 // clang-format off
-constexpr Service acquireControl{QLatin1String("/control/acquire"), type::trigger};
+constexpr Service acquireControl{"/control/acquire"_latin1, type::trigger};
 constexpr std::array<Service, 3> armLine{{
-    {QLatin1String("/arm/line0"), type::setBool},
-    {QLatin1String("/arm/line1"), type::setBool},
-    {QLatin1String("/arm/line2"), type::setBool},
+    {"/arm/line0"_latin1, type::setBool},
+    {"/arm/line1"_latin1, type::setBool},
+    {"/arm/line2"_latin1, type::setBool},
 }};
-constexpr Service armTorque{QLatin1String("/arm/torque"), type::setBool};
-constexpr Service disableDrive{QLatin1String("/drive/disable"), type::setBool};
-constexpr Service parameter{QLatin1String("/rosapi/get_param"), QLatin1String("rosapi/GetParam")};
-constexpr Service publishers{QLatin1String("/rosapi/publishers"), QLatin1String("rosapi/Publishers")};
-constexpr Service releaseControl{QLatin1String("/control/release"), type::trigger};
-constexpr Service releaseStop{QLatin1String("/stop/release"), type::trigger};
-constexpr Service services{QLatin1String("/rosapi/services"), QLatin1String("rosapi/Services")};
-constexpr Service setCamera{QLatin1String("/camera/set_parameters"), QLatin1String("dynamic_reconfigure/Reconfigure")};
-constexpr Service stop{QLatin1String("/stop"), type::trigger};
-constexpr Service topics{QLatin1String("/rosapi/topics"), QLatin1String("rosapi/Topics")};
+constexpr Service armTorque{"/arm/torque"_latin1, type::setBool};
+constexpr Service disableDrive{"/drive/disable"_latin1, type::setBool};
+constexpr Service parameter{"/rosapi/get_param"_latin1, "rosapi/GetParam"_latin1};
+constexpr Service publishers{"/rosapi/publishers"_latin1, "rosapi/Publishers"_latin1};
+constexpr Service releaseControl{"/control/release"_latin1, type::trigger};
+constexpr Service releaseStop{"/stop/release"_latin1, type::trigger};
+constexpr Service services{"/rosapi/services"_latin1, "rosapi/Services"_latin1};
+constexpr Service setCamera{"/camera/set_parameters"_latin1, "dynamic_reconfigure/Reconfigure"_latin1};
+constexpr Service stop{"/stop"_latin1, type::trigger};
+constexpr Service topics{"/rosapi/topics"_latin1, "rosapi/Topics"_latin1};
 // clang-format on
 
 } // namespace service

@@ -4,6 +4,8 @@
 #ifndef ROSBRIDGE_PROTOCOL_TOPICS_H
 #define ROSBRIDGE_PROTOCOL_TOPICS_H
 
+#include "rosbridge/protocol/Literal.h"
+
 #include <QLatin1String>
 
 #include <array>
@@ -20,33 +22,33 @@ struct Topic
 namespace topic {
 
 namespace type {
-constexpr QLatin1String boolean("std_msgs/Bool");
-constexpr QLatin1String ros2Log("rcl_interfaces/Log"); // which ROS 2 has for the log
+constexpr auto boolean = "std_msgs/Bool"_latin1;
+constexpr auto ros2Log = "rcl_interfaces/Log"_latin1; // which ROS 2 has for the log
 } // namespace type
 
 // clang-format off
-constexpr Topic armCommand{QLatin1String("/arm/command"), QLatin1String("trajectory_msgs/JointTrajectory")};
+constexpr Topic armCommand{"/arm/command"_latin1, "trajectory_msgs/JointTrajectory"_latin1};
 constexpr std::array<Topic, 3> armLineEnabled{{
-    {QLatin1String("/arm/line0_enabled"), type::boolean},
-    {QLatin1String("/arm/line1_enabled"), type::boolean},
-    {QLatin1String("/arm/line2_enabled"), type::boolean},
+    {"/arm/line0_enabled"_latin1, type::boolean},
+    {"/arm/line1_enabled"_latin1, type::boolean},
+    {"/arm/line2_enabled"_latin1, type::boolean},
 }};
-constexpr Topic armState{QLatin1String("/arm/state"), QLatin1String("control_msgs/JointTrajectoryControllerState")};
-constexpr Topic armTorqueEnabled{QLatin1String("/arm/torque_enabled"), type::boolean};
-constexpr Topic cameraImage{QLatin1String("/camera/image_raw/compressed"), QLatin1String("sensor_msgs/CompressedImage")};
-constexpr Topic cameraInfo{QLatin1String("/camera/camera_info"), QLatin1String("sensor_msgs/CameraInfo")};
-constexpr Topic clock{QLatin1String("/clock"), QLatin1String("rosgraph_msgs/Clock")};
-constexpr Topic driveDisabled{QLatin1String("/drive/disabled"), type::boolean};
-constexpr Topic footprint{QLatin1String("/footprint"), QLatin1String("geometry_msgs/PolygonStamped")};
-constexpr Topic jointStates{QLatin1String("/joint_states"), QLatin1String("sensor_msgs/JointState")};
-constexpr Topic log{QLatin1String("/rosout"), QLatin1String("rosgraph_msgs/Log")};
-constexpr Topic map{QLatin1String("/map"), QLatin1String("nav_msgs/OccupancyGrid")};
-constexpr Topic odometry{QLatin1String("/odom"), QLatin1String("nav_msgs/Odometry")};
-constexpr Topic scan{QLatin1String("/scan"), QLatin1String("sensor_msgs/LaserScan")};
-constexpr Topic staticTransforms{QLatin1String("/tf_static"), QLatin1String("tf2_msgs/TFMessage")};
-constexpr Topic stopped{QLatin1String("/stopped"), type::boolean};
-constexpr Topic transforms{QLatin1String("/tf"), QLatin1String("tf2_msgs/TFMessage")};
-constexpr Topic velocityCommand{QLatin1String("/cmd_vel"), QLatin1String("geometry_msgs/Twist")};
+constexpr Topic armState{"/arm/state"_latin1, "control_msgs/JointTrajectoryControllerState"_latin1};
+constexpr Topic armTorqueEnabled{"/arm/torque_enabled"_latin1, type::boolean};
+constexpr Topic cameraImage{"/camera/image_raw/compressed"_latin1, "sensor_msgs/CompressedImage"_latin1};
+constexpr Topic cameraInfo{"/camera/camera_info"_latin1, "sensor_msgs/CameraInfo"_latin1};
+constexpr Topic clock{"/clock"_latin1, "rosgraph_msgs/Clock"_latin1};
+constexpr Topic driveDisabled{"/drive/disabled"_latin1, type::boolean};
+constexpr Topic footprint{"/footprint"_latin1, "geometry_msgs/PolygonStamped"_latin1};
+constexpr Topic jointStates{"/joint_states"_latin1, "sensor_msgs/JointState"_latin1};
+constexpr Topic log{"/rosout"_latin1, "rosgraph_msgs/Log"_latin1};
+constexpr Topic map{"/map"_latin1, "nav_msgs/OccupancyGrid"_latin1};
+constexpr Topic odometry{"/odom"_latin1, "nav_msgs/Odometry"_latin1};
+constexpr Topic scan{"/scan"_latin1, "sensor_msgs/LaserScan"_latin1};
+constexpr Topic staticTransforms{"/tf_static"_latin1, "tf2_msgs/TFMessage"_latin1};
+constexpr Topic stopped{"/stopped"_latin1, type::boolean};
+constexpr Topic transforms{"/tf"_latin1, "tf2_msgs/TFMessage"_latin1};
+constexpr Topic velocityCommand{"/cmd_vel"_latin1, "geometry_msgs/Twist"_latin1};
 // clang-format on
 
 } // namespace topic

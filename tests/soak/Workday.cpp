@@ -45,6 +45,9 @@ host::device::connection::Timing quick()
 {
     host::device::connection::Timing timing;
     timing.frame = std::chrono::milliseconds(20);
+    // The robots share this thread: an answer may take its time.
+    timing.answer = timing.link.connect = timing.link.pongDeadline =
+        std::chrono::milliseconds(patience);
     return timing;
 }
 

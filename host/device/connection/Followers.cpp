@@ -28,7 +28,7 @@ struct Large
 
 const Large* findLarge(const QString& type)
 {
-    static constexpr std::array large{
+    static const std::array large{
         Large{QLatin1String("nav_msgs/OccupancyGrid"), 1s},
         Large{QLatin1String("sensor_msgs/CompressedImage"), 33ms},
         Large{QLatin1String("sensor_msgs/Image"), 40ms},

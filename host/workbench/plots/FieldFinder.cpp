@@ -22,7 +22,7 @@ constexpr std::chrono::seconds patience{2};
 /// Pictures, maps and clouds: their messages are large, and have no number worth it.
 bool isLarge(const QString& type)
 {
-    static constexpr std::array large{
+    static const std::array large{
         QLatin1String("map_msgs/OccupancyGridUpdate"), QLatin1String("nav_msgs/OccupancyGrid"),
         QLatin1String("sensor_msgs/CompressedImage"),  QLatin1String("sensor_msgs/Image"),
         QLatin1String("sensor_msgs/PointCloud"),       QLatin1String("sensor_msgs/PointCloud2"),
