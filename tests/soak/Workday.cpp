@@ -11,6 +11,7 @@
 #include "olm/core/LaserScanMessage.h"
 #include "olm/core/Vector.h"
 #include "plugin/gui/HistoryBundleContent.h"
+#include "robot/network/RobotLimits.h"
 #include "robot/simulation/Laser.h"
 
 #include <QAbstractButton>
@@ -49,6 +50,15 @@ host::device::connection::Timing quick()
     timing.answer = timing.link.connect = timing.link.pongDeadline =
         std::chrono::milliseconds(patience);
     return timing;
+}
+
+/// Flooded, the robot answers as slowly as the window paints: a flood is over sooner like this.
+rosbridge::server::Limits narrow()
+{
+    rosbridge::server::Limits limits = robot::network::robotLimits();
+    limits.messageBurst = 200;
+    limits.closeDeadline = std::chrono::milliseconds(100);
+    return limits;
 }
 
 /// The resolution in which the camera is the quickest.
@@ -94,15 +104,23 @@ void waitFor(const Device& device, const char* what, const Condition& condition)
 
 Workday::Station::Station(const QString& name, quint32 seed, const QString& settings,
                           host::workbench::plugin::PluginEnvironment& environment)
-    : robot(0, seed),
+    : robot(seed, narrow()),
       device(name, settings, environment, quick())
 {
-    device.overrideAddress(robot.address());
+    QString error;
+    if (!robot.listen({QStringLiteral("127.0.0.1"), 0}, &error))
+        qFatal("%s", qPrintable(error));
+    device.overrideAddress(address());
     QObject::connect(&device.variables(), &host::device::variables::Variables::touched,
                      [this](const host::device::variables::Variables::Key& key) {
                          if (key.second == "scan")
                              ++scans;
                      });
+}
+
+QString Workday::Station::address() const
+{
+    return QStringLiteral("127.0.0.1:%1").arg(robot.port());
 }
 
 QAbstractButton& Workday::Station::connectButton() const
@@ -116,7 +134,7 @@ Workday::Workday()
                  Station("Right", 2, m_settings.path(), m_environment)}
 {
     for (Station& station : m_stations) {
-        station.view = &m_window.add(station.device, station.robot.address());
+        station.view = &m_window.add(station.device, station.address());
         for (auto* dock : station.view->findChildren<QDockWidget*>()) {
             dock->show();
             // Side by side: a dock behind another one does nothing.
@@ -152,7 +170,7 @@ void Workday::cycle()
 {
     Station& flooded = m_stations[0];
     const std::size_t sockets = census::sockets();
-    std::optional<Flood> flood(flooded.robot.address());
+    std::optional<Flood> flood(flooded.address());
     for (Station& station : m_stations)
         sayTooMuch(station.device);
     changeTabs();

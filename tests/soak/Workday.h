@@ -5,10 +5,10 @@
 #define QUANDREL_WORKDAY_H
 
 #include "host/device/Device.h"
-#include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/Window.h"
+#include "robot/Robot.h"
 
 #include <QTemporaryDir>
 
@@ -37,7 +37,9 @@ private:
         Station(const QString& name, quint32 seed, const QString& settings,
                 host::workbench::plugin::PluginEnvironment& environment);
 
-        host::workbench::EmbeddedRobot robot;
+        QString address() const;
+
+        robot::Robot robot;
         host::device::Device device;
         host::workbench::window::DeviceView* view = nullptr;
         int scans = 0;
