@@ -23,6 +23,10 @@
         <source>device</source>
         <translation>Gerät</translation>
     </message>
+    <message>
+        <source>The plugin&apos;s function %1 threw an exception: %2. The rest works on. Ask the plugin&apos;s author for a fixed version.</source>
+        <translation>Die Funktion %1 des Plugins warf eine Ausnahme: %2. Der Rest arbeitet weiter. Bitten Sie den Autor des Plugins um eine korrigierte Version.</translation>
+    </message>
 </context>
 <context>
     <name>host::device::Settings</name>
@@ -902,6 +906,10 @@
     <message>
         <source>There is no display: set DISPLAY or WAYLAND_DISPLAY. Without one, workbench-tour DIR writes pictures of the window.</source>
         <translation>Es gibt keine Anzeige: Setzen Sie DISPLAY oder WAYLAND_DISPLAY. Ohne Anzeige schreibt workbench-tour DIR Bilder des Fensters.</translation>
+    </message>
+    <message>
+        <source>The program cannot be started again: %1</source>
+        <translation>Das Programm kann nicht neu gestartet werden: %1</translation>
     </message>
 </context>
 <context>
@@ -2785,18 +2793,6 @@
         <translation>Gerät</translation>
     </message>
     <message>
-        <source>The plugin has no tool bar</source>
-        <translation>Das Plugin hat keine Werkzeugleiste</translation>
-    </message>
-    <message>
-        <source>It has no widget &quot;toolbar&quot;. Without one there is no way to connect.</source>
-        <translation>Es hat kein Widget „toolbar“. Ohne dieses lässt sich keine Verbindung herstellen.</translation>
-    </message>
-    <message>
-        <source>Choose a plugin made for this device with --plugin.</source>
-        <translation>Wählen Sie mit --plugin ein Plugin, das für dieses Gerät gemacht ist.</translation>
-    </message>
-    <message>
         <source>its type is unknown</source>
         <translation>ihr Typ ist unbekannt</translation>
     </message>
@@ -2823,6 +2819,30 @@
     <message>
         <source>&amp;Reset layout</source>
         <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>The plugin has no widgets</source>
+        <translation>Das Plugin hat keine Widgets</translation>
+    </message>
+    <message>
+        <source>Asked for the widgets &quot;toolbar&quot; and &quot;dialog&quot; of the device &quot;%1 %2&quot;, it returned none.</source>
+        <translation>Nach den Widgets „toolbar“ und „dialog“ des Geräts „%1 %2“ gefragt, gab es keines zurück.</translation>
+    </message>
+    <message>
+        <source>The words are the vendor and the name in its PluginInfo: its loadDeviceWidget() must know the device by both, with one blank between them.</source>
+        <translation>Die Wörter sind Hersteller und Name in seiner PluginInfo: Seine Funktion loadDeviceWidget() muss das Gerät an beiden erkennen, mit einem Leerzeichen dazwischen.</translation>
+    </message>
+    <message>
+        <source>&amp;Connect</source>
+        <translation>&amp;Verbinden</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel connecting</source>
+        <translation>Verbinden &amp;abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Disconnect</source>
+        <translation>&amp;Trennen</translation>
     </message>
 </context>
 <context>
@@ -2978,6 +2998,14 @@
     <message>
         <source>Plugin: %1 by %2.</source>
         <translation>Plugin: %1 von %2.</translation>
+    </message>
+    <message>
+        <source>The plugin&apos;s file has changed. File &gt; Restart loads it as it is now.</source>
+        <translation>Die Datei des Plugins hat sich geändert. Datei &gt; Neu starten lädt sie, wie sie jetzt ist.</translation>
+    </message>
+    <message>
+        <source>&amp;Restart</source>
+        <translation>&amp;Neu starten</translation>
     </message>
 </context>
 <context>

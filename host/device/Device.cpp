@@ -334,6 +334,18 @@ void Device::say(const QString& problem)
         this, [this, problem] { Q_EMIT this->problem(problem); }, Qt::QueuedConnection);
 }
 
+/// A person is told once of each function: it may throw as often as it is called.
+void Device::onThrown(const QString& function, const QString& what)
+{
+    qWarning("%s threw an exception: %s", qPrintable(function), qPrintable(what));
+    if (m_throwing.contains(function))
+        return;
+    m_throwing.insert(function);
+    say(tr("The plugin's function %1 threw an exception: %2. The rest works on. Ask the plugin's "
+           "author for a fixed version.")
+            .arg(function, what));
+}
+
 void Device::deliver(const plugin::gui::HistoryBundleContent& content)
 {
     plugin::gui::HistoryBundleContent seen;

@@ -30,6 +30,7 @@
 #include "plugin/plugin/DataRole.h"
 
 #include <QObject>
+#include <QSet>
 #include <QString>
 
 #include <functional>
@@ -165,6 +166,7 @@ private:
     void onScan(const olm::core::LaserScanMessage& scan);
     void storePose();
     void onStateChanged(int state);
+    void onThrown(const QString& function, const QString& what);
     void onWriteRefused(const variables::Variables::Key& key);
     void notify(const char* what, const trace::Arguments& arguments,
                 const std::function<void(plugin::gui::DeviceWidget&)>& call);
@@ -192,7 +194,10 @@ private:
     trace::Traffic m_traffic;
     faults::FaultyHost m_faultyHost{*this, m_faults};
     trace::TracedHost m_tracedHost{m_faultyHost, m_traffic}; // what the widgets are built on
-    WidgetList m_widgets{m_traffic};
+    QSet<QString> m_throwing; // the widgets' functions that have thrown
+    WidgetList m_widgets{m_traffic, [this](const QString& function, const QString& what) {
+                             onThrown(function, what);
+                         }};
     int m_loads = 0; // loadWidget() calls under way
 };
 

@@ -7,12 +7,16 @@
 #include "host/device/trace/TracedCall.h"
 #include "plugin/gui/DeviceWidget.h"
 
-#include <QDebug>
-
 #include <algorithm>
 #include <exception>
 
 namespace host::device {
+
+WidgetList::WidgetList(trace::Traffic& traffic, OnThrown onThrown)
+    : m_traffic(traffic),
+      m_onThrown(std::move(onThrown))
+{
+}
 
 void WidgetList::add(Widget& widget)
 {
@@ -65,17 +69,16 @@ void WidgetList::call(const trace::PluginCall& call, Widget& widget,
                       const std::function<void(Widget&)>& notify)
 {
     // The handler may delete the widget.
-    const auto warn = [&call](const char* reason) {
-        qWarning("%s::%s threw an exception: %s", qPrintable(trace::className(*call.widgetClass)),
-                 call.name, reason);
+    const auto tell = [&](const char* what) {
+        m_onThrown(trace::className(*call.widgetClass) + "::" + call.name, QString::fromUtf8(what));
     };
     try {
         const trace::TracedCall traced(m_traffic, call);
         notify(widget);
     } catch (const std::exception& exception) {
-        warn(exception.what());
+        tell(exception.what());
     } catch (...) {
-        warn("not a std::exception");
+        tell("not a std::exception");
     }
 }
 

@@ -22,14 +22,17 @@ namespace host::device {
 
 /// The widgets of one device, whatever their place in the widget tree, and how one is called.
 /// A handler may delete widgets, its own too, and build new ones; an exception that leaves it
-/// ends in a warning and reaches neither the other widgets nor the event loop.
+/// is told, and reaches neither the other widgets nor the event loop.
 class WidgetList
 {
 public:
     using Widget = plugin::gui::DeviceWidget;
 
+    /// Hears which function, with its class, threw what.
+    using OnThrown = std::function<void(const QString& function, const QString& what)>;
+
     /// The calls of widgets are noted in @p traffic, which outlives the list.
-    explicit WidgetList(trace::Traffic& traffic) : m_traffic(traffic) {}
+    WidgetList(trace::Traffic& traffic, OnThrown onThrown);
 
     /// @p widget is still under construction and gets nothing before translateNew().
     void add(Widget& widget);
@@ -56,6 +59,7 @@ private:
               const std::function<void(Widget&)>& notify);
 
     trace::Traffic& m_traffic;
+    OnThrown m_onThrown;
     std::vector<Entry> m_entries; // a removed one is null until no delivery is under way
     int m_deliveries = 0;         // under way, within each other
 };

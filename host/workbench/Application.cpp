@@ -11,7 +11,10 @@
 #include <QDir>
 #include <QTextStream>
 
+#include <cerrno>
 #include <cstdlib>
+
+#include <unistd.h>
 
 namespace host::workbench {
 
@@ -61,7 +64,9 @@ QString stateFolder()
 } // namespace
 
 Application::Application(const char* name, int argc, char** argv)
-    : m_arguments(decoded(argc, argv)),
+    : m_argv(argv),
+      m_crashReport(name),
+      m_arguments(decoded(argc, argv)),
       m_hasDisplay(findDisplay()),
       m_application(prepareQt(m_hasDisplay, m_arguments), argv)
 {
@@ -108,9 +113,21 @@ int Application::show(window::Window& window)
         window.close(); // which keeps the places of its docks
         QCoreApplication::quit();
     });
+    QObject::connect(&window, &window::Window::restartRequested, &window, [&window] {
+        window.close();
+        QCoreApplication::exit(restart);
+    });
+    for (const plugin::Failure& failure : window.failures())
+        fail(failure.text());
     window.restoreLayout(stateFolder());
     window.show();
     return QApplication::exec();
+}
+
+int Application::startAgain()
+{
+    execv("/proc/self/exe", m_argv);
+    return fail(tr("The program cannot be started again: %1").arg(qt_error_string(errno)));
 }
 
 } // namespace host::workbench

@@ -4,6 +4,7 @@
 #ifndef HOST_WORKBENCH_APPLICATION_H
 #define HOST_WORKBENCH_APPLICATION_H
 
+#include "host/workbench/CrashReport.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/window/WheelGuard.h"
 #include "robot/MessageLimit.h"
@@ -47,10 +48,17 @@ public:
     /// Prints @p reason on the standard error.
     static int fail(const QString& reason);
     /// Shows @p window until it is closed or the program is terminated, with its docks where they
-    /// were the last time.
+    /// were the last time. Gives `restart` where somebody asked for that.
     static int show(window::Window& window);
+    /// Begins anew in the same process, with the same arguments; all that the program has opened is
+    /// closed by now. Returns only where that is not possible.
+    int startAgain();
+
+    static constexpr int restart = -1;
 
 private:
+    char** const m_argv;
+    const CrashReport m_crashReport;
     const robot::MessageLimit m_messageLimit;
     const QStringList m_arguments;
     const bool m_hasDisplay;

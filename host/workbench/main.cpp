@@ -7,6 +7,8 @@
 
 #include <QStandardPaths>
 
+#include <optional>
+
 using host::workbench::Application;
 using host::workbench::Options;
 using host::workbench::Session;
@@ -25,10 +27,12 @@ int main(int argc, char** argv)
                             "workbench-tour DIR writes pictures of the window."));
     const QString settings = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     const QStringList problems = application.restorePreferences(options, settings);
-    Session session(options, settings, application.environment());
-    if (!session.error().isEmpty())
-        return Application::fail(session.error());
+    std::optional<Session> session(std::in_place, options, settings, application.environment());
+    if (!session->error().isEmpty())
+        return Application::fail(session->error());
     for (const QString& words : problems)
-        session.window().notify(words);
-    return Application::show(session.window());
+        session->window().notify(words);
+    const int status = Application::show(session->window());
+    session.reset();
+    return status == Application::restart ? application.startAgain() : status;
 }

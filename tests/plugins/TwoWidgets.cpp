@@ -36,11 +36,14 @@ public:
     QString helpContext() const override { return "toolbar"; }
 };
 
-#ifdef WITHOUT_DIALOG
-constexpr bool hasDialog = false;
+bool isWidget(const char* name)
+{
+#ifdef ONLY
+    return !std::strcmp(name, ONLY);
 #else
-constexpr bool hasDialog = true;
+    return !std::strcmp(name, "toolbar") || !std::strcmp(name, "dialog");
 #endif
+}
 
 class Interface : public TestInterface
 {
@@ -53,9 +56,7 @@ public:
     loadDeviceWidget(const char* device, const char* widget,
                      plugin::gui::DeviceDelegate& delegate) const override
     {
-        const bool isKnown =
-            std::strcmp(device, "tests test plugin") == 0 &&
-            (!std::strcmp(widget, "toolbar") || (hasDialog && !std::strcmp(widget, "dialog")));
+        const bool isKnown = !std::strcmp(device, "tests test plugin") && isWidget(widget);
         return isKnown ? new Widget(delegate, widget) : nullptr;
     }
 };

@@ -12,6 +12,8 @@ TracedCall::TracedCall(Traffic& traffic, PluginCall call)
       m_call(traffic.callBegan(std::move(call))),
       m_exceptions(std::uncaught_exceptions())
 {
+    if (m_call->direction == PluginCall::Direction::ToPlugin)
+        m_underWay.emplace(m_call->name);
 }
 
 TracedCall::~TracedCall()

@@ -4,7 +4,10 @@
 #ifndef HOST_DEVICE_TRACE_TRACEDCALL_H
 #define HOST_DEVICE_TRACE_TRACEDCALL_H
 
+#include "host/device/trace/CallUnderWay.h"
 #include "host/device/trace/Traffic.h"
+
+#include <optional>
 
 namespace host::device::trace {
 
@@ -28,6 +31,7 @@ public:
 private:
     Traffic& m_traffic;
     std::shared_ptr<PluginCall> m_call;
+    std::optional<CallUnderWay> m_underWay; // where it is one to the plugin
     std::chrono::steady_clock::time_point m_began = std::chrono::steady_clock::now();
     int m_exceptions; // on their way when the call began
 };

@@ -3,6 +3,7 @@
 
 #include "host/workbench/plugin/PluginLoader.h"
 
+#include "host/device/trace/CallUnderWay.h"
 #include "plugin/gui/Interface.h"
 
 #include <QFile>
@@ -15,6 +16,8 @@
 namespace host::workbench::plugin {
 
 namespace {
+
+using device::trace::CallUnderWay;
 
 using Factory = void (*)(::plugin::gui::Interface**);
 
@@ -38,6 +41,7 @@ PluginLoader::~PluginLoader()
     if (!m_interface)
         return;
     try {
+        const CallUnderWay call("deinit");
         m_interface->deinit();
     } catch (const std::exception& e) {
         qWarning("%s: deinit() threw: %s", qPrintable(m_file), e.what());
@@ -123,7 +127,10 @@ void PluginLoader::start(void* factory)
     const char* function = factoryName;
     try {
         ::plugin::gui::Interface* interface = nullptr;
-        reinterpret_cast<Factory>(factory)(&interface);
+        {
+            const CallUnderWay call(function);
+            reinterpret_cast<Factory>(factory)(&interface);
+        }
         if (!interface) {
             fail([] {
                 return tr("Its function %1 returned no interface object.").arg(factoryName);
@@ -131,6 +138,7 @@ void PluginLoader::start(void* factory)
             return;
         }
         function = "init";
+        const CallUnderWay call(function);
         interface->init();
         m_interface = interface;
     } catch (const std::exception& e) {

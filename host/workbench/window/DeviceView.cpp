@@ -48,6 +48,7 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
       m_viewMenu(new QMenu(this)),
       m_robotMenu(new QMenu(this)),
       m_faultsMenu(new faults::FaultsMenu(device, this)),
+      m_connect(m_robotMenu->addAction(QString())),
       m_names(m_robotMenu->addAction(QString())),
       m_name(new QLabel(device.name())),
       m_notice(new Notice),
@@ -76,6 +77,13 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
     setCentralWidget(middle);
 
     addDocks();
+    m_connect->setObjectName("connect");
+    connect(m_connect, &QAction::triggered, this, [this] {
+        if (m_device.connectionState() < 0)
+            m_device.connectDevice();
+        else
+            m_device.disconnectDevice();
+    });
     m_names->setObjectName("names");
     connect(m_names, &QAction::triggered, m_namesDialog, [this] {
         m_namesDialog->show();
@@ -152,6 +160,8 @@ void DeviceView::saveLayout(QSettings& layout) const
 void DeviceView::restoreLayout(const QSettings& layout)
 {
     restoreState(layout.value("docks").toByteArray());
+    if (m_operationBar)
+        addToolBar(m_operationBar); // behind a tool bar that the plugin did not have the last time
     m_robotDock->setFollowing(layout.value("followRobot").toBool());
     m_plotsDock->choose(layout.value("plots").toStringList());
     if (auto* tabs = centralWidget()->findChild<QTabWidget*>())
@@ -211,25 +221,20 @@ void DeviceView::addPlugin()
         return;
     }
 
-    DeviceWidget* toolBarWidget = loadWidget("toolbar");
-    if (toolBarWidget) {
+    // A plugin may do without one of them.
+    if (DeviceWidget* toolBarWidget = loadWidget("toolbar")) {
         m_toolBar = new PluginBar;
         m_toolBar->setObjectName("toolBar");
         m_toolBar->setMovable(false);
         m_toolBar->addWidget(toolBarWidget);
         addToolBar(m_toolBar);
-    } else if (m_failures.isEmpty()) {
-        addFailure([file = m_plugin.file()] {
-            return plugin::Failure{
-                tr("The plugin has no tool bar"),
-                tr("It has no widget \"toolbar\". Without one there is no way to connect."),
-                tr("Choose a plugin made for this device with --plugin."), file};
-        });
     }
-
-    addToolBar(new operation::OperationBar(m_device, *m_robotMenu));
-
-    if (DeviceWidget* dialog = loadWidget("dialog")) {
+    m_operationBar = new operation::OperationBar(m_device, *m_robotMenu);
+    addToolBar(m_operationBar);
+    DeviceWidget* const dialog = loadWidget("dialog");
+    if (!dialog && !m_toolBar && m_failures.isEmpty())
+        addMissingWidgets();
+    if (dialog) {
         m_middle->addWidget(dialog, 1);
     } else if (m_failures.isEmpty()) {
         m_startPage = new StartPage(m_device.name(), m_robot);
@@ -237,6 +242,22 @@ void DeviceView::addPlugin()
     } else {
         m_middle->addStretch();
     }
+}
+
+void DeviceView::addMissingWidgets()
+{
+    const auto& info = m_plugin.interface()->info();
+    addFailure([vendor = QString::fromLatin1(info.vendor().c_str()),
+                name = QString::fromLatin1(info.name().c_str()), file = m_plugin.file()] {
+        return plugin::Failure{
+            tr("The plugin has no widgets"),
+            tr("Asked for the widgets \"toolbar\" and \"dialog\" of the device \"%1 %2\", it "
+               "returned none.")
+                .arg(vendor, name),
+            tr("The words are the vendor and the name in its PluginInfo: its loadDeviceWidget() "
+               "must know the device by both, with one blank between them."),
+            file};
+    });
 }
 
 DeviceWidget* DeviceView::loadWidget(const char* name)
@@ -274,9 +295,13 @@ void DeviceView::addFailure(const plugin::FailureWords& failure)
 
 void DeviceView::showConnection()
 {
+    const int state = m_device.connectionState();
+    m_connect->setText(state < 0 ? tr("&Connect")
+                       : state < device::connection::Connection::connected
+                           ? tr("&Cancel connecting")
+                           : tr("&Disconnect"));
     if (m_startPage)
-        m_startPage->setConnection(m_device.connectionState(), m_device.reconnection().isLost(),
-                                   m_device.status());
+        m_startPage->setConnection(state, m_device.reconnection().isLost(), m_device.status());
 }
 
 } // namespace host::workbench::window

@@ -30,6 +30,10 @@ namespace host::workbench::names {
 class NamesDialog;
 } // namespace host::workbench::names
 
+namespace host::workbench::operation {
+class OperationBar;
+} // namespace host::workbench::operation
+
 namespace host::workbench::plots {
 class PlotsDock;
 } // namespace host::workbench::plots
@@ -90,6 +94,7 @@ private:
     void translate();
     void addDocks();
     void addPlugin();
+    void addMissingWidgets();
     ::plugin::gui::DeviceWidget* loadWidget(const char* name);
     void addFailure(const plugin::FailureWords& failure);
     void showConnection();
@@ -101,10 +106,12 @@ private:
     QMenu* m_viewMenu;
     QMenu* m_robotMenu;
     QMenu* m_faultsMenu;
+    QAction* m_connect;
     QAction* m_names;
     QAction* m_resetLayout = nullptr;
     QLabel* m_name;
-    QToolBar* m_toolBar = nullptr; // the plugin's; null without one
+    QToolBar* m_toolBar = nullptr;                     // the plugin's; null without one
+    operation::OperationBar* m_operationBar = nullptr; // without a plugin there is none
     QVBoxLayout* m_middle;
     robotview::RobotDock* m_robotDock = nullptr;
     plots::PlotsDock* m_plotsDock = nullptr;

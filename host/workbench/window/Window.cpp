@@ -56,6 +56,7 @@ QAction* helpOfLog(const QWidget& around)
 Window::Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& environment)
     : m_plugin(plugin),
       m_environment(environment),
+      m_pluginWatch(plugin.file()),
       m_devices(new DeviceArea),
       m_help(new help::HelpPanel(environment.language(), this))
 {
@@ -67,6 +68,9 @@ Window::Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& en
     addMenus();
     new FocusFrame(*this); // a child
     connect(&environment, &plugin::PluginEnvironment::helpRequested, this, &Window::showHelp);
+    connect(&m_pluginWatch, &plugin::PluginWatch::rebuilt, this, [this] {
+        notify(tr("The plugin's file has changed. File > Restart loads it as it is now."));
+    });
     connect(qApp, &QApplication::focusChanged, this,
             [this](const QWidget*, const QWidget* focus) { onFocusChanged(focus); });
     translate();
@@ -186,6 +190,7 @@ void Window::translate()
     setWindowTitle(names.isEmpty() ? tr("Device workbench")
                                    : tr("%1 - device workbench").arg(names.join(", ")));
     m_fileMenu->setTitle(tr("&File"));
+    m_restart->setText(tr("&Restart"));
     m_quit->setText(tr("&Quit"));
     m_helpMenu->setTitle(tr("&Help"));
     m_contextHelp->setText(tr("&Context help"));
@@ -198,6 +203,9 @@ void Window::translate()
 void Window::addMenus()
 {
     m_fileMenu = menuBar()->addMenu(QString());
+    m_restart = m_fileMenu->addAction(QString());
+    m_restart->setObjectName("restart");
+    connect(m_restart, &QAction::triggered, this, &Window::restartRequested);
     m_quit = m_fileMenu->addAction(QString());
     m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
@@ -207,8 +215,9 @@ void Window::addMenus()
         connect(menu, &preferences::PreferenceMenu::problem, this, &Window::notify);
         return menu;
     };
-    m_fileMenu->insertMenu(m_quit, makeMenu(m_environment.lostLinks()));
-    m_fileMenu->insertMenu(m_quit, makeMenu(m_environment.otherNodes()));
+    m_fileMenu->insertMenu(m_restart, makeMenu(m_environment.lostLinks()));
+    m_fileMenu->insertMenu(m_restart, makeMenu(m_environment.otherNodes()));
+    m_fileMenu->insertSeparator(m_restart);
     m_languageMenu = makeMenu(m_environment.language());
     menuBar()->addMenu(m_languageMenu);
     menuBar()->addMenu(makeMenu(m_environment.appearance()));

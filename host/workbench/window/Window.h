@@ -6,6 +6,7 @@
 
 #include "host/workbench/operation/StopKey.h"
 #include "host/workbench/plugin/Failure.h"
+#include "host/workbench/plugin/PluginWatch.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -60,6 +61,10 @@ public:
     /// Tells what a person should know of, until it is put away.
     void notify(const QString& words);
 
+Q_SIGNALS:
+    /// Somebody wants the program to begin anew, with the plugin as its file is now.
+    void restartRequested();
+
 protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -80,6 +85,7 @@ private:
 
     const plugin::PluginLoader& m_plugin;
     plugin::PluginEnvironment& m_environment;
+    const plugin::PluginWatch m_pluginWatch;
     operation::StopKey m_stopKey;
     DeviceArea* m_devices;
     QList<DeviceView*> m_views;
@@ -88,6 +94,7 @@ private:
     QMenu* m_fileMenu = nullptr;
     QMenu* m_languageMenu = nullptr;
     QMenu* m_helpMenu = nullptr;
+    QAction* m_restart = nullptr;
     QAction* m_quit = nullptr;
     QAction* m_contextHelp = nullptr;
     QAction* m_contents = nullptr;

@@ -271,6 +271,7 @@ void WidgetListTest::a_handler_that_throws_stops_nobody_else()
     const auto first = loadProbe(device);
     const auto second = loadProbe(device);
     const auto third = loadProbe(device);
+    const QSignalSpy problems(&device, &Device::problem);
     first->onUpdate = [](const DeviceHistoryBundle&) { throw std::runtime_error("no memory"); };
     second->onUpdate = [](const DeviceHistoryBundle&) { throw 7; };
     const QRegularExpression standard("Probe::update threw an exception: no memory");
@@ -282,6 +283,9 @@ void WidgetListTest::a_handler_that_throws_stops_nobody_else()
     device.registerInput("a", true);
     device.write(Kind::Input, "a", 1);
     QTRY_COMPARE_WITH_TIMEOUT(third->count("update"), 1, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(problems.size(), 1, patience); // once for one function
+    QVERIFY2(problems[0][0].toString().contains("Probe::update threw an exception: no memory."),
+             qPrintable(problems[0][0].toString()));
     first->onUpdate = {};
     second->onUpdate = {};
     device.write(Kind::Input, "a", 2);

@@ -203,8 +203,8 @@ void TourTest::it_ends_at_a_broken_plugin_and_says_why_data()
                                       << "functionOfALaterHost";
     QTest::newRow("no factory") << "NoFactory.so"
                                 << "pluginGuiInterface";
-    QTest::newRow("no tool bar") << "NullWidgets.so"
-                                 << "The plugin has no tool bar";
+    QTest::newRow("no widgets") << "NullWidgets.so"
+                                << "The plugin has no widgets";
     QTest::newRow("throwing widget") << "ThrowingWidget.so"
                                      << "no such picture";
 }

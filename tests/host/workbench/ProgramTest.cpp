@@ -41,6 +41,8 @@ private Q_SLOTS:
     void a_recording_that_cannot_be_replayed_is_named_with_status_1();
     void the_language_is_the_systems();
     void without_a_display_the_program_says_so();
+    void a_plugin_that_cannot_be_loaded_is_named_on_the_standard_error();
+    void a_crash_names_the_plugins_function();
     void a_signal_ends_the_program_cleanly_data();
     void a_signal_ends_the_program_cleanly();
 };
@@ -104,6 +106,32 @@ void ProgramTest::without_a_display_the_program_says_so()
     const Result result = run({"--no-robot"}, environment);
     QCOMPARE(result.status, 1);
     QVERIFY2(result.err.contains("There is no display"), qPrintable(result.err));
+}
+
+void ProgramTest::a_plugin_that_cannot_be_loaded_is_named_on_the_standard_error()
+{
+    const QTemporaryDir home;
+    QProcess program;
+    program.setProcessEnvironment(environmentIn(home));
+    program.start(WORKBENCH_FILE, {"--no-robot", "--plugin", "/no/such.so"});
+    QString error;
+    const auto isNamed = [&] {
+        error += QString::fromLocal8Bit(program.readAllStandardError());
+        return error.contains("/no/such.so");
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isNamed(), runPatience);
+    QVERIFY2(error.contains("device-workbench: The plugin was not found\n"), qPrintable(error));
+    QVERIFY(program.state() == QProcess::Running); // with the card in the window
+    program.terminate();
+    QVERIFY(program.waitForFinished(runPatience));
+}
+
+void ProgramTest::a_crash_names_the_plugins_function()
+{
+    const Result result = run({"--no-robot", "--plugin", TEST_PLUGIN_FOLDER "/CrashingDialog.so"});
+    QVERIFY(result.status != 0);
+    QVERIFY2(result.err.contains("device-workbench: crashed in the plugin's function translate.\n"),
+             qPrintable(result.err));
 }
 
 void ProgramTest::a_signal_ends_the_program_cleanly_data()
