@@ -1,0 +1,157 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: the Quandrel device GUI authors
+# SPDX-License-Identifier: BSD-3-Clause
+"""Installs the build into a folder of its own and uses what is there.
+
+Usage: install_test.py --build FOLDER ... [unittest arguments]; all options are needed, as CTest passes them.
+"""
+
+import argparse
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+DEADLINE = 100.0  # seconds; nothing here should take ten of them on an idle machine
+
+options = None  # of the command line
+
+
+def run(*command, **environment):
+    """The output of a command that must succeed."""
+    result = subprocess.run([str(part) for part in command], env={**os.environ, **environment},
+                            capture_output=True, text=True, timeout=DEADLINE, check=False)
+    if result.returncode != 0:
+        words = " ".join(str(part) for part in command)
+        raise AssertionError(f"{words} ended with {result.returncode}:\n{result.stdout}{result.stderr}")
+    return result.stdout
+
+
+def install(prefix, *arguments):
+    run(options.cmake, "--install", options.build, "--prefix", prefix, *arguments)
+
+
+def files(prefix):
+    """All files and links below the prefix."""
+    return {path.relative_to(prefix).as_posix() for path in prefix.rglob("*")
+            if path.is_symlink() or not path.is_dir()}
+
+
+def expected():
+    """The files of each component."""
+    lib = options.libdir
+    abi = ".".join(options.version.split(".")[:2])
+    platform = options.source / "src/platform"
+    return {
+        "plugin": {f"{lib}/quandrel/plugins/libdevice_quandrel_gui.so",
+                   "share/doc/quandrel-device-plugin/copyright"},
+        "library": {f"{lib}/libplugin_framework.so.{abi}",
+                    f"{lib}/libplugin_framework.so.{options.version}",
+                    f"share/doc/libplugin-framework{abi}/copyright"},
+        "runtime": {"bin/device-workbench", "bin/quandrel-robot", "bin/workbench-tour",
+                    "share/doc/quandrel-workbench/copyright"},
+        "development": {
+            f"{lib}/libplugin_framework.so",
+            f"{lib}/pkgconfig/quandrel-plugin.pc",
+            f"{lib}/cmake/Quandrel/quandrel-config.cmake",
+            f"{lib}/cmake/Quandrel/quandrel-config-version.cmake",
+            f"{lib}/cmake/Quandrel/quandrel-targets.cmake",
+            f"{lib}/cmake/Quandrel/quandrel-targets-{options.configuration}.cmake",
+            "include/quandrel/framework/plugin/gui/DeviceHost.h",
+            "include/quandrel/framework/plugin/gui/HistoryBundleContent.h",
+            "include/quandrel/framework/plugin/gui/HostCall.h",
+            "share/doc/libquandrel-dev/copyright",
+            *(f"include/quandrel/platform/{header.relative_to(platform).as_posix()}"
+              for header in platform.rglob("*.h"))},
+    }
+
+
+class InstallTest(unittest.TestCase):
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.folder = Path(folder.name).resolve()
+        cls.prefix = cls.folder / "prefix"
+        install(cls.prefix)
+
+    def libraries(self, file):
+        """The libraries that the system's loader finds for an installed file, by name."""
+        return dict(re.findall(r"^\s*(\S+) => (\S+)", run("ldd", file), re.MULTILINE))
+
+    def assert_lists(self, found, wanted):
+        self.assertEqual((sorted(wanted - found), sorted(found - wanted)), ([], []),
+                         "the first list is missing, the second is not expected")
+
+    def test_each_component_has_its_files_and_all_together_are_everything(self):
+        for component, wanted in expected().items():
+            with self.subTest(component):
+                folder = self.folder / component
+                install(folder, "--component", component)
+                self.assert_lists(files(folder), wanted)
+        self.assert_lists(files(self.prefix), set().union(*expected().values()))
+
+    def test_the_programs_start(self):
+        for program in ("quandrel-robot", "device-workbench", "workbench-tour"):
+            self.assertEqual(run(self.prefix / "bin" / program, "--version"),
+                             f"{program} {options.version}\n")
+
+    def test_the_framework_is_found_in_the_prefix_and_by_its_version(self):
+        abi = ".".join(options.version.split(".")[:2])
+        folder = self.prefix / options.libdir
+        for file in (self.prefix / "bin/device-workbench", self.prefix / "bin/workbench-tour",
+                     folder / "quandrel/plugins/libdevice_quandrel_gui.so"):
+            found = {name: Path(path).resolve().parent for name, path in self.libraries(file).items()
+                     if name.startswith("libplugin_framework")}
+            self.assertEqual(found, {f"libplugin_framework.so.{abi}": folder}, file)
+
+    def test_a_licence_comes_with_each_component_and_the_workbench_names_the_gpl(self):
+        for file in (self.prefix / "share/doc").glob("*/copyright"):
+            text = file.read_text(encoding="utf-8")
+            self.assertIn("\n Redistribution and use in source and binary forms", text)
+            self.assertNotRegex(text, re.compile("^[^A-Z \n]", re.MULTILINE), "only fields begin a line")
+            self.assertEqual("GPL-3" in text, file.parent.name == "quandrel-workbench", file)
+
+    def test_others_build_a_plugin_and_a_host_and_the_one_loads_the_other(self):
+        build = self.folder / "outside"
+        said = run(options.cmake, "-S", Path(__file__).parent / "outside", "-B", build,
+                   "-G", options.generator, f"-DCMAKE_MAKE_PROGRAM={options.make}",
+                   f"-DCMAKE_CXX_COMPILER={options.compiler}",
+                   f"-DCMAKE_PREFIX_PATH={self.prefix}", f"-DQUANDREL_VERSION={options.version}")
+        self.assertIn(f"plugins: {self.prefix / options.libdir}/quandrel/plugins\n", said)
+        run(options.cmake, "--build", build)
+        self.assertEqual(run(build / "host", build / "liblamp.so"), "outside Lamp\n")
+
+    def test_pkg_config_tells_where_the_headers_and_the_library_are(self):
+        def tells(flag):
+            path = self.prefix / options.libdir / "pkgconfig"
+            return run("pkg-config", flag, "quandrel-plugin", PKG_CONFIG_PATH=str(path)).split()
+
+        headers = [Path(flag[2:]) for flag in tells("--cflags") if flag.startswith("-I")]
+        for header in ("plugin/gui/DeviceWidget.h", "QWidget"):
+            self.assertTrue(any((folder / header).is_file() for folder in headers),
+                            f"no {header} in {headers}")
+        libraries = tells("--libs")
+        self.assertIn("-lplugin_framework", libraries)
+        self.assertTrue(any((Path(flag[2:]) / "libplugin_framework.so").is_file()
+                            for flag in libraries if flag.startswith("-L")), libraries)
+
+
+def main():
+    global options
+    parser = argparse.ArgumentParser(description=__doc__)
+    for path in ("build", "source"):
+        parser.add_argument(f"--{path}", type=Path, required=True)
+    for text in ("cmake", "compiler", "make", "generator", "libdir", "version", "configuration"):
+        parser.add_argument(f"--{text}", required=True)
+    options, rest = parser.parse_known_args()
+    unittest.main(argv=[sys.argv[0], *rest], verbosity=2)
+
+
+if __name__ == "__main__":
+    main()
