@@ -915,8 +915,8 @@
 <context>
     <name>host::workbench::Options</name>
     <message>
-        <source>Load the device plugin FILE instead of the one beside this program.</source>
-        <translation>Lädt das Geräte-Plugin FILE anstelle dessen, das neben diesem Programm liegt.</translation>
+        <source>Load the device plugin FILE instead of the program&apos;s own.</source>
+        <translation>Lädt das Geräte-Plugin FILE anstelle des eigenen.</translation>
     </message>
     <message>
         <source>Shows a device plugin at work, with a simulated robot to connect to.</source>

@@ -59,8 +59,7 @@ Options::Options(const QStringList& arguments, const Program& program)
 void Options::read(const QStringList& arguments, const Program& program)
 {
     const QCommandLineOption plugin(
-        "plugin", tr("Load the device plugin FILE instead of the one beside this program."),
-        "FILE");
+        "plugin", tr("Load the device plugin FILE instead of the program's own."), "FILE");
     const QCommandLineOption device(
         "device",
         tr("Name of the device. Its settings are stored under this name (default: %1). Can be "

@@ -47,7 +47,7 @@ public:
 
     QString folder() const { return m_folder; } ///< the program's argument
 
-    QString pluginFile() const { return m_pluginFile; } ///< empty: the plugin beside the program
+    QString pluginFile() const { return m_pluginFile; } ///< empty: the program's own plugin
 
     QStringList devices() const { return m_devices; } ///< their names, none of them twice
 

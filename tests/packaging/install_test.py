@@ -12,6 +12,7 @@ import re
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -100,6 +101,21 @@ class InstallTest(unittest.TestCase):
         for program in ("quandrel-robot", "device-workbench", "workbench-tour"):
             self.assertEqual(run(self.prefix / "bin" / program, "--version"),
                              f"{program} {options.version}\n")
+
+    def test_the_workbench_loads_the_installed_plugin(self):
+        plugin = self.prefix / options.libdir / "quandrel/plugins/libdevice_quandrel_gui.so"
+        home = {f"XDG_{kind}_HOME": str(self.folder / "home") for kind in ("DATA", "STATE", "CONFIG")}
+        workbench = subprocess.Popen([self.prefix / "bin/device-workbench", "--no-robot"],
+                                     env={**os.environ, **home})
+        try:
+            end = time.monotonic() + DEADLINE
+            while f" {plugin}\n" not in Path(f"/proc/{workbench.pid}/maps").read_text(encoding="utf-8"):
+                self.assertIsNone(workbench.poll(), "the workbench ended")
+                self.assertLess(time.monotonic(), end, f"the workbench did not load {plugin}")
+                time.sleep(0.05)
+        finally:
+            workbench.kill()
+            workbench.wait()
 
     def test_the_framework_is_found_in_the_prefix_and_by_its_version(self):
         abi = ".".join(options.version.split(".")[:2])

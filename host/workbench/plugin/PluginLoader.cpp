@@ -6,6 +6,7 @@
 #include "host/device/trace/CallUnderWay.h"
 #include "plugin/gui/Interface.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -52,7 +53,10 @@ PluginLoader::~PluginLoader()
 
 QString PluginLoader::defaultFile()
 {
-    return QCoreApplication::applicationDirPath() + "/libdevice_quandrel_gui.so";
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString name = "/libdevice_quandrel_gui.so";
+    return QFileInfo::exists(folder + name) ? folder + name
+                                            : QDir::cleanPath(folder + "/" PLUGIN_FOLDER + name);
 }
 
 std::optional<Failure> PluginLoader::failure() const

@@ -33,7 +33,7 @@ public:
     PluginLoader(const PluginLoader&) = delete;
     PluginLoader& operator=(const PluginLoader&) = delete;
 
-    /// The plugin that comes with this program: it lies beside it.
+    /// The plugin that comes with this program: beside it, or where it is installed.
     static QString defaultFile();
 
     /// Owned by the plugin; null when loading failed.
