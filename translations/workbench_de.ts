@@ -3790,14 +3790,6 @@
         <translation>die Nachricht hat kein Textfeld „op“</translation>
     </message>
     <message>
-        <source>a value with the tag %1 is not a supported array of numbers</source>
-        <translation>ein Wert mit dem Tag %1 ist keine unterstützte Zahlenliste</translation>
-    </message>
-    <message>
-        <source>the typed array has %1 bytes, not a multiple of its element&apos;s %2</source>
-        <translation>die getypte Liste hat %1 Bytes, kein Vielfaches der %2 ihres Elements</translation>
-    </message>
-    <message>
         <source>a truth value</source>
         <translation>ein Wahrheitswert</translation>
     </message>
@@ -3911,6 +3903,17 @@
     <message>
         <source>is text, but not base64</source>
         <translation>ist Text, aber kein Base64</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::protocol::TypedArray</name>
+    <message>
+        <source>a value with the tag %1 is not a supported array of numbers</source>
+        <translation>ein Wert mit dem Tag %1 ist keine unterstützte Zahlenliste</translation>
+    </message>
+    <message>
+        <source>the typed array has %1 bytes, not a multiple of its element&apos;s %2</source>
+        <translation>die getypte Liste hat %1 Bytes, kein Vielfaches der %2 ihres Elements</translation>
     </message>
 </context>
 <context>

@@ -4,18 +4,17 @@
 #include "rosbridge/protocol/Codec.h"
 
 #include "rosbridge/protocol/CborCheck.h"
+#include "rosbridge/protocol/JsonWriter.h"
+#include "rosbridge/protocol/TypedArray.h"
 
 #include <QCborArray>
 #include <QCoreApplication>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QtEndian>
-#include <qfloat16.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 namespace rosbridge::protocol {
@@ -105,106 +104,6 @@ qsizetype fieldCount(const QCborValue& value)
     return count;
 }
 
-template <typename Number, typename Bits>
-QVector<double> unpack(const QByteArray& bytes, bool littleEndian)
-{
-    static_assert(sizeof(Number) == sizeof(Bits));
-    QVector<double> numbers;
-    numbers.reserve(bytes.size() / static_cast<int>(sizeof(Bits)));
-    for (const char* at = bytes.cbegin(); at != bytes.cend(); at += sizeof(Bits)) {
-        const Bits bits = littleEndian ? qFromLittleEndian<Bits>(at) : qFromBigEndian<Bits>(at);
-        Number number;
-        std::memcpy(static_cast<void*>(&number), &bits, sizeof(bits)); // qfloat16 is a class
-        numbers.append(static_cast<double>(number));
-    }
-    return numbers;
-}
-
-/// The elements of an RFC 8746 typed array. The tag's bits are 010fsell: float, signed,
-/// little-endian, and the element's size.
-std::optional<QVector<double>> typedNumbers(const QCborValue& array, QString* error)
-{
-    const auto tag = static_cast<quint64>(array.tag());
-    const QByteArray bytes = array.taggedValue().toByteArray();
-    const bool isFloat = tag & 0x10U;
-    const bool isSigned = tag & 0x08U;
-    const bool isLittleEndian = tag & 0x04U;
-    const unsigned sizeExponent = (tag & 0x03U) + (isFloat ? 1 : 0);
-    const int size = 1 << sizeExponent;
-    if (tag < 64 || tag > 86 || tag == 76 || tag == 83 || !array.taggedValue().isByteArray())
-        return refuse(
-            error,
-            Text::tr("a value with the tag %1 is not a supported array of numbers").arg(tag));
-    if (bytes.size() % size != 0)
-        return refuse(error, Text::tr("the typed array has %1 bytes, not a multiple of its "
-                                      "element's %2")
-                                 .arg(bytes.size())
-                                 .arg(size));
-    switch (size) {
-    case 1:
-        return isSigned ? unpack<qint8, quint8>(bytes, true) : unpack<quint8, quint8>(bytes, true);
-    case 2:
-        return isFloat    ? unpack<qfloat16, quint16>(bytes, isLittleEndian)
-               : isSigned ? unpack<qint16, quint16>(bytes, isLittleEndian)
-                          : unpack<quint16, quint16>(bytes, isLittleEndian);
-    case 4:
-        return isFloat    ? unpack<float, quint32>(bytes, isLittleEndian)
-               : isSigned ? unpack<qint32, quint32>(bytes, isLittleEndian)
-                          : unpack<quint32, quint32>(bytes, isLittleEndian);
-    default:
-        return isFloat    ? unpack<double, quint64>(bytes, isLittleEndian)
-               : isSigned ? unpack<qint64, quint64>(bytes, isLittleEndian)
-                          : unpack<quint64, quint64>(bytes, isLittleEndian);
-    }
-}
-
-QJsonValue toJson(double number)
-{
-    return std::isfinite(number) ? QJsonValue(number) : QJsonValue();
-}
-
-QJsonValue toJson(const QCborValue& value)
-{
-    switch (value.type()) {
-    case QCborValue::True:
-    case QCborValue::False:
-        return value.toBool();
-    case QCborValue::Integer:
-        return value.toInteger();
-    case QCborValue::Double:
-        return toJson(value.toDouble());
-    case QCborValue::String:
-        return value.toString();
-    case QCborValue::ByteArray:
-        return QString::fromLatin1(value.toByteArray().toBase64());
-    case QCborValue::Array: {
-        QJsonArray array;
-        const QCborArray elements = value.toArray();
-        for (const QCborValue element : elements)
-            array.append(toJson(element));
-        return array;
-    }
-    case QCborValue::Map: {
-        QJsonObject object;
-        const QCborMap map = value.toMap();
-        for (auto field = map.cbegin(); field != map.cend(); ++field)
-            object.insert(field.key().toString(), toJson(field.value()));
-        return object;
-    }
-    case QCborValue::Tag: {
-        const std::optional<QVector<double>> numbers = typedNumbers(value, nullptr);
-        if (!numbers)
-            return QJsonValue();
-        QJsonArray array;
-        for (const double number : *numbers)
-            array.append(toJson(number));
-        return array;
-    }
-    default:
-        return QJsonValue();
-    }
-}
-
 } // namespace
 
 std::optional<QCborMap> decodeText(const QByteArray& utf8Json, QString* error)
@@ -255,7 +154,9 @@ std::optional<QCborMap> decodeBinary(const QByteArray& cbor, QString* error)
 
 QByteArray encodeText(const QCborMap& message)
 {
-    return QJsonDocument(toJson(QCborValue(message)).toObject()).toJson(QJsonDocument::Compact);
+    JsonWriter writer;
+    writer.write(message);
+    return writer.text();
 }
 
 QByteArray encodeBinary(const QCborMap& message)
@@ -288,12 +189,12 @@ std::optional<QVector<float>> toFloats(const QCborValue& value, QString* error)
 {
     QVector<float> floats;
     if (value.isTag()) {
-        const std::optional<QVector<double>> numbers = typedNumbers(value, error);
+        const std::optional<TypedArray> numbers = TypedArray::read(value, error);
         if (!numbers)
             return std::nullopt;
         floats.reserve(numbers->size());
-        for (const double number : *numbers)
-            floats.append(toFloat(number));
+        numbers->forEach(
+            [&floats](auto number) { floats.append(toFloat(static_cast<double>(number))); });
         return floats;
     }
     if (!value.isArray())

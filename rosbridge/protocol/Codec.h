@@ -41,8 +41,7 @@ constexpr int maximumMessageDepth = 32;
 std::optional<QCborMap> decodeText(const QByteArray& utf8Json, QString* error);
 std::optional<QCborMap> decodeBinary(const QByteArray& cbor, QString* error);
 
-/// Encode one message. JSON has no NaN and no infinity, they become null; typed arrays become
-/// plain arrays and byte strings base64 text, as rosbridge has it for uint8[].
+/// Encode one message, as JSON with a JsonWriter.
 QByteArray encodeText(const QCborMap& message);
 QByteArray encodeBinary(const QCborMap& message);
 

@@ -37,7 +37,6 @@ private Q_SLOTS:
     void floats_are_read_from_every_numeric_array();
     void floats_are_not_read_from_anything_else_data();
     void floats_are_not_read_from_anything_else();
-    void typed_arrays_of_every_type_become_plain_arrays_in_the_text_form();
 };
 
 void CodecTest::every_kind_of_value_survives_the_binary_form()
@@ -204,17 +203,6 @@ void CodecTest::floats_are_not_read_from_anything_else()
     QVERIFY(!toFloats(value, &actual));
     QCOMPARE(actual, error);
     QVERIFY(!toFloats(value, nullptr));
-}
-
-void CodecTest::typed_arrays_of_every_type_become_plain_arrays_in_the_text_form()
-{
-    const auto json = [](const char* hex) {
-        return encodeText({{QStringLiteral("x"), QCborValue::fromCbor(QByteArray::fromHex(hex))}});
-    };
-    QCOMPARE(json("d8404201ff"), QByteArray(R"({"x":[1,255]})"));
-    QCOMPARE(json("d84e44feffffff"), QByteArray(R"({"x":[-2]})"));
-    QCOMPARE(json("d856489a9999999999b93f"), QByteArray(R"({"x":[0.1]})"));
-    QCOMPARE(json("d85340"), QByteArray(R"({"x":null})"));
 }
 
 TEST_WITHOUT_WINDOWS(CodecTest)
