@@ -16,6 +16,13 @@ namespace robot {
 
 using simulation::Simulation;
 
+namespace {
+
+// The simulation covers it in its own time steps.
+constexpr std::chrono::milliseconds strideUnseen(500);
+
+} // namespace
+
 Robot::Robot(quint32 seed, const rosbridge::server::Limits& limits, QObject* parent)
     : QObject(parent),
       m_seed(seed),
@@ -34,8 +41,11 @@ Robot::Robot(quint32 seed, const rosbridge::server::Limits& limits, QObject* par
 
     connect(&m_timer, &QTimer::timeout, this, &Robot::step);
     m_timer.setTimerType(Qt::PreciseTimer);
-    m_timer.start(
-        std::chrono::duration_cast<std::chrono::milliseconds>(simulation::World::timeStep));
+    m_timer.start(strideUnseen);
+    connect(&m_network, &network::Network::joined, this, [this] {
+        if (m_timer.intervalAsDuration() == strideUnseen)
+            step(); // the first client finds the world as it is now
+    });
 }
 
 Robot::~Robot() = default;
@@ -50,6 +60,17 @@ void Robot::step()
     m_laser->setMeasured(m_simulation->step(m_clock.advance()));
     for (const std::unique_ptr<nodes::Node>& node : m_nodes)
         node->step(m_simulation->world().time());
+    setPace();
+}
+
+// Clients may come and go faster than the timer, which must not begin anew with each of them.
+void Robot::setPace()
+{
+    const auto timeStep =
+        std::chrono::duration_cast<std::chrono::milliseconds>(simulation::World::timeStep);
+    const std::chrono::milliseconds pace = m_network.hasClients() ? timeStep : strideUnseen;
+    if (pace != m_timer.intervalAsDuration())
+        m_timer.start(pace);
 }
 
 } // namespace robot

@@ -28,8 +28,8 @@ class Node;
 namespace robot {
 
 /// The simulated robot behind its rosbridge endpoint: advances its world as time passes, and lets
-/// its parts publish what comes of it. Needs an event loop and nothing else; there may be several
-/// in one process.
+/// its parts publish what comes of it. Wakes up less often while nobody is connected. Needs an
+/// event loop and nothing else; there may be several in one process.
 class Robot : public QObject
 {
     Q_OBJECT
@@ -56,6 +56,7 @@ public:
 
 private:
     void step();
+    void setPace();
 
     quint32 m_seed;
     network::Clock m_clock;

@@ -63,6 +63,7 @@ Network::Network(const Clock& clock, const rosbridge::server::Limits& limits)
     keepLog();
     connect(&m_endpoint, &rosbridge::server::Endpoint::left, &m_control,
             [this](const rosbridge::server::Peer& peer) { m_control.leave(peer); });
+    connect(&m_endpoint, &rosbridge::server::Endpoint::joined, this, &Network::joined);
 }
 
 Network::~Network()

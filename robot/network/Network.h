@@ -69,8 +69,15 @@ public:
     /// Sends @p msg to all who subscribed to @p topic, a published topic's canonical name.
     void publish(const QString& topic, const QCborMap& msg);
 
+    /// Whether anybody is connected.
+    bool hasClients() const { return m_endpoint.hasClients(); }
+
     /// Whether anybody would get a message of @p topic now; else it need not be made.
     bool hasSubscribers(const QString& topic) const { return m_endpoint.hasSubscribers(topic); }
+
+Q_SIGNALS:
+    /// A client is connected and has not been answered yet.
+    void joined();
 
 private:
     void addControlServices();

@@ -21,7 +21,8 @@ public:
     Q_DISABLE_COPY(Node)
 
     /// The simulation has come to @p now, the stamp of what is measured at this moment. Called
-    /// about a hundred times a second, less often on a busy machine: publishes what has become due.
+    /// about a hundred times a second, less often on a busy machine or while no client is
+    /// connected: publishes what has become due.
     virtual void step(simulation::Time now) = 0;
 };
 

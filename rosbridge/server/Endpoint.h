@@ -53,6 +53,9 @@ public:
     /// Cheap where nobody subscribed. @p topic in its canonical form.
     void publish(const QString& topic, const QCborMap& msg);
 
+    /// Whether anybody is connected.
+    bool hasClients() const { return !m_sessions.isEmpty(); }
+
     /// Whether publish() would reach anybody now. @p topic in its canonical form.
     bool hasSubscribers(const QString& topic) const;
 

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void several_networks_in_one_process_do_not_know_each_other();
     void commands_are_obeyed_only_from_the_client_in_control();
     void control_is_free_when_the_robot_was_closed_and_listens_again();
+    void it_tells_when_a_client_comes_and_knows_when_the_last_is_gone();
     void what_is_published_reaches_the_subscribers();
     void a_taken_port_is_an_error_that_names_it();
     void an_unknown_host_is_an_error_that_names_it();
@@ -127,6 +128,23 @@ void NetworkTest::control_is_free_when_the_robot_was_closed_and_listens_again()
     second.call("/control/acquire");
     QTRY_COMPARE_WITH_TIMEOUT(second.answers.size(), 1, patience);
     QVERIFY(succeeded(second.answers.first()));
+}
+
+void NetworkTest::it_tells_when_a_client_comes_and_knows_when_the_last_is_gone()
+{
+    Network network(m_clock, robotLimits());
+    QVector<bool> told;
+    connect(&network, &Network::joined, this, [&] { told.append(network.hasClients()); });
+    QString error;
+    QVERIFY2(network.listen({QStringLiteral("127.0.0.1"), 0}, &error), qPrintable(error));
+    QVERIFY(!network.hasClients());
+    Watcher first(network.port());
+    Watcher second(network.port());
+    QTRY_VERIFY_WITH_TIMEOUT(first.isOpen() && second.isOpen(), patience);
+    QCOMPARE(told, (QVector<bool>{true, true}));
+    first.client.close();
+    second.client.close();
+    QTRY_VERIFY_WITH_TIMEOUT(!network.hasClients(), patience);
 }
 
 void NetworkTest::what_is_published_reaches_the_subscribers()
