@@ -3849,6 +3849,10 @@
         <source>element %1 is %2, not a number</source>
         <translation>Element %1 ist %2, keine Zahl</translation>
     </message>
+    <message>
+        <source>the name of a field is not valid Unicode</source>
+        <translation>der Name eines Felds ist kein gültiges Unicode</translation>
+    </message>
 </context>
 <context>
     <name>rosbridge::protocol::Fields</name>

@@ -88,21 +88,28 @@ JsonOutline outlineOf(const QByteArray& json)
     return outline;
 }
 
-qsizetype fieldCount(const QCborValue& value)
+/// The fields of a value, those of its parts included.
+struct FieldCount
 {
     qsizetype count = 0;
-    if (value.isArray()) {
-        const QCborArray array = value.toArray();
-        for (const QCborValue element : array)
-            count += fieldCount(element);
-    } else if (value.isMap()) {
-        const QCborMap map = value.toMap();
-        count = map.size();
-        for (auto field = map.cbegin(); field != map.cend(); ++field)
-            count += fieldCount(field.value());
+    bool areUnicode = true; ///< No name has half of a surrogate pair, which CBOR could not carry.
+
+    void add(const QCborValue& value)
+    {
+        if (value.isArray()) {
+            const QCborArray array = value.toArray();
+            for (const QCborValue element : array)
+                add(element);
+        } else if (value.isMap()) {
+            const QCborMap map = value.toMap();
+            for (auto field = map.cbegin(); field != map.cend(); ++field) {
+                ++count;
+                areUnicode = areUnicode && field.key().toString().isValidUtf16();
+                add(field.value());
+            }
+        }
     }
-    return count;
-}
+};
 
 } // namespace
 
@@ -129,8 +136,12 @@ std::optional<QCborMap> decodeText(const QByteArray& utf8Json, QString* error)
 
     // The parser keeps one of two fields of the same name; then the text had more of them.
     const QCborMap message = QCborMap::fromJsonObject(document.object());
-    if (fieldCount(message) != outline.fields)
+    FieldCount fields;
+    fields.add(message);
+    if (fields.count != outline.fields)
         return refuse(error, Text::tr("the message contains a field twice"));
+    if (!fields.areUnicode)
+        return refuse(error, Text::tr("the name of a field is not valid Unicode"));
     return withOp(message, error);
 }
 

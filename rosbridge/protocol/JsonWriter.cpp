@@ -57,11 +57,21 @@ void JsonWriter::write(const QCborValue& value)
 
 void JsonWriter::writeString(const QString& string)
 {
+    m_text += '"';
+    if (string.isValidUtf16()) {
+        writeUtf8(string.toUtf8());
+    } else {
+        for (const QChar unit : string) // UTF-8 has no half of a surrogate pair
+            writeEscape(unit.unicode());
+    }
+    m_text += '"';
+}
+
+void JsonWriter::writeUtf8(const QByteArray& utf8)
+{
     const auto isEscaped = [](char c) {
         return c == '"' || c == '\\' || static_cast<unsigned char>(c) < ' ';
     };
-    const QByteArray utf8 = string.toUtf8();
-    m_text += '"';
     for (const char* at = utf8.cbegin(); at != utf8.cend();) {
         const char* const next = std::find_if(at, utf8.cend(), isEscaped);
         m_text.append(at, static_cast<int>(next - at));
@@ -70,10 +80,14 @@ void JsonWriter::writeString(const QString& string)
         if (*next == '"' || *next == '\\')
             m_text.append('\\').append(*next);
         else
-            m_text.append("\\u00").append(QByteArray(1, *next).toHex());
+            writeEscape(static_cast<ushort>(*next));
         at = next + 1;
     }
-    m_text += '"';
+}
+
+void JsonWriter::writeEscape(ushort utf16)
+{
+    m_text.append("\\u").append(QByteArray::number(utf16, 16).rightJustified(4, '0'));
 }
 
 void JsonWriter::writeArray(const QCborArray& array)

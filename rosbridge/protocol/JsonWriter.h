@@ -20,7 +20,8 @@ namespace rosbridge::protocol {
 /// Every number is the shortest text that reads as the same number in its own type; the float 0.1
 /// is "0.1", not the 19 digits of the double that is equal to it. JSON has no NaN and no infinity,
 /// they become null. Typed arrays become plain arrays, and byte strings base64 text, as rosbridge
-/// has it for uint8[]; what the link does not carry becomes null.
+/// has it for uint8[]; what the link does not carry becomes null. A text with half of a surrogate
+/// pair keeps it: all of that text is escaped.
 class JsonWriter
 {
 public:
@@ -31,6 +32,8 @@ public:
 
 private:
     void writeString(const QString& string);
+    void writeUtf8(const QByteArray& utf8);
+    void writeEscape(ushort utf16);
     void writeArray(const QCborArray& array);
     void writeMap(const QCborMap& map);
     void writeTypedArray(const QCborValue& value);

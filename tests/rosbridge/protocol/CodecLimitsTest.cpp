@@ -69,6 +69,7 @@ void CodecLimitsTest::a_bad_text_is_refused_with_a_reason_data()
     row("{\"op\":\"x\",\"a\":[{\"b\":1,\"c\":2,\"b\":1}]}", "the message contains a field twice");
     row("{\"op\":\"x\",\"a\":{\"b\":{\"c\":1}},\"a\":1}", "the message contains a field twice");
     row("{\"op\":\"x\",\"\xc3\xa9\":1,\"\xc3\xa9\":1}", "the message contains a field twice");
+    row(R"({"op":"x","a":[{"\ud83d":1,"\ud83e":2}]})", "the name of a field is not valid Unicode");
 }
 
 void CodecLimitsTest::a_bad_text_is_refused_with_a_reason()
