@@ -2194,6 +2194,194 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::positions::ImportDialog</name>
+    <message>
+        <source>Import positions of %1</source>
+        <translation>Positionen von %1 importieren</translation>
+    </message>
+    <message>
+        <source>What becomes of the stored positions</source>
+        <translation>Was mit den gespeicherten Positionen geschieht</translation>
+    </message>
+    <message>
+        <source>Replace the stored positions</source>
+        <translation>Die gespeicherten Positionen ersetzen</translation>
+    </message>
+    <message>
+        <source>Add to the stored positions</source>
+        <translation>Zu den gespeicherten Positionen hinzufügen</translation>
+    </message>
+    <message>
+        <source>What changes</source>
+        <translation>Was sich ändert</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Axis %1</source>
+        <translation>Achse %1</translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <translation>&amp;Importieren</translation>
+    </message>
+    <message>
+        <source>added</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>removed</source>
+        <translation>entfernt</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>These would be %1 positions; the device has room for %2.</source>
+        <translation>Das wären %1 Positionen; das Gerät hat Platz für %2.</translation>
+    </message>
+    <message>
+        <source>Nothing would change.</source>
+        <translation>Es würde sich nichts ändern.</translation>
+    </message>
+    <message>
+        <source>Import positions</source>
+        <translation>Positionen importieren</translation>
+    </message>
+    <message>
+        <source>Positions from %1</source>
+        <translation>Positionen aus %1</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::positions::PositionHistory</name>
+    <message>
+        <source>edit positions</source>
+        <translation>Positionen ändern</translation>
+    </message>
+    <message>
+        <source>add a position</source>
+        <translation>Position hinzufügen</translation>
+    </message>
+    <message>
+        <source>add %1 positions</source>
+        <translation>%1 Positionen hinzufügen</translation>
+    </message>
+    <message>
+        <source>remove a position</source>
+        <translation>Position entfernen</translation>
+    </message>
+    <message>
+        <source>remove %1 positions</source>
+        <translation>%1 Positionen entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::positions::PositionTable</name>
+    <message>
+        <source>the name &quot;%1&quot; has the character &quot;%2&quot;, which a device cannot store</source>
+        <translation>der Name „%1“ enthält das Zeichen „%2“, das ein Gerät nicht speichern kann</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a number</source>
+        <translation>%1: „%2“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>Row %1: %2.</source>
+        <translation>Zeile %1: %2.</translation>
+    </message>
+    <message>
+        <source>This is not text in UTF-8.</source>
+        <translation>Das ist kein Text in UTF-8.</translation>
+    </message>
+    <message>
+        <source>A quote is not closed.</source>
+        <translation>Ein Anführungszeichen fehlt.</translation>
+    </message>
+    <message>
+        <source>The first row must have the names of the columns: %1, %2 … %3.</source>
+        <translation>In der ersten Zeile müssen die Namen der Spalten stehen: %1, %2 … %3.</translation>
+    </message>
+    <message>
+        <source>%1 columns instead of %2</source>
+        <translation>%1 Spalten statt %2</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::positions::PositionsMenu</name>
+    <message>
+        <source>%1 was not read: it is not a file.</source>
+        <translation>%1 wurde nicht gelesen: Das ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>%1 was not read: %2.</source>
+        <translation>%1 wurde nicht gelesen: %2.</translation>
+    </message>
+    <message>
+        <source>%1 was not read: it is larger than any table of positions.</source>
+        <translation>%1 wurde nicht gelesen: Die Datei ist größer als jede Tabelle von Positionen.</translation>
+    </message>
+    <message>
+        <source>the clipboard</source>
+        <translation>der Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Import positions</source>
+        <translation>Positionen importieren</translation>
+    </message>
+    <message>
+        <source>Export positions</source>
+        <translation>Positionen exportieren</translation>
+    </message>
+    <message>
+        <source>No positions were read from %1. %2</source>
+        <translation>Aus %1 wurden keine Positionen gelesen. %2</translation>
+    </message>
+    <message>
+        <source>&amp;Positions</source>
+        <translation>&amp;Positionen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Wiederherstellen: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy all</source>
+        <translation>&amp;Alle kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste…</source>
+        <translation>&amp;Einfügen…</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>E&amp;xportieren…</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::preferences::Appearance</name>
     <message>
         <source>As the &amp;system</source>
@@ -2843,6 +3031,18 @@
     <message>
         <source>&amp;Disconnect</source>
         <translation>&amp;Trennen</translation>
+    </message>
+    <message>
+        <source>&amp;Export scan…</source>
+        <translation>Scan e&amp;xportieren…</translation>
+    </message>
+    <message>
+        <source>There is no scan to export: none has come from the robot yet.</source>
+        <translation>Es gibt keinen Scan zum Exportieren: Vom Roboter ist noch keiner gekommen.</translation>
+    </message>
+    <message>
+        <source>Export the scan</source>
+        <translation>Den Scan exportieren</translation>
     </message>
 </context>
 <context>

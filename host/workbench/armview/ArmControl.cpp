@@ -76,8 +76,8 @@ void ArmControl::enter(const Position& position)
 {
     for (int axis = 0; axis < axisCount; ++axis) {
         const auto index = static_cast<std::size_t>(axis);
-        if (!m_robot.joints().joint(axis).name.isEmpty() && position.goals.at(index).speed > 0)
-            m_entered.at(index) = position.goals.at(index).target;
+        if (!m_robot.joints().joint(axis).name.isEmpty() && position.axes.at(index).speed > 0)
+            m_entered.at(index) = position.axes.at(index).target;
         else
             m_entered.at(index).reset();
     }
@@ -114,7 +114,7 @@ void ArmControl::goTo(const Position& position)
 {
     enter(position);
     Goals goals;
-    std::copy(position.goals.begin(), position.goals.end(), goals.begin());
+    std::copy(position.axes.begin(), position.axes.end(), goals.begin());
     send(goals);
 }
 

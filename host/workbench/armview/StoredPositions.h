@@ -4,14 +4,12 @@
 #ifndef HOST_WORKBENCH_ARMVIEW_STOREDPOSITIONS_H
 #define HOST_WORKBENCH_ARMVIEW_STOREDPOSITIONS_H
 
+#include "host/device/variables/Positions.h"
 #include "host/device/variables/Variables.h"
-#include "host/workbench/armview/Trajectory.h"
 
 #include <QAbstractListModel>
-#include <QString>
 #include <QTimer>
 
-#include <array>
 #include <vector>
 
 namespace host::workbench::armview {
@@ -22,16 +20,7 @@ class StoredPositions : public QAbstractListModel
     Q_OBJECT
 
 public:
-    struct Position
-    {
-        QString name;
-        std::array<Goal, axisCount> goals; ///< 0 where nothing is stored for an axis
-
-        bool operator==(const Position& other) const
-        {
-            return name == other.name && goals == other.goals;
-        }
-    };
+    using Position = device::variables::Position;
 
     /// @p variables outlive the model.
     explicit StoredPositions(device::variables::Variables& variables, QObject* parent = nullptr);

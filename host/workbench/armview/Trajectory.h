@@ -4,6 +4,7 @@
 #ifndef HOST_WORKBENCH_ARMVIEW_TRAJECTORY_H
 #define HOST_WORKBENCH_ARMVIEW_TRAJECTORY_H
 
+#include "host/device/variables/Positions.h"
 #include "host/workbench/robotview/RobotState.h"
 
 #include <QCborMap>
@@ -18,16 +19,7 @@ namespace host::workbench::armview {
 constexpr int axisCount = robotview::RobotState::axisCount;
 
 /// What is asked of one axis.
-struct Goal
-{
-    float target = 0; ///< degrees or millimetres
-    float speed = 0;  ///< a second; 0 stops the axis where it is
-
-    bool operator==(const Goal& other) const
-    {
-        return target == other.target && speed == other.speed;
-    }
-};
+using Goal = device::variables::Position::Axis;
 
 /// Of each axis; those without a goal go on as they are.
 using Goals = std::array<std::optional<Goal>, axisCount>;

@@ -373,7 +373,8 @@ void PlotsDock::refreshValues()
 
 void PlotsDock::askForFile()
 {
-    values::saveTableAs(m_points, tr("Save the plotted values"), *this,
+    values::saveTableAs([this] { return values::tableText(m_points); },
+                        tr("Save the plotted values"), *this,
                         [this](const QString& words) { Q_EMIT problem(words); });
 }
 

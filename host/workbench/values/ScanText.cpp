@@ -4,6 +4,7 @@
 #include "host/workbench/values/ScanText.h"
 
 #include "host/device/readers/ScanReader.h"
+#include "host/workbench/values/FloatText.h"
 
 #include <QCborMap>
 #include <QCoreApplication>
@@ -11,9 +12,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <charconv>
 #include <cmath>
-#include <cstdlib>
 
 namespace host::workbench::values {
 
@@ -26,15 +25,9 @@ struct ScanText
     Q_DECLARE_TR_FUNCTIONS(host::workbench::ScanText)
 };
 
-/// The shortest that reads back as the same float: 0.1 and not 0.10000000149011612.
 QJsonValue number(float value)
 {
-    if (!std::isfinite(value))
-        return QJsonValue::Null;
-    char buffer[64];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer - 1, value);
-    *result.ptr = '\0';
-    return std::strtod(buffer, nullptr);
+    return std::isfinite(value) ? QJsonValue(floatText(value).toDouble()) : QJsonValue::Null;
 }
 
 QJsonArray numbers(const olm::core::Vector<float>& values)
@@ -83,6 +76,23 @@ std::optional<LaserScanMessage> scanFromText(const QString& text, QString* error
                           "example the one that is shown for another scan.")
                  .arg(fault);
     return std::nullopt;
+}
+
+QByteArray scanTable(const LaserScanMessage& scan)
+{
+    const QByteArray head =
+        QByteArray::number(scan.sequenceNumber) + ',' +
+        QByteArray::number(scan.timeStamp / 1000.0, 'f', 3) + ",\"" +
+        QString::fromStdString(scan.frameId).replace('"', QStringLiteral("\"\"")).toUtf8() + "\",";
+    QByteArray table = "seq,stamp,frame_id,angle,range,intensity\r\n";
+    for (unsigned int i = 0; i < scan.ranges.size(); ++i) {
+        table += head + floatText(scan.minimumAngle + static_cast<float>(i) * scan.angleIncrement) +
+                 ',' + floatText(scan.ranges.data()[i]) + ',';
+        if (i < scan.intensities.size())
+            table += floatText(scan.intensities.data()[i]);
+        table += "\r\n";
+    }
+    return table;
 }
 
 } // namespace host::workbench::values

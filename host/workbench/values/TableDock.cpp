@@ -79,7 +79,7 @@ void TableDock::changeEvent(QEvent* event)
 
 void TableDock::askForFile(const QString& title)
 {
-    saveTableAs(*m_view->model(), title, *this,
+    saveTableAs([this] { return tableText(*m_view->model()); }, title, *this,
                 [this](const QString& words) { Q_EMIT problem(words); });
 }
 

@@ -14,13 +14,18 @@ namespace host::workbench::values {
 
 namespace {
 
+struct TableFile
+{
+    Q_DECLARE_TR_FUNCTIONS(host::workbench::TableFile)
+};
+
 QString cell(QString text)
 {
     return '"' + text.replace('"', QStringLiteral("\"\"")) + '"';
 }
 
-template <class Text>
-QByteArray line(int columns, Text textOf)
+template <class TextOf>
+QByteArray line(int columns, TextOf textOf)
 {
     QStringList cells;
     for (int column = 0; column < columns; ++column)
@@ -30,35 +35,41 @@ QByteArray line(int columns, Text textOf)
 
 } // namespace
 
-QString saveTable(const QAbstractItemModel& table, const QString& fileName)
+QByteArray tableText(const QAbstractItemModel& table)
 {
     const int columns = table.columnCount();
     QByteArray content =
         line(columns, [&](int column) { return table.headerData(column, Qt::Horizontal); });
     for (int row = 0; row < table.rowCount(); ++row)
         content += line(columns, [&](int column) { return table.index(row, column).data(); });
+    return content;
+}
+
+QString writeTable(const QString& fileName, const QByteArray& content)
+{
     const QString error = olm::qt::replaceFile(fileName, content);
     if (error.isEmpty())
         return {};
-    return QCoreApplication::translate("host::workbench::TableFile",
-                                       "%1 was not written: %2. Choose another folder, or free "
-                                       "disk space.")
+    return TableFile::tr("%1 was not written: %2. Choose another folder, or free disk space.")
         .arg(fileName, error);
 }
 
-void saveTableAs(const QAbstractItemModel& table, const QString& title, QWidget& parent,
+QString tableFilter()
+{
+    return TableFile::tr("Comma-separated values (*.csv)");
+}
+
+void saveTableAs(const std::function<QByteArray()>& content, const QString& title, QWidget& parent,
                  const std::function<void(const QString& words)>& onProblem)
 {
     // Not modal: the robot goes on meanwhile, and so must whoever watches it.
-    auto* dialog = new QFileDialog(&parent, title, QString(),
-                                   QCoreApplication::translate("host::workbench::TableFile",
-                                                               "Comma-separated values (*.csv)"));
+    auto* dialog = new QFileDialog(&parent, title, QString(), tableFilter());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix("csv");
     QObject::connect(dialog, &QFileDialog::fileSelected, &parent,
-                     [&table, onProblem](const QString& fileName) {
-                         const QString words = saveTable(table, fileName);
+                     [content, onProblem](const QString& fileName) {
+                         const QString words = writeTable(fileName, content());
                          if (!words.isEmpty())
                              onProblem(words);
                      });

@@ -15,8 +15,11 @@
 #include "host/workbench/plugin/FailureCard.h"
 #include "host/workbench/plugin/PluginAccess.h"
 #include "host/workbench/plugin/PluginLoader.h"
+#include "host/workbench/positions/PositionsMenu.h"
 #include "host/workbench/robotview/RobotDock.h"
 #include "host/workbench/traffic/TrafficDock.h"
+#include "host/workbench/values/ScanText.h"
+#include "host/workbench/values/TableFile.h"
 #include "host/workbench/variables/VariablesDock.h"
 #include "host/workbench/window/Notice.h"
 #include "host/workbench/window/PluginBar.h"
@@ -50,6 +53,7 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
       m_faultsMenu(new faults::FaultsMenu(device, this)),
       m_connect(m_robotMenu->addAction(QString())),
       m_names(m_robotMenu->addAction(QString())),
+      m_exportScan(new QAction(this)),
       m_name(new QLabel(device.name())),
       m_notice(new Notice),
       m_connection([this] { showConnection(); }),
@@ -90,6 +94,12 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
         m_namesDialog->raise();
         m_namesDialog->activateWindow();
     });
+    auto* positions = new positions::PositionsMenu(device, this);
+    connect(positions, &positions::PositionsMenu::problem, this, &DeviceView::notify);
+    m_robotMenu->addMenu(positions);
+    m_robotMenu->addAction(m_exportScan);
+    m_exportScan->setObjectName("exportScan");
+    connect(m_exportScan, &QAction::triggered, this, &DeviceView::exportScan);
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addWidget(m_status, 1);
     addPlugin();
@@ -142,6 +152,7 @@ void DeviceView::translate()
     m_viewMenu->setTitle(tr("&View"));
     m_robotMenu->setTitle(tr("&Robot"));
     m_names->setText(tr("&Names…"));
+    m_exportScan->setText(tr("&Export scan…"));
     m_resetLayout->setText(tr("&Reset layout"));
     if (m_toolBar)
         m_toolBar->setWindowTitle(tr("Device"));
@@ -291,6 +302,18 @@ void DeviceView::addFailure(const plugin::FailureWords& failure)
     frame->setContentsMargins(24, 12, 24, 12);
     frame->addWidget(new plugin::FailureCard(failure));
     m_middle->addLayout(frame);
+}
+
+void DeviceView::exportScan()
+{
+    bool isThere = false;
+    const auto scan = m_device.variables()
+                          .value(::plugin::gui::VariableKind::Input, "scan")
+                          .get<olm::core::LaserScanMessage>(&isThere);
+    if (!isThere)
+        return notify(tr("There is no scan to export: none has come from the robot yet."));
+    values::saveTableAs([scan] { return values::scanTable(scan); }, tr("Export the scan"), *this,
+                        [this](const QString& words) { notify(words); });
 }
 
 void DeviceView::showConnection()

@@ -97,6 +97,7 @@ private:
     void addMissingWidgets();
     ::plugin::gui::DeviceWidget* loadWidget(const char* name);
     void addFailure(const plugin::FailureWords& failure);
+    void exportScan();
     void showConnection();
 
     const plugin::PluginLoader& m_plugin;
@@ -108,6 +109,7 @@ private:
     QMenu* m_faultsMenu;
     QAction* m_connect;
     QAction* m_names;
+    QAction* m_exportScan;
     QAction* m_resetLayout = nullptr;
     QLabel* m_name;
     QToolBar* m_toolBar = nullptr;                     // the plugin's; null without one

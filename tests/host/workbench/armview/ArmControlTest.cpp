@@ -126,7 +126,7 @@ struct Fixture
 StoredPositions::Position position(float target, float speed)
 {
     StoredPositions::Position position{"Pos1", {}};
-    position.goals.fill({target, speed});
+    position.axes.fill({target, speed});
     return position;
 }
 
@@ -186,7 +186,7 @@ void ArmControlTest::targets_are_the_robots_until_others_are_entered()
     QCOMPARE(f.control.target(0), std::make_optional(20.0F));
     // An axis that a position does not move stays as it is.
     StoredPositions::Position stored = position(120, 30);
-    stored.goals[1].speed = 0;
+    stored.axes[1].speed = 0;
     f.control.enter(stored);
     QCOMPARE(f.control.target(0), std::make_optional(120.0F));
     QCOMPARE(f.control.target(1), std::make_optional(20.0F));
@@ -256,7 +256,7 @@ void ArmControlTest::a_stored_position_is_sent_with_its_speeds()
     Fixture f;
     f.join();
     StoredPositions::Position stored = position(120, 30);
-    stored.goals[7] = {60, 143};
+    stored.axes[7] = {60, 143};
     f.control.goTo(stored);
     const QJsonObject command = f.command();
     QCOMPARE(int(Fixture::names(command).size()), axisCount);

@@ -62,9 +62,9 @@ void StoredPositionsTest::it_has_what_the_variables_have()
     QCOMPARE(positions.rowCount(), 2);
     QCOMPARE(nameIn(positions, 0), QString("Home"));
     QCOMPARE(nameIn(positions, 1), QString("Grüß"));
-    QCOMPARE(positions.at(0)->goals[0].target, 90.0F);
-    QCOMPARE(positions.at(0)->goals[0].speed, 30.0F);
-    QCOMPARE(positions.at(0)->goals[1].target, 120.4F);
+    QCOMPARE(positions.at(0)->axes[0].target, 90.0F);
+    QCOMPARE(positions.at(0)->axes[0].speed, 30.0F);
+    QCOMPARE(positions.at(0)->axes[1].target, 120.4F);
     const QString tip = positions.index(0).data(Qt::ToolTipRole).toString();
     QVERIFY2(tip.contains("Axis 2: 120 [50]"), qPrintable(tip));
     QVERIFY(!positions.at(2));
@@ -86,7 +86,7 @@ void StoredPositionsTest::it_follows_the_variables()
     set(variables, "pos0_name", std::string("Home"));
     QTRY_COMPARE_WITH_TIMEOUT(nameIn(positions, 0), QString("Home"), patience);
     set(variables, "pos1", numbers({10, 25}));
-    QTRY_COMPARE_WITH_TIMEOUT(positions.at(1)->goals[0].speed, 25.0F, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(positions.at(1)->axes[0].speed, 25.0F, patience);
     set(variables, "num_pos", 0);
     QTRY_COMPARE_WITH_TIMEOUT(positions.rowCount(), 0, patience);
 }
@@ -97,8 +97,8 @@ void StoredPositionsTest::what_is_not_stored_is_nothing_to_go_to()
     set(variables, "num_pos", 1);
     set(variables, "pos0", numbers({90, 30, 45})); // the second axis lacks its speed
     const StoredPositions positions(variables);
-    QCOMPARE(positions.at(0)->goals[1].target, 0.0F);
-    QCOMPARE(positions.at(0)->goals[1].speed, 0.0F); // which stops an axis
+    QCOMPARE(positions.at(0)->axes[1].target, 0.0F);
+    QCOMPARE(positions.at(0)->axes[1].speed, 0.0F); // which stops an axis
     QCOMPARE(nameIn(positions, 0), QString());
 }
 

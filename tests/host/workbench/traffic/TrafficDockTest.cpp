@@ -39,7 +39,8 @@ using host::device::trace::Arguments;
 using host::device::trace::PluginCall;
 using host::device::trace::TracedCall;
 using host::device::trace::Traffic;
-using host::workbench::values::saveTable;
+using host::workbench::values::tableText;
+using host::workbench::values::writeTable;
 using Variant = olm::core::variant::Variant;
 
 namespace {
@@ -269,7 +270,7 @@ void TrafficDockTest::a_file_holds_the_table()
     const auto call = traffic.callBegan(callNamed("a", {{"", QString(u8"\u03c0, \"x\"")}}));
     traffic.callEnded(*call, std::chrono::milliseconds(7), false);
     model.setActive(true);
-    QCOMPARE(saveTable(model, fileName), QString());
+    QCOMPARE(writeTable(fileName, tableText(model)), QString());
     QFile file(fileName);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString time = cell(model, 0, TrafficModel::TimeColumn);
@@ -288,7 +289,7 @@ void TrafficDockTest::a_file_that_cannot_be_written_is_a_problem()
     Traffic traffic;
     TrafficModel model(traffic);
     const QString fileName = folder.filePath("none/a.csv");
-    const QString problem = saveTable(model, fileName);
+    const QString problem = writeTable(fileName, tableText(model));
     QVERIFY2(problem.startsWith(fileName + " was not written: "), qPrintable(problem));
     QVERIFY(problem.contains("Choose another folder"));
 }
