@@ -11,6 +11,7 @@
 #include "host/workbench/camera/CameraDock.h"
 #include "host/workbench/camera/PictureView.h"
 
+#include <QCborArray>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QtTest>
@@ -19,6 +20,7 @@ namespace camera_dock_test {
 
 using namespace host::workbench::camera;
 using namespace pictures;
+using ros_types::Ros;
 
 namespace {
 
@@ -70,6 +72,8 @@ private Q_SLOTS:
     void it_follows_while_it_is_shown();
     void a_picture_is_shown_in_its_own_proportions();
     void the_simulated_robots_pictures_are_shown();
+    void pictures_of_robots_of_both_generations_are_shown_data();
+    void pictures_of_robots_of_both_generations_are_shown();
     void an_old_picture_is_dimmed_and_says_so();
     void it_says_what_is_missing();
     void a_topic_is_followed_by_the_robots_name_for_it();
@@ -151,6 +155,33 @@ void CameraDockTest::the_simulated_robots_pictures_are_shown()
         colours.insert(picture.pixel(place.center().x(), y));
     QVERIFY2(colours.size() > 10, qPrintable(QString::number(colours.size())));
     QTRY_VERIFY_WITH_TIMEOUT(workbench.caption().contains("Hz"), patience);
+}
+
+void CameraDockTest::pictures_of_robots_of_both_generations_are_shown_data()
+{
+    QTest::addColumn<Ros>("ros");
+    QTest::newRow("ROS 1") << Ros::One;
+    QTest::newRow("ROS 2") << Ros::Two;
+}
+
+void CameraDockTest::pictures_of_robots_of_both_generations_are_shown()
+{
+    QFETCH(const Ros, ros);
+    const char* const theirs = "/head/image/compressed";
+    FakeRobot robot;
+    robot.obey();
+    robot.obeyRules(ros, {{theirs, type}});
+    CameraWorkbench workbench(robot.address());
+    QVERIFY(workbench.device.remappings().set(topic, theirs));
+    workbench.dock->show();
+    workbench.join();
+    QTRY_COMPARE_WITH_TIMEOUT(robot.subscriberCount(theirs, type), 1, patience);
+    QCborArray bytes; // as such servers have it before they convert it
+    for (const char byte : encoded(plain(64, 32), "JPEG"))
+        bytes.append(static_cast<uchar>(byte));
+    robot.publish(theirs, pictureMessage(bytes));
+    QTRY_COMPARE_WITH_TIMEOUT(workbench.words(), QString(), patience);
+    QVERIFY(isRed(workbench.middle()));
 }
 
 void CameraDockTest::an_old_picture_is_dimmed_and_says_so()
