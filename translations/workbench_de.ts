@@ -2192,6 +2192,18 @@
         <source>Its function %1 threw an exception of an unknown type.</source>
         <translation>Seine Funktion %1 warf eine Ausnahme unbekannten Typs.</translation>
     </message>
+    <message>
+        <source>The plugin is for another version</source>
+        <translation>Das Plugin ist für eine andere Version</translation>
+    </message>
+    <message>
+        <source>It was built for version %1 of the plugin framework; this workbench has version %2.</source>
+        <translation>Es ist für Version %1 des Plugin-Frameworks gebaut; diese Werkbank hat Version %2.</translation>
+    </message>
+    <message>
+        <source>Build the plugin again with the development files of version %1, or install the workbench of version %2.</source>
+        <translation>Bauen Sie das Plugin mit den Entwicklungsdateien von Version %1 neu, oder installieren Sie die Werkbank von Version %2.</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::positions::ImportDialog</name>

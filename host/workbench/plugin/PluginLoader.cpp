@@ -4,6 +4,7 @@
 #include "host/workbench/plugin/PluginLoader.h"
 
 #include "host/device/trace/CallUnderWay.h"
+#include "host/workbench/plugin/NeededLibraries.h"
 #include "plugin/gui/Interface.h"
 
 #include <QDir>
@@ -23,11 +24,22 @@ using device::trace::CallUnderWay;
 using Factory = void (*)(::plugin::gui::Interface**);
 
 constexpr const char* factoryName = "pluginGuiInterface";
+constexpr const char* frameworkName = "libplugin_framework.so."; // before its version
 
 bool isElf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) && file.read(4) == QByteArray("\177ELF");
+}
+
+/// The version of the framework that the plugin @p file was built for; null if it names none.
+QString frameworkVersion(const QString& file)
+{
+    for (const QByteArray& library : neededLibraries(file)) {
+        if (library.startsWith(frameworkName))
+            return QString::fromLocal8Bit(library.mid(qstrlen(frameworkName)));
+    }
+    return {};
 }
 
 } // namespace
@@ -91,6 +103,23 @@ void PluginLoader::load()
     if (!isElf(m_file)) {
         fail([] { return tr("This is not a plugin"); },
              [] { return tr("The file is not a shared library."); });
+        return;
+    }
+
+    // Before loading: with both versions installed it would succeed, and the plugin would get the
+    // functions of the wrong one.
+    const QString version = frameworkVersion(m_file);
+    if (!version.isNull() && version != FRAMEWORK_VERSION) {
+        m_failure = [file = m_file, version] {
+            return Failure{tr("The plugin is for another version"),
+                           tr("It was built for version %1 of the plugin framework; this "
+                              "workbench has version %2.")
+                               .arg(version, FRAMEWORK_VERSION),
+                           tr("Build the plugin again with the development files of version %1, "
+                              "or install the workbench of version %2.")
+                               .arg(FRAMEWORK_VERSION, version),
+                           file};
+        };
         return;
     }
 

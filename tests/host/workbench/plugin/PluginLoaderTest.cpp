@@ -75,6 +75,9 @@ void PluginLoaderTest::a_broken_plugin_is_a_failure_that_says_why_and_where_data
     row("text.so", "This is not a plugin", "not a shared library");
     row("UndefinedSymbol.so", "The plugin could not be loaded",
         "undefined symbol: functionOfALaterHost");
+    row("OtherVersion.so", "The plugin is for another version",
+        "It was built for version 99.7 of the plugin framework; this workbench has "
+        "version " FRAMEWORK_VERSION ".");
     row("NoFactory.so", "This is not a device plugin", "does not export the function pluginGui");
     row("NullFactory.so", "The plugin failed to start", "returned no interface object");
     row("ThrowingFactory.so", "The plugin failed to start",
