@@ -21,6 +21,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QDockWidget>
+#include <QFileInfo>
+#include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -39,6 +41,16 @@ constexpr int mostDevicesInSight = 2; // before anybody resizes the window
 QString layoutGroup(const DeviceView& view)
 {
     return "views/" + QString::fromLatin1(QUrl::toPercentEncoding(view.device().name()));
+}
+
+/// The theme's, or else the one that is built in, in all sizes that are drawn.
+QIcon programIcon()
+{
+    QIcon drawn;
+    const QFileInfoList files = QDir(":/host/workbench/icons").entryInfoList();
+    for (const QFileInfo& file : files)
+        drawn.addFile(file.filePath());
+    return QIcon::fromTheme("device-workbench", drawn);
 }
 
 /// The help of a tab is that of the log which is shown in it. Null where none is.
@@ -60,6 +72,7 @@ Window::Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& en
       m_devices(new DeviceArea),
       m_help(new help::HelpPanel(environment.language(), this))
 {
+    setWindowIcon(programIcon());
     environment.language().addPlugin(plugin.file());
     setContextMenuPolicy(Qt::NoContextMenu);
     addDockWidget(Qt::RightDockWidgetArea, m_help);

@@ -18,6 +18,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -118,6 +119,7 @@ class WindowTest : public TestCase
 
 private Q_SLOTS:
     void the_plugins_tool_bar_is_in_the_windows_tool_bar();
+    void the_windows_icon_is_drawn_in_the_sizes_of_a_theme();
     void a_plugin_without_dialog_leaves_a_page_that_says_how_to_begin();
     void the_page_follows_the_connection();
     void the_plugins_own_dialog_has_its_three_tabs();
@@ -144,6 +146,14 @@ void WindowTest::the_plugins_tool_bar_is_in_the_windows_tool_bar()
     QVERIFY(workbench.button());
     QVERIFY(qobject_cast<QToolBar*>(workbench.button()->parentWidget()->parentWidget()));
     QVERIFY(workbench.window.windowTitle().contains("Quandrel"));
+}
+
+void WindowTest::the_windows_icon_is_drawn_in_the_sizes_of_a_theme()
+{
+    const Workbench workbench(DEVICE_PLUGIN_FILE);
+    const QIcon icon = workbench.window.windowIcon();
+    for (const int side : {16, 22, 24, 32, 48, 64, 128, 256})
+        QVERIFY(icon.availableSizes().contains({side, side}));
 }
 
 void WindowTest::a_plugin_without_dialog_leaves_a_page_that_says_how_to_begin()
