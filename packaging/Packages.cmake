@@ -83,11 +83,10 @@ file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/changelog" "quandrel (${PROJECT_VERSION}
 
  -- ${CPACK_PACKAGE_CONTACT}  ${now}
 ")
-execute_process(COMMAND gzip -9nf changelog WORKING_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}"
-  COMMAND_ERROR_IS_FATAL ANY)
 foreach(component IN LISTS CPACK_COMPONENTS_ALL)
-  install(FILES "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz"
+  install(FILES "${CMAKE_CURRENT_BINARY_DIR}/changelog"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${${component}_package}" COMPONENT ${component})
 endforeach()
+set(CPACK_PRE_BUILD_SCRIPTS "${CMAKE_CURRENT_SOURCE_DIR}/compress.cmake")
 
 include(CPack)

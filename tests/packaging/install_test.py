@@ -1,38 +1,20 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: the Quandrel device GUI authors
 # SPDX-License-Identifier: BSD-3-Clause
-"""Installs the build into a folder of its own and uses what is there.
+"""Installs the build into a folder of its own and uses what is there."""
 
-Usage: install_test.py --build FOLDER ... [unittest arguments]; all options are needed, as CTest passes them.
-"""
-
-import argparse
 import os
 import re
 import subprocess
-import sys
 import tempfile
 import time
 import unittest
 from pathlib import Path
 
-DEADLINE = 100.0  # seconds; nothing here should take ten of them on an idle machine
+from installation import DEADLINE, install, main, options, run
 
-options = None  # of the command line
-
-
-def run(*command, **environment):
-    """The output of a command that must succeed."""
-    result = subprocess.run([str(part) for part in command], env={**os.environ, **environment},
-                            capture_output=True, text=True, timeout=DEADLINE, check=False)
-    if result.returncode != 0:
-        words = " ".join(str(part) for part in command)
-        raise AssertionError(f"{words} ended with {result.returncode}:\n{result.stdout}{result.stderr}")
-    return result.stdout
-
-
-def install(prefix, *arguments):
-    run(options.cmake, "--install", options.build, "--prefix", prefix, *arguments)
+PROGRAMS = ("device-workbench", "quandrel-robot", "workbench-tour")
+ICON_SIDES = (16, 22, 24, 32, 48, 64, 128, 256)
 
 
 def files(prefix):
@@ -48,12 +30,20 @@ def expected():
     platform = options.source / "src/platform"
     return {
         "plugin": {f"{lib}/quandrel/plugins/libdevice_quandrel_gui.so",
+                   "share/metainfo/org.example.quandrel.device_plugin.metainfo.xml",
                    "share/doc/quandrel-device-plugin/copyright"},
         "library": {f"{lib}/libplugin_framework.so.{abi}",
                     f"{lib}/libplugin_framework.so.{options.version}",
                     f"share/doc/libplugin-framework{abi}/copyright"},
-        "runtime": {"bin/device-workbench", "bin/quandrel-robot", "bin/workbench-tour",
-                    "share/doc/quandrel-workbench/copyright"},
+        "runtime": {
+            "share/applications/device-workbench.desktop",
+            "share/doc/quandrel-workbench/copyright",
+            "share/icons/hicolor/scalable/apps/device-workbench.svg",
+            "share/metainfo/org.example.quandrel.workbench.metainfo.xml",
+            *(f"share/icons/hicolor/{side}x{side}/apps/device-workbench.png" for side in ICON_SIDES),
+            *(file for program in PROGRAMS
+              for file in (f"bin/{program}", f"share/bash-completion/completions/{program}",
+                           f"share/man/man1/{program}.1"))},
         "development": {
             f"{lib}/libplugin_framework.so",
             f"{lib}/pkgconfig/quandrel-plugin.pc",
@@ -98,7 +88,7 @@ class InstallTest(unittest.TestCase):
         self.assert_lists(files(self.prefix), set().union(*expected().values()))
 
     def test_the_programs_start(self):
-        for program in ("quandrel-robot", "device-workbench", "workbench-tour"):
+        for program in PROGRAMS:
             self.assertEqual(run(self.prefix / "bin" / program, "--version"),
                              f"{program} {options.version}\n")
 
@@ -156,17 +146,6 @@ class InstallTest(unittest.TestCase):
         self.assertIn("-lplugin_framework", libraries)
         self.assertTrue(any((Path(flag[2:]) / "libplugin_framework.so").is_file()
                             for flag in libraries if flag.startswith("-L")), libraries)
-
-
-def main():
-    global options
-    parser = argparse.ArgumentParser(description=__doc__)
-    for path in ("build", "source"):
-        parser.add_argument(f"--{path}", type=Path, required=True)
-    for text in ("cmake", "compiler", "make", "generator", "libdir", "version", "configuration"):
-        parser.add_argument(f"--{text}", required=True)
-    options, rest = parser.parse_known_args()
-    unittest.main(argv=[sys.argv[0], *rest], verbosity=2)
 
 
 if __name__ == "__main__":
