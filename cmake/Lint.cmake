@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
 
 # The format check and clang-tidy as tests, so that they count like every other.
-option(QUANDREL_LINT "Add the tests that check format and lint" OFF)
+option(QUANDREL_LINT "Add the tests that check format and lint, and others of ./test --all" OFF)
 
 if(NOT QUANDREL_LINT)
   return()
@@ -11,7 +11,7 @@ endif()
 find_program(CLANG_FORMAT clang-format REQUIRED)
 find_program(CLANG_TIDY clang-tidy REQUIRED)
 
-set(code_folders src host robot rosbridge tests benchmarks)
+set(code_folders examples src host robot rosbridge tests benchmarks)
 list(TRANSFORM code_folders PREPEND "${PROJECT_SOURCE_DIR}/")
 set(code_globs)
 foreach(folder IN LISTS code_folders)

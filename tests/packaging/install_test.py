@@ -3,15 +3,21 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Installs the build into a folder of its own and uses what is there."""
 
+import contextlib
+import functools
 import os
 import re
 import subprocess
+import sys
 import tempfile
 import time
 import unittest
+import unittest.mock
 from pathlib import Path
 
-from installation import DEADLINE, install, main, options, run
+sys.path.append(str(Path(__file__).resolve().parents[1] / "atspi"))
+from installation import DEADLINE, install, main, options, run  # noqa: E402  the folder comes first
+from screen import Atspi, Desktop, find, wait_for  # noqa: E402
 
 PROGRAMS = ("device-workbench", "quandrel-robot", "workbench-tour")
 ICON_SIDES = (16, 22, 24, 32, 48, 64, 128, 256)
@@ -55,6 +61,8 @@ def expected():
             "include/quandrel/framework/plugin/gui/HistoryBundleContent.h",
             "include/quandrel/framework/plugin/gui/HostCall.h",
             "share/doc/libquandrel-dev/copyright",
+            "share/doc/libquandrel-dev/examples/minimal-plugin/CMakeLists.txt",
+            "share/doc/libquandrel-dev/examples/minimal-plugin/Lamp.cpp",
             *(f"include/quandrel/platform/{header.relative_to(platform).as_posix()}"
               for header in platform.rglob("*.h"))},
     }
@@ -123,15 +131,48 @@ class InstallTest(unittest.TestCase):
             self.assertNotRegex(text, re.compile("^[^A-Z \n]", re.MULTILINE), "only fields begin a line")
             self.assertEqual("GPL-3" in text, file.parent.name == "quandrel-workbench", file)
 
-    def test_others_build_a_plugin_and_a_host_and_the_one_loads_the_other(self):
-        build = self.folder / "outside"
-        said = run(options.cmake, "-S", Path(__file__).parent / "outside", "-B", build,
-                   "-G", options.generator, f"-DCMAKE_MAKE_PROGRAM={options.make}",
-                   f"-DCMAKE_CXX_COMPILER={options.compiler}",
-                   f"-DCMAKE_PREFIX_PATH={self.prefix}", f"-DQUANDREL_VERSION={options.version}")
-        self.assertIn(f"plugins: {self.prefix / options.libdir}/quandrel/plugins\n", said)
+    @classmethod
+    def build(cls, source, name):
+        """What somebody else makes of what is installed, and what CMake said about it."""
+        build = cls.folder / name
+        said = run(options.cmake, "-S", source, "-B", build, "-G", options.generator,
+                   f"-DCMAKE_MAKE_PROGRAM={options.make}", f"-DCMAKE_CXX_COMPILER={options.compiler}",
+                   f"-DCMAKE_PREFIX_PATH={cls.prefix}", f"-DQUANDREL_VERSION={options.version}")
         run(options.cmake, "--build", build)
-        self.assertEqual(run(build / "host", build / "liblamp.so"), "outside Lamp\n")
+        return build, said
+
+    @classmethod
+    @functools.cache
+    def example(cls):
+        """The example's plugin."""
+        return cls.build(options.source / "examples/minimal-plugin", "example")[0] / "liblamp.so"
+
+    def test_others_build_a_host_that_loads_the_example(self):
+        build, said = self.build(Path(__file__).parent / "outside", "outside")
+        self.assertIn(f"plugins: {self.prefix / options.libdir}/quandrel/plugins\n", said)
+        self.assertEqual(run(build / "host", self.example()), "Example Works Lamp\n")
+
+    def test_the_installed_workbench_shows_the_example_and_stores_what_is_set_in_it(self):
+        plugin = self.example()
+        with contextlib.ExitStack() as stack:
+            stack.enter_context(unittest.mock.patch.dict(os.environ))
+            window = Desktop(stack).window(self.prefix / "bin/device-workbench", "--no-robot",
+                                           "--plugin", plugin, "--device", "Lamp", "--language", "en")
+            slider = wait_for(lambda: find(window, Atspi.Role.SLIDER, "Brightness"), "the slider")
+            Atspi.Value.set_current_value(slider, 70)
+
+            def is_stored():
+                files = Path(os.environ["XDG_DATA_HOME"]).rglob("Lamp.json")
+                return any(re.search(r'"brightness"[^}]*"value": 70\b', file.read_text(encoding="utf-8"))
+                           for file in files)
+
+            wait_for(is_stored, "the brightness among the device's settings")
+
+    def test_the_guide_has_the_examples_files(self):
+        guide = (options.source / "docs/writing-a-plugin.md").read_text(encoding="utf-8")
+        for file in (options.source / "examples/minimal-plugin").iterdir():
+            _, _, text = file.read_text(encoding="utf-8").partition("\n\n")  # after the licence
+            self.assertTrue(f"\n{text}```\n" in guide, f"the guide has another {file.name}")
 
     def test_pkg_config_tells_where_the_headers_and_the_library_are(self):
         def tells(flag):
