@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: the Quandrel device GUI authors
 # SPDX-License-Identifier: BSD-3-Clause
-"""Installs the build as a system's and looks at it as a desktop and a shell do."""
+"""Installs the build as a system's and looks at it as a desktop, a shell and systemd do."""
 
 import configparser
 import os
 import re
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -66,7 +67,7 @@ class DesktopTest(Installed):
 
     def test_each_manual_has_all_options_and_the_chapters_of_its_document(self):
         chapters = {"device-workbench": ["GETTING STARTED", "SEVERAL DEVICES", "FILES"],
-                    "quandrel-robot": ["OUTPUT AND EXIT STATUS"],
+                    "quandrel-robot": ["OUTPUT AND EXIT STATUS", "AS A SERVICE"],
                     "workbench-tour": ["ARGUMENTS", "THE AUTOMATED TOUR"]}
         for program in self.programs:
             page = (self.usr / f"share/man/man1/{program}.1").read_text(encoding="utf-8")
@@ -111,6 +112,12 @@ class DesktopCheck(Installed):
         for program in self.programs:
             self.finds_nothing("sh", "-c", 'man --warnings --local-file "$1" >/dev/null', "sh",
                                self.usr / f"share/man/man1/{program}.1", LC_ALL="C.UTF-8")
+
+    def test_systemd_takes_the_service_of_a_robot(self):
+        for name in ("basic", "shutdown", "sysinit"):  # units that every service refers to
+            shutil.copy(f"/lib/systemd/system/{name}.target", self.usr / "lib/systemd/system")
+        self.finds_nothing("systemd-analyze", "verify", f"--root={self.root}", "--man=no",
+                           "quandrel-robot@north.service")
 
 
 if __name__ == "__main__":

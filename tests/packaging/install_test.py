@@ -42,8 +42,10 @@ def expected():
                     f"{lib}/libplugin_framework.so.{options.version}",
                     f"share/doc/libplugin-framework{abi}/copyright"},
         "runtime": {
+            "lib/systemd/system/quandrel-robot@.service",
             "share/applications/device-workbench.desktop",
             "share/doc/quandrel-workbench/copyright",
+            "share/doc/quandrel-workbench/examples/robot.conf",
             "share/icons/hicolor/scalable/apps/device-workbench.svg",
             "share/metainfo/org.example.quandrel.workbench.metainfo.xml",
             *(f"share/icons/hicolor/{side}x{side}/apps/device-workbench.png" for side in ICON_SIDES),
