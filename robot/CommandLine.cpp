@@ -46,6 +46,7 @@ void CommandLine::read(const QStringList& arguments)
     parser.setApplicationDescription(tr("A simulated robot that speaks rosbridge v2."));
     parser.addOptions({address, port, seed, allowOrigin});
     m_laserLog.addTo(parser);
+    m_play.addTo(parser);
     info.addTo(parser);
 
     if (!parser.parse(arguments))
@@ -64,8 +65,19 @@ void CommandLine::read(const QStringList& arguments)
         readSeed(parser.value(seed));
     readOrigins(parser.values(allowOrigin));
     QString error;
-    if (!m_laserLog.read(parser, &error))
-        finish(Action::Fail, error);
+    if (!m_play.read(parser, &error))
+        return finish(Action::Fail, error);
+    if (m_play.file().isEmpty()) {
+        if (!m_laserLog.read(parser, &error))
+            finish(Action::Fail, error);
+        return;
+    }
+    for (const char* other : {"laser-log", "seed"}) {
+        if (parser.isSet(QLatin1String(other)))
+            finish(Action::Fail, tr("--%1: nothing is simulated when a bag is played; leave out "
+                                    "this or --play")
+                                     .arg(QLatin1String(other)));
+    }
 }
 
 void CommandLine::finish(Action action, const QString& text)

@@ -5,6 +5,7 @@
 #define ROBOT_COMMANDLINE_H
 
 #include "robot/LaserLogOptions.h"
+#include "robot/PlayOptions.h"
 #include "rosbridge/protocol/Address.h"
 
 #include <QCoreApplication>
@@ -41,6 +42,8 @@ public:
 
     const LaserLogOptions& laserLog() const { return m_laserLog; }
 
+    const PlayOptions& play() const { return m_play; }
+
 private:
     void read(const QStringList& arguments);
     void finish(Action action, const QString& text);
@@ -55,6 +58,7 @@ private:
     quint32 m_seed;
     QStringList m_allowedOrigins;
     LaserLogOptions m_laserLog;
+    PlayOptions m_play;
 };
 
 } // namespace robot

@@ -11,13 +11,22 @@ namespace robot {
 
 using recording::Replay;
 
+namespace {
+
+QString rateName()
+{
+    return QStringLiteral("rate");
+}
+
+} // namespace
+
 LaserLogOptions::LaserLogOptions()
     : m_laserLogOption(QStringLiteral("laser-log"),
                        tr("Replay the laser scans recorded in FILE repeatedly, in place of the "
                           "simulated laser."),
                        QStringLiteral("FILE")),
-      m_rateOption(QStringLiteral("rate"),
-                   tr("Replay the laser log FACTOR times as fast as it was recorded, 0.01 to 100 "
+      m_rateOption(rateName(),
+                   tr("Replay the recording FACTOR times as fast as it was recorded, 0.01 to 100 "
                       "(default: 1)."),
                    QStringLiteral("FACTOR"))
 {
@@ -41,10 +50,17 @@ bool LaserLogOptions::read(const QCommandLineParser& parser, QString* error)
         *error = tr("--rate: there is nothing to replay; give a --laser-log too");
         return false;
     }
-    const QString text = parser.value(m_rateOption);
+    return readRate(parser, &m_rate, error);
+}
+
+bool LaserLogOptions::readRate(const QCommandLineParser& parser, double* rate, QString* error)
+{
+    if (!parser.isSet(rateName()))
+        return true;
+    const QString text = parser.value(rateName());
     bool isNumber = false;
-    m_rate = text.toDouble(&isNumber);
-    if (isNumber && m_rate >= Replay::minimumRate && m_rate <= Replay::maximumRate) // not NaN
+    *rate = text.toDouble(&isNumber);
+    if (isNumber && *rate >= Replay::minimumRate && *rate <= Replay::maximumRate) // not NaN
         return true;
     *error = tr("--rate: \"%1\" is not a number from %2 to %3")
                  .arg(text)

@@ -26,6 +26,10 @@ public:
     /// and @p error says what.
     bool read(const QCommandLineParser& parser, QString* error);
 
+    /// Reads --rate into @p rate, which stays as it is where that was not given. False, and in
+    /// @p error why, if it is wrong.
+    static bool readRate(const QCommandLineParser& parser, double* rate, QString* error);
+
     const QString& file() const { return m_file; } ///< empty: the simulated laser measures
 
     double rate() const { return m_rate; } ///< of the replay

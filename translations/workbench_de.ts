@@ -3304,6 +3304,10 @@
         <source>--address: the robot serves neither wss:// nor a path; write host:port</source>
         <translation>--address: Der Roboter bedient weder wss:// noch einen Pfad; schreiben Sie Host:Port</translation>
     </message>
+    <message>
+        <source>--%1: nothing is simulated when a bag is played; leave out this or --play</source>
+        <translation>--%1: Nichts wird simuliert, wenn ein Bag abgespielt wird; lassen Sie dies oder --play weg</translation>
+    </message>
 </context>
 <context>
     <name>robot::InfoOptions</name>
@@ -3339,8 +3343,50 @@
         <translation>Spielt die in FILE aufgezeichneten Laserscans immer wieder ab, anstelle des simulierten Lasers.</translation>
     </message>
     <message>
-        <source>Replay the laser log FACTOR times as fast as it was recorded, 0.01 to 100 (default: 1).</source>
-        <translation>Spielt die Laseraufzeichnung FACTOR-mal so schnell ab, wie sie aufgezeichnet wurde, 0.01 bis 100 (Vorgabe: 1).</translation>
+        <source>Replay the recording FACTOR times as fast as it was recorded, 0.01 to 100 (default: 1).</source>
+        <translation>Spielt die Aufzeichnung FACTOR-mal so schnell ab, wie sie aufgezeichnet wurde, 0.01 bis 100 (Vorgabe: 1).</translation>
+    </message>
+</context>
+<context>
+    <name>robot::PlayOptions</name>
+    <message>
+        <source>Serve the topics that the ROS bag FILE holds, in place of the simulated robot.</source>
+        <translation>Bietet die Topics an, die das ROS-Bag FILE enthält, anstelle des simulierten Roboters.</translation>
+    </message>
+    <message>
+        <source>Play the bag again and again.</source>
+        <translation>Spielt das Bag immer wieder ab.</translation>
+    </message>
+    <message>
+        <source>Play the bag from SECONDS on (default: 0).</source>
+        <translation>Spielt das Bag ab Sekunde SECONDS ab (Vorgabe: 0).</translation>
+    </message>
+    <message>
+        <source>--%1: there is nothing to play; give --play too</source>
+        <translation>--%1: Es gibt nichts abzuspielen; geben Sie auch --play an</translation>
+    </message>
+    <message>
+        <source>--play: give the name of a file</source>
+        <translation>--play: Geben Sie den Namen einer Datei an</translation>
+    </message>
+    <message>
+        <source>--start: &quot;%1&quot; is not a number of seconds from 0 on</source>
+        <translation>--start: „%1“ ist keine Zahl von Sekunden ab 0</translation>
+    </message>
+</context>
+<context>
+    <name>robot::PlayedRobot</name>
+    <message>
+        <source>%1 is left out: the robot that plays has that topic itself</source>
+        <translation>%1 wird ausgelassen: Der abspielende Roboter hat dieses Topic selbst</translation>
+    </message>
+    <message>
+        <source>messages of %1 cannot be played: %2</source>
+        <translation>Nachrichten von %1 können nicht abgespielt werden: %2</translation>
+    </message>
+    <message>
+        <source>the recording is over</source>
+        <translation>die Aufzeichnung ist zu Ende</translation>
     </message>
 </context>
 <context>
@@ -3569,6 +3615,21 @@
     </message>
 </context>
 <context>
+    <name>robot::recording::BagPlayer</name>
+    <message>
+        <source>there is no topic in it that can be played</source>
+        <translation>sie enthält kein Topic, das abgespielt werden kann</translation>
+    </message>
+    <message>
+        <source>it is only %1 s long</source>
+        <translation>sie ist nur %1 s lang</translation>
+    </message>
+    <message>
+        <source>%1 is left out: %2</source>
+        <translation>%1 wird ausgelassen: %2</translation>
+    </message>
+</context>
+<context>
     <name>robot::recording::CarmenLog</name>
     <message>
         <source>start_angle</source>
@@ -3758,6 +3819,48 @@
     <message>
         <source>The velocity command linear.x = %1, angular.z = %2 is refused: both must be finite numbers.</source>
         <translation>Der Geschwindigkeitsbefehl linear.x = %1, angular.z = %2 wird abgewiesen: Beide müssen endliche Zahlen sein.</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::bag::BagReader</name>
+    <message>
+        <source>%1 was cut off: only what is whole is read</source>
+        <translation>%1 wurde abgeschnitten: Nur was vollständig ist, wird gelesen</translation>
+    </message>
+    <message>
+        <source>there is no message in it</source>
+        <translation>sie enthält keine Nachricht</translation>
+    </message>
+    <message>
+        <source>the bag is damaged: %1</source>
+        <translation>das Bag ist beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>%1 has messages of several types; those of %2 are left out</source>
+        <translation>%1 hat Nachrichten mehrerer Typen; die von %2 werden ausgelassen</translation>
+    </message>
+    <message>
+        <source>a message has %1 bytes; at most %2 are read</source>
+        <translation>eine Nachricht hat %1 Bytes; höchstens %2 werden gelesen</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::bag::BagRestorer</name>
+    <message>
+        <source>it does not begin as a bag of format 2.0 does</source>
+        <translation>sie beginnt nicht wie ein Bag im Format 2.0</translation>
+    </message>
+    <message>
+        <source>it has no index and is compressed; make one with &quot;rosbag reindex&quot;</source>
+        <translation>sie hat keinen Index und ist komprimiert; erzeugen Sie einen mit „rosbag reindex“</translation>
+    </message>
+    <message>
+        <source>there is no whole message in it</source>
+        <translation>sie enthält keine vollständige Nachricht</translation>
+    </message>
+    <message>
+        <source>it was cut off, and there is no room for a copy with an index: %1</source>
+        <translation>sie wurde abgeschnitten, und für eine Kopie mit Index ist kein Platz: %1</translation>
     </message>
 </context>
 <context>
@@ -4130,6 +4233,115 @@
     <message>
         <source>the typed array has %1 bytes, not a multiple of its element&apos;s %2</source>
         <translation>die getypte Liste hat %1 Bytes, kein Vielfaches der %2 ihres Elements</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::serialization::MessageDefinition</name>
+    <message>
+        <source>&quot;%1&quot; stands where the name of a type is due</source>
+        <translation>„%1“ steht, wo der Name eines Typs stehen muss</translation>
+    </message>
+    <message>
+        <source>the definition of &quot;%1&quot; cannot be used: %2</source>
+        <translation>die Definition von „%1“ ist nicht verwendbar: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither a field nor a constant</source>
+        <translation>„%1“ ist weder ein Feld noch eine Konstante</translation>
+    </message>
+    <message>
+        <source>the field &quot;%1&quot; is there twice</source>
+        <translation>das Feld „%1“ kommt zweimal vor</translation>
+    </message>
+    <message>
+        <source>the field &quot;%1&quot; cannot have %2 elements</source>
+        <translation>das Feld „%1“ kann nicht %2 Elemente haben</translation>
+    </message>
+    <message>
+        <source>it lacks that of &quot;%1&quot;</source>
+        <translation>die von „%1“ fehlt darin</translation>
+    </message>
+    <message>
+        <source>its messages are nested too deeply</source>
+        <translation>ihre Nachrichten sind zu tief verschachtelt</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::serialization::MessageReader</name>
+    <message>
+        <source>the field &quot;%1&quot; %2</source>
+        <translation>das Feld „%1“ %2</translation>
+    </message>
+    <message>
+        <source>there are %1 bytes more than a message has</source>
+        <translation>es sind %1 Bytes mehr, als eine Nachricht hat</translation>
+    </message>
+    <message>
+        <source>has %1 elements, more than there are bytes for</source>
+        <translation>hat %1 Elemente, mehr als die Bytes reichen</translation>
+    </message>
+    <message>
+        <source>is one part too many: more than %1</source>
+        <translation>ist ein Teil zu viel: mehr als %1</translation>
+    </message>
+    <message>
+        <source>ends too early: it takes %1 bytes, and %2 are left</source>
+        <translation>endet zu früh: Es braucht %1 Bytes, und %2 sind übrig</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::serialization::MessageWriter</name>
+    <message>
+        <source>the field &quot;%1&quot; %2</source>
+        <translation>das Feld „%1“ %2</translation>
+    </message>
+    <message>
+        <source>is missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>is text, but not base64</source>
+        <translation>ist Text, aber kein Base64</translation>
+    </message>
+    <message>
+        <source>is %1, not an array</source>
+        <translation>ist %1, keine Liste</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>is an array of numbers, not of &quot;%1&quot;</source>
+        <translation>ist eine Liste von Zahlen, nicht von „%1“</translation>
+    </message>
+    <message>
+        <source>has %1 elements, not %2</source>
+        <translation>hat %1 Elemente, nicht %2</translation>
+    </message>
+    <message>
+        <source>is %1, not true or false</source>
+        <translation>ist %1, nicht true oder false</translation>
+    </message>
+    <message>
+        <source>is %1, not an object</source>
+        <translation>ist %1, kein Objekt</translation>
+    </message>
+    <message>
+        <source>is %1, not text</source>
+        <translation>ist %1, kein Text</translation>
+    </message>
+    <message>
+        <source>is %1, not a time</source>
+        <translation>ist %1, keine Zeit</translation>
+    </message>
+    <message>
+        <source>is %1, not a number</source>
+        <translation>ist %1, keine Zahl</translation>
+    </message>
+    <message>
+        <source>is %1, not a whole number from %2 to %3</source>
+        <translation>ist %1, keine ganze Zahl von %2 bis %3</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,9 @@ public:
     /// Returns how much time has passed since the last call, or the beginning.
     std::chrono::nanoseconds advance();
 
+    /// Jumps to @p time, from where advance() goes on: a recording has its own time.
+    void set(std::chrono::nanoseconds time) { m_now = time; }
+
     /// A time as ROS messages have it: {secs, nsecs}.
     static QCborMap stamp(std::chrono::nanoseconds time);
 

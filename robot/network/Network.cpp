@@ -46,7 +46,8 @@ rosbridge::server::ServiceReply trigger(const Control::Answer& answer)
 Network::Network(const Clock& clock, const rosbridge::server::Limits& limits)
     : m_topics(m_control),
       m_services(m_control),
-      m_rosApi(m_topics, m_services, Parameters({{QStringLiteral("/use_sim_time"), true}})),
+      m_rosApi(m_topics, m_services, m_types,
+               Parameters({{QStringLiteral("/use_sim_time"), true}})),
       m_endpoint(m_topics, m_services, limits),
       m_log(m_endpoint, clock),
       m_clientLog(m_log, QStringLiteral("base"))

@@ -10,6 +10,7 @@
 #include "robot/network/RosApi.h"
 #include "robot/network/Serializer.h"
 #include "robot/network/Stop.h"
+#include "robot/network/TypeDefinitions.h"
 #include "rosbridge/server/Endpoint.h"
 #include "rosbridge/server/Limits.h"
 #include "rosbridge/server/ServiceRegistry.h"
@@ -57,6 +58,9 @@ public:
     rosbridge::server::TopicRegistry& topics() { return m_topics; }
     rosbridge::server::ServiceRegistry& services() { return m_services; }
 
+    /// For the parts to add types that the simulated robot does not use, before clients come.
+    TypeDefinitions& types() { return m_types; }
+
     /// Tells when the client in control gives it back, which ends what it had commanded.
     const Control& control() const { return m_control; }
 
@@ -87,7 +91,8 @@ private:
     void publishStopped();
     void keepLog();
 
-    Serializer m_serializer;
+    TypeDefinitions m_types;
+    Serializer m_serializer{m_types};
     Control m_control;
     Stop m_stop;
     rosbridge::server::TopicRegistry m_topics;

@@ -32,11 +32,6 @@ Service rosapi(const char* name, const char* type)
     return {QLatin1String(name), QLatin1String(type)};
 }
 
-QStringList requestFields(const Service& service)
-{
-    return TypeDetails(service.type + QLatin1String("Request")).fieldNames();
-}
-
 QCborMap list(const char* field, const QStringList& texts)
 {
     return {{QLatin1String(field), QCborArray::fromStringList(texts)}};
@@ -47,21 +42,13 @@ ServiceReply text(const char* field, const QString& text)
     return {{{QLatin1String(field), text}}, QString()};
 }
 
-/// Of the type @p key, which the client knows as @p type.
-ServiceReply details(const QString& key, const QString& type)
-{
-    const TypeDetails details(key);
-    if (!details.isKnown())
-        return ServiceReply::failure(RosApi::tr("this robot has no type \"%1\"").arg(type));
-    return {{{QStringLiteral("typedefs"), details.withNested()}}, QString()};
-}
-
 } // namespace
 
 RosApi::RosApi(const TopicRegistry& topics, const ServiceRegistry& services,
-               const Parameters& parameters)
+               const TypeDefinitions& types, const Parameters& parameters)
     : m_topics(topics),
       m_services(services),
+      m_types(types),
       m_parameters(parameters)
 {
 }
@@ -124,6 +111,11 @@ void RosApi::addParameter(ServiceRegistry& services) const
                   }});
 }
 
+QStringList RosApi::requestFields(const Service& service) const
+{
+    return TypeDetails(m_types, service.type + QLatin1String("Request")).fieldNames();
+}
+
 QCborMap RosApi::topics() const
 {
     QStringList types;
@@ -153,7 +145,7 @@ QCborMap RosApi::topicsAndRawTypes() const
 {
     QStringList definitions;
     for (const TopicRegistry::Topic& topic : m_topics.all())
-        definitions.append(TypeDetails(topic.type).fullText());
+        definitions.append(TypeDetails(m_types, topic.type).fullText());
     QCborMap topics = this->topics();
     topics.insert(QStringLiteral("typedefs_full_text"), QCborArray::fromStringList(definitions));
     return topics;
@@ -193,6 +185,15 @@ RosApi::Reply RosApi::nodeDetails(const QString& name) const
     details.insert(QStringLiteral("subscribing"), QCborArray::fromStringList(subscribing));
     details.insert(QStringLiteral("publishing"), QCborArray::fromStringList(publishing));
     return {details, QString()};
+}
+
+/// Of the type @p key, which the client knows as @p type.
+RosApi::Reply RosApi::details(const QString& key, const QString& type) const
+{
+    const TypeDetails details(m_types, key);
+    if (!details.isKnown())
+        return Reply::failure(tr("this robot has no type \"%1\"").arg(type));
+    return {{{QStringLiteral("typedefs"), details.withNested()}}, QString()};
 }
 
 RosApi::Reply RosApi::messageDetails(const QString& type) const

@@ -9,6 +9,7 @@
 
 #include <QCborMap>
 #include <QCoreApplication>
+#include <QStringList>
 
 namespace rosbridge::protocol {
 struct Service;
@@ -20,6 +21,8 @@ class TopicRegistry;
 
 namespace robot::network {
 
+class TypeDefinitions;
+
 /// The services by which a client finds out what the robot offers: what roslib and viewers ask of
 /// ROS's rosapi node. The whole robot is one node.
 class RosApi
@@ -27,9 +30,10 @@ class RosApi
     Q_DECLARE_TR_FUNCTIONS(robot::network::RosApi)
 
 public:
-    /// The registries must outlive the API.
+    /// The registries and the types must outlive the API.
     RosApi(const rosbridge::server::TopicRegistry& topics,
-           const rosbridge::server::ServiceRegistry& services, const Parameters& parameters);
+           const rosbridge::server::ServiceRegistry& services, const TypeDefinitions& types,
+           const Parameters& parameters);
 
     /// Once, before clients come.
     void addTo(rosbridge::server::ServiceRegistry& services) const;
@@ -45,11 +49,13 @@ private:
              const rosbridge::protocol::Service& service, Lookup lookup) const;
     void addParameter(rosbridge::server::ServiceRegistry& services) const;
 
+    QStringList requestFields(const rosbridge::protocol::Service& service) const;
     QCborMap topics() const;
     QCborMap services() const;
     QCborMap nodes() const;
     QCborMap parameterNames() const;
     QCborMap topicsAndRawTypes() const;
+    Reply details(const QString& key, const QString& type) const;
     Reply topicType(const QString& topic) const;
     Reply serviceType(const QString& service) const;
     Reply topicsForType(const QString& type) const;
@@ -60,6 +66,7 @@ private:
 
     const rosbridge::server::TopicRegistry& m_topics;
     const rosbridge::server::ServiceRegistry& m_services;
+    const TypeDefinitions& m_types;
     Parameters m_parameters;
 };
 

@@ -4,33 +4,34 @@
 #ifndef ROBOT_NETWORK_SERIALIZER_H
 #define ROBOT_NETWORK_SERIALIZER_H
 
-#include "robot/network/TypeDetails.h"
+#include "rosbridge/serialization/MessageDefinition.h"
 
 #include <QByteArray>
 #include <QCborMap>
-#include <QCborValue>
 #include <QHash>
 #include <QString>
 
-QT_BEGIN_NAMESPACE
-class QDataStream;
-QT_END_NAMESPACE
+#include <optional>
 
 namespace robot::network {
 
-/// Writes messages as ROS 1 does between its nodes and into its recordings.
+class TypeDefinitions;
+
+/// Writes the robot's messages as ROS 1 does between its nodes and into its recordings.
 class Serializer
 {
 public:
-    /// @p type is one that typeDefinition() has. A field that @p message lacks is 0 or empty.
+    /// @p definitions outlive the serializer.
+    explicit Serializer(const TypeDefinitions& definitions) : m_definitions(definitions) {}
+
+    /// @p type is one that the definitions have, and @p message all that it consists of.
     QByteArray serialize(const QString& type, const QCborMap& message);
 
 private:
-    void writeMessage(QDataStream& to, const QString& type, const QCborMap& message);
-    void writeArray(QDataStream& to, const TypeDetails::Field& field, const QCborValue& value);
-    void writeValue(QDataStream& to, const QString& type, const QCborValue& value);
+    using MessageDefinition = rosbridge::serialization::MessageDefinition;
 
-    QHash<QString, TypeDetails> m_types; // those that were needed
+    const TypeDefinitions& m_definitions;
+    QHash<QString, std::optional<MessageDefinition>> m_types; // those that were needed
 };
 
 } // namespace robot::network

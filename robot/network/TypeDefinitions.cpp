@@ -3,10 +3,13 @@
 
 #include "robot/network/TypeDefinitions.h"
 
-#include <QMap>
+#include "rosbridge/serialization/MessageDefinition.h"
+
 #include <QStringList>
 
 namespace robot::network {
+
+using rosbridge::serialization::MessageDefinition;
 
 namespace {
 
@@ -246,28 +249,38 @@ float64[] effort
 duration time_from_start
 )";
 
-QMap<QString, QString> read()
+} // namespace
+
+TypeDefinitions::TypeDefinitions()
 {
-    QMap<QString, QString> byType;
     QString type;
     const QStringList lines = QString::fromLatin1(definitions).split(u'\n', Qt::SkipEmptyParts);
     for (const QString& line : lines) {
         if (line.startsWith(u'#')) {
             type = line.mid(2);
-            byType.insert(type, QLatin1String(""));
+            m_texts.insert(type, QLatin1String(""));
         } else {
-            byType[type] += line + u'\n';
+            m_texts[type] += line + u'\n';
         }
     }
-    return byType;
 }
 
-} // namespace
-
-QString typeDefinition(const QString& type)
+void TypeDefinitions::add(const MessageDefinition& definition)
 {
-    static const QMap<QString, QString> byType = read();
-    return byType.value(type);
+    for (const MessageDefinition::Type& type : definition.types()) {
+        QString text(QLatin1String(""));
+        for (const QString& constant : type.constants)
+            text += constant + u'\n';
+        for (const MessageDefinition::Field& field : type.fields) {
+            QString brackets;
+            if (field.arrayLength == MessageDefinition::anyLength)
+                brackets = QStringLiteral("[]");
+            else if (field.arrayLength != MessageDefinition::noArray)
+                brackets = QStringLiteral("[%1]").arg(field.arrayLength);
+            text += field.type + brackets + u' ' + field.name + u'\n';
+        }
+        m_texts.insert(type.name, text);
+    }
 }
 
 } // namespace robot::network

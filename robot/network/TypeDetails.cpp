@@ -19,28 +19,36 @@ const QMap<QString, QString>& primitives()
     static const QMap<QString, QString> examples{
         {QStringLiteral("bool"), QStringLiteral("False")},
         {QStringLiteral("byte"), QStringLiteral("0")},
+        {QStringLiteral("char"), QStringLiteral("0")},
         {QStringLiteral("float32"), QStringLiteral("0.0")},
         {QStringLiteral("float64"), QStringLiteral("0.0")},
         {QStringLiteral("int8"), QStringLiteral("0")},
+        {QStringLiteral("int16"), QStringLiteral("0")},
         {QStringLiteral("int32"), QStringLiteral("0")},
+        {QStringLiteral("int64"), QStringLiteral("0")},
         {QStringLiteral("string"), QLatin1String("")},
         {QStringLiteral("uint8"), QStringLiteral("0")},
+        {QStringLiteral("uint16"), QStringLiteral("0")},
         {QStringLiteral("uint32"), QStringLiteral("0")},
+        {QStringLiteral("uint64"), QStringLiteral("0")},
     };
     return examples;
 }
 
 /// Of time and duration, which are no messages but are described like them.
-QString definitionOf(const QString& type)
+QString definitionOf(const TypeDefinitions& definitions, const QString& type)
 {
     if (type == QLatin1String("time") || type == QLatin1String("duration"))
         return QStringLiteral("int32 secs\nint32 nsecs\n");
-    return typeDefinition(type);
+    return definitions.text(type);
 }
 
 } // namespace
 
-TypeDetails::TypeDetails(const QString& type) : m_type(type), m_definition(definitionOf(type))
+TypeDetails::TypeDetails(const TypeDefinitions& definitions, const QString& type)
+    : m_definitions(&definitions),
+      m_type(type),
+      m_definition(definitionOf(definitions, type))
 {
     const QStringList lines = m_definition.split(u'\n', Qt::SkipEmptyParts);
     for (const QString& line : lines)
@@ -127,7 +135,7 @@ void TypeDetails::addNested(QVector<TypeDetails>& types) const
         });
         if (isSeen || primitives().contains(field.type))
             continue;
-        const TypeDetails details(field.type);
+        const TypeDetails details(*m_definitions, field.type);
         types.append(details);
         details.addNested(types);
     }

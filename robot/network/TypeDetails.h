@@ -12,6 +12,8 @@
 
 namespace robot::network {
 
+class TypeDefinitions;
+
 /// One type as rosapi describes it, out of its definition.
 class TypeDetails
 {
@@ -23,8 +25,8 @@ public:
         int arrayLength; ///< -1: no array; 0: any
     };
 
-    /// @p type as typeDefinition() has it, or "time" or "duration".
-    explicit TypeDetails(const QString& type);
+    /// @p type as @p definitions have it, which outlive the details, or "time" or "duration".
+    TypeDetails(const TypeDefinitions& definitions, const QString& type);
 
     /// False if the robot does not use such a type.
     bool isKnown() const { return !m_definition.isNull(); }
@@ -44,6 +46,7 @@ private:
     QVector<TypeDetails> nested() const;
     void addNested(QVector<TypeDetails>& types) const;
 
+    const TypeDefinitions* m_definitions;
     QString m_type;
     QString m_definition;
     QVector<Field> m_fields;

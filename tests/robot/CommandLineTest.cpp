@@ -20,6 +20,7 @@ class CommandLineTest : public TestCase
 private Q_SLOTS:
     void without_arguments_the_defaults_count();
     void every_option_is_read();
+    void the_options_for_a_bag_are_read();
     void the_port_counts_more_than_the_address();
     void help_and_version_are_text();
     void what_is_wrong_is_named_data();
@@ -58,6 +59,24 @@ void CommandLineTest::every_option_is_read()
                                                         QStringLiteral("https://a.example")}));
     QCOMPARE(commandLine.laserLog().file(), QStringLiteral("scans.log"));
     QCOMPARE(commandLine.laserLog().rate(), 0.5);
+}
+
+void CommandLineTest::the_options_for_a_bag_are_read()
+{
+    const CommandLine plain = parse(QStringLiteral("--play a.bag"));
+    QCOMPARE(plain.text(), QString());
+    QCOMPARE(plain.play().file(), QStringLiteral("a.bag"));
+    QCOMPARE(plain.play().options().rate, 1.0);
+    QVERIFY(!plain.play().options().isLooping);
+    QCOMPARE(plain.play().options().start, std::chrono::nanoseconds(0));
+
+    const CommandLine full =
+        parse(QStringLiteral("--start 2.5 --loop --rate 20 --play a.bag --port 0"));
+    QCOMPARE(full.text(), QString());
+    QCOMPARE(full.play().options().rate, 20.0);
+    QVERIFY(full.play().options().isLooping);
+    QCOMPARE(full.play().options().start,
+             std::chrono::nanoseconds(std::chrono::milliseconds(2500)));
 }
 
 void CommandLineTest::the_port_counts_more_than_the_address()
@@ -112,6 +131,16 @@ void CommandLineTest::what_is_wrong_is_named_data()
     add("--laser-log a --rate nan", "nan");
     add("--laser-log a --rate -1", "-1");
     add("--laser-log a --rate fast", "fast");
+    add("--play", "play");
+    add("--play=", "play");
+    add("--loop", "--play");
+    add("--start 1", "--play");
+    add("--play a --start -1", "-1");
+    add("--play a --start nan", "nan");
+    add("--play a --start soon", "soon");
+    add("--play a --rate 0", "\"0\"");
+    add("--play a --laser-log b", "--laser-log");
+    add("--play a --seed 1", "--seed");
     add("--fly", "fly");
     add("surplus", "surplus");
     add("--port", "port");

@@ -31,12 +31,16 @@ class Robot:
             [self.program, "--port", "0", *arguments], stdout=subprocess.PIPE, text=True, **popen
         )
         try:
-            self.seed = int(self.line_matching(r"seed (\d+)$")[1])
+            self.what = self.line_matching(r"(seed \d+|playing .+)$")[1]
             self.url = self.line_matching(r"listening on (ws://\S+:\d+)$")[1]
         except BaseException:
             self.stop()
             raise
         self.port = int(self.url.rsplit(":", 1)[1])
+
+    @property
+    def seed(self):
+        return int(self.what.split()[1])
 
     def line_matching(self, pattern):
         end = time.monotonic() + DEADLINE

@@ -11,12 +11,39 @@ import os
 import resource
 import signal
 import socket
+import struct
 import subprocess
 import tempfile
 import time
 import unittest
 
 from endpoint import Client, DEADLINE, Robot, main
+
+
+def bag_fields(**fields):
+    texts = [name.encode() + b"=" + value for name, value in fields.items()]
+    return b"".join(struct.pack("<I", len(text)) + text for text in texts)
+
+
+def bag_record(data, **fields):
+    header = bag_fields(**fields)
+    return struct.pack("<I", len(header)) + header + struct.pack("<I", len(data)) + data
+
+
+def cut_bag(topic, texts):
+    """A bag with a text each 10 ms, as a recorder leaves it that is killed in its first chunk."""
+    number = struct.Struct("<I").pack
+    definition = bag_fields(type=b"std_msgs/String", md5sum=b"992ce8a1687cec8c8bd883ec73ca41d1",
+                            message_definition=b"string data\n")
+    bag = b"#ROSBAG V2.0\n"
+    bag += bag_record(b" " * 4000, op=b"\3", index_pos=8 * b"\0", conn_count=number(0),
+                      chunk_count=number(0))
+    bag += bag_record(b"", op=b"\5", compression=b"none", size=number(0))
+    bag += bag_record(definition, op=b"\7", conn=number(0), topic=topic.encode())
+    for index, text in enumerate(texts):
+        bag += bag_record(number(len(text)) + text.encode(), op=b"\2", conn=number(0),
+                          time=number(1600000000) + number(index * 10_000_000))
+    return bag
 
 
 class ProgramTest(unittest.IsolatedAsyncioTestCase):
@@ -92,11 +119,35 @@ class ProgramTest(unittest.IsolatedAsyncioTestCase):
         result = self.run_robot("--help")
         self.assertEqual(result.returncode, 0)
         for option in ("--address", "--port", "--seed", "--allow-origin", "--laser-log", "--rate",
-                       "--help", "--version"):
+                       "--play", "--loop", "--start", "--help", "--version"):
             self.assertIn(option, result.stdout)
         result = self.run_robot("--version")
         self.assertEqual(result.returncode, 0)
         self.assertRegex(result.stdout, r"^quandrel-robot \d+\.\d+\.\d+\n$")
+
+    async def test_a_bag_takes_the_robots_place(self):
+        with tempfile.NamedTemporaryFile(suffix=".bag") as file:
+            file.write(cut_bag("/chatter", ["one", "two"]) + b"half a record")
+            file.flush()
+            robot = Robot("--play", file.name, "--loop", stderr=subprocess.PIPE)
+            self.addCleanup(robot.process.stderr.close)
+            self.addCleanup(robot.stop)
+            self.assertEqual(robot.what, f"playing {file.name}")
+            self.assertIn("cut off", robot.process.stderr.readline())
+        async with Client(robot.url) as client:
+            await client.send(op="subscribe", topic="/chatter")
+            texts = [(await client.next(op="publish"))["msg"]["data"] for _ in range(4)]
+        self.assertEqual(texts, 2 * ["one", "two"])
+
+    def test_a_bag_that_cannot_be_played_is_an_error_that_names_it(self):
+        with tempfile.NamedTemporaryFile(suffix=".bag") as file:
+            file.write(b"#ROSBAG V2.0\n")
+            file.flush()
+            for name in (file.name, "/nowhere/missing.bag"):
+                result = self.run_robot("--port", "0", "--play", name)
+                self.assertEqual(result.returncode, 1)
+                self.assertTrue(result.stderr.startswith(f"quandrel-robot: {name}: "), result.stderr)
+                self.assertEqual(result.stdout, "")
 
     async def test_a_recording_takes_the_lasers_place(self):
         with tempfile.NamedTemporaryFile("w", suffix=".log") as file:

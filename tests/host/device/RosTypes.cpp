@@ -33,8 +33,8 @@ QVector<Field> fieldsOf(Ros ros, const QString& type)
         return {{"time", "stamp"},  {"uint8", "level"},     {"string", "name"}, {"string", "msg"},
                 {"string", "file"}, {"string", "function"}, {"uint32", "line"}};
     QVector<Field> fields;
-    const QStringList lines =
-        robot::network::typeDefinition(type).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    static const robot::network::TypeDefinitions definitions;
+    const QStringList lines = definitions.text(type).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QString& line : lines) {
         const QString name = line.section(QLatin1Char(' '), 1);
         if (name.contains(QLatin1Char('=')))
