@@ -16,6 +16,8 @@ class Ratios;
 void addLaserScanMessage(Ratios& ratios);
 void addRos1(Ratios& ratios);
 void addFastCdr(Ratios& ratios);
+void addJson(Ratios& ratios);
+void addRapidJson(Ratios& ratios);
 void addLaserRangeFinderDialog(Ratios& ratios);
 void addPositionModel(Ratios& ratios);
 void addPositionView(Ratios& ratios);

@@ -6,6 +6,9 @@
 
 #include "olm/core/LaserScanMessage.h"
 
+#include <random>
+#include <vector>
+
 /// A sweep of 683 ranges over 240 degrees, as a small laser range finder sends it.
 inline olm::core::LaserScanMessage exampleScan()
 {
@@ -24,6 +27,17 @@ inline olm::core::LaserScanMessage exampleScan()
     for (int i = 0; i < 683; ++i)
         scan.ranges[i] = 0.5F + static_cast<float>(i) * 0.005F;
     return scan;
+}
+
+/// As many ranges with the noise of a real sensor, which leaves no digit of them at 0.
+inline std::vector<float> noisyRanges()
+{
+    std::mt19937 random(1);
+    std::uniform_real_distribution<float> range(0.02F, 5.6F);
+    std::vector<float> ranges(683);
+    for (float& one : ranges)
+        one = range(random);
+    return ranges;
 }
 
 #endif

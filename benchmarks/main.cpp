@@ -31,6 +31,10 @@ int main(int argc, char* argv[])
 #ifdef HAS_FASTCDR
     addFastCdr(ratios);
 #endif
+    addJson(ratios);
+#ifdef HAS_RAPIDJSON
+    addRapidJson(ratios);
+#endif
     addLaserRangeFinderDialog(ratios);
     addPositionModel(ratios);
     addPositionView(ratios);
