@@ -18,6 +18,7 @@ void addRos1(Ratios& ratios);
 void addFastCdr(Ratios& ratios);
 void addJson(Ratios& ratios);
 void addRapidJson(Ratios& ratios);
+void addDialog(Ratios& ratios);
 void addLaserRangeFinderDialog(Ratios& ratios);
 void addPositionModel(Ratios& ratios);
 void addPositionView(Ratios& ratios);

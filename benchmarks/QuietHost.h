@@ -7,6 +7,7 @@
 #include "olm/core/Vector.h"
 #include "tests/src/FakeHost.h"
 
+#include <memory>
 #include <string>
 #include <unordered_map>
 
@@ -29,6 +30,18 @@ public:
         }
     }
 
+    void registerInput(const char*, bool) override {}
+    void registerStateVariable(const char*, bool) override {}
+    void registerConfigVariable(const char*, bool) override {}
+
+    Variant simulationDirectExec(const Variant& role, const Variant&) override
+    {
+        const auto found = answers.find(role.get<SimulationDirectExecRole>());
+        return found == answers.end() ? Variant() : found->second;
+    }
+
+    QAction* helpAction(const QString&) const override { return m_help.get(); }
+
     Variant read(Kind, const char* name) const override
     {
         const auto found = m_config.find(name);
@@ -37,6 +50,7 @@ public:
 
 private:
     std::unordered_map<std::string, Variant> m_config;
+    const std::unique_ptr<QAction> m_help = std::make_unique<QAction>();
 };
 
 #endif

@@ -21,10 +21,10 @@ inline void keepTableClean()
 }
 
 /// How long to measure each line of the table, by the option "--seconds" of @p application. None,
-/// and the reason is printed, for what is no such time: the program ends with status 2.
-inline std::optional<int> secondsOf(const QCoreApplication& application)
+/// and the reason is printed, for what is no such time: the program ends with status 2. @p parser
+/// has the program's other options.
+inline std::optional<int> secondsOf(const QCoreApplication& application, QCommandLineParser& parser)
 {
-    QCommandLineParser parser;
     const QCommandLineOption option("seconds", "Measure each line for <number> seconds.", "number",
                                     "10");
     parser.addOption(option);
@@ -37,6 +37,12 @@ inline std::optional<int> secondsOf(const QCoreApplication& application)
     QTextStream(stderr) << "--seconds: \"" << parser.value(option)
                         << "\" is not a number from 1 to 3600\n";
     return std::nullopt;
+}
+
+inline std::optional<int> secondsOf(const QCoreApplication& application)
+{
+    QCommandLineParser parser;
+    return secondsOf(application, parser);
 }
 
 #endif

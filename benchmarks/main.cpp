@@ -35,6 +35,7 @@ int main(int argc, char* argv[])
 #ifdef HAS_RAPIDJSON
     addRapidJson(ratios);
 #endif
+    addDialog(ratios);
     addLaserRangeFinderDialog(ratios);
     addPositionModel(ratios);
     addPositionView(ratios);

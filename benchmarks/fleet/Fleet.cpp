@@ -17,6 +17,7 @@ using plugin::gui::VariableKind;
 constexpr int patience = 30000;
 constexpr int settlingTime = 2000;
 constexpr QSize viewSize(520, 560);
+constexpr QSize largeViewSize(1500, 1000); // with room for every dock
 
 /// The resolution in which the camera is the quickest.
 olm::core::Vector<unsigned int> quickestResolution()
@@ -29,20 +30,42 @@ olm::core::Vector<unsigned int> quickestResolution()
 
 } // namespace
 
-Fleet::Fleet(int robots, bool hasDocks)
+Fleet::Fleet(int robots, Docks docks)
 {
     for (int i = 0; i < robots; ++i)
-        m_robots.emplace_back(i + 1);
+        m_robots.emplace_back(QStringLiteral(ROBOT_FILE),
+                              QStringList{"--port", "0", "--seed", QString::number(i + 1)});
     for (int i = 0; i < robots; ++i) {
         auto& device = m_devices.emplace_back(QStringLiteral("Robot %1").arg(i + 1),
                                               m_settings.path(), m_environment);
         device.overrideAddress(m_robots[static_cast<std::size_t>(i)].address());
         m_window.add(device, QString());
     }
-    for (auto* dock : m_window.findChildren<QDockWidget*>())
-        dock->setVisible(hasDocks && !dock->isHidden());
-    m_window.resize(robots * viewSize.width(), viewSize.height());
+    if (docks == Docks::None) {
+        for (auto* dock : m_window.findChildren<QDockWidget*>())
+            dock->hide();
+    } else if (docks == Docks::All) {
+        spreadDocks();
+    }
+    const QSize size = docks == Docks::All ? largeViewSize : viewSize;
+    m_window.resize(robots * size.width(), size.height());
     m_window.show();
+}
+
+/// In three columns beside the plugin's dialog and one row below it.
+void Fleet::spreadDocks()
+{
+    for (auto* view : m_window.views()) {
+        const auto docks = view->findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly);
+        QDockWidget* before = nullptr;
+        for (QDockWidget* dock : docks) {
+            view->addDockWidget(Qt::RightDockWidgetArea, dock);
+            dock->show();
+            if (before)
+                view->splitDockWidget(before, dock, Qt::Vertical);
+            before = dock;
+        }
+    }
 }
 
 bool Fleet::connectAll()

@@ -4,8 +4,7 @@
 #ifndef QUANDREL_FLEET_H
 #define QUANDREL_FLEET_H
 
-#include "RobotProcess.h"
-
+#include "benchmarks/ServerProcess.h"
 #include "host/device/Device.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
@@ -20,8 +19,15 @@
 class Fleet
 {
 public:
-    /// @p hasDocks: with the docks that open by themselves; otherwise without any.
-    Fleet(int robots, bool hasDocks);
+    /// Which docks are open.
+    enum class Docks
+    {
+        None,
+        Usual, ///< those that open by themselves
+        All,   ///< every one, all in sight side by side
+    };
+
+    Fleet(int robots, Docks docks);
 
     /// Connects all and waits until each has shown scans for a while. False, with a warning, where
     /// one does not get that far.
@@ -33,8 +39,10 @@ public:
     void repaintTabs();
 
 private:
+    void spreadDocks();
+
     QTemporaryDir m_settings;
-    std::deque<RobotProcess> m_robots;
+    std::deque<ServerProcess> m_robots;
     host::workbench::plugin::PluginEnvironment m_environment;
     host::workbench::plugin::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
     std::deque<host::device::Device> m_devices;

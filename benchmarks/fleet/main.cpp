@@ -4,6 +4,7 @@
 #include "DelayProbe.h"
 #include "Fleet.h"
 
+#include "benchmarks/ProcessorTime.h"
 #include "benchmarks/Seconds.h"
 
 #include <QApplication>
@@ -25,14 +26,15 @@ constexpr int laserTab = 2;
 struct Scene
 {
     const char* name;
-    bool hasDocks;
+    Fleet::Docks docks;
     bool isRepainting; // everything, 60 times a second
 };
 
 constexpr Scene scenes[] = {
-    {"no docks", false, false},
-    {"all painted at 60 Hz", false, true},
-    {"with the docks", true, false},
+    {"no docks", Fleet::Docks::None, false},
+    {"all painted at 60 Hz", Fleet::Docks::None, true},
+    {"with the docks", Fleet::Docks::Usual, false},
+    {"all docks in sight", Fleet::Docks::All, false},
 };
 
 /// What the process used, and how late the GUI thread was, beside a thread that does nothing else.
@@ -74,7 +76,7 @@ Figures measure(int seconds)
 
 std::optional<Figures> measure(int robots, const Scene& scene, int seconds)
 {
-    Fleet fleet(robots, scene.hasDocks);
+    Fleet fleet(robots, scene.docks);
     fleet.setTab(laserTab);
     if (!fleet.connectAll())
         return std::nullopt;
@@ -99,7 +101,7 @@ void printEnd(const Figures& figures)
     printDelays(figures.delays);
     std::printf("   ");
     printDelays(figures.idleDelays);
-    std::printf("\n");
+    std::printf("%9.1f\n", machineLoad());
     std::fflush(stdout);
 }
 
@@ -114,10 +116,11 @@ int main(int argc, char* argv[])
         return 2;
     const int seconds = *asked;
 
-    std::printf("%-8s%-22s%13s%8s%10s   %-24s   %s\n", "", "", "ms per robot", "beside", "share of",
-                "GUI thread's delay in ms", "idle thread's");
-    std::printf("%-8s%-22s%13s%8s%10s%8s%8s%8s   %8s%8s%8s\n", "robots", "laser tab", "and second",
-                "one", "a core", "median", "99 %", "most", "median", "99 %", "most");
+    std::printf("%-8s%-22s%13s%8s%10s   %-24s   %-24s%9s\n", "", "", "ms per robot", "beside",
+                "share of", "GUI thread's delay in ms", "idle thread's", "machine's");
+    std::printf("%-8s%-22s%13s%8s%10s%8s%8s%8s   %8s%8s%8s%9s\n", "robots", "laser tab",
+                "and second", "one", "a core", "median", "99 %", "most", "median", "99 %", "most",
+                "load");
     const Figures idle = measure(seconds);
     std::printf("%-8s%-22s%13s%8s%9.1f%%", "none", "no window", "", "", idle.processorTime / 10);
     printEnd(idle);

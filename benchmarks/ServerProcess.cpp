@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "RobotProcess.h"
+#include "ServerProcess.h"
 
 #include <QUrl>
 
@@ -11,20 +11,20 @@ constexpr int startPatience = 30000;
 
 } // namespace
 
-RobotProcess::RobotProcess(int seed)
+ServerProcess::ServerProcess(const QString& program, const QStringList& arguments)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(ROBOT_FILE, {"--port", "0", "--seed", QString::number(seed)});
+    m_process.start(program, arguments);
 }
 
-RobotProcess::~RobotProcess()
+ServerProcess::~ServerProcess()
 {
     m_process.terminate();
     if (!m_process.waitForFinished(startPatience))
         m_process.kill();
 }
 
-QString RobotProcess::address()
+QString ServerProcess::address()
 {
     const QString announcement = QStringLiteral("listening on ");
     while (m_process.canReadLine() || m_process.waitForReadyRead(startPatience)) {
@@ -34,6 +34,7 @@ QString RobotProcess::address()
                 return QUrl(line.mid(announcement.size())).authority();
         }
     }
-    qWarning("%s does not start: %s", ROBOT_FILE, qPrintable(m_process.errorString()));
+    qWarning("%s does not start: %s", qPrintable(m_process.program()),
+             qPrintable(m_process.errorString()));
     return {};
 }
