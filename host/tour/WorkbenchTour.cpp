@@ -176,12 +176,16 @@ bool WorkbenchTour::showHelp()
 bool WorkbenchTour::showNames()
 {
     m_operator.begin(tr("looking at the robot's names"));
-    auto* const names = m_operator.window().findChild<workbench::names::NamesDialog*>();
     for (QAction* entry : m_operator.window().findChildren<QAction*>("names")) {
         if (!chooseFromMenu(*entry))
             return false;
     }
-    if (!m_operator.waitUntil([names] { return names->isVisible(); }))
+    workbench::names::NamesDialog* names = nullptr;
+    const auto isOpen = [&] {
+        names = m_operator.window().findChild<workbench::names::NamesDialog*>();
+        return names && names->isVisible();
+    };
+    if (!m_operator.waitUntil(isOpen))
         return m_operator.fail(tr("the menu does not open it"));
     const bool isTaken = m_operator.takePicture(*names, "names");
     names->close();

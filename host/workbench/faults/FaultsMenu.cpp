@@ -23,8 +23,7 @@ using ::plugin::gui::VariableKind;
 FaultsMenu::FaultsMenu(device::Device& device, QWidget* parent)
     : QMenu(parent),
       m_device(device),
-      m_faults(device.faults()),
-      m_dialog(new MessageDialog(device, parent))
+      m_faults(device.faults())
 {
     setToolTipsVisible(true);
     m_drop = addAction(QString());
@@ -187,6 +186,8 @@ void FaultsMenu::refresh()
 
 void FaultsMenu::openDialog()
 {
+    if (!m_dialog)
+        m_dialog = new MessageDialog(m_device, parentWidget());
     m_dialog->show();
     m_dialog->raise();
     m_dialog->activateWindow();

@@ -71,7 +71,7 @@ private:
     QMenu* m_types;
     QAction* m_send;
     QAction* m_end;
-    MessageDialog* m_dialog;
+    MessageDialog* m_dialog = nullptr; // until somebody opens it
 };
 
 } // namespace host::workbench::faults

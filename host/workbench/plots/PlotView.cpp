@@ -214,7 +214,8 @@ void PlotView::takeAppearance()
     }
     for (int i = 0; i < graphCount(); ++i)
         graph(i)->setPen(QPen(colour(m_colours[static_cast<std::size_t>(i)], palette())));
-    replot(rpQueuedRefresh);
+    if (isVisible())
+        replot(rpQueuedRefresh);
 }
 
 /// By hand, where it is not live.

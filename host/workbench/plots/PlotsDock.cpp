@@ -321,7 +321,8 @@ void PlotsDock::showLines()
     m_view->setLines(shown);
     showColours();
     refreshValues();
-    refreshPlot();
+    if (isVisible()) // and otherwise when it is opened
+        refreshPlot();
     enable();
 }
 

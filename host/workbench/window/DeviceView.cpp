@@ -57,8 +57,7 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
       m_name(new QLabel(device.name())),
       m_notice(new Notice),
       m_connection([this] { showConnection(); }),
-      m_status(new StatusLine(device, robot)),
-      m_namesDialog(new names::NamesDialog(device, this))
+      m_status(new StatusLine(device, robot))
 {
     setWindowFlags(Qt::Widget);
     setContextMenuPolicy(Qt::NoContextMenu); // its entries would hide the tool bar for good
@@ -89,11 +88,7 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
             m_device.disconnectDevice();
     });
     m_names->setObjectName("names");
-    connect(m_names, &QAction::triggered, m_namesDialog, [this] {
-        m_namesDialog->show();
-        m_namesDialog->raise();
-        m_namesDialog->activateWindow();
-    });
+    connect(m_names, &QAction::triggered, this, &DeviceView::openNames);
     auto* positions = new positions::PositionsMenu(device, this);
     connect(positions, &positions::PositionsMenu::problem, this, &DeviceView::notify);
     m_robotMenu->addMenu(positions);
@@ -182,6 +177,15 @@ void DeviceView::restoreLayout(const QSettings& layout)
 void DeviceView::notify(const QString& words)
 {
     m_notice->add(words);
+}
+
+void DeviceView::openNames()
+{
+    if (!m_namesDialog)
+        m_namesDialog = new names::NamesDialog(m_device, this);
+    m_namesDialog->show();
+    m_namesDialog->raise();
+    m_namesDialog->activateWindow();
 }
 
 void DeviceView::addDocks()

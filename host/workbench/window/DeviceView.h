@@ -92,6 +92,7 @@ protected:
 
 private:
     void translate();
+    void openNames();
     void addDocks();
     void addPlugin();
     void addMissingWidgets();
@@ -122,7 +123,7 @@ private:
     StartPage* m_startPage = nullptr;
     Paced m_connection;
     StatusLine* m_status;
-    names::NamesDialog* m_namesDialog;
+    names::NamesDialog* m_namesDialog = nullptr; // until somebody opens it
 };
 
 } // namespace host::workbench::window

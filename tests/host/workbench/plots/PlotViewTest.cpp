@@ -70,6 +70,7 @@ private Q_SLOTS:
     void lines_are_seen_in_every_appearance();
     void few_values_are_marked();
     void it_is_painted_no_oftener_than_can_be_seen();
+    void it_is_drawn_no_earlier_than_it_is_shown();
 };
 
 void PlotViewTest::the_present_is_at_its_end()
@@ -247,6 +248,24 @@ void PlotViewTest::it_is_painted_no_oftener_than_can_be_seen()
     QCOMPARE(plot.view.refreshInterval(), 1000ms);
     plot.view.setSpan(1min);
     QCOMPARE(plot.view.refreshInterval(), 75ms); // half the time of one of 400 pixels
+}
+
+void PlotViewTest::it_is_drawn_no_earlier_than_it_is_shown()
+{
+    PlotView view;
+    QCoreApplication::processEvents(); // QCustomPlot draws once by itself
+    int replots = 0;
+    connect(&view, &QCustomPlot::afterReplot, this, [&replots] { ++replots; });
+    view.setLines({});
+    QCoreApplication::processEvents();
+    QCOMPARE(replots, 0);
+    view.show();
+    QTRY_VERIFY(replots > 0);
+    const int before = replots;
+    QPalette palette = view.palette();
+    palette.setColor(QPalette::Base, Qt::darkGreen);
+    view.setPalette(palette);
+    QTRY_VERIFY(replots > before);
 }
 
 TEST_WITH_WINDOWS(PlotViewTest)

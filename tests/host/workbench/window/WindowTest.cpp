@@ -7,6 +7,7 @@
 #include "host/device/Device.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/help/HelpPanel.h"
+#include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/plugin/FailureCard.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/plugin/PluginLoader.h"
@@ -42,6 +43,7 @@ using namespace host::workbench::plugin;
 using namespace host::workbench::window;
 using host::device::Device;
 using host::workbench::EmbeddedRobot;
+using host::workbench::names::NamesDialog;
 
 namespace {
 
@@ -136,6 +138,7 @@ private Q_SLOTS:
     void help_in_a_tab_is_about_that_tab();
     void about_names_the_program_and_the_plugin();
     void the_keys_go_to_the_tool_bar_at_first();
+    void the_robots_names_have_a_dialog_once_it_is_opened();
     void quit_closes_the_window();
 };
 
@@ -449,6 +452,19 @@ void WindowTest::the_keys_go_to_the_tool_bar_at_first()
     const QWidget* const focus = workbench.window.focusWidget();
     QVERIFY(focus);
     QVERIFY(workbench.window.findChild<QToolBar*>()->isAncestorOf(focus));
+}
+
+void WindowTest::the_robots_names_have_a_dialog_once_it_is_opened()
+{
+    const Workbench workbench(DEVICE_PLUGIN_FILE);
+    const auto dialogs = [&workbench] { return workbench.window.findChildren<NamesDialog*>(); };
+    QVERIFY(dialogs().isEmpty());
+    auto* const entry = workbench.window.findChild<QAction*>("names");
+    entry->trigger();
+    QVERIFY(dialogs().size() == 1 && dialogs().first()->isVisible());
+    dialogs().first()->close();
+    entry->trigger();
+    QVERIFY(dialogs().size() == 1 && dialogs().first()->isVisible());
 }
 
 void WindowTest::quit_closes_the_window()
