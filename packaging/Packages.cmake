@@ -51,6 +51,11 @@ set(control "${CMAKE_CURRENT_BINARY_DIR}/control")
 file(WRITE "${control}/shlibs" "libplugin_framework ${QUANDREL_ABI} ${library_package} (>= ${PROJECT_VERSION})\n")
 file(WRITE "${control}/triggers" "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA "${control}/shlibs;${control}/triggers")
+file(WRITE "${control}/lintian-overrides" "# Beside the trigger CPack writes these scripts for every package with a library; they are harmless.
+${library_package}: maintscript-calls-ldconfig
+")
+install(FILES "${control}/lintian-overrides"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides" RENAME ${library_package} COMPONENT library)
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "framework of device plugins and their hosts
 What a host for device plugins and the plugins that it loads share: the
 base of the plugins' widgets, the values that pass between host and
