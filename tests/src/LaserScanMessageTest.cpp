@@ -134,6 +134,7 @@ class LaserScanMessageTest : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void it_lies_in_memory_as_plugins_were_built_to_read_it();
     void a_new_message_is_empty();
     void a_default_message_encodes_to_41_zero_bytes();
     void every_field_is_encoded_at_its_place();
@@ -156,6 +157,29 @@ private Q_SLOTS:
     void a_variant_gives_the_message_back_and_refuses_another_type();
     void the_virtual_operations_have_their_slots();
 };
+
+// Of the types that no exported function uses the layout is compared nowhere else.
+void LaserScanMessageTest::it_lies_in_memory_as_plugins_were_built_to_read_it()
+{
+    const LaserScanMessage scan;
+    const auto placeOf = [&scan](const auto& member) {
+        return reinterpret_cast<const char*>(&member) - reinterpret_cast<const char*>(&scan);
+    };
+    QCOMPARE(sizeof(Vector<float>), std::size_t{24});
+    QCOMPARE(sizeof(LaserScanMessage), std::size_t{128});
+    QCOMPARE(placeOf(scan.sequenceNumber), std::ptrdiff_t{8});
+    QCOMPARE(placeOf(scan.timeStamp), std::ptrdiff_t{12});
+    QCOMPARE(placeOf(scan.frameId), std::ptrdiff_t{16});
+    QCOMPARE(placeOf(scan.minimumAngle), std::ptrdiff_t{48});
+    QCOMPARE(placeOf(scan.maximumAngle), std::ptrdiff_t{52});
+    QCOMPARE(placeOf(scan.angleIncrement), std::ptrdiff_t{56});
+    QCOMPARE(placeOf(scan.timeIncrement), std::ptrdiff_t{60});
+    QCOMPARE(placeOf(scan.scanTime), std::ptrdiff_t{64});
+    QCOMPARE(placeOf(scan.minimumRange), std::ptrdiff_t{68});
+    QCOMPARE(placeOf(scan.maximumRange), std::ptrdiff_t{72});
+    QCOMPARE(placeOf(scan.ranges), std::ptrdiff_t{80});
+    QCOMPARE(placeOf(scan.intensities), std::ptrdiff_t{104});
+}
 
 void LaserScanMessageTest::a_new_message_is_empty()
 {
