@@ -1791,7 +1791,7 @@
 <context>
     <name>host::workbench::operation::ControlMenu</name>
     <message>
-        <source>&amp;Control</source>
+        <source>Con&amp;trol</source>
         <translation>&amp;Steuerung</translation>
     </message>
     <message>

@@ -40,7 +40,7 @@ void ControlMenu::changeEvent(QEvent* event)
 
 void ControlMenu::translate()
 {
-    setTitle(tr("&Control"));
+    setTitle(tr("Con&trol"));
     m_take->setText(tr("&Take control"));
     m_takeWhenFree->setText(tr("Take control when it is &free"));
     m_release->setText(tr("&Release control"));
