@@ -7,6 +7,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <limits>
 
 namespace rosbridge::bag {
 
@@ -39,6 +40,12 @@ QByteArray little(Number number)
 quint32 number(const QByteArray& bytes)
 {
     return bytes.size() >= 4 ? qFromLittleEndian<quint32>(bytes.constData()) : 0;
+}
+
+/// The seconds in the upper half, the nanoseconds in the lower.
+QByteArray asTime(quint64 time)
+{
+    return little(static_cast<quint32>(time >> 32)) + little(static_cast<quint32>(time));
 }
 
 QByteArray ofKind(char kind)
@@ -136,27 +143,17 @@ void BagRestorer::restoreChunk(const Record& record)
             m_connections.insert(number(found->header.value("conn")), bytes(found->at, found->end));
         at = found->end;
     }
-    if (!chunk.indices.isEmpty())
+    if (!chunk.indices.empty())
         writeChunk(chunk, record.dataAt, at);
 }
 
-void BagRestorer::readMessage(Chunk& chunk, const Record& message, qint64 chunkBegin)
+void BagRestorer::readMessage(Chunk& chunk, const Record& message, qint64 chunkBegin) const
 {
     const quint32 connection = number(message.header.value("conn"));
     const QByteArray time = message.header.value("time");
-    if (time.size() != 8 || !m_connections.contains(connection))
-        return;
-    const auto isBefore = [](const QByteArray& one, const QByteArray& other) {
-        return std::pair(number(one), number(one.mid(4))) <
-               std::pair(number(other), number(other.mid(4)));
-    };
-    if (chunk.first.isEmpty() || isBefore(time, chunk.first))
-        chunk.first = time;
-    if (chunk.last.isEmpty() || isBefore(chunk.last, time))
-        chunk.last = time;
-    Index& index = chunk.indices[connection];
-    ++index.count;
-    index.entries += time + little(static_cast<quint32>(message.at - chunkBegin));
+    if (time.size() == 8 && m_connections.contains(connection))
+        chunk.indices[connection].emplace(quint64{number(time)} << 32 | number(time.mid(4)),
+                                          static_cast<quint32>(message.at - chunkBegin));
 }
 
 void BagRestorer::writeChunk(const Chunk& chunk, qint64 at, qint64 end)
@@ -166,12 +163,16 @@ void BagRestorer::writeChunk(const Chunk& chunk, qint64 at, qint64 end)
                  {"compression", "none"},
                  {"size", little(static_cast<quint32>(data.size()))}},
                 data);
-    for (auto index = chunk.indices.cbegin(); index != chunk.indices.cend(); ++index)
+    for (const auto& [connection, index] : chunk.indices) {
+        QByteArray entries;
+        for (const auto& [time, offset] : index)
+            entries += asTime(time) + little(offset);
         writeRecord({{"op", ofKind(op::index)},
                      {"ver", little(quint32{1})},
-                     {"conn", little(index.key())},
-                     {"count", little(index->count)}},
-                    index->entries);
+                     {"conn", little(connection)},
+                     {"count", little(static_cast<quint32>(index.size()))}},
+                    entries);
+    }
     m_chunks.append(chunk);
 }
 
@@ -182,13 +183,18 @@ void BagRestorer::writeIndex()
         write(connection);
     for (const Chunk& chunk : std::as_const(m_chunks)) {
         QByteArray counts;
-        for (auto index = chunk.indices.cbegin(); index != chunk.indices.cend(); ++index)
-            counts += little(index.key()) + little(index->count);
+        quint64 first = std::numeric_limits<quint64>::max();
+        quint64 last = 0;
+        for (const auto& [connection, index] : chunk.indices) {
+            first = std::min(first, index.begin()->first);
+            last = std::max(last, index.rbegin()->first);
+            counts += little(connection) + little(static_cast<quint32>(index.size()));
+        }
         writeRecord({{"op", ofKind(op::chunkInfo)},
                      {"ver", little(quint32{1})},
                      {"chunk_pos", little(chunk.at)},
-                     {"start_time", chunk.first},
-                     {"end_time", chunk.last},
+                     {"start_time", asTime(first)},
+                     {"end_time", asTime(last)},
                      {"count", little(static_cast<quint32>(chunk.indices.size()))}},
                     counts);
     }

@@ -6,11 +6,11 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
-#include <QHash>
 #include <QMap>
 #include <QString>
 #include <QVector>
 
+#include <map>
 #include <optional>
 
 QT_BEGIN_NAMESPACE
@@ -43,19 +43,14 @@ private:
         bool hasNoData() const { return end == dataAt; }
     };
 
-    /// Of the messages of one connection in a chunk.
-    struct Index
-    {
-        quint32 count = 0;
-        QByteArray entries;
-    };
+    /// Where the messages of one connection begin in a chunk, by their times: the seconds in the
+    /// upper half, the nanoseconds in the lower.
+    using Index = std::multimap<quint64, quint32>;
 
     struct Chunk
     {
-        quint64 at = 0; // in the new file
-        QByteArray first;
-        QByteArray last; // times as the file has them
-        QMap<quint32, Index> indices;
+        quint64 at = 0;                   // in the new file
+        std::map<quint32, Index> indices; // by connection
     };
 
     BagRestorer(QFileDevice& from, QFileDevice& to) : m_from(from), m_to(to) {}
@@ -64,7 +59,7 @@ private:
     std::optional<Record> record(qint64 at);
     QByteArray bytes(qint64 at, qint64 end);
     void restoreChunk(const Record& chunk);
-    void readMessage(Chunk& chunk, const Record& message, qint64 chunkBegin);
+    void readMessage(Chunk& chunk, const Record& message, qint64 chunkBegin) const;
     void writeChunk(const Chunk& chunk, qint64 at, qint64 end);
     void writeIndex();
     void writeFileHeader(quint64 indexAt);

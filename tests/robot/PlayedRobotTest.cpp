@@ -123,6 +123,9 @@ void PlayedRobotTest::it_begins_when_somebody_subscribes_and_again_for_the_next(
     QTRY_VERIFY_WITH_TIMEOUT(scene.texts("/rosout", "msg").contains("the recording is over"),
                              patience);
     QVERIFY(scene.join());
+    scene.watcher->subscribe("/clock", "rosgraph_msgs/Clock");
+    // By now the robot has noticed that nobody hears its bag any more.
+    QTRY_VERIFY_WITH_TIMEOUT(scene.messages("/clock").size() >= 3, patience);
     scene.watcher->subscribe("/a", "std_msgs/String");
     QTRY_COMPARE_WITH_TIMEOUT(scene.texts("/a"), all, patience);
 }
