@@ -67,7 +67,7 @@ class DesktopTest(Installed):
 
     def test_each_manual_has_all_options_and_the_chapters_of_its_document(self):
         chapters = {"device-workbench": ["GETTING STARTED", "SEVERAL DEVICES", "FILES"],
-                    "quandrel-robot": ["OUTPUT AND EXIT STATUS", "AS A SERVICE"],
+                    "quandrel-robot": ["OUTPUT AND EXIT STATUS", "PLAYING A BAG", "AS A SERVICE"],
                     "workbench-tour": ["ARGUMENTS", "THE AUTOMATED TOUR"]}
         for program in self.programs:
             page = (self.usr / f"share/man/man1/{program}.1").read_text(encoding="utf-8")
@@ -95,7 +95,7 @@ class DesktopTest(Installed):
                 (("workbench-tour", "/"), [FILES, ""]),
                 (("workbench-tour", "--he"), ["--help"]),
                 (("quandrel-robot", "--address", ""), [""]),
-                (("quandrel-robot", "--p"), ["--port"])):
+                (("quandrel-robot", "--p"), ["--port --play"])):
             self.assertEqual(completed(*words), wanted, words)
 
 
