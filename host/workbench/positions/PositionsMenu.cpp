@@ -31,8 +31,7 @@ PositionsMenu::PositionsMenu(device::Device& device, QWidget* parent)
     : QMenu(parent),
       m_device(device),
       m_window(*parent),
-      m_history(device),
-      m_dialog(new ImportDialog(device, m_history, parent))
+      m_history(device)
 {
     setObjectName("positions");
     m_undo = addAction(QString(), &m_history.stack(), &QUndoStack::undo);
@@ -115,10 +114,11 @@ void PositionsMenu::offer(const QByteArray& table, const QString& source)
 {
     QString fault;
     const auto positions = fromTable(table, &fault);
-    if (positions)
-        m_dialog->offer(*positions, source);
-    else
-        Q_EMIT problem(tr("No positions were read from %1. %2").arg(source, fault));
+    if (!positions)
+        return Q_EMIT problem(tr("No positions were read from %1. %2").arg(source, fault));
+    if (!m_dialog)
+        m_dialog = new ImportDialog(m_device, m_history, &m_window);
+    m_dialog->offer(*positions, source);
 }
 
 void PositionsMenu::refresh()

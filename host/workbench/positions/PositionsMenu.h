@@ -44,7 +44,7 @@ private:
     device::Device& m_device;
     QWidget& m_window;
     PositionHistory m_history;
-    ImportDialog* m_dialog;
+    ImportDialog* m_dialog = nullptr; // until something is to be imported
     QAction* m_undo;
     QAction* m_redo;
     QAction* m_copy;
