@@ -9,6 +9,7 @@
 #include "robot/network/Parameters.h"
 #include "robot/network/RobotLimits.h"
 #include "robot/network/RosApi.h"
+#include "robot/network/TypeDefinitions.h"
 #include "rosbridge/protocol/Codec.h"
 #include "rosbridge/server/Conversation.h"
 #include "rosbridge/server/Publication.h"
@@ -78,7 +79,8 @@ private:
                 QString()};
     }
 
-    RosApi api{topics, services, Parameters({{QStringLiteral("/use_sim_time"), true}})};
+    TypeDefinitions types;
+    RosApi api{topics, services, types, Parameters({{QStringLiteral("/use_sim_time"), true}})};
 };
 
 /// Counts what the robot sends, and requires that a client can make sense of it.
