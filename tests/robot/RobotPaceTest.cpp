@@ -120,7 +120,8 @@ void RobotPaceTest::the_first_client_gets_the_usual_rate()
     const QVector<QCborMap>& times = first->messages[topic];
     const QLatin1String clock("clock");
     const double span = timeIn(times.at(29).value(clock)) - timeIn(times.at(0).value(clock));
-    QVERIFY2(span < 1000, qPrintable(QString::number(span))); // 290 where the machine is free
+    // 290 where the machine is free, and 50 times as much at the pace without clients.
+    QVERIFY2(span < 7000, qPrintable(QString::number(span)));
 }
 
 void RobotPaceTest::it_goes_on_while_clients_come_and_go()
