@@ -56,6 +56,7 @@ std::vector<Position> storedPositions(const Variables& variables)
     const int count =
         std::clamp(variables.value(VariableKind::Config, "num_pos").toInt(), 0, mostPositions);
     std::vector<Position> positions;
+    positions.reserve(static_cast<std::size_t>(count));
     for (int row = 0; row < count; ++row)
         positions.push_back(storedPosition(variables, static_cast<std::size_t>(row)));
     return positions;

@@ -37,7 +37,7 @@ QString frameworkVersion(const QString& file)
 {
     for (const QByteArray& library : neededLibraries(file)) {
         if (library.startsWith(frameworkName))
-            return QString::fromLocal8Bit(library.mid(qstrlen(frameworkName)));
+            return QString::fromLocal8Bit(library.mid(static_cast<int>(qstrlen(frameworkName))));
     }
     return {};
 }
