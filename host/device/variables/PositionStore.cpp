@@ -3,6 +3,7 @@
 
 #include "host/device/variables/PositionStore.h"
 
+#include "host/device/variables/Positions.h"
 #include "olm/core/Vector.h"
 
 #include <string>
@@ -28,32 +29,22 @@ QString PositionStore::add(const readers::ArmPose::Axes& pose)
             .arg(maximum);
 
     const auto previous = read("pos" + std::to_string(count - 1)).get<olm::core::Vector<float>>();
-    olm::core::Vector<float> values(2 * readers::ArmPose::axisCount);
-    for (int axis = 0; axis < readers::ArmPose::axisCount; ++axis) {
-        const int speed = 2 * axis + 1;
-        values[2 * axis] = pose.at(static_cast<std::size_t>(axis));
-        values[speed] = speed < static_cast<int>(previous.size())
-                            ? static_cast<const olm::core::Vector<float>&>(previous)[speed]
-                            : usualSpeed;
-    }
-    const std::string name = "pos" + std::to_string(count);
-    const std::string title = "Pos" + std::to_string(count + 1);
+    Position position{QStringLiteral("Pos%1").arg(count + 1), {}};
+    int speed = 1; // in the numbers of the previous one
+    for (std::size_t axis = 0; axis < pose.size(); ++axis, speed += 2)
+        position.axes.at(axis) = {pose.at(axis), speed < static_cast<int>(previous.size())
+                                                     ? previous[speed]
+                                                     : usualSpeed};
     m_host.beginTransaction(tr("Store the arm's position"));
-    write(name, values);
-    write(name + "_name", title);
-    write("num_pos", count + 1);
+    storePosition(m_host, count, position);
+    m_host.write(VariableKind::Config, "num_pos", count + 1);
     m_host.endTransaction();
-    return tr("The arm's position was stored as %1.").arg(QString::fromStdString(title));
+    return tr("The arm's position was stored as %1.").arg(position.name);
 }
 
 Variant PositionStore::read(const std::string& name) const
 {
     return m_host.read(VariableKind::Config, name.c_str());
-}
-
-void PositionStore::write(const std::string& name, const Variant& value)
-{
-    m_host.write(VariableKind::Config, name.c_str(), value);
 }
 
 } // namespace host::device::variables

@@ -27,7 +27,6 @@ public:
 
 private:
     olm::core::variant::Variant read(const std::string& name) const;
-    void write(const std::string& name, const olm::core::variant::Variant& value);
 
     plugin::gui::DeviceHost& m_host;
 };

@@ -18,17 +18,17 @@ namespace {
 
 constexpr int mostPositions = 1000;
 
-std::string valuesName(std::size_t row)
+std::string valuesName(int row)
 {
     return "pos" + std::to_string(row);
 }
 
-std::string titleName(std::size_t row)
+std::string titleName(int row)
 {
     return valuesName(row) + "_name";
 }
 
-Position storedPosition(const Variables& variables, std::size_t row)
+Position storedPosition(const Variables& variables, int row)
 {
     Position position;
     position.name =
@@ -58,25 +58,29 @@ std::vector<Position> storedPositions(const Variables& variables)
     std::vector<Position> positions;
     positions.reserve(static_cast<std::size_t>(count));
     for (int row = 0; row < count; ++row)
-        positions.push_back(storedPosition(variables, static_cast<std::size_t>(row)));
+        positions.push_back(storedPosition(variables, row));
     return positions;
+}
+
+void storePosition(plugin::gui::DeviceHost& host, int row, const Position& position)
+{
+    olm::core::Vector<float> numbers;
+    for (const Position::Axis& axis : position.axes) {
+        numbers.append(axis.target);
+        numbers.append(axis.speed);
+    }
+    host.write(VariableKind::Config, valuesName(row).c_str(), numbers);
+    host.write(VariableKind::Config, titleName(row).c_str(), toLatin1(position.name));
 }
 
 void storePositions(plugin::gui::DeviceHost& host, const std::vector<Position>& positions,
                     const QString& title)
 {
     host.beginTransaction(title);
-    for (std::size_t row = 0; row < positions.size(); ++row) {
-        const Position& position = positions[row];
-        olm::core::Vector<float> numbers;
-        for (const Position::Axis& axis : position.axes) {
-            numbers.append(axis.target);
-            numbers.append(axis.speed);
-        }
-        host.write(VariableKind::Config, valuesName(row).c_str(), numbers);
-        host.write(VariableKind::Config, titleName(row).c_str(), toLatin1(position.name));
-    }
-    host.write(VariableKind::Config, "num_pos", static_cast<int>(positions.size()));
+    int row = 0;
+    for (const Position& position : positions)
+        storePosition(host, row++, position);
+    host.write(VariableKind::Config, "num_pos", row);
     host.endTransaction();
 }
 

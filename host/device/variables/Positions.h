@@ -46,8 +46,10 @@ bool isOfPositions(const std::string& name);
 /// number may be set by hand.
 std::vector<Position> storedPositions(const Variables& variables);
 
+/// Has @p host store @p position as number @p row, counted from 0. Its name becomes Latin-1.
+void storePosition(plugin::gui::DeviceHost& host, int row, const Position& position);
+
 /// Has @p host store @p positions in place of those there are, in one transaction called @p title.
-/// Names become Latin-1.
 void storePositions(plugin::gui::DeviceHost& host, const std::vector<Position>& positions,
                     const QString& title);
 

@@ -17,22 +17,13 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace host::workbench::positions {
 
 using device::variables::Position;
-using device::variables::storedPositions;
 using ::plugin::gui::VariableKind;
 using values::floatText;
 
 namespace {
-
-enum Way
-{
-    Replace,
-    Add,
-};
 
 enum Column
 {
@@ -100,7 +91,7 @@ ImportDialog::ImportDialog(device::Device& device, const PositionHistory& histor
     translate();
 }
 
-void ImportDialog::offer(const Positions& positions, const QString& source)
+void ImportDialog::offer(const ImportPlan::Positions& positions, const QString& source)
 {
     m_offered = positions;
     m_source = source;
@@ -122,8 +113,9 @@ void ImportDialog::translate()
     setWindowTitle(tr("Import positions of %1").arg(m_device.name()));
     m_words->setText(tr("Positions from %1").arg(values::shortened(m_source)));
     m_way->setAccessibleName(tr("What becomes of the stored positions"));
-    m_way->setItemText(Replace, tr("Replace the stored positions"));
-    m_way->setItemText(Add, tr("Add to the stored positions"));
+    m_way->setItemText(static_cast<int>(ImportPlan::Way::Replace),
+                       tr("Replace the stored positions"));
+    m_way->setItemText(static_cast<int>(ImportPlan::Way::Add), tr("Add to the stored positions"));
     m_table->setAccessibleName(tr("What changes"));
     QStringList titles{tr("Change"), tr("Name")};
     for (int axis = 1; axis <= device::readers::ArmPose::axisCount; ++axis)
@@ -133,59 +125,59 @@ void ImportDialog::translate()
     refresh();
 }
 
-ImportDialog::Positions ImportDialog::result(const Positions& present) const
+ImportPlan ImportDialog::plan() const
 {
-    if (m_way->currentIndex() == Replace)
-        return m_offered;
-    Positions both = present;
-    both.insert(both.end(), m_offered.begin(), m_offered.end());
-    return both;
+    return {device::variables::storedPositions(m_device.variables()), m_offered,
+            static_cast<ImportPlan::Way>(m_way->currentIndex()),
+            m_device.read(VariableKind::Config, "num_pos_max").toInt()};
+}
+
+QString ImportDialog::inWords(ImportPlan::Change change)
+{
+    switch (change) {
+    case ImportPlan::Change::Added:
+        return tr("added");
+    case ImportPlan::Change::Removed:
+        return tr("removed");
+    case ImportPlan::Change::Changed:
+        return tr("changed");
+    default:
+        return {};
+    }
 }
 
 void ImportDialog::refresh()
 {
-    const Positions before = storedPositions(m_device.variables());
-    const Positions after = result(before);
-    const int rows = static_cast<int>(std::max(before.size(), after.size()));
-    m_table->setRowCount(rows);
-    for (int row = 0; row < rows; ++row) {
-        const auto place = static_cast<std::size_t>(row);
-        const bool isAdded = place >= before.size();
-        const bool isRemoved = place >= after.size();
-        const Position& last = isRemoved ? before[place] : after[place];
-        const Position& first = isAdded ? last : before[place];
-        const QString change = isAdded         ? tr("added")
-                               : isRemoved     ? tr("removed")
-                               : first == last ? QString()
-                                               : tr("changed");
-        m_table->setItem(row, ChangeColumn, new QTableWidgetItem(change));
+    const ImportPlan plan = this->plan();
+    m_table->setRowCount(plan.rowCount());
+    for (int row = 0; row < plan.rowCount(); ++row) {
+        const ImportPlan::Change change = plan.change(row);
+        m_table->setItem(row, ChangeColumn, new QTableWidgetItem(inWords(change)));
         for (int column = NameColumn; column < ColumnCount; ++column) {
-            const QString was = cellText(first, column);
-            const QString will = cellText(last, column);
+            const QString was = cellText(plan.before(row), column);
+            const QString will = cellText(plan.after(row), column);
             auto* item = new QTableWidgetItem(was == will ? will : was + " → " + will);
             QFont font = item->font();
-            font.setBold(isAdded || was != will);
-            font.setStrikeOut(isRemoved);
+            font.setBold(change == ImportPlan::Change::Added || was != will);
+            font.setStrikeOut(change == ImportPlan::Change::Removed);
             item->setFont(font);
             m_table->setItem(row, column, item);
         }
     }
     m_table->resizeColumnsToContents();
 
-    const int room = m_device.read(VariableKind::Config, "num_pos_max").toInt();
-    const bool hasRoom = static_cast<int>(after.size()) <= room;
-    m_problem->setText(!hasRoom ? tr("These would be %1 positions; the device has room for %2.")
-                                      .arg(after.size())
-                                      .arg(room)
-                       : after == before ? tr("Nothing would change.")
-                                         : QString());
-    m_import->setEnabled(hasRoom && after != before);
+    m_problem->setText(!plan.hasRoom()
+                           ? tr("These would be %1 positions; the device has room for %2.")
+                                 .arg(plan.result().size())
+                                 .arg(plan.room())
+                       : !plan.changesAnything() ? tr("Nothing would change.")
+                                                 : QString());
+    m_import->setEnabled(plan.hasRoom() && plan.changesAnything());
 }
 
 void ImportDialog::import()
 {
-    device::variables::storePositions(m_device, result(storedPositions(m_device.variables())),
-                                      tr("Import positions"));
+    device::variables::storePositions(m_device, plan().result(), tr("Import positions"));
     close();
 }
 

@@ -4,7 +4,7 @@
 #ifndef HOST_WORKBENCH_POSITIONS_IMPORTDIALOG_H
 #define HOST_WORKBENCH_POSITIONS_IMPORTDIALOG_H
 
-#include "host/device/variables/Positions.h"
+#include "host/workbench/positions/ImportPlan.h"
 
 #include <QDialog>
 
@@ -32,21 +32,20 @@ public:
     ImportDialog(device::Device& device, const PositionHistory& history, QWidget* parent);
 
     /// Opens the dialog for @p positions; @p source is where they come from, in words.
-    void offer(const std::vector<device::variables::Position>& positions, const QString& source);
+    void offer(const ImportPlan::Positions& positions, const QString& source);
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    using Positions = std::vector<device::variables::Position>;
-
-    Positions result(const Positions& present) const;
+    ImportPlan plan() const;
+    static QString inWords(ImportPlan::Change change);
     void translate();
     void refresh();
     void import();
 
     device::Device& m_device;
-    Positions m_offered;
+    ImportPlan::Positions m_offered;
     QString m_source;
     QLabel* m_words;
     QComboBox* m_way;
