@@ -4,6 +4,7 @@
 #include "rosbridge/bag/BagReader.h"
 
 #include "rosbridge/bag/BagRestorer.h"
+#include "rosbridge/bag/RosConversions.h"
 #include "rosbridge/protocol/CanonicalName.h"
 #include "rosbridge/protocol/Codec.h"
 
@@ -14,33 +15,11 @@
 #include <rosbag/bag.h>
 #include <rosbag/view.h>
 
-#include <algorithm>
 #include <unordered_map>
 
 namespace rosbridge::bag {
 
 namespace {
-
-using Time = BagReader::Time;
-
-/// What rosbag can tell apart.
-ros::Time toRos(Time time)
-{
-    const Time within = std::clamp(time, Time(1), Time(std::chrono::seconds(ros::TIME_MAX.sec)));
-    ros::Time result;
-    result.fromNSec(static_cast<std::uint64_t>(within.count()));
-    return result;
-}
-
-Time fromRos(const ros::Time& time)
-{
-    return Time(static_cast<Time::rep>(time.toNSec()));
-}
-
-QString inWords(const std::exception& exception)
-{
-    return QString::fromLocal8Bit(exception.what()).trimmed();
-}
 
 bool isLatching(const rosbag::ConnectionInfo& connection)
 {

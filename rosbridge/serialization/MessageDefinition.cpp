@@ -6,6 +6,7 @@
 #include "rosbridge/protocol/CanonicalName.h"
 #include "rosbridge/protocol/Codec.h"
 
+#include <QCryptographicHash>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -93,6 +94,42 @@ std::optional<MessageDefinition> MessageDefinition::parse(const QString& type,
     if (error)
         *error = tr("the definition of \"%1\" cannot be used: %2").arg(type, why);
     return std::nullopt;
+}
+
+QStringList MessageDefinition::typesIn(const QString& type, const QString& text)
+{
+    Type parsed;
+    parsed.name = canonicalType(type);
+    QString why;
+    const QStringList lines = text.split(u'\n');
+    for (const QString& line : lines) {
+        if (!readLine(parsed, line.trimmed(), &why))
+            return {};
+    }
+    QStringList types;
+    for (const Field& field : parsed.fields) {
+        if (field.kind == Kind::Message && !types.contains(field.type))
+            types.append(field.type);
+    }
+    return types;
+}
+
+/// Of the constants, then of the fields, where the sum of a message stands for its type.
+QByteArray MessageDefinition::checksum(const Type& type) const
+{
+    QStringList lines = type.constants;
+    for (const Field& field : type.fields) {
+        QString of = field.type;
+        if (field.kind == Kind::Message)
+            of = QString::fromLatin1(checksum(this->type(field)));
+        else if (field.arrayLength == anyLength)
+            of += QStringLiteral("[]");
+        else if (field.arrayLength != noArray)
+            of += QStringLiteral("[%1]").arg(field.arrayLength);
+        lines.append(of + u' ' + field.name);
+    }
+    const QByteArray text = lines.join(u'\n').toUtf8();
+    return QCryptographicHash::hash(text, QCryptographicHash::Md5).toHex();
 }
 
 bool MessageDefinition::readLine(Type& type, const QString& line, QString* why)

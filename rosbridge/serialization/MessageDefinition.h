@@ -4,6 +4,7 @@
 #ifndef ROSBRIDGE_SERIALIZATION_MESSAGEDEFINITION_H
 #define ROSBRIDGE_SERIALIZATION_MESSAGEDEFINITION_H
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QHash>
 #include <QString>
@@ -66,6 +67,13 @@ public:
     static std::optional<MessageDefinition> parse(const QString& type, const QString& fullText,
                                                   QString* error);
 
+    /// The other types that one definition alone, without those that it needs, names, each once.
+    /// Empty as well if something is wrong with it.
+    static QStringList typesIn(const QString& type, const QString& text);
+
+    /// By which ROS compares definitions: their MD5 sum, in hexadecimal digits.
+    QByteArray checksum() const { return checksum(root()); }
+
     /// The message's own type.
     const Type& root() const { return m_types.front(); }
     /// That of a field of Kind::Message.
@@ -80,6 +88,7 @@ private:
     static bool readLine(Type& type, const QString& line, QString* why);
     bool resolve(const QHash<QString, std::size_t>& indices, QString* why);
     bool measure(std::size_t index, int depth, std::vector<int>& heights, QString* why);
+    QByteArray checksum(const Type& type) const;
 
     std::vector<Type> m_types;
 };

@@ -119,6 +119,7 @@ void EndpointTest::a_slow_reader_loses_messages_of_topics_and_disturbs_nobody()
     lazy.beginToRead();
     QTRY_VERIFY_WITH_TIMEOUT(lazy.hasReceived("reads too slowly"), patience);
     QTRY_VERIFY_WITH_TIMEOUT(lazy.hasReceived("\"last\""), patience);
+    QCOMPARE(int(lazy.received().count("reads too slowly")), 1);
 }
 
 void EndpointTest::a_client_that_reads_no_answers_is_cut_off()

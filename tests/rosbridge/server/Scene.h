@@ -70,10 +70,12 @@ public:
 
     void beginToRead() { socket.setReadBufferSize(0); }
 
-    bool hasReceived(const QByteArray& text)
+    bool hasReceived(const QByteArray& text) { return received().contains(text); }
+
+    const QByteArray& received()
     {
         m_received += socket.readAll();
-        return m_received.contains(text);
+        return m_received;
     }
 
     QTcpSocket socket;
