@@ -83,5 +83,5 @@ endfunction()
 # No display, no user settings, and plain C sorting and numbers unless a test sets its own.
 function(quandrel_test_environment)
   set_tests_properties(${ARGN} PROPERTIES ENVIRONMENT
-    "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;XDG_DATA_HOME=${CMAKE_CURRENT_BINARY_DIR}/xdg/data;XDG_STATE_HOME=${CMAKE_CURRENT_BINARY_DIR}/xdg/state;XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/xdg/config;ASAN_OPTIONS=detect_leaks=1:quarantine_size_mb=64;UBSAN_OPTIONS=print_stacktrace=1")
+    "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;XDG_DATA_HOME=${CMAKE_CURRENT_BINARY_DIR}/xdg/data;XDG_STATE_HOME=${CMAKE_CURRENT_BINARY_DIR}/xdg/state;XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/xdg/config;ASAN_OPTIONS=detect_leaks=1:quarantine_size_mb=64;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
 
 # Sanitizers, and the libFuzzer targets that run under them:
-#   cmake --preset asan && cmake --build --preset asan --target fuzz && ctest --preset asan -L fuzz
+#   cmake --preset qt5-asan && cmake --build --preset qt5-asan --target fuzz && ctest --preset qt5-asan -L fuzz
 include_guard()
 
 option(QUANDREL_SANITIZERS "Build with sanitizers, and the fuzz targets (clang only)" OFF)
@@ -10,7 +10,7 @@ if(NOT QUANDREL_SANITIZERS)
   return()
 endif()
 if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-  message(FATAL_ERROR "QUANDREL_SANITIZERS needs clang: use the preset asan.")
+  message(FATAL_ERROR "QUANDREL_SANITIZERS needs clang: use the preset qt5-asan.")
 endif()
 
 # The code under test must be built for it, or the fuzzer does not see which way it goes.
