@@ -518,6 +518,151 @@
     </message>
 </context>
 <context>
+    <name>host::device::recording::BagThread</name>
+    <message>
+        <source>the disk is too slow: %1 wait to be written</source>
+        <translation>Der Datenträger ist zu langsam: %1 warten darauf, geschrieben zu werden</translation>
+    </message>
+    <message>
+        <source>%1 is not recorded any more: its type was %2 and is %3 now.</source>
+        <translation>%1 wird nicht mehr aufgezeichnet: Sein Typ war %2 und ist jetzt %3.</translation>
+    </message>
+    <message>
+        <source>A message of %1 is not recorded: %2.</source>
+        <translation>Eine Nachricht von %1 wird nicht aufgezeichnet: %2.</translation>
+    </message>
+    <message>
+        <source>this program has no definition of its type, %1</source>
+        <translation>dieses Programm kennt die Definition seines Typs %1 nicht</translation>
+    </message>
+    <message>
+        <source>%1 is not recorded: %2.</source>
+        <translation>%1 wird nicht aufgezeichnet: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::recording::CallText</name>
+    <message>
+        <source>a call has no number</source>
+        <translation>ein Aufruf hat keine Nummer</translation>
+    </message>
+    <message>
+        <source>the call %1 has no function or no arguments</source>
+        <translation>der Aufruf %1 hat keine Funktion oder keine Argumente</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::recording::InitialState</name>
+    <message>
+        <source>its calls are of the format %1, and this program reads %2</source>
+        <translation>ihre Aufrufe haben das Format %1, und dieses Programm liest %2</translation>
+    </message>
+    <message>
+        <source>a variable has no kind</source>
+        <translation>eine Variable hat keine Art</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::recording::Recorder</name>
+    <message>
+        <source>The recording has ended: %1. All that was recorded until then is in %2.</source>
+        <translation>Die Aufzeichnung ist zu Ende: %1. Alles, was bis dahin aufgezeichnet wurde, ist in %2.</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::recording::ValueJson</name>
+    <message>
+        <source>a value is not of the type &quot;%1&quot; that it names</source>
+        <translation>ein Wert ist nicht von dem Typ „%1“, den er nennt</translation>
+    </message>
+    <message>
+        <source>a value has no type that this program knows: &quot;%1&quot;</source>
+        <translation>ein Wert hat keinen Typ, den dieses Programm kennt: „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::replay::Conversation</name>
+    <message>
+        <source>there is no conversation with a plugin in it</source>
+        <translation>sie enthält kein Gespräch mit einem Plugin</translation>
+    </message>
+    <message>
+        <source>the call %1 names arguments that are not those before it</source>
+        <translation>der Aufruf %1 nennt Argumente, die nicht die vor ihm sind</translation>
+    </message>
+    <message>
+        <source>the call %1 ends and had not begun</source>
+        <translation>der Aufruf %1 endet und hatte nicht begonnen</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::replay::Player</name>
+    <message>
+        <source>  the plugin did not call
+    %1</source>
+        <translation>  das Plugin rief nicht auf
+    %1</translation>
+    </message>
+    <message>
+        <source>%1 s, call %2: %3</source>
+        <translation>%1 s, Aufruf %2: %3</translation>
+    </message>
+    <message>
+        <source>  there is no widget %1 that it could be played to</source>
+        <translation>  es gibt kein Widget %1, dem er gelten könnte</translation>
+    </message>
+    <message>
+        <source>  this host has no such function</source>
+        <translation>  dieser Host hat keine solche Funktion</translation>
+    </message>
+    <message>
+        <source>  the plugin called
+    %1
+  and did not when it was recorded</source>
+        <translation>  das Plugin rief auf
+    %1
+  und tat das bei der Aufzeichnung nicht</translation>
+    </message>
+    <message>
+        <source>  the plugin called
+    %1
+  and recorded is
+    %2</source>
+        <translation>  das Plugin rief auf
+    %1
+  und aufgezeichnet ist
+    %2</translation>
+    </message>
+    <message>
+        <source>  the plugin threw an exception, and did not when it was recorded</source>
+        <translation>  das Plugin warf eine Ausnahme und tat das bei der Aufzeichnung nicht</translation>
+    </message>
+    <message>
+        <source>  the plugin threw an exception when it was recorded, and now did not</source>
+        <translation>  das Plugin warf bei der Aufzeichnung eine Ausnahme und tat das jetzt nicht</translation>
+    </message>
+    <message>
+        <source>  the plugin made &quot;%1&quot;, and recorded is &quot;%2&quot;</source>
+        <translation>  das Plugin baute „%1“, und aufgezeichnet ist „%2“</translation>
+    </message>
+    <message>
+        <source>Call %1, %2 s after the beginning: %3</source>
+        <translation>Aufruf %1, %2 s nach dem Anfang: %3</translation>
+    </message>
+    <message>
+        <source>Before that, in the same call:</source>
+        <translation>Davor im selben Aufruf:</translation>
+    </message>
+    <message>
+        <source>Recorded from there on:</source>
+        <translation>Von da an ist aufgezeichnet:</translation>
+    </message>
+    <message>
+        <source>Calls before it:</source>
+        <translation>Aufrufe davor:</translation>
+    </message>
+</context>
+<context>
     <name>host::device::trace::Traffic</name>
     <message>
         <source>%L1 bytes, which are too many to keep</source>
@@ -610,306 +755,18 @@
     </message>
 </context>
 <context>
-    <name>host::tour::Operator</name>
-    <message>
-        <source>making the folder</source>
-        <translation>Anlegen des Ordners</translation>
-    </message>
-    <message>
-        <source>showing the window</source>
-        <translation>Zeigen des Fensters</translation>
-    </message>
-    <message>
-        <source>the plugin&apos;s tool bar has no connect button or no address field</source>
-        <translation>der Werkzeugleiste des Plugins fehlt der Verbindungsknopf oder das Adressfeld</translation>
-    </message>
-    <message>
-        <source>the plugin&apos;s dialog has no such tab</source>
-        <translation>der Dialog des Plugins hat keinen solchen Reiter</translation>
-    </message>
-    <message>
-        <source>the tab does not open</source>
-        <translation>der Reiter geht nicht auf</translation>
-    </message>
-    <message>
-        <source>the address field stays disabled</source>
-        <translation>das Adressfeld bleibt gesperrt</translation>
-    </message>
-    <message>
-        <source>the address field does not accept the keys: it contains &quot;%1&quot;</source>
-        <translation>das Adressfeld nimmt die Tasten nicht an: darin steht „%1“</translation>
-    </message>
-    <message>
-        <source>it takes too long: %1</source>
-        <translation>es dauert zu lange: %1</translation>
-    </message>
-    <message>
-        <source>no menu and no dialog appears</source>
-        <translation>es erscheint weder ein Menü noch ein Dialog</translation>
-    </message>
-    <message>
-        <source>the window does not appear on the screen</source>
-        <translation>das Fenster erscheint nicht auf dem Bildschirm</translation>
-    </message>
-    <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
-        <source>it was interrupted.</source>
-        <translation>sie wurde unterbrochen.</translation>
-    </message>
-    <message>
-        <source>The tour ended at &quot;%1&quot;: %2</source>
-        <translation>Die Tour endete bei „%1“: %2</translation>
-    </message>
-    <message>
-        <source>the dock does not show the robot</source>
-        <translation>der Bereich zeigt den Roboter nicht</translation>
-    </message>
-    <message>
-        <source>%1 is not a folder, and none can be made there</source>
-        <translation>%1 ist kein Ordner, und dort kann keiner angelegt werden</translation>
-    </message>
-</context>
-<context>
-    <name>host::tour::PluginTour</name>
-    <message>
-        <source>connecting</source>
-        <translation>Verbinden</translation>
-    </message>
-    <message>
-        <source>being connected</source>
-        <translation>Aufbau der Verbindung</translation>
-    </message>
-    <message>
-        <source>it takes too long: %1</source>
-        <translation>es dauert zu lange: %1</translation>
-    </message>
-    <message>
-        <source>showing the base tab</source>
-        <translation>Zeigen des Reiters „Basis“</translation>
-    </message>
-    <message>
-        <source>the tab has no check box for the drive system</source>
-        <translation>der Reiter hat kein Ankreuzfeld für den Antrieb</translation>
-    </message>
-    <message>
-        <source>no frames arrive</source>
-        <translation>es kommen keine Bilder an</translation>
-    </message>
-    <message>
-        <source>the robot says nothing about its drive system</source>
-        <translation>der Roboter sagt nichts über seinen Antrieb</translation>
-    </message>
-    <message>
-        <source>showing the laser tab</source>
-        <translation>Zeigen des Reiters „Laserscanner“</translation>
-    </message>
-    <message>
-        <source>the tab does not show the values of a scan</source>
-        <translation>der Reiter zeigt die Werte eines Scans nicht</translation>
-    </message>
-    <message>
-        <source>no scans arrive</source>
-        <translation>es kommen keine Scans an</translation>
-    </message>
-    <message>
-        <source>replaying a recording</source>
-        <translation>Abspielen einer Aufzeichnung</translation>
-    </message>
-    <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
-        <source>showing the manipulator tab</source>
-        <translation>Zeigen des Reiters „Manipulator“</translation>
-    </message>
-    <message>
-        <source>the tab has no table of positions</source>
-        <translation>der Reiter hat keine Tabelle der Positionen</translation>
-    </message>
-    <message>
-        <source>the table has fewer than two positions</source>
-        <translation>die Tabelle hat weniger als zwei Positionen</translation>
-    </message>
-    <message>
-        <source>editing a position</source>
-        <translation>Bearbeiten einer Position</translation>
-    </message>
-    <message>
-        <source>the cell cannot be edited</source>
-        <translation>die Zelle lässt sich nicht bearbeiten</translation>
-    </message>
-    <message>
-        <source>the cell stays in edit mode</source>
-        <translation>die Zelle bleibt in Bearbeitung</translation>
-    </message>
-    <message>
-        <source>changing a speed</source>
-        <translation>Ändern einer Geschwindigkeit</translation>
-    </message>
-    <message>
-        <source>filling the table of positions</source>
-        <translation>Füllen der Tabelle der Positionen</translation>
-    </message>
-    <message>
-        <source>no position is added to the %1 there are</source>
-        <translation>zu den %1 Positionen kommt keine hinzu</translation>
-    </message>
-    <message>
-        <source>disconnecting</source>
-        <translation>Trennen</translation>
-    </message>
-    <message>
-        <source>being refused</source>
-        <translation>Abgewiesenwerden</translation>
-    </message>
-    <message>
-        <source>the tab has no address field</source>
-        <translation>der Reiter hat kein Adressfeld</translation>
-    </message>
-    <message>
-        <source>the tab&apos;s address field stays at &quot;%1&quot;</source>
-        <translation>das Adressfeld des Reiters bleibt bei „%1“</translation>
-    </message>
-    <message>
-        <source>the robot does not say who controls it</source>
-        <translation>der Roboter sagt nicht, wer ihn steuert</translation>
-    </message>
-    <message>
-        <source>the tab does not say that nothing answers</source>
-        <translation>der Reiter sagt nicht, dass nichts antwortet</translation>
-    </message>
-</context>
-<context>
-    <name>host::tour::Tour</name>
-    <message>
-        <source>showing a missing plugin</source>
-        <translation>Zeigen eines fehlenden Plugins</translation>
-    </message>
-    <message>
-        <source>the plugin was found</source>
-        <translation>das Plugin wurde gefunden</translation>
-    </message>
-    <message>
-        <source>Takes an automated tour of the workbench and writes pictures of it. Needs no display. Stored settings are neither read nor changed.</source>
-        <translation>Führt automatisch durch die Geräte-Werkbank und schreibt Bilder davon. Braucht keine Anzeige. Gespeicherte Einstellungen werden weder gelesen noch geändert.</translation>
-    </message>
-    <message>
-        <source>Folder for the pictures, made where it is missing.</source>
-        <translation>Ordner für die Bilder; wird angelegt, wenn er fehlt.</translation>
-    </message>
-</context>
-<context>
-    <name>host::tour::WorkbenchTour</name>
-    <message>
-        <source>connecting again</source>
-        <translation>erneutes Verbinden</translation>
-    </message>
-    <message>
-        <source>asking for help</source>
-        <translation>Aufrufen der Hilfe</translation>
-    </message>
-    <message>
-        <source>there is no help</source>
-        <translation>es gibt keine Hilfe</translation>
-    </message>
-    <message>
-        <source>the menu does not open it</source>
-        <translation>das Menü öffnet sie nicht</translation>
-    </message>
-    <message>
-        <source>watching the variables</source>
-        <translation>Beobachten der Variablen</translation>
-    </message>
-    <message>
-        <source>there is no such dock</source>
-        <translation>es gibt keinen solchen Bereich</translation>
-    </message>
-    <message>
-        <source>it is empty</source>
-        <translation>er ist leer</translation>
-    </message>
-    <message>
-        <source>watching the calls</source>
-        <translation>Beobachten der Aufrufe</translation>
-    </message>
-    <message>
-        <source>showing two devices</source>
-        <translation>Zeigen zweier Geräte</translation>
-    </message>
-    <message>
-        <source>Robot in the hall</source>
-        <translation>Roboter in der Halle</translation>
-    </message>
-    <message>
-        <source>Robot in the yard</source>
-        <translation>Roboter im Hof</translation>
-    </message>
-    <message>
-        <source>no menu has &quot;%1&quot;</source>
-        <translation>kein Menü enthält „%1“</translation>
-    </message>
-    <message>
-        <source>following the robot</source>
-        <translation>Folgen des Roboters</translation>
-    </message>
-    <message>
-        <source>looking at the robot&apos;s names</source>
-        <translation>Ansehen der Namen des Roboters</translation>
-    </message>
-    <message>
-        <source>there is no such fault</source>
-        <translation>es gibt keine solche Störung</translation>
-    </message>
-    <message>
-        <source>injecting faults</source>
-        <translation>Fehler auslösen</translation>
-    </message>
-    <message>
-        <source>looking through the camera</source>
-        <translation>Blick durch die Kamera</translation>
-    </message>
-    <message>
-        <source>looking at the arm</source>
-        <translation>Blick auf den Arm</translation>
-    </message>
-    <message>
-        <source>no target can be entered</source>
-        <translation>kein Ziel lässt sich eingeben</translation>
-    </message>
-    <message>
-        <source>the target is not shown</source>
-        <translation>das Ziel wird nicht gezeigt</translation>
-    </message>
-    <message>
-        <source>looking at the events</source>
-        <translation>Blick auf die Ereignisse</translation>
-    </message>
-    <message>
-        <source>driving the robot</source>
-        <translation>Fahren des Roboters</translation>
-    </message>
-    <message>
-        <source>plotting the robot&apos;s way</source>
-        <translation>Aufzeichnen des Wegs</translation>
-    </message>
-    <message>
-        <source>the robot does not move</source>
-        <translation>der Roboter bewegt sich nicht</translation>
-    </message>
-</context>
-<context>
     <name>host::workbench::Application</name>
-    <message>
-        <source>There is no display: set DISPLAY or WAYLAND_DISPLAY. Without one, workbench-tour DIR writes pictures of the window.</source>
-        <translation>Es gibt keine Anzeige: Setzen Sie DISPLAY oder WAYLAND_DISPLAY. Ohne Anzeige schreibt workbench-tour DIR Bilder des Fensters.</translation>
-    </message>
     <message>
         <source>The program cannot be started again: %1</source>
         <translation>Das Programm kann nicht neu gestartet werden: %1</translation>
+    </message>
+    <message>
+        <source>There is no display: set DISPLAY or WAYLAND_DISPLAY. Without one, --script and --tour run, which can write pictures of the window.</source>
+        <translation>Es gibt keine Anzeige: Setzen Sie DISPLAY oder WAYLAND_DISPLAY. Ohne Anzeige laufen --script und --tour, die Bilder des Fensters schreiben können.</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 Bytes</translation>
     </message>
 </context>
 <context>
@@ -955,10 +812,6 @@
         <translation>--scale: „%1“ ist keine Zahl von %2 bis %3</translation>
     </message>
     <message>
-        <source>DIR is missing</source>
-        <translation>DIR fehlt</translation>
-    </message>
-    <message>
         <source>unexpected argument &quot;%1&quot;</source>
         <translation>unerwartetes Argument „%1“</translation>
     </message>
@@ -998,12 +851,79 @@
         <source>--trust: there is no certificate in PEM format in %1</source>
         <translation>--trust: %1 enthält kein Zertifikat im PEM-Format</translation>
     </message>
+    <message>
+        <source>Record the first device to the ROS bag FILE from the beginning.</source>
+        <translation>Das erste Gerät von Anfang an im ROS-Bag FILE aufzeichnen.</translation>
+    </message>
+    <message>
+        <source>Play the recording FILE into the plugin, without a robot. Only with --assert.</source>
+        <translation>Die Aufzeichnung FILE ohne Roboter in das Plugin abspielen. Nur mit --assert.</translation>
+    </message>
+    <message>
+        <source>Compare what the plugin does with what it did when it was recorded, without a window: the exit status is 0 if it is the same.</source>
+        <translation>Ohne Fenster vergleichen, was das Plugin tut und was es bei der Aufzeichnung tat: Der Exit-Status ist 0, wenn es dasselbe ist.</translation>
+    </message>
+    <message>
+        <source>--replay FILE and --assert go together; give both</source>
+        <translation>--replay FILE und --assert gehören zusammen; geben Sie beide an</translation>
+    </message>
+    <message>
+        <source>Run the script FILE in the window, with settings of its own, and exit. Needs no display.</source>
+        <translation>Das Skript FILE im Fenster ausführen, mit eigenen Einstellungen, und beenden. Braucht keine Anzeige.</translation>
+    </message>
+    <message>
+        <source>Folder for what the script writes, made where it is missing (default: the current one).</source>
+        <translation>Ordner für das, was das Skript schreibt; wird angelegt, wenn er fehlt (Standard: der aktuelle).</translation>
+    </message>
+    <message>
+        <source>Write what became of the script to FILE, in the XML of JUnit.</source>
+        <translation>Das Ergebnis des Skripts in FILE schreiben, im XML von JUnit.</translation>
+    </message>
+    <message>
+        <source>Run the script of the automated tour, which writes pictures of the workbench to DIR.</source>
+        <translation>Das Skript der automatischen Tour ausführen, das Bilder der Werkbank in DIR schreibt.</translation>
+    </message>
+    <message>
+        <source>--tour runs a script of its own, in a folder of its own; leave out --script and --output</source>
+        <translation>--tour führt ein eigenes Skript in einem eigenen Ordner aus; lassen Sie --script und --output weg</translation>
+    </message>
+    <message>
+        <source>--output and --junit are about a script; give --script, too</source>
+        <translation>--output und --junit beziehen sich auf ein Skript; geben Sie auch --script an</translation>
+    </message>
+    <message>
+        <source>Write versions, plugin and settings to FILE, a compressed archive (.tar.gz), for a bug report, and exit. Addresses, certificates and histories are left out.</source>
+        <translation>Versionen, Plugin und Einstellungen für einen Fehlerbericht in FILE schreiben, ein komprimiertes Archiv (.tar.gz), und beenden. Adressen, Zertifikate und Verläufe bleiben weg.</translation>
+    </message>
+    <message>
+        <source>--bug-report: &quot;%1&quot; does not end in %2</source>
+        <translation>--bug-report: „%1“ endet nicht auf %2</translation>
+    </message>
 </context>
 <context>
     <name>host::workbench::ScanText</name>
     <message>
         <source>This is no scan (%1): write a sensor_msgs/LaserScan as JSON, for example the one that is shown for another scan.</source>
         <translation>Das ist kein Scan (%1): Schreiben Sie eine sensor_msgs/LaserScan als JSON, zum Beispiel so, wie ein anderer Scan gezeigt wird.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::ScriptRun</name>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder, and none can be made there</source>
+        <translation>%1 ist kein Ordner, und es kann dort keiner angelegt werden</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>--scale can be given on the command line only</source>
+        <translation>--scale kann nur auf der Befehlszeile angegeben werden</translation>
     </message>
 </context>
 <context>
@@ -1264,6 +1184,60 @@
     <message>
         <source>no axis has a target</source>
         <translation>keine Achse hat ein Ziel</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::bugreport::BugReportDialog</name>
+    <message>
+        <source>Save a bug report</source>
+        <translation>Fehlerbericht speichern</translation>
+    </message>
+    <message>
+        <source>The checked files go into the report. Addresses, certificates and histories have been taken out; read what is left before you pass it on.</source>
+        <translation>Die angehakten Dateien kommen in den Bericht. Adressen, Zertifikate und Verläufe sind entfernt; lesen Sie, was übrig ist, bevor Sie es weitergeben.</translation>
+    </message>
+    <message>
+        <source>Files of the report</source>
+        <translation>Dateien des Berichts</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Content of the file</source>
+        <translation>Inhalt der Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Save…</source>
+        <translation>&amp;Speichern…</translation>
+    </message>
+    <message>
+        <source>The last recording, %1, with all that the robot sent. Addresses in it are not taken out.</source>
+        <translation>Die letzte Aufzeichnung, %1, mit allem, was der Roboter gesendet hat. Adressen darin sind nicht entfernt.</translation>
+    </message>
+    <message>
+        <source>Save the bug report</source>
+        <translation>Fehlerbericht speichern</translation>
+    </message>
+    <message>
+        <source>Compressed archives (*.tar.gz)</source>
+        <translation>Komprimierte Archive (*.tar.gz)</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::bugreport::ReportArchive</name>
+    <message>
+        <source>there is no room for temporary files</source>
+        <translation>für temporäre Dateien ist kein Platz</translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2. Choose another folder, or free disk space.</source>
+        <translation>%1 wurde nicht geschrieben: %2. Wählen Sie einen anderen Ordner, oder schaffen Sie Platz auf der Festplatte.</translation>
     </message>
 </context>
 <context>
@@ -2454,6 +2428,48 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::recording::RecordButton</name>
+    <message>
+        <source>Nothing is recorded: %1. Choose another file.</source>
+        <translation>Es wird nichts aufgezeichnet: %1. Wählen Sie eine andere Datei.</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufzeichnen</translation>
+    </message>
+    <message>
+        <source>ROS bags (*.bag)</source>
+        <translation>ROS-Bags (*.bag)</translation>
+    </message>
+    <message>
+        <source>Stop &amp;recording</source>
+        <translation>Aufzeichnung &amp;beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Record…</source>
+        <translation>Auf&amp;zeichnen…</translation>
+    </message>
+    <message>
+        <source>Stop recording to %1.</source>
+        <translation>Die Aufzeichnung in %1 beenden.</translation>
+    </message>
+    <message>
+        <source>Record the robot&apos;s topics and the calls between host and plugin to a ROS bag.</source>
+        <translation>Die Topics des Roboters und die Aufrufe zwischen Host und Plugin in einem ROS-Bag aufzeichnen.</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Aufzeichnung beenden</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::replay::Assertion</name>
+    <message>
+        <source>The plugin did the same: %1 calls played, %2 calls compared.</source>
+        <translation>Das Plugin tat dasselbe: %1 Aufrufe abgespielt, %2 Aufrufe verglichen.</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::robotview::Footprint</name>
     <message>
         <source>has %1 points, not %2 to %3</source>
@@ -2729,6 +2745,244 @@
     <message>
         <source>%1 m</source>
         <translation>%1 m</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::ConnectionCommands</name>
+    <message>
+        <source>a number from -1 to 4</source>
+        <translation>eine Zahl von -1 bis 4</translation>
+    </message>
+    <message>
+        <source>a number above 0</source>
+        <translation>eine Zahl über 0</translation>
+    </message>
+    <message>
+        <source>the status line does not follow</source>
+        <translation>die Statuszeile folgt nicht</translation>
+    </message>
+    <message>
+        <source>the state is %1: %2</source>
+        <translation>der Zustand ist %1: %2</translation>
+    </message>
+    <message>
+        <source>the dock &quot;Robot&quot; is hidden</source>
+        <translation>das Dock „Roboter“ ist ausgeblendet</translation>
+    </message>
+    <message>
+        <source>the dock &quot;Robot&quot; does not show everything</source>
+        <translation>das Dock „Roboter“ zeigt nicht alles</translation>
+    </message>
+    <message>
+        <source>it has moved by %1 m</source>
+        <translation>er hat sich um %1 m bewegt</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::Controls</name>
+    <message>
+        <source>there are %1 controls &quot;%2&quot;; say in which control</source>
+        <translation>es gibt %1 Bedienelemente „%2“; nennen Sie das Bedienelement, in dem es liegt</translation>
+    </message>
+    <message>
+        <source>there is no control &quot;%1&quot; in sight; there are: %2</source>
+        <translation>es ist kein Bedienelement „%1“ zu sehen; es gibt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::DeviceCommands</name>
+    <message>
+        <source>a whole number</source>
+        <translation>eine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>a whole number from 0</source>
+        <translation>eine ganze Zahl ab 0</translation>
+    </message>
+    <message>
+        <source>a number of seconds from 0 to %1</source>
+        <translation>eine Zahl von Sekunden von 0 bis %1</translation>
+    </message>
+    <message>
+        <source>the variable has no value yet: say the type, as in &quot;as int&quot;</source>
+        <translation>die Variable hat noch keinen Wert: Nennen Sie den Typ, wie in „as int“</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::ExpectCommands</name>
+    <message>
+        <source>a regular expression</source>
+        <translation>ein regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>it shows &quot;%1&quot;</source>
+        <translation>zu sehen ist „%1“</translation>
+    </message>
+    <message>
+        <source>it is shown, with &quot;%1&quot;</source>
+        <translation>es ist zu sehen, mit „%1“</translation>
+    </message>
+    <message>
+        <source>it is not</source>
+        <translation>es ist nicht so</translation>
+    </message>
+    <message>
+        <source>it is %1</source>
+        <translation>sie ist %1</translation>
+    </message>
+    <message>
+        <source>there was none</source>
+        <translation>es gab keinen</translation>
+    </message>
+    <message>
+        <source>there were: %1</source>
+        <translation>es gab: %1</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::Gesture</name>
+    <message>
+        <source>the program does not react</source>
+        <translation>das Programm reagiert nicht</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::InputCommands</name>
+    <message>
+        <source>a key, as in Return or Ctrl+A</source>
+        <translation>eine Taste, wie in Return oder Ctrl+A</translation>
+    </message>
+    <message>
+        <source>a whole number from 1</source>
+        <translation>eine ganze Zahl ab 1</translation>
+    </message>
+    <message>
+        <source>a percentage from 0 to 100</source>
+        <translation>ein Prozentwert von 0 bis 100</translation>
+    </message>
+    <message>
+        <source>it is disabled</source>
+        <translation>es ist deaktiviert</translation>
+    </message>
+    <message>
+        <source>it is no table</source>
+        <translation>es ist keine Tabelle</translation>
+    </message>
+    <message>
+        <source>it has %1 rows and %2 columns</source>
+        <translation>es hat %1 Zeilen und %2 Spalten</translation>
+    </message>
+    <message>
+        <source>it is no list to choose from</source>
+        <translation>es ist keine Auswahlliste</translation>
+    </message>
+    <message>
+        <source>its list does not open</source>
+        <translation>seine Liste öffnet sich nicht</translation>
+    </message>
+    <message>
+        <source>it has: %1</source>
+        <translation>es hat: %1</translation>
+    </message>
+    <message>
+        <source>there is no tab &quot;%1&quot;; there are: %2</source>
+        <translation>es gibt keinen Reiter „%1“; es gibt: %2</translation>
+    </message>
+    <message>
+        <source>it lies behind another dock</source>
+        <translation>es liegt hinter einem anderen Dock</translation>
+    </message>
+    <message>
+        <source>it does not open</source>
+        <translation>es öffnet sich nicht</translation>
+    </message>
+    <message>
+        <source>it does not close</source>
+        <translation>es schließt sich nicht</translation>
+    </message>
+    <message>
+        <source>there is no dock &quot;%1&quot;; there are: %2</source>
+        <translation>es gibt kein Dock „%1“; es gibt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::MenuCommands</name>
+    <message>
+        <source>the menu does not react</source>
+        <translation>das Menü reagiert nicht</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no menu</source>
+        <translation>„%1“ ist kein Menü</translation>
+    </message>
+    <message>
+        <source>the menu does not open</source>
+        <translation>das Menü öffnet sich nicht</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is disabled</source>
+        <translation>„%1“ ist deaktiviert</translation>
+    </message>
+    <message>
+        <source>there is no entry &quot;%1&quot;; there are: %2</source>
+        <translation>es gibt keinen Eintrag „%1“; es gibt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::Player</name>
+    <message>
+        <source>a number of seconds above 0</source>
+        <translation>eine Zahl von Sekunden über 0</translation>
+    </message>
+    <message>
+        <source>it was interrupted</source>
+        <translation>es wurde unterbrochen</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::SceneCommands</name>
+    <message>
+        <source>a menu or a dialog is open; close it first</source>
+        <translation>ein Menü oder ein Dialog ist offen; schließen Sie es zuerst</translation>
+    </message>
+    <message>
+        <source>the window does not appear on the screen</source>
+        <translation>das Fenster erscheint nicht auf dem Bildschirm</translation>
+    </message>
+    <message>
+        <source>there is no such device; there are: %1</source>
+        <translation>ein solches Gerät gibt es nicht; es gibt: %1</translation>
+    </message>
+    <message>
+        <source>the window is not on the screen</source>
+        <translation>das Fenster ist nicht auf dem Bildschirm</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::script::text::ScriptText</name>
+    <message>
+        <source>the quote that begins with &quot;%1&quot; is not closed</source>
+        <translation>das Anführungszeichen vor „%1“ wird nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>expected: %1</source>
+        <translation>erwartet: %1</translation>
+    </message>
+    <message>
+        <source>, or: </source>
+        <translation>, oder: </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a command; expected one of: %2</source>
+        <translation>„%1“ ist kein Befehl; erwartet wird einer von: %2</translation>
+    </message>
+    <message>
+        <source>%1: expected %2, not &quot;%3&quot;</source>
+        <translation>%1: erwartet wird %2, nicht „%3“</translation>
     </message>
 </context>
 <context>
@@ -3218,6 +3472,10 @@
     <message>
         <source>&amp;Restart</source>
         <translation>&amp;Neu starten</translation>
+    </message>
+    <message>
+        <source>Save &amp;bug report…</source>
+        <translation>Fehler&amp;bericht speichern…</translation>
     </message>
 </context>
 <context>
@@ -3861,6 +4119,21 @@
     <message>
         <source>it was cut off, and there is no room for a copy with an index: %1</source>
         <translation>sie wurde abgeschnitten, und für eine Kopie mit Index ist kein Platz: %1</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::bag::BagWriter</name>
+    <message>
+        <source>%1 is there: it was cut off while it was recorded. Rename it to keep it, or remove it.</source>
+        <translation>%1 gibt es schon: Die Aufzeichnung wurde abgebrochen. Benennen Sie die Datei um, um sie zu behalten, oder entfernen Sie sie.</translation>
+    </message>
+    <message>
+        <source>%1 keeps its name, for it could not be finished: %2. What was recorded is in it.</source>
+        <translation>%1 behält seinen Namen, weil es nicht abgeschlossen werden konnte: %2. Was aufgezeichnet wurde, ist darin.</translation>
+    </message>
+    <message>
+        <source>%1 has reached the largest size of a recording, %2</source>
+        <translation>%1 hat die größte Größe einer Aufzeichnung erreicht, %2</translation>
     </message>
 </context>
 <context>

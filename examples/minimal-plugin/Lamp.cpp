@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "olm/core/Export.h"
 #include "plugin/gui/DeviceDelegate.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/DeviceWidget.h"
@@ -24,10 +25,10 @@ public:
           m_brightness(new QSlider(Qt::Horizontal))
     {
         m_brightness->setRange(0, 100);
-        m_brightness->setValue(readConfigVariable("brightness").toInt());
         m_caption->setBuddy(m_brightness);
         auto* layout = new QFormLayout(this);
-        layout->addRow(m_caption, m_brightness);
+        layout->addRow(m_caption, m_brightness); // owned from here on, should the host throw
+        m_brightness->setValue(readConfigVariable("brightness").toInt());
 
         connect(m_brightness, &QSlider::valueChanged, this,
                 [this](int value) { writeConfigVariable("brightness", value); });
@@ -67,8 +68,8 @@ public:
     }
 };
 
-// The one function that a host calls by name.
-extern "C" void pluginGuiInterface(plugin::gui::Interface** interface)
+// The one function that a host calls by name, and all that the library exports.
+extern "C" OLM_EXPORT void pluginGuiInterface(plugin::gui::Interface** interface)
 {
     static LampPlugin lamp;
     *interface = &lamp;

@@ -4,8 +4,8 @@
 #include "host/device/Device.h"
 
 #include "host/device/Environment.h"
-#include "host/device/SimulationDirectExecRole.h"
 #include "host/device/connection/MessageRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 #include "host/device/faults/FaultyClient.h"
 #include "host/device/trace/ClassName.h"
 #include "host/device/trace/TracedCall.h"
@@ -87,6 +87,7 @@ Device::Device(const QString& name, const QString& storageFolder, Environment& e
     connect(&m_stopping, &operation::Stopping::problem, this, &Device::say);
     connect(&m_control, &operation::Control::problem, this, &Device::say);
     connect(&m_driving, &operation::Driving::problem, this, &Device::say);
+    connect(&m_recorder, &recording::Recorder::problem, this, &Device::say);
     say(m_driving.load(storageFolder, name));
     connect(&m_sensors, &Sensors::scanned, this, &Device::onScan);
     connect(&m_sensors, &Sensors::cameraRateChanged, this, [this](unsigned int rate) {
@@ -269,20 +270,21 @@ Device::Variant Device::simulationDirectExec(const Variant& role, const Variant&
         return {};
     }
     switch (number) {
-    case laserStartText:
+    case connection::laserStartText:
         return tr("Scans are shown as they arrive while the device is connected.");
-    case currentConnectionState:
+    case connection::currentConnectionState:
         return connectionState();
-    case toggleTorque:
+    case connection::toggleTorque:
         m_commands.toggleTorque();
         return {};
-    case storePosition:
+    case connection::storePosition:
         storePose();
         return {};
-    case enableFirstLine:
-    case enableFirstLine + 1:
-    case enableFirstLine + 2:
-        m_settings.enableLine(static_cast<int>(number - enableFirstLine), value.toBool());
+    case connection::enableFirstLine:
+    case connection::enableFirstLine + 1:
+    case connection::enableFirstLine + 2:
+        m_settings.enableLine(static_cast<int>(number - connection::enableFirstLine),
+                              value.toBool());
         return {};
     default:
         qWarning("The device does not know the command with the role %u.",
@@ -351,7 +353,7 @@ void Device::deliver(const plugin::gui::HistoryBundleContent& content)
     plugin::gui::HistoryBundleContent seen;
     trace::Arguments arguments;
     content.forEach([&](VariableKind kind, const std::string& name, const Variant& value) {
-        arguments.push_back({name, m_faults.seen(kind, name, value)});
+        arguments.push_back({name, m_faults.seen(kind, name, value), kind});
         seen.insert(kind, name, arguments.back().value);
     });
     const plugin::gui::DeviceHistoryBundle bundle(seen);

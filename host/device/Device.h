@@ -22,6 +22,7 @@
 #include "host/device/operation/Control.h"
 #include "host/device/operation/Driving.h"
 #include "host/device/operation/Stopping.h"
+#include "host/device/recording/Recorder.h"
 #include "host/device/trace/TracedHost.h"
 #include "host/device/trace/Traffic.h"
 #include "host/device/variables/ConfigStorage.h"
@@ -119,6 +120,9 @@ public:
     /// All calls between this device and its widgets.
     trace::Traffic& traffic() { return m_traffic; }
 
+    /// Records all of that, and what the robot tells.
+    recording::Recorder& recorder() { return m_recorder; }
+
     /// The faults that are injected.
     faults::Faults& faults() { return m_faults; }
 
@@ -192,6 +196,7 @@ private:
     Settings m_settings{m_connection, m_listener, m_sensors, m_commands};
     bool m_isConnected = false; // as the widgets were told
     trace::Traffic m_traffic;
+    recording::Recorder m_recorder{{m_name, m_variables, m_traffic, m_connection, m_offer}};
     faults::FaultyHost m_faultyHost{*this, m_faults};
     trace::TracedHost m_tracedHost{m_faultyHost, m_traffic}; // what the widgets are built on
     QSet<QString> m_throwing; // the widgets' functions that have thrown

@@ -4,6 +4,8 @@
 #include "host/workbench/Application.h"
 
 #include "host/workbench/Options.h"
+#include "host/workbench/plugin/PluginLoader.h"
+#include "host/workbench/replay/Assertion.h"
 #include "host/workbench/window/Window.h"
 #include "robot/InfoOptions.h"
 #include "robot/TerminationSignals.h"
@@ -104,6 +106,19 @@ int Application::fail(const QString& reason)
 {
     QTextStream(stderr) << QCoreApplication::applicationName() << ": " << reason << '\n';
     return EXIT_FAILURE;
+}
+
+int Application::check(const Options& options)
+{
+    const plugin::PluginLoader plugin(options.pluginFile().isEmpty()
+                                          ? plugin::PluginLoader::defaultFile()
+                                          : options.pluginFile());
+    const replay::Assertion assertion(options.replayFile(), plugin);
+    const QString words = assertion.words().join('\n');
+    if (!assertion.isSame())
+        return fail(words);
+    QTextStream(stdout) << words << '\n';
+    return EXIT_SUCCESS;
 }
 
 int Application::show(window::Window& window)

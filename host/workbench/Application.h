@@ -47,6 +47,9 @@ public:
     static int answer(const Options& options);
     /// Prints @p reason on the standard error.
     static int fail(const QString& reason);
+    /// Plays the recording that @p options name into the plugin, and prints whether it does the
+    /// same.
+    static int check(const Options& options);
     /// Shows @p window until it is closed or the program is terminated, with its docks where they
     /// were the last time. Gives `restart` where somebody asked for that.
     static int show(window::Window& window);

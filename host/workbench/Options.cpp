@@ -3,11 +3,13 @@
 
 #include "host/workbench/Options.h"
 
+#include "host/workbench/bugreport/ReportArchive.h"
 #include "host/workbench/preferences/Appearance.h"
 #include "host/workbench/preferences/Language.h"
 #include "robot/InfoOptions.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -20,6 +22,31 @@ namespace {
 constexpr double leastScale = 1;
 constexpr double greatestScale = 4;
 constexpr qint64 mostCertificateBytes = 1000000;
+
+const QString scriptOption = QStringLiteral("script");
+const QString outputOption = QStringLiteral("output");
+const QString junitOption = QStringLiteral("junit");
+const QString tourOption = QStringLiteral("tour");
+
+QList<QCommandLineOption> scriptOptions()
+{
+    return {
+        {scriptOption,
+         Options::tr("Run the script FILE in the window, with settings of its own, and exit. Needs "
+                     "no display."),
+         "FILE"},
+        {outputOption,
+         Options::tr("Folder for what the script writes, made where it is missing (default: the "
+                     "current one)."),
+         "DIR"},
+        {junitOption, Options::tr("Write what became of the script to FILE, in the XML of JUnit."),
+         "FILE"},
+        {tourOption,
+         Options::tr("Run the script of the automated tour, which writes pictures of the workbench "
+                     "to DIR."),
+         "DIR"},
+    };
+}
 
 QCommandLineOption scaleOption()
 {
@@ -51,12 +78,17 @@ double Options::scale(const QStringList& arguments)
     return factor(parser.value(scale)).value_or(leastScale);
 }
 
-Options::Options(const QStringList& arguments, const Program& program)
+QString Options::tourFile()
 {
-    read(arguments, program);
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + "/" DATA_FOLDER "/tour.script");
 }
 
-void Options::read(const QStringList& arguments, const Program& program)
+Options::Options(const QStringList& arguments)
+{
+    read(arguments);
+}
+
+void Options::read(const QStringList& arguments)
 {
     const QCommandLineOption plugin(
         "plugin", tr("Load the device plugin FILE instead of the program's own."), "FILE");
@@ -83,6 +115,15 @@ void Options::read(const QStringList& arguments, const Program& program)
            "Stored for each device that is shown. Can be repeated."),
         "OURS:=THEIRS");
     const QCommandLineOption noRobot("no-robot", tr("Do not start a simulated robot."));
+    const QCommandLineOption record(
+        "record", tr("Record the first device to the ROS bag FILE from the beginning."), "FILE");
+    const QCommandLineOption replay(
+        "replay",
+        tr("Play the recording FILE into the plugin, without a robot. Only with --assert."),
+        "FILE");
+    const QCommandLineOption assertion(
+        "assert", tr("Compare what the plugin does with what it did when it was recorded, without "
+                     "a window: the exit status is 0 if it is the same."));
     const QCommandLineOption language(
         "language",
         tr("Language: %1 (default: the one chosen last, or the system's).")
@@ -94,16 +135,22 @@ void Options::read(const QStringList& arguments, const Program& program)
             .arg(preferences::Appearance::codes().join(", ")),
         "NAME");
     const QCommandLineOption scale = scaleOption();
+    const QCommandLineOption bugReport(
+        "bug-report",
+        tr("Write versions, plugin and settings to FILE, a compressed archive (.tar.gz), for a bug "
+           "report, and exit. Addresses, certificates and histories are left out."),
+        "FILE");
     const robot::InfoOptions info;
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(program.description);
+    parser.setApplicationDescription(
+        tr("Shows a device plugin at work, with a simulated robot to connect to."));
     parser.addOptions({plugin, device, address, trust, remap, noRobot});
     m_laserLog.addTo(parser);
-    parser.addOptions({language, appearance, scale});
+    parser.addOptions({record, replay, assertion, language, appearance, scale});
+    parser.addOptions(scriptOptions());
+    parser.addOption(bugReport);
     info.addTo(parser);
-    if (!program.folder.isEmpty())
-        parser.addPositionalArgument("DIR", program.folder);
 
     if (!parser.parse(arguments))
         return finish(Action::Fail, parser.errorText());
@@ -111,12 +158,16 @@ void Options::read(const QStringList& arguments, const Program& program)
     if (!text.isEmpty())
         return finish(Action::ShowText, text);
     for (const QCommandLineOption& option :
-         {plugin, device, address, trust, remap, language, appearance, scale}) {
+         QList<QCommandLineOption>{plugin, device, address, trust, remap, record, replay, language,
+                                   appearance, scale, bugReport} +
+             scriptOptions()) {
         if (parser.values(option).contains(QString()))
             finish(Action::Fail, tr("--%1: the value is empty").arg(option.names().first()));
     }
 
-    readArguments(parser.positionalArguments(), !program.folder.isEmpty());
+    if (!parser.positionalArguments().isEmpty())
+        finish(Action::Fail,
+               tr("unexpected argument \"%1\"").arg(parser.positionalArguments().first()));
     m_pluginFile = parser.value(plugin);
     m_hasRobot = !parser.isSet(noRobot);
     if (parser.isSet(device))
@@ -125,6 +176,13 @@ void Options::read(const QStringList& arguments, const Program& program)
     readCertificates(parser.values(trust));
     readNames(parser.values(remap));
     readLaserLog(parser);
+    m_recordFile = parser.value(record);
+    m_replayFile = parser.value(replay);
+    if (parser.isSet(replay) != parser.isSet(assertion))
+        finish(Action::Fail, tr("--replay FILE and --assert go together; give both"));
+    readScript(parser);
+    if (parser.isSet(bugReport))
+        readBugReport(parser.value(bugReport));
     if (parser.isSet(language))
         readLanguage(parser.value(language));
     if (parser.isSet(appearance))
@@ -143,16 +201,6 @@ void Options::finish(Action action, const QString& text)
         return; // the first error is the one to tell
     m_action = action;
     m_text = text;
-}
-
-void Options::readArguments(QStringList arguments, bool isFolderExpected)
-{
-    if (isFolderExpected && arguments.value(0).isEmpty())
-        return finish(Action::Fail, tr("DIR is missing"));
-    if (isFolderExpected)
-        m_folder = arguments.takeFirst();
-    if (!arguments.isEmpty())
-        finish(Action::Fail, tr("unexpected argument \"%1\"").arg(arguments.first()));
 }
 
 void Options::readDevices(const QStringList& names)
@@ -217,6 +265,31 @@ void Options::readLaserLog(const QCommandLineParser& parser)
         finish(Action::Fail, tr("--laser-log needs the simulated robot, which --no-robot leaves "
                                 "out; give only one of them"));
     }
+}
+
+void Options::readScript(const QCommandLineParser& parser)
+{
+    m_scriptFile = parser.value(scriptOption);
+    m_outputFolder = parser.value(outputOption);
+    m_reportFile = parser.value(junitOption);
+    if (parser.isSet(tourOption)) {
+        if (parser.isSet(scriptOption) || parser.isSet(outputOption)) {
+            finish(Action::Fail, tr("--tour runs a script of its own, in a folder of its own; "
+                                    "leave out --script and --output"));
+        }
+        m_scriptFile = tourFile();
+        m_outputFolder = parser.value(tourOption);
+    }
+    if (m_scriptFile.isEmpty() && (parser.isSet(outputOption) || parser.isSet(junitOption)))
+        finish(Action::Fail, tr("--output and --junit are about a script; give --script, too"));
+}
+
+void Options::readBugReport(const QString& file)
+{
+    m_bugReportFile = file;
+    const QString ending = bugreport::ReportArchive::ending;
+    if (!file.endsWith(ending))
+        finish(Action::Fail, tr("--bug-report: \"%1\" does not end in %2").arg(file, ending));
 }
 
 void Options::readLanguage(const QString& code)

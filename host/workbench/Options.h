@@ -18,19 +18,12 @@ class QCommandLineParser;
 
 namespace host::workbench {
 
-/// What the command line asks of a program that shows the window.
+/// What the command line asks of the workbench.
 class Options
 {
     Q_DECLARE_TR_FUNCTIONS(host::workbench::Options)
 
 public:
-    /// What programs differ in.
-    struct Program
-    {
-        QString description;
-        QString folder; ///< what its one argument, a folder, is for; empty: it takes none
-    };
-
     enum class Action
     {
         Run,
@@ -39,13 +32,11 @@ public:
     };
 
     /// @p arguments begin with the program's name.
-    Options(const QStringList& arguments, const Program& program);
+    explicit Options(const QStringList& arguments);
 
     Action action() const { return m_action; }
 
     QString text() const { return m_text; }
-
-    QString folder() const { return m_folder; } ///< the program's argument
 
     QString pluginFile() const { return m_pluginFile; } ///< empty: the program's own plugin
 
@@ -64,29 +55,44 @@ public:
 
     const robot::LaserLogOptions& laserLog() const { return m_laserLog; } ///< of these robots
 
+    QString replayFile() const { return m_replayFile; } ///< to be asserted; empty: nothing is
+
+    QString recordFile() const { return m_recordFile; } ///< empty: nothing is recorded
+
     QString language() const { return m_language; } ///< empty: the one chosen last, or the system's
 
     QString appearance() const { return m_appearance; } ///< likewise
+
+    QString scriptFile() const { return m_scriptFile; } ///< to be run; empty: none
+
+    QString outputFolder() const { return m_outputFolder; } ///< of what the script writes
+
+    QString reportFile() const { return m_reportFile; } ///< on the script, for JUnit; empty: none
+
+    QString bugReportFile() const { return m_bugReportFile; } ///< to be written; empty: none
+
+    /// The script of the tour, which comes with this program.
+    static QString tourFile();
 
     /// How much larger than usual everything is to be, which must be known before there is an
     /// application, and so before all else. 1 where nothing is asked, or nothing that is accepted.
     static double scale(const QStringList& arguments);
 
 private:
-    void read(const QStringList& arguments, const Program& program);
+    void read(const QStringList& arguments);
     void finish(Action action, const QString& text);
-    void readArguments(QStringList arguments, bool isFolderExpected);
     void readDevices(const QStringList& names);
     void readAddresses(const QStringList& texts);
     void readCertificates(const QStringList& files);
     void readNames(const QStringList& texts);
     void readLaserLog(const QCommandLineParser& parser);
+    void readScript(const QCommandLineParser& parser);
+    void readBugReport(const QString& file);
     void readLanguage(const QString& code);
     void readAppearance(const QString& code);
 
     Action m_action = Action::Run;
     QString m_text;
-    QString m_folder;
     QString m_pluginFile;
     QStringList m_devices{QStringLiteral("Quandrel")};
     QList<rosbridge::protocol::Address> m_addresses;
@@ -94,8 +100,14 @@ private:
     QList<device::connection::Remappings::Mapping> m_names;
     bool m_hasRobot = true;
     robot::LaserLogOptions m_laserLog;
+    QString m_replayFile;
+    QString m_recordFile;
     QString m_language;
     QString m_appearance;
+    QString m_scriptFile;
+    QString m_outputFolder;
+    QString m_reportFile;
+    QString m_bugReportFile;
 };
 
 } // namespace host::workbench

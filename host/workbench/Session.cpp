@@ -4,6 +4,7 @@
 #include "host/workbench/Session.h"
 
 #include "host/workbench/Options.h"
+#include "host/workbench/bugreport/BugReportDialog.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/window/DeviceView.h"
 
@@ -14,11 +15,14 @@ namespace host::workbench {
 Session::Session(const Options& options, const QString& settings,
                  plugin::PluginEnvironment& environment)
     : m_environment(environment),
+      m_settings(settings),
       m_stations(static_cast<std::size_t>(options.devices().size())),
       m_plugin(options.pluginFile().isEmpty() ? plugin::PluginLoader::defaultFile()
                                               : options.pluginFile()),
       m_window(m_plugin, environment)
 {
+    QObject::connect(&m_window, &window::Window::bugReportRequested, &m_window,
+                     [this] { showBugReport(); });
     if (options.hasRobot() && !startRobots(options))
         return;
     for (int i = 0; i < options.devices().size(); ++i)
@@ -52,9 +56,28 @@ void Session::addDevice(int index, const Options& options, const QString& settin
     device->connection().certificates().believe(options.certificates());
     for (const auto& [ours, theirs] : options.names())
         device->remappings().set(ours, theirs);
+    if (index == 0 && !options.recordFile().isEmpty()) // the plugin's first calls, too
+        device->recorder().start(options.recordFile(), &m_error);
     window::DeviceView& view = m_window.add(*device, robotAddress);
     if (robot && !robot->error().isEmpty())
         view.notify(robot->error());
+}
+
+bugreport::BugReport Session::bugReport()
+{
+    QList<device::Device*> devices;
+    for (Station& station : m_stations) {
+        if (station.device)
+            devices << &*station.device;
+    }
+    return {m_plugin, devices, m_settings};
+}
+
+void Session::showBugReport()
+{
+    auto* dialog = new bugreport::BugReportDialog(bugReport(), &m_window);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
 }
 
 void Session::tellBadLines()

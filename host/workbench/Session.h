@@ -6,6 +6,7 @@
 
 #include "host/device/Device.h"
 #include "host/workbench/EmbeddedRobot.h"
+#include "host/workbench/bugreport/BugReport.h"
 #include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/Window.h"
 
@@ -39,6 +40,9 @@ public:
 
     window::Window& window() { return m_window; }
 
+    /// On what is now.
+    bugreport::BugReport bugReport();
+
 private:
     struct Station
     {
@@ -49,8 +53,10 @@ private:
     bool startRobots(const Options& options);
     void addDevice(int index, const Options& options, const QString& settings);
     void tellBadLines();
+    void showBugReport();
 
     plugin::PluginEnvironment& m_environment;
+    const QString m_settings;
     std::vector<Station> m_stations;
     QStringList m_badLines; // of the recording, the same for each robot
     QString m_error;

@@ -31,4 +31,4 @@ _quandrel()
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
 }
 
-complete -F _quandrel device-workbench workbench-tour quandrel-robot
+complete -F _quandrel device-plugin-check device-workbench quandrel-robot

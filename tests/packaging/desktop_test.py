@@ -66,9 +66,10 @@ class DesktopTest(Installed):
             self.assertEqual(f"{width}x{height}", icon.parents[1].name, icon)
 
     def test_each_manual_has_all_options_and_the_chapters_of_its_document(self):
-        chapters = {"device-workbench": ["GETTING STARTED", "SEVERAL DEVICES", "FILES"],
-                    "quandrel-robot": ["OUTPUT AND EXIT STATUS", "PLAYING A BAG", "AS A SERVICE"],
-                    "workbench-tour": ["ARGUMENTS", "THE AUTOMATED TOUR"]}
+        chapters = {"device-plugin-check": ["ARGUMENTS", "OUTPUT AND EXIT STATUS", "IN CI"],
+                    "device-workbench": ["GETTING STARTED", "SEVERAL DEVICES", "SCRIPTS", "BUG REPORTS",
+                                         "FILES"],
+                    "quandrel-robot": ["OUTPUT AND EXIT STATUS", "PLAYING A BAG", "AS A SERVICE"]}
         for program in self.programs:
             page = (self.usr / f"share/man/man1/{program}.1").read_text(encoding="utf-8")
             listed = re.findall(r"^  (-.*?)(?:  |$)", self.help_of(program), re.MULTILINE)
@@ -89,11 +90,13 @@ class DesktopTest(Installed):
                 (("device-workbench", "--language", "=", "p"), ["pseudo"]),
                 (("device-workbench", "--language", "="), ["en de pseudo"]),
                 (("device-workbench", "--appearance", "l"), ["light"]),
-                (("device-workbench", "--no-robot", "--s"), ["--scale"]),
+                (("device-workbench", "--no-robot", "--s"), ["--scale --script"]),
                 (("device-workbench", "--plugin", "/"), [FILES, ""]),
                 (("device-workbench", "--address", ""), [""]),
-                (("workbench-tour", "/"), [FILES, ""]),
-                (("workbench-tour", "--he"), ["--help"]),
+                (("device-workbench", "--tour", ""), [FILES, ""]),
+                (("device-plugin-check", "--js"), ["--json"]),
+                (("device-plugin-check", "--json", "/"), [FILES, ""]),
+                (("device-plugin-check", "/"), [FILES, ""]),
                 (("quandrel-robot", "--address", ""), [""]),
                 (("quandrel-robot", "--p"), ["--port --play"])):
             self.assertEqual(completed(*words), wanted, words)

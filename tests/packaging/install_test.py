@@ -19,7 +19,7 @@ sys.path.append(str(Path(__file__).resolve().parents[1] / "atspi"))
 from installation import DEADLINE, install, main, options, run  # noqa: E402  the folder comes first
 from screen import Atspi, Desktop, find, wait_for  # noqa: E402
 
-PROGRAMS = ("device-workbench", "quandrel-robot", "workbench-tour")
+PROGRAMS = ("device-plugin-check", "device-workbench", "quandrel-robot")
 ICON_SIDES = (16, 22, 24, 32, 48, 64, 128, 256)
 
 
@@ -48,6 +48,8 @@ def expected():
             "share/doc/quandrel-workbench/examples/robot.conf",
             "share/icons/hicolor/scalable/apps/device-workbench.svg",
             "share/metainfo/org.example.quandrel.workbench.metainfo.xml",
+            "share/quandrel/tour.script",
+            "share/quandrel/walk.log",
             *(f"share/icons/hicolor/{side}x{side}/apps/device-workbench.png" for side in ICON_SIDES),
             *(file for program in PROGRAMS
               for file in (f"bin/{program}", f"share/bash-completion/completions/{program}",
@@ -120,8 +122,8 @@ class InstallTest(unittest.TestCase):
     def test_the_framework_is_found_in_the_prefix_and_by_its_version(self):
         abi = ".".join(options.version.split(".")[:2])
         folder = self.prefix / options.libdir
-        for file in (self.prefix / "bin/device-workbench", self.prefix / "bin/workbench-tour",
-                     folder / "quandrel/plugins/libdevice_quandrel_gui.so"):
+        programs = (self.prefix / "bin" / name for name in ("device-plugin-check", "device-workbench"))
+        for file in (*programs, folder / "quandrel/plugins/libdevice_quandrel_gui.so"):
             found = {name: Path(path).resolve().parent for name, path in self.libraries(file).items()
                      if name.startswith("libplugin_framework")}
             self.assertEqual(found, {f"libplugin_framework.so.{abi}": folder}, file)
@@ -153,6 +155,10 @@ class InstallTest(unittest.TestCase):
         build, said = self.build(Path(__file__).parent / "outside", "outside")
         self.assertIn(f"plugins: {self.prefix / options.libdir}/quandrel/plugins\n", said)
         self.assertEqual(run(build / "host", self.example()), "Example Works Lamp\n")
+
+    def test_the_installed_check_passes_the_example_on_a_few_levels(self):
+        said = run(self.prefix / "bin/device-plugin-check", "--level", "1", self.example())
+        self.assertRegex(said, r"\npassed: liblamp\.so: ")
 
     def test_the_installed_workbench_shows_the_example_and_stores_what_is_set_in_it(self):
         plugin = self.example()

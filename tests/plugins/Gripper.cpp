@@ -88,9 +88,11 @@ class Interface : public TestInterface
 {
 public:
     plugin::gui::DeviceWidget*
-    loadDeviceWidget(const char*, const char* widget,
+    loadDeviceWidget(const char* device, const char* widget,
                      plugin::gui::DeviceDelegate& delegate) const override
     {
+        if (std::strcmp(device, "tests test plugin") != 0)
+            return nullptr;
         if (std::strcmp(widget, "toolbar") == 0)
             return new GripperBar(delegate);
         return std::strcmp(widget, "dialog") == 0 ? new GripperDialog(delegate) : nullptr;

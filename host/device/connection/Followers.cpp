@@ -94,6 +94,16 @@ void Followers::subscribeRest()
     }
 }
 
+void Followers::subscribeAgain()
+{
+    QStringList topics;
+    for (const Follower& follower : m_followers)
+        topics.append(follower.topic);
+    topics.removeDuplicates();
+    for (const QString& topic : std::as_const(topics))
+        subscribe(topic);
+}
+
 void Followers::close()
 {
     m_client = nullptr;
@@ -118,8 +128,8 @@ void Followers::subscribe(Follower& follower)
     // Where the line is slow, the newest takes the place of what still waits.
     options.queueLength = options.throttleRate > 0ms ? 1 : 0;
     // A client that is left may still hear: it speaks of a link that is over.
-    const auto hear = [this, client = m_client, topic = follower.topic,
-                       handler = follower.handler](const QCborMap& message) {
+    const auto hear = [this, client = m_client, id = follower.id, topic = follower.topic,
+                       type = follower.type, handler = follower.handler](const QCborMap& message) {
         if (client != m_client)
             return;
         m_receptions[topic].isHeard = true;
@@ -127,6 +137,8 @@ void Followers::subscribe(Follower& follower)
             m_newestData.start();
             m_delay.hear(topic, message, Delay::Clock::now());
         }
+        if (isFirst(id, topic))
+            Q_EMIT received(topic, type, message);
         handler(message);
     };
     follower.subscription =
@@ -134,6 +146,16 @@ void Followers::subscribe(Follower& follower)
     if (!follower.subscription.isEmpty())
         m_topics.insert(follower.subscription, follower.topic);
     Q_EMIT subscribed(follower.topic);
+}
+
+/// Of those that hear the topic.
+bool Followers::isFirst(int id, const QString& topic) const
+{
+    const auto first =
+        std::find_if(m_followers.begin(), m_followers.end(), [&](const Follower& each) {
+            return each.topic == topic && !each.subscription.isEmpty();
+        });
+    return first != m_followers.end() && first->id == id;
 }
 
 /// Begins with what suits the type.

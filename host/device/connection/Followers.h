@@ -47,6 +47,8 @@ public:
     void subscribe(const QString& topic);
     /// Subscribes to the topics that are not subscribed to yet.
     void subscribeRest();
+    /// Subscribes to all topics that are followed again: what the robot tells once comes once more.
+    void subscribeAgain();
     /// Nothing of the link that was open is heard any more.
     void close();
 
@@ -71,6 +73,9 @@ public:
 Q_SIGNALS:
     /// There is a new subscription to @p topic.
     void subscribed(const QString& topic);
+    /// A message of @p topic came, once however many follow it. The type is the one that was asked
+    /// for, empty where the server's was.
+    void received(const QString& topic, const QString& type, const QCborMap& message);
 
 private:
     struct Follower
@@ -92,6 +97,7 @@ private:
     };
 
     void subscribe(Follower& follower);
+    bool isFirst(int id, const QString& topic) const;
     Reception& reception(const Follower& follower);
     void onRenamed(const QString& topic);
 

@@ -5,6 +5,7 @@
 #define HOST_DEVICE_TRACE_PLUGINCALL_H
 
 #include "olm/core/variant/Variant.h"
+#include "plugin/gui/DeviceHost.h"
 
 #include <QString>
 
@@ -24,6 +25,7 @@ struct Argument
 {
     std::string name;
     olm::core::variant::Variant value;
+    std::optional<plugin::gui::VariableKind> kind{}; ///< of the variable that the name is of
 };
 
 using Arguments = std::vector<Argument>;
@@ -49,7 +51,8 @@ struct PluginCall
     bool isTooLong() const { return duration && *duration > tooLong; }
 
     Direction direction;
-    const char* name;                           ///< of the function; lives as long as the program
+    quint64 number = 0; ///< counts the calls of a device, in the order in which they began
+    const char* name;   ///< of the function; lives as long as the program
     const std::type_info* widgetClass;          ///< null where no widget is known
     QString widgetName;                         ///< the object name
     std::shared_ptr<const Arguments> arguments; ///< never null; the calls of one delivery share it

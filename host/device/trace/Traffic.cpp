@@ -56,6 +56,8 @@ void Traffic::clear()
 std::shared_ptr<PluginCall> Traffic::callBegan(PluginCall call)
 {
     call.depth = m_depth++;
+    call.number = end();
+    Q_EMIT began(call);
     call.arguments = small(call.arguments);
     if (m_uses[call.arguments.get()]++ == 0)
         m_bytes += sizeOf(*call.arguments);
@@ -70,6 +72,9 @@ std::shared_ptr<PluginCall> Traffic::callBegan(PluginCall call)
 
 void Traffic::callEnded(PluginCall& call, std::chrono::nanoseconds duration, bool hasThrown)
 {
+    call.duration = duration;
+    call.hasThrown = hasThrown;
+    Q_EMIT ended(call);
     if (call.result) {
         call.result = small(*call.result);
         // It is one of the last, if it is still kept.
@@ -77,8 +82,6 @@ void Traffic::callEnded(PluginCall& call, std::chrono::nanoseconds duration, boo
                                         [&](const auto& each) { return each.get() == &call; });
         m_bytes += isKept ? sizeInMemory(*call.result) : 0;
     }
-    call.duration = duration;
-    call.hasThrown = hasThrown;
     --m_depth;
     while (m_bytes > mostBytes)
         dropOldest();

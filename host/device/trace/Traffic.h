@@ -47,6 +47,9 @@ public:
 Q_SIGNALS:
     /// A call began or ended. Within the call itself: whoever listens does next to nothing.
     void changed();
+    /// The same of one call, with all its values as they are, however large.
+    void began(const host::device::trace::PluginCall& call);
+    void ended(const host::device::trace::PluginCall& call);
 
 private:
     void dropOldest();

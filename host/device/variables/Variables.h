@@ -58,6 +58,9 @@ public:
     /// A note on a variable, such as its unit; empty where there is none. Never reported.
     Variant property(Kind kind, const char* name, const char* property) const;
     void setProperty(Kind kind, const char* name, const char* property, const Variant& value);
+    /// All of them, by kind, variable and note.
+    using Properties = std::map<std::tuple<Kind, std::string, std::string>, Variant>;
+    const Properties& properties() const { return m_properties; }
 
     /// Counts the followers of a variable: changes are reported from the first one's
     /// registration until the last one's end. The variable need not exist yet.
@@ -87,7 +90,7 @@ private:
     void report();
 
     std::map<Key, Entry> m_values;
-    std::map<std::tuple<Kind, std::string, std::string>, Variant> m_properties;
+    Properties m_properties;
     std::map<Key, int> m_followers;
     std::set<Key> m_news;
     QTimer m_timer{this}; // runs only while there is something to report

@@ -4,7 +4,7 @@
 #include "host/workbench/armview/ArmControl.h"
 
 #include "host/device/Device.h"
-#include "host/device/SimulationDirectExecRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 #include "host/workbench/values/OutsideText.h"
 #include "rosbridge/protocol/Topics.h"
 
@@ -140,14 +140,14 @@ void ArmControl::remedy(Hindrance::Switch which)
         return;
     }
     if (which == Hindrance::Switch::Torque) {
-        m_device.simulationDirectExec(device::toggleTorque, {});
+        m_device.simulationDirectExec(device::connection::toggleTorque, {});
         return;
     }
     const int line = static_cast<int>(which) - static_cast<int>(Hindrance::Switch::FirstLine);
     const std::string variable = "line" + std::to_string(line) + "_enabled";
     m_device.write(::plugin::gui::VariableKind::Config, variable.c_str(), true);
     m_device.simulationDirectExec(
-        static_cast<SimulationDirectExecRole>(device::enableFirstLine + line), true);
+        static_cast<SimulationDirectExecRole>(device::connection::enableFirstLine + line), true);
 }
 
 bool ArmControl::isInControl() const

@@ -3,7 +3,7 @@
 
 #include "host/workbench/values/ValueText.h"
 
-#include "host/device/SimulationDirectExecRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 #include "host/device/trace/ClassName.h"
 #include "host/device/variables/Latin1.h"
 #include "host/workbench/values/ScanText.h"

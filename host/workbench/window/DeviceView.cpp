@@ -16,6 +16,7 @@
 #include "host/workbench/plugin/PluginAccess.h"
 #include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/positions/PositionsMenu.h"
+#include "host/workbench/recording/RecordButton.h"
 #include "host/workbench/robotview/RobotDock.h"
 #include "host/workbench/traffic/TrafficDock.h"
 #include "host/workbench/values/ScanText.h"
@@ -64,6 +65,9 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
     setFocusPolicy(Qt::ClickFocus); // a press anywhere in the view makes it the current one
     setAccessibleName(device.name());
 
+    m_viewMenu->setObjectName("view");
+    m_robotMenu->setObjectName("robot");
+    m_faultsMenu->setObjectName("faults");
     m_name->setObjectName("name");
     m_name->setTextFormat(Qt::PlainText);
     m_name->setAlignment(Qt::AlignCenter);
@@ -95,6 +99,9 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
     m_robotMenu->addAction(m_exportScan);
     m_exportScan->setObjectName("exportScan");
     connect(m_exportScan, &QAction::triggered, this, &DeviceView::exportScan);
+    m_robotMenu->addAction(m_status->recordButton().action());
+    connect(&m_status->recordButton(), &recording::RecordButton::problem, this,
+            &DeviceView::notify);
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addWidget(m_status, 1);
     addPlugin();

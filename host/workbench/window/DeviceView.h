@@ -67,6 +67,9 @@ public:
 
     device::Device& device() const { return m_device; }
 
+    /// Where the device's simulated robot runs; empty without one.
+    const QString& robot() const { return m_robot; }
+
     /// What the plugin failed to bring, in the order of the cards and the language of the moment.
     QList<plugin::Failure> failures() const;
 

@@ -4,6 +4,7 @@
 #include "host/workbench/window/StatusLine.h"
 
 #include "host/device/Device.h"
+#include "host/workbench/recording/RecordButton.h"
 #include "host/workbench/values/OutsideText.h"
 #include "host/workbench/window/ElidedLabel.h"
 #include "host/workbench/window/Lamp.h"
@@ -71,6 +72,7 @@ StatusLine::StatusLine(device::Device& device, const QString& robot)
       m_age(label<QLabel>("age")),
       m_retry(label<QLabel>("retry")),
       m_giveUp(new QToolButton),
+      m_record(new recording::RecordButton(device)),
       m_robot(robot.isEmpty() ? nullptr : label<QLabel>("robot")),
       m_failure(label<ElidedLabel>("failure")),
       m_dismiss(new QToolButton),
@@ -112,6 +114,7 @@ void StatusLine::arrange()
     times->addWidget(m_retry);
     times->addWidget(m_giveUp);
     times->addStretch();
+    times->addWidget(m_record);
     auto* wrong = new QHBoxLayout;
     wrong->setSpacing(4);
     wrong->addWidget(m_failure, 1);
@@ -139,10 +142,12 @@ void StatusLine::fixHeight()
 {
     const int line = m_words->minimumSizeHint().height();
     m_lamp->setFixedHeight(line); // beside the first line
+    if (m_robot)
+        m_robot->setFixedHeight(line); // likewise
     const QMargins margins = layout()->contentsMargins();
-    setFixedHeight(line + std::max(line, m_giveUp->sizeHint().height()) +
-                   std::max(line, m_dismiss->sizeHint().height()) + margins.top() +
-                   margins.bottom());
+    setFixedHeight(
+        line + std::max({line, m_giveUp->sizeHint().height(), m_record->sizeHint().height()}) +
+        std::max(line, m_dismiss->sizeHint().height()) + margins.top() + margins.bottom());
 }
 
 void StatusLine::changeEvent(QEvent* event)

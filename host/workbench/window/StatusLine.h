@@ -19,6 +19,10 @@ namespace host::device {
 class Device;
 }
 
+namespace host::workbench::recording {
+class RecordButton;
+} // namespace host::workbench::recording
+
 namespace host::workbench::window {
 
 class ElidedLabel;
@@ -26,7 +30,8 @@ class Lamp;
 
 /// How the connection stands, in words: with whom, since when, how old the newest data is, what
 /// went wrong last, with what to try, until somebody puts it away, and the faults that are
-/// injected. Always of one height, so that nothing above it moves under the mouse.
+/// injected; and the button that records. Always of one height, so that nothing above it moves
+/// under the mouse.
 class StatusLine : public QWidget
 {
     Q_OBJECT
@@ -34,6 +39,8 @@ class StatusLine : public QWidget
 public:
     /// @p device outlives the line. @p robot says where its simulated robot runs, empty for none.
     StatusLine(device::Device& device, const QString& robot);
+
+    recording::RecordButton& recordButton() { return *m_record; }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -57,6 +64,7 @@ private:
     QLabel* m_age;
     QLabel* m_retry; // after a loss
     QToolButton* m_giveUp;
+    recording::RecordButton* m_record;
     QLabel* m_robot; // null without one
     ElidedLabel* m_failure;
     QToolButton* m_dismiss;

@@ -184,6 +184,8 @@ void Window::showEvent(QShowEvent* event)
 void Window::closeEvent(QCloseEvent* event)
 {
     saveLayout();
+    for (const DeviceView* view : std::as_const(m_views))
+        view->device().recorder().stop();
     QMainWindow::closeEvent(event);
 }
 
@@ -208,6 +210,7 @@ void Window::translate()
     m_helpMenu->setTitle(tr("&Help"));
     m_contextHelp->setText(tr("&Context help"));
     m_contents->setText(tr("C&ontents"));
+    m_bugReport->setText(tr("Save &bug report…"));
     m_about->setText(tr("&About"));
     if (m_aboutBox)
         m_aboutBox->setText(aboutText());
@@ -216,6 +219,7 @@ void Window::translate()
 void Window::addMenus()
 {
     m_fileMenu = menuBar()->addMenu(QString());
+    m_fileMenu->setObjectName("file");
     m_restart = m_fileMenu->addAction(QString());
     m_restart->setObjectName("restart");
     connect(m_restart, &QAction::triggered, this, &Window::restartRequested);
@@ -236,11 +240,16 @@ void Window::addMenus()
     menuBar()->addMenu(makeMenu(m_environment.appearance()));
 
     m_helpMenu = menuBar()->addMenu(QString());
+    m_helpMenu->setObjectName("help");
     m_contextHelp = m_helpMenu->addAction(QString());
+    m_contextHelp->setObjectName("contextHelp");
     m_contextHelp->setShortcut(QKeySequence(Qt::Key_F1));
     connect(m_contextHelp, &QAction::triggered, this, &Window::showHelpOfFocus);
     m_contents = m_helpMenu->addAction(QString());
     connect(m_contents, &QAction::triggered, this, &Window::showMainHelp);
+    m_bugReport = m_helpMenu->addAction(QString());
+    m_bugReport->setObjectName("bugReport");
+    connect(m_bugReport, &QAction::triggered, this, &Window::bugReportRequested);
     m_about = m_helpMenu->addAction(QString());
     connect(m_about, &QAction::triggered, this, &Window::showAbout);
 }

@@ -64,6 +64,8 @@ public:
 Q_SIGNALS:
     /// Somebody wants the program to begin anew, with the plugin as its file is now.
     void restartRequested();
+    /// Somebody wants to save a bug report.
+    void bugReportRequested();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -98,6 +100,7 @@ private:
     QAction* m_quit = nullptr;
     QAction* m_contextHelp = nullptr;
     QAction* m_contents = nullptr;
+    QAction* m_bugReport = nullptr;
     QAction* m_about = nullptr;
     help::HelpPanel* m_help;
     QPointer<QMessageBox> m_aboutBox; // null while it is not open

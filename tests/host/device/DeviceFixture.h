@@ -10,7 +10,7 @@
 #include "Settle.h"
 
 #include "host/device/Device.h"
-#include "host/device/SimulationDirectExecRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 #include "olm/core/LaserScanMessage.h"
 
 #include <QTemporaryDir>

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void what_the_robot_refuses_is_said_with_its_reason();
     void a_line_is_switched_by_its_command();
     void torque_is_switched_to_what_it_is_not();
+    void torque_is_off_as_far_as_a_robot_does_not_tell();
     void a_torque_state_of_the_wrong_shape_changes_nothing_and_is_said_once();
     void what_cannot_be_switched_unconnected_is_said();
 };
@@ -119,6 +120,19 @@ void DeviceRobotTest::torque_is_switched_to_what_it_is_not()
     QVERIFY(f.settle());
     f.exec(1006);
     QVERIFY(f.isCalled(R"(/arm/torque {"data":false})"));
+}
+
+void DeviceRobotTest::torque_is_off_as_far_as_a_robot_does_not_tell()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    f.robot.publish("/arm/torque_enabled", {{QStringLiteral("data"), true}});
+    QVERIFY(f.settle());
+    QVERIFY(f.device.disconnectDevice());
+    QVERIFY(f.connect()); // the robot may have been started anew
+    f.exec(1006);
+    QVERIFY(f.isCalled(R"(/arm/torque {"data":true})"));
 }
 
 void DeviceRobotTest::a_torque_state_of_the_wrong_shape_changes_nothing_and_is_said_once()

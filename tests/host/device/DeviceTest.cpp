@@ -7,7 +7,7 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
-#include "host/device/SimulationDirectExecRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 #include "olm/core/StringList.h"
 #include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/VariableHistoryBuffer.h"

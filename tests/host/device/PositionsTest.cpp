@@ -51,6 +51,7 @@ private Q_SLOTS:
     void a_bad_joint_state_is_said_once_and_the_pose_stays();
     void a_joint_that_is_none_of_the_arms_is_ignored();
     void a_foreign_arm_is_stored_by_its_own_joints();
+    void a_pose_is_forgotten_with_the_joints_it_was_read_by();
 };
 
 void PositionsTest::two_positions_are_there_to_begin_with()
@@ -248,6 +249,23 @@ void PositionsTest::a_foreign_arm_is_stored_by_its_own_joints()
     QCOMPARE(stored[2], 0.0F);
     QCOMPARE(stored[4], 200.0F); // millimetres
     QCOMPARE(stored[6], 0.0F);   // has no joint
+}
+
+void PositionsTest::a_pose_is_forgotten_with_the_joints_it_was_read_by()
+{
+    Fixture f;
+    f.robot.obey();
+    QVERIFY(f.connect());
+    f.robot.publish("/joint_states", jointState());
+    QVERIFY(f.settle());
+    using Unit = host::device::readers::JointTable::Unit;
+    f.device.joints().set(0, {"axis0", Unit::Degrees, true, 0}); // read so from now on
+    f.exec(1007);
+    QCOMPARE(f.config<int>("num_pos"), 2);
+    f.robot.publish("/joint_states", jointState());
+    QVERIFY(f.settle());
+    f.exec(1007);
+    QCOMPARE(f.config<int>("num_pos"), 3);
 }
 
 TEST_WITH_WINDOWS(PositionsTest)

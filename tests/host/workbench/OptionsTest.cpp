@@ -28,7 +28,8 @@ private Q_SLOTS:
     void certificates_are_read_from_their_files();
     void the_scale_is_known_before_all_else_data();
     void the_scale_is_known_before_all_else();
-    void a_folder_is_taken_where_the_program_takes_one();
+    void a_script_comes_with_its_folder_and_its_report();
+    void the_tour_is_a_script_too();
     void help_names_every_option();
     void help_puts_all_meanings_into_one_column();
     void version_is_the_programs();
@@ -40,13 +41,7 @@ namespace {
 
 Options parse(const QStringList& arguments)
 {
-    return Options(QStringList("device-workbench") + arguments, {"Shows a plugin.", {}});
-}
-
-Options parseWithFolder(const QStringList& arguments)
-{
-    return Options(QStringList("device-workbench") + arguments,
-                   {"Draws a plugin.", "Folder for the drawings."});
+    return Options(QStringList("device-workbench") + arguments);
 }
 
 } // namespace
@@ -60,7 +55,7 @@ void OptionsTest::nothing_given_means_the_usual()
     QVERIFY(options.addresses().isEmpty());
     QCOMPARE(options.laserLog().file(), QString());
     QCOMPARE(options.laserLog().rate(), 1.0);
-    QVERIFY(options.pluginFile().isEmpty() && options.folder().isEmpty());
+    QVERIFY(options.pluginFile().isEmpty() && options.scriptFile().isEmpty());
     QVERIFY(options.language().isEmpty() && options.appearance().isEmpty());
     QVERIFY(options.text().isEmpty());
 }
@@ -69,7 +64,7 @@ void OptionsTest::every_option_is_understood()
 {
     const Options options =
         parse({"--plugin", "p.so", "--device", "Two", "--address", "robot:80", "--no-robot",
-               "--language", "de", "--appearance", "dark", "--scale", "1.5"});
+               "--record", "r.bag", "--language", "de", "--appearance", "dark", "--scale", "1.5"});
     QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
     QCOMPARE(options.pluginFile(), QString("p.so"));
     QCOMPARE(options.devices(), QStringList("Two"));
@@ -77,6 +72,7 @@ void OptionsTest::every_option_is_understood()
     QCOMPARE(options.addresses().first().toString(), QString("robot:80"));
     QVERIFY(!options.hasRobot());
     QCOMPARE(options.laserLog().file(), QString());
+    QCOMPARE(options.recordFile(), QString("r.bag"));
     QCOMPARE(options.language(), QString("de"));
     QCOMPARE(options.appearance(), QString("dark"));
 }
@@ -165,21 +161,22 @@ void OptionsTest::the_scale_is_known_before_all_else()
     QTEST(Options::scale(QStringList("device-workbench") + arguments), "scale");
 }
 
-void OptionsTest::a_folder_is_taken_where_the_program_takes_one()
+void OptionsTest::a_script_comes_with_its_folder_and_its_report()
 {
-    const Options options = parseWithFolder({"--no-robot", "a folder"});
+    const Options options =
+        parse({"--script", "a.script", "--output", "there", "--junit=report.xml"});
     QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
-    QCOMPARE(options.folder(), QString("a folder"));
-    const QList<QPair<QStringList, QString>> mistakes = {
-        {{}, "DIR is missing"},
-        {{""}, "DIR is missing"},
-        {{"a", "b"}, "unexpected argument \"b\""},
-    };
-    for (const auto& [arguments, what] : mistakes) {
-        const Options refused = parseWithFolder(arguments);
-        QCOMPARE(refused.action(), Options::Action::Fail);
-        QCOMPARE(refused.text(), what);
-    }
+    QCOMPARE(options.scriptFile(), QString("a.script"));
+    QCOMPARE(options.outputFolder(), QString("there"));
+    QCOMPARE(options.reportFile(), QString("report.xml"));
+}
+
+void OptionsTest::the_tour_is_a_script_too()
+{
+    const Options options = parse({"--tour", "pictures"});
+    QVERIFY2(options.action() == Options::Action::Run, qPrintable(options.text()));
+    QCOMPARE(options.scriptFile(), Options::tourFile());
+    QCOMPARE(options.outputFolder(), QString("pictures"));
 }
 
 void OptionsTest::help_names_every_option()
@@ -188,11 +185,11 @@ void OptionsTest::help_names_every_option()
     QCOMPARE(options.action(), Options::Action::ShowText);
     for (const char* option :
          {"--plugin FILE ", "--device NAME ", "--address ADDRESS ", "--remap OURS:=THEIRS ",
-          "--trust FILE ", "--no-robot ", "--laser-log ", "--rate ", "--language CODE ",
-          "--appearance NAME ", "--scale FACTOR ", "-h, --help ", "-v, --version "})
+          "--trust FILE ", "--no-robot ", "--laser-log ", "--rate ", "--record FILE ",
+          "--language CODE ", "--appearance NAME ", "--scale FACTOR ", "--script FILE ",
+          "--output DIR ", "--junit FILE ", "--tour DIR ", "--bug-report FILE ", "-h, --help ",
+          "-v, --version "})
         QVERIFY2(options.text().contains(QLatin1String(option)), option);
-    QVERIFY(!options.text().contains("DIR"));
-    QVERIFY(parseWithFolder({"--help"}).text().contains("Folder for the drawings."));
 }
 
 void OptionsTest::help_puts_all_meanings_into_one_column()
@@ -260,6 +257,12 @@ void OptionsTest::a_mistake_is_refused_by_its_name_data()
     QTest::newRow("second address bad")
         << QStringList({"--device", "a", "--device", "b", "--address", "a", "--address", "b c"})
         << "\"b c\"";
+    QTest::newRow("output of nothing") << QStringList({"--output", "a"}) << "--script";
+    QTest::newRow("report on nothing") << QStringList({"--junit", "a"}) << "--script";
+    QTest::newRow("tour and script") << QStringList({"--tour", "a", "--script", "b"}) << "--tour";
+    QTest::newRow("tour to nowhere") << QStringList({"--tour", ""}) << "--tour";
+    QTest::newRow("report of another kind")
+        << QStringList({"--bug-report", "a.zip"}) << "does not end in .tar.gz";
     QTest::newRow("empty address") << QStringList({"--address", ""}) << "--address";
 }
 

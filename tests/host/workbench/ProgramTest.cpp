@@ -42,6 +42,7 @@ private Q_SLOTS:
     void the_language_is_the_systems();
     void without_a_display_the_program_says_so();
     void a_plugin_that_cannot_be_loaded_is_named_on_the_standard_error();
+    void a_bug_report_is_saved_without_a_display_and_what_is_in_it_is_listed();
     void a_crash_names_the_plugins_function();
     void a_signal_ends_the_program_cleanly_data();
     void a_signal_ends_the_program_cleanly();
@@ -126,6 +127,26 @@ void ProgramTest::a_plugin_that_cannot_be_loaded_is_named_on_the_standard_error(
     QVERIFY(program.waitForFinished(runPatience));
 }
 
+void ProgramTest::a_bug_report_is_saved_without_a_display_and_what_is_in_it_is_listed()
+{
+    const QTemporaryDir home;
+    QProcessEnvironment environment = environmentIn(home);
+    removeDisplay(environment);
+    const QString file = home.filePath("report.tar.gz");
+    const Result result =
+        run({"--no-robot", "--language", "en", "--bug-report", file}, environment);
+    QVERIFY2(result.status == 0, qPrintable(result.err));
+    QVERIFY2(result.out.startsWith("versions.txt: "), qPrintable(result.out));
+    QVERIFY2(result.out.endsWith('\n' + file + '\n'), qPrintable(result.out));
+    QVERIFY(QFileInfo(file).size() > 0);
+
+    const QString nowhere = "/no/such/folder/report.tar.gz";
+    const Result failed =
+        run({"--no-robot", "--language", "en", "--bug-report", nowhere}, environment);
+    QCOMPARE(failed.status, 1);
+    QVERIFY2(failed.err.contains(nowhere + " was not written: "), qPrintable(failed.err));
+}
+
 void ProgramTest::a_crash_names_the_plugins_function()
 {
     const Result result = run({"--no-robot", "--plugin", TEST_PLUGIN_FOLDER "/CrashingDialog.so"});
@@ -147,7 +168,8 @@ void ProgramTest::a_signal_ends_the_program_cleanly()
     const QTemporaryDir home;
     QProcess program;
     program.setProcessEnvironment(environmentIn(home));
-    program.start(WORKBENCH_FILE, QStringList());
+    const QString bag = home.filePath("first.bag");
+    program.start(WORKBENCH_FILE, {"--record", bag});
     QVERIFY(program.waitForStarted(runPatience));
 
     // The kernel knows when the program has taken the signal over.
@@ -164,6 +186,9 @@ void ProgramTest::a_signal_ends_the_program_cleanly()
     QVERIFY(program.waitForFinished(runPatience));
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
     QCOMPARE(program.exitCode(), 0);
+    QFile recording(bag);
+    QVERIFY(recording.open(QIODevice::ReadOnly));
+    QVERIFY(recording.readAll().contains("loadDeviceWidget")); // from the beginning
 }
 
 TEST_WITHOUT_WINDOWS(ProgramTest)

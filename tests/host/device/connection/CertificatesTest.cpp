@@ -5,7 +5,9 @@
 #include "TestCase.h"
 #include "tests/host/device/FakeRobot.h"
 #include "tests/host/device/NoHurry.h"
+#include "tests/host/device/Probe.h"
 
+#include "host/device/Device.h"
 #include "host/device/connection/Connection.h"
 #include "host/device/connection/Reconnection.h"
 
@@ -69,6 +71,7 @@ private Q_SLOTS:
     void what_a_person_trusts_is_remembered_for_the_device_and_not_asked_again();
     void a_changed_certificate_asks_again_and_says_so();
     void a_dismissed_question_is_asked_anew_by_the_next_attempt();
+    void a_question_ends_when_another_address_is_entered();
     void the_command_lines_certificates_and_authorities_are_believed_data();
     void the_command_lines_certificates_and_authorities_are_believed();
     void a_damaged_file_trusts_nobody();
@@ -159,6 +162,23 @@ void CertificatesTest::a_dismissed_question_is_asked_anew_by_the_next_attempt()
     QVERIFY(program.certificates().question());
 }
 
+void CertificatesTest::a_question_ends_when_another_address_is_entered()
+{
+    const QTemporaryDir folder;
+    TestEnvironment environment;
+    host::device::Device device("robot", folder.path(), environment, noHurry());
+    const auto enter = [&device](const char* address) {
+        device.write(plugin::gui::VariableKind::Config, "ipAddress", std::string(address));
+    };
+    enter("wss://robot.lan");
+    Certificates& certificates = device.connection().certificates();
+    certificates.objection({"robot.lan", 443, true, {}}, certificate("self-signed.pem"), "reason");
+    enter("wss://robot.lan");
+    QVERIFY(certificates.question());
+    enter("wss://other.lan");
+    QVERIFY(!certificates.question());
+}
+
 void CertificatesTest::the_command_lines_certificates_and_authorities_are_believed_data()
 {
     QTest::addColumn<QString>("shown");
@@ -224,7 +244,7 @@ void CertificatesTest::a_robot_that_ignores_all_may_want_authentication()
              qPrintable(connection.status()));
 }
 
-TEST_WITHOUT_WINDOWS(CertificatesTest)
+TEST_WITH_WINDOWS(CertificatesTest)
 
 } // namespace certificates_test
 

@@ -4,7 +4,7 @@
 #include "NamesFixture.h"
 #include "TestCase.h"
 
-#include "host/device/SimulationDirectExecRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 
 #include <QtTest>
 

@@ -81,6 +81,7 @@ private Q_SLOTS:
     void a_topic_that_nobody_publishes_is_tried_once_for_each_link();
     void a_topic_that_comes_in_the_other_encoding_only_stays_in_it();
     void a_topic_that_is_not_offered_is_not_tried();
+    void a_robot_of_which_nothing_comes_is_asked_nothing_else();
 };
 
 void SilentTopicsTest::what_a_server_cannot_convert_to_CBOR_comes_as_JSON()
@@ -135,6 +136,19 @@ void SilentTopicsTest::a_topic_that_is_not_offered_is_not_tried()
     QTRY_VERIFY_WITH_TIMEOUT(f.robot.subscribeCount("/drive/disabled") > driveFollowers, patience);
     QCOMPARE(f.robot.subscribeCount("/joint_states"), 1);
     QCOMPARE(f.robot.subscribeCount("/rosout"), 1);
+}
+
+void SilentTopicsTest::a_robot_of_which_nothing_comes_is_asked_nothing_else()
+{
+    Fixture f(Ros::One);
+    f.timer.stop();
+    QVERIFY(f.connect());
+    QVERIFY(f.settle());
+    QElapsedTimer time;
+    time.start();
+    QTRY_VERIFY_WITH_TIMEOUT(time.hasExpired(300), patience); // three times the silence
+    QCOMPARE(f.trials(), QStringList());
+    QCOMPARE(f.robot.subscribeCount("/odom"), 1);
 }
 
 TEST_WITH_WINDOWS(SilentTopicsTest)

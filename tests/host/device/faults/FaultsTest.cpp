@@ -4,7 +4,7 @@
 #include "FaultsFixture.h"
 #include "TestCase.h"
 
-#include "host/device/SimulationDirectExecRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 #include "rosbridge/protocol/Angle.h"
 
 #include <QCborArray>

@@ -5,7 +5,7 @@
 #include "TestCase.h"
 #include "tests/host/device/Settle.h"
 
-#include "host/device/SimulationDirectExecRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>

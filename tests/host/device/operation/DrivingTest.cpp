@@ -158,6 +158,7 @@ private Q_SLOTS:
     void robots_of_both_generations_are_driven_data();
     void robots_of_both_generations_are_driven();
     void the_speeds_are_remembered_for_the_device();
+    void speeds_from_a_file_are_bounded_like_those_that_are_entered();
     void our_robot_is_driven();
 };
 
@@ -292,6 +293,17 @@ void DrivingTest::the_speeds_are_remembered_for_the_device()
     QTRY_COMPARE_WITH_TIMEOUT(int(problems.count()), 1, patience);
     QVERIFY(problems.first().first().toString().contains("\"linear\" is not a number"));
     QCOMPARE(other.driving().limits().linear, 0.3);
+}
+
+void DrivingTest::speeds_from_a_file_are_bounded_like_those_that_are_entered()
+{
+    Fixture f;
+    QFile file(f.folder.filePath("other.drive"));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(R"({"linear": 50, "angular": -1})") > 0);
+    file.close();
+    host::device::Device other("other", f.folder.path(), f.environment, noHurry());
+    QCOMPARE(other.driving().limits().linear, Driving::fastest.linear);
+    QCOMPARE(other.driving().limits().angular, Driving::slowest.angular);
 }
 
 void DrivingTest::our_robot_is_driven()

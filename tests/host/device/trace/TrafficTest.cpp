@@ -7,7 +7,7 @@
 #include "tests/host/device/Probe.h"
 
 #include "host/device/Device.h"
-#include "host/device/SimulationDirectExecRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 #include "host/device/trace/ClassName.h"
 #include "host/device/trace/TracedCall.h"
 

@@ -3,7 +3,7 @@
 
 #include "TestCase.h"
 
-#include "host/device/SimulationDirectExecRole.h"
+#include "host/device/connection/SimulationDirectExecRole.h"
 #include "host/workbench/values/ValueText.h"
 #include "olm/core/LaserScanMessage.h"
 #include "olm/core/Vector.h"

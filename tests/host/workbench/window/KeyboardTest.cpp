@@ -84,6 +84,7 @@ void KeyboardTest::tab_reaches_every_control_once_in_the_order_of_reading_data()
     const QStringList manipulator{"QCheckBox",    "QCheckBox",          "QPushButton", "QCheckBox",
                                   "PositionView", "olm::qt::log::View", "QTabBar"};
     const QStringList laser{"olm::qt::log::View", "QTabBar"};
+    const QStringList status{"host::workbench::recording::RecordButton"};
     const QStringList robot{"QToolButton", "QToolButton", "host::workbench::robotview::WorldView",
                             "QTreeView"};
     const QStringList drive{"QDoubleSpinBox", "QDoubleSpinBox",
@@ -98,11 +99,11 @@ void KeyboardTest::tab_reaches_every_control_once_in_the_order_of_reading_data()
         tabBars;
     const QStringList help{"QTextBrowser"};
     QTest::newRow("base, variables")
-        << 0 << "VariablesDock" << toolBar + base + robot + drive + variables + help;
+        << 0 << "VariablesDock" << toolBar + base + status + robot + drive + variables + help;
     QTest::newRow("manipulator, traffic")
-        << 1 << "TrafficDock" << toolBar + manipulator + robot + drive + traffic + help;
+        << 1 << "TrafficDock" << toolBar + manipulator + status + robot + drive + traffic + help;
     QTest::newRow("laser, variables")
-        << 2 << "VariablesDock" << toolBar + laser + robot + drive + variables + help;
+        << 2 << "VariablesDock" << toolBar + laser + status + robot + drive + variables + help;
 }
 
 void KeyboardTest::tab_reaches_every_control_once_in_the_order_of_reading()

@@ -1,0 +1,255 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "host/check/stage/Actions.h"
+
+#include "host/check/stage/ControlPath.h"
+#include "host/check/stage/Progress.h"
+#include "host/check/stage/Stage.h"
+#include "host/check/stage/Values.h"
+#include "plugin/gui/DeviceWidget.h"
+
+#include <QApplication>
+#include <QHash>
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QWindow>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace host::check::stage {
+
+namespace {
+
+constexpr int leastRole = 1000; // devices have their own above it
+constexpr int mostRoles = 10;
+
+const Variant& valueOf(const Action& action)
+{
+    const std::vector<Variant>& values = usualValues();
+    return values[action.value.toUInt() % values.size()];
+}
+
+/// "config brightness" and back.
+const std::array<QString, 4>& kinds()
+{
+    static const std::array<QString, 4> names{QStringLiteral("input"), QStringLiteral("output"),
+                                              QStringLiteral("state"), QStringLiteral("config")};
+    return names;
+}
+
+QString targetOf(const Variable& variable)
+{
+    return kinds()[static_cast<std::size_t>(variable.first)] + ' ' +
+           QString::fromLatin1(variable.second.c_str());
+}
+
+Variable variableOf(const QString& target)
+{
+    Variable variable;
+    for (std::size_t i = 0; i < kinds().size(); ++i) {
+        if (target.startsWith(kinds()[i] + ' '))
+            variable = {static_cast<plugin::gui::VariableKind>(i),
+                        target.mid(kinds()[i].size() + 1).toLatin1().toStdString()};
+    }
+    return variable;
+}
+
+/// What a person can use at the moment.
+QWidget* screenOf(const Stage& stage)
+{
+    if (QWidget* const popup = QApplication::activePopupWidget())
+        return popup;
+    QWidget* const dialog = QApplication::activeModalWidget();
+    return dialog ? dialog : stage.widget();
+}
+
+/// Of the target, null where it is not on the screen.
+QWidget* controlOf(const Action& action, const Stage& stage)
+{
+    QWidget* const screen = screenOf(stage);
+    QWidget* const control = screen ? atPath(*screen, action.target) : nullptr;
+    return control && control->isVisible() && control->window()->windowHandle() ? control : nullptr;
+}
+
+QPoint placeIn(const QString& value)
+{
+    return {value.section(',', 0, 0).toInt(), value.section(',', 1, 1).toInt()};
+}
+
+/// Sent through the window, as from a screen: focus and what lies above count.
+void sendMouse(QEvent::Type type, QWidget& control, const QPoint& place, Qt::MouseButton button,
+               Qt::MouseButtons held)
+{
+    QWidget& window = *control.window();
+    QMouseEvent event(type, control.mapTo(&window, place), control.mapToGlobal(place), button, held,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+}
+
+template <Qt::MouseButton button, QEvent::Type press = QEvent::MouseButtonPress>
+void click(const Action& action, Stage& stage)
+{
+    const QPointer<QWidget> control = controlOf(action, stage);
+    const QPoint place = placeIn(action.value);
+    if (control)
+        sendMouse(press, *control, place, button, button);
+    if (control && control->window()->windowHandle())
+        sendMouse(QEvent::MouseButtonRelease, *control, place, button, Qt::NoButton);
+}
+
+void drag(const Action& action, Stage& stage)
+{
+    const QPointer<QWidget> control = controlOf(action, stage);
+    const QPoint begin = placeIn(action.value.section(' ', 0, 0));
+    const QPoint end = placeIn(action.value.section(' ', 1, 1));
+    const auto send = [&](QEvent::Type type, const QPoint& place, Qt::MouseButton button,
+                          Qt::MouseButtons held) {
+        if (control && control->window()->windowHandle())
+            sendMouse(type, *control, place, button, held);
+    };
+    send(QEvent::MouseButtonPress, begin, Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, (begin + end) / 2, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseMove, end, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, end, Qt::LeftButton, Qt::NoButton);
+}
+
+int keyOf(const QKeySequence& keys)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return keys[0];
+#else
+    return keys[0].key();
+#endif
+}
+
+/// To whatever has the focus.
+void press(const Action& action, Stage& stage)
+{
+    const QKeySequence keys(action.value);
+    const QPointer<QWidget> screen = screenOf(stage);
+    const int key = keys.isEmpty() ? 0 : keyOf(keys);
+    const QString text = action.value.size() == 1 ? action.value : QString();
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        if (!screen || !screen->window()->windowHandle())
+            return; // the press closed it
+        QKeyEvent event(type, key, Qt::NoModifier, text);
+        QCoreApplication::sendEvent(screen->window()->windowHandle(), &event);
+    }
+}
+
+using Deed = void (*)(const Action& action, Stage& stage);
+
+const QHash<QString, Deed>& deeds()
+{
+    static const QHash<QString, Deed> all{
+        {"show", [](const Action&, Stage& stage) { stage.widget()->show(); }},
+        {"hide", [](const Action&, Stage& stage) { stage.widget()->hide(); }},
+        {"resize",
+         [](const Action& action, Stage& stage) {
+             stage.widget()->resize(action.value.toInt(), action.value.toInt());
+         }},
+        {"translate", [](const Action&, Stage& stage) { stage.host().translate(); }},
+        {"connected", [](const Action&, Stage& stage) { stage.host().connected(); }},
+        {"disconnected", [](const Action&, Stage& stage) { stage.host().disconnected(); }},
+        {"message",
+         [](const Action& action, Stage& stage) {
+             stage.host().message(action.target.toInt(), valueOf(action));
+         }},
+        {"update",
+         [](const Action& action, Stage& stage) {
+             stage.host().change(variableOf(action.target), valueOf(action));
+         }},
+        {"click", click<Qt::LeftButton>},
+        {"right-click", click<Qt::RightButton>},
+        {"double-click", click<Qt::LeftButton, QEvent::MouseButtonDblClick>},
+        {"drag", drag},
+        {"press", press},
+    };
+    return all;
+}
+
+/// Those that a person sees in @p screen, itself included.
+QList<QWidget*> seenIn(QWidget& screen)
+{
+    QList<QWidget*> seen{&screen};
+    for (QWidget* widget : screen.findChildren<QWidget*>()) {
+        if (widget->isVisibleTo(&screen) && widget->isEnabled() && widget->window() == &screen)
+            seen << widget;
+    }
+    return seen;
+}
+
+} // namespace
+
+QString Action::inWords() const
+{
+    return QStringList{verb, target, value}.join(' ').simplified();
+}
+
+ActionList notifications(const Usage& usage, std::mt19937& random)
+{
+    ActionList actions;
+    for (const char* verb : {"show", "hide", "translate", "connected", "disconnected"})
+        actions.insert(actions.end(), 2, {QLatin1String(verb), QString(), QString()});
+    for (const char* size : {"10", "1000"})
+        actions.push_back({"resize", QString(), QLatin1String(size)});
+    const auto draw = [&] { return QString::number(random() % usualValues().size()); };
+    for (const Variable& variable : usage.registered)
+        actions.push_back({"update", targetOf(variable), draw()});
+    for (int i = 0; i < mostRoles; ++i)
+        actions.push_back({"message", QString::number(i % 2 == 0 ? i : leastRole + i), draw()});
+    return actions;
+}
+
+Action drawFromScreen(const Stage& stage, std::mt19937& random)
+{
+    static const QStringList keys{"Tab",   "Return", "Esc",  "Up",  "Down",     "Left",
+                                  "Right", "Space",  "Home", "End", "Delete",   "F2",
+                                  "7",     "a",      "-",    ".",   "Backspace"};
+    static const QStringList verbs{"click", "click",       "click",        "click", "press",
+                                   "press", "right-click", "double-click", "drag"};
+    const auto draw = [&](qsizetype end) {
+        return static_cast<int>(random() % static_cast<std::size_t>(std::max<qsizetype>(end, 1)));
+    };
+    QWidget& screen = *screenOf(stage);
+    const QString& verb = verbs.at(draw(verbs.size()));
+    if (verb == QLatin1String("press"))
+        return {verb, QString(), keys.at(draw(keys.size()))};
+    const QList<QWidget*> seen = seenIn(screen);
+    const QWidget& control = *seen.at(draw(seen.size()));
+    const auto place = [&] {
+        const int x = draw(control.width());
+        return QStringLiteral("%1,%2").arg(x).arg(draw(control.height()));
+    };
+    QString value = place();
+    if (verb == QLatin1String("drag"))
+        value += ' ' + place();
+    return {verb, pathOf(control, screen), value};
+}
+
+void perform(const Action& action, Stage& stage)
+{
+    if (const Deed deed = deeds().value(action.verb))
+        deed(action, stage);
+}
+
+void play(const ActionList& actions, Stage& stage)
+{
+    QStringList done;
+    for (const Action& action : actions) {
+        if (!stage.widget())
+            return;
+        done << action.inWords();
+        Progress::note(done.join(", "));
+        perform(action, stage);
+        settle();
+    }
+    Progress::note(QString());
+}
+
+} // namespace host::check::stage

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "host/check/stage/Application.h"
+
+#include "host/check/stage/Complaints.h"
+
+#include <QEvent>
+#include <QMetaEnum>
+
+#include <exception>
+
+namespace host::check::stage {
+
+namespace {
+
+QString eventName(QEvent::Type type)
+{
+    const QString name = QMetaEnum::fromType<QEvent::Type>().valueToKey(type);
+    return name.isEmpty() ? QString::number(type) : name;
+}
+
+} // namespace
+
+Application::Application(int& argc, char** argv, Complaints& complaints)
+    : QApplication(argc, argv),
+      m_complaints(complaints)
+{
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    const QEvent::Type type = event->type(); // both may be gone afterwards
+    const auto complain = [&](const QString& what) {
+        m_complaints.add(
+            QStringLiteral("threw an exception into the event loop, in an event %1: %2")
+                .arg(eventName(type), what));
+    };
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception& e) {
+        complain(QString::fromUtf8(e.what()));
+    } catch (...) {
+        complain(QStringLiteral("of an unknown type"));
+    }
+    return true;
+}
+
+} // namespace host::check::stage

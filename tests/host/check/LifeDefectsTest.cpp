@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "Defects.h"
+#include "TestCase.h"
+
+#include <QtTest>
+
+namespace life_defects_test {
+
+using defects::Defect;
+
+namespace {
+
+constexpr Defect all[] = {
+    {"same-widget-twice", "new-widget", "failed", "the same widget twice"},
+    {"has-parent", "new-widget", "failed", "has a parent"},
+    {"shows-itself", "new-widget", "failed", "shows its widget itself"},
+    {"never-returns", "orders", "timed out", "in its function connected"},
+    {"never-translates", "deletion", "timed out", "in its function translate"},
+    {"throws-in-update", "orders", "failed", "Dialog::update threw an exception into its host"},
+    {"throws-in-event", "orders", "failed", "in an event Show: no room"},
+    {"deletes-itself", "orders", "failed", "deletes its widget"},
+    {"crashes-on-wrong-type", "orders", "crashed", "in its function update, after:"},
+    {"keeps-deleted-owner", "deletion", "failed", "when the last of the device's widgets was gone"},
+    {"crashes-untranslated", "deletion", "crashed", "deleted before it was translated"},
+    {"crashes-in-destructor", "deletion", "crashed", "in its function destructor"},
+    {"forgets-child", "deletion", "failed", "is still there"},
+    {"leaks-widget", "ledger", "failed", "objects of class QLabel"},
+    {"leaks-object", "ledger", "failed", "objects of class QObject"},
+    {"leaks-timer", "ledger", "failed", "running timers"},
+    {"leaks-window", "ledger", "failed", "windows"},
+    {"leaks-thread", "ledger", "failed", "threads"},
+    {"leaks-file", "ledger", "failed", "open files"},
+    {"leaks-connection", "ledger", "failed", "connections with the host's objects"},
+#ifndef QUANDREL_SANITIZERS // which count the memory themselves
+    {"leaks-memory", "memory", "failed", "bytes of memory"},
+#endif
+    {"mixes-up-devices", "ten-devices", "failed", "mixes up devices"},
+};
+
+} // namespace
+
+/// Level 2: what goes wrong as widgets come and go.
+class LifeDefectsTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void each_defect_is_found_and_named_data();
+    void each_defect_is_found_and_named();
+};
+
+void LifeDefectsTest::each_defect_is_found_and_named_data()
+{
+    QTest::addColumn<int>("index");
+    int index = 0;
+    for (const Defect& defect : all)
+        QTest::addRow("%s by %s", defect.plugin, defect.test) << index++;
+}
+
+void LifeDefectsTest::each_defect_is_found_and_named()
+{
+    QFETCH(int, index);
+    const QString fault = defects::fault(all[index]);
+    QVERIFY2(fault.isEmpty(), qPrintable(fault));
+}
+
+TEST_WITHOUT_WINDOWS(LifeDefectsTest)
+
+} // namespace life_defects_test
+
+#include "LifeDefectsTest.moc"

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: the Quandrel device GUI authors
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "Defects.h"
+#include "TestCase.h"
+
+#include <QtTest>
+
+namespace sound_plugins_test {
+
+using program_run::Result;
+
+/// Plugins with nothing wrong, written differently: device-plugin-check has nothing to say of them.
+class SoundPluginsTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sound_plugins_pass_data();
+    void sound_plugins_pass();
+};
+
+void SoundPluginsTest::sound_plugins_pass_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("level"); // of the highest that has nothing to say
+    QTest::newRow("one with many controls") << defects::brokenPlugin("sound") << "8";
+    QTest::newRow("the guide's example") << defects::brokenPlugin("lamp") << "8";
+    QTest::newRow("one with two bare widgets") << TEST_PLUGIN_FOLDER "/TwoWidgets.so"
+                                               << "5";
+    QTest::newRow("one with texts and tables") << TEST_PLUGIN_FOLDER "/Gripper.so"
+                                               << "5";
+}
+
+void SoundPluginsTest::sound_plugins_pass()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, level);
+    QStringList arguments{"--level", level, "--effort", "1", file};
+#ifdef QUANDREL_SANITIZERS // which export symbols of their own
+    arguments << "--skip"
+              << "exported-symbols";
+#endif
+    const Result result = program_run::run(CHECK_FILE, arguments);
+    QVERIFY2(result.status == 0, qPrintable(result.out + result.err));
+}
+
+TEST_WITHOUT_WINDOWS(SoundPluginsTest)
+
+} // namespace sound_plugins_test
+
+#include "SoundPluginsTest.moc"
