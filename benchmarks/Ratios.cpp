@@ -3,9 +3,9 @@
 
 #include "Ratios.h"
 
+#include "Row.h"
+
 #include <algorithm>
-#include <iomanip>
-#include <sstream>
 
 namespace {
 
@@ -16,19 +16,12 @@ double median(std::vector<double> values)
     return *middle;
 }
 
-std::string fixed(double value, int decimals)
-{
-    std::ostringstream text;
-    text << std::fixed << std::setprecision(decimals) << value;
-    return text.str();
-}
-
 std::string timeText(double nanoseconds)
 {
     if (nanoseconds < 1e4)
-        return fixed(nanoseconds, 1) + " ns";
-    return nanoseconds < 1e7 ? fixed(nanoseconds / 1e3, 1) + " us"
-                             : fixed(nanoseconds / 1e6, 1) + " ms";
+        return figure(nanoseconds, 1, "ns");
+    return nanoseconds < 1e7 ? figure(nanoseconds / 1e3, 1, "us")
+                             : figure(nanoseconds / 1e6, 1, "ms");
 }
 
 } // namespace
@@ -64,17 +57,6 @@ void Ratios::ReportRuns(const std::vector<Run>& runs)
 
 void Ratios::Finalize()
 {
-    std::ostream& out = GetOutputStream();
-    const auto line = [&out](const std::string& name, const std::string& time,
-                             const std::string& allocations, const std::string& with,
-                             const std::string& withTime, const std::string& ratio,
-                             const std::string& aim) {
-        out << std::left << std::setw(38) << name << std::right << std::setw(11) << time
-            << std::setw(13) << allocations << "   " << std::left << std::setw(44) << with
-            << std::right << std::setw(11) << withTime << std::setw(8) << ratio << std::setw(7)
-            << aim << '\n';
-    };
-    line("name", "median", "allocations", "compared with", "median", "ratio", "aim");
     for (const Comparison& comparison : m_comparisons) {
         const auto measured = m_measured.find(comparison.name);
         const auto peer = m_measured.find(comparison.with);
@@ -83,8 +65,10 @@ void Ratios::Finalize()
         const double time = median(measured->second.times);
         const double peerTime = median(peer->second.times);
         const double allocations = measured->second.allocations;
-        line(comparison.name, timeText(time), allocations < 0 ? "" : fixed(allocations, 2),
-             comparison.with, timeText(peerTime), fixed(time / peerTime, 2),
-             comparison.aim > 0 ? fixed(comparison.aim, 2) : "");
+        std::string text = timeText(time);
+        if (allocations >= 0)
+            text += ", " + figure(allocations, 0, "allocations");
+        print(Row{comparison.name, text, comparison.with, timeText(peerTime), time / peerTime,
+                  comparison.aim > 0 ? figure(comparison.aim, 2) : ""});
     }
 }

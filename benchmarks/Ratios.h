@@ -10,13 +10,13 @@
 #include <string>
 #include <vector>
 
-/// The table that a run ends with: each benchmark's median processor time beside that of what it is
+/// The rows that a run ends with: each benchmark's median processor time beside that of what it is
 /// compared with in the same run. It judges nothing: a time says little on a busy machine, a
 /// ratio more.
 class Ratios : public benchmark::BenchmarkReporter
 {
 public:
-    /// A line with the ratio of the medians of @p name and @p with, which should not exceed
+    /// A row with the ratio of the medians of @p name and @p with, which should not exceed
     /// @p aim; 0 is no aim. Left out where one of them did not run.
     void compare(const std::string& name, const std::string& with, double aim);
 

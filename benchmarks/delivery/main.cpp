@@ -4,6 +4,7 @@
 #include "Clients.h"
 
 #include "benchmarks/ProcessorTime.h"
+#include "benchmarks/Row.h"
 #include "benchmarks/Seconds.h"
 #include "benchmarks/ServerProcess.h"
 
@@ -109,10 +110,6 @@ int main(int argc, char* argv[])
         return 2;
     const std::chrono::seconds time(*seconds);
 
-    std::printf("%-9s%8s%8s%8s   %-20s   %-20s%8s%8s\n", "", "", "bytes", "", "measured server",
-                "bare server", "", "");
-    std::printf("%-9s%8s%8s%8s   %10s%10s   %10s%10s%8s%8s\n", "scan as", "clients", "each", "Hz",
-                "idle ms/s", "us each", "idle ms/s", "us each", "ratio", "load");
     for (const char* compression : {"none", "cbor"}) {
         for (const int clients : {1, 4, 16}) {
             std::optional<ServerProcess> robot;
@@ -122,18 +119,28 @@ int main(int argc, char* argv[])
                               QStringList{"--port", "0", "--seed", "1"});
                 server = {robot->address(), robot->id()};
             }
+            const double alone = processorTimeFor(server, time) / 1e6;
             const auto ours = measure(server, clients, compression, time);
             robot.reset();
             const auto bare =
                 ours ? measureBareServer(*ours, clients, compression, time) : std::nullopt;
             if (!bare)
                 return 1;
-            std::printf("%-9s%8d%8d%8.1f   %10.2f%10.1f   %10.2f%10.1f%8.2f%8.1f\n",
-                        qstrcmp(compression, "none") == 0 ? "JSON" : "CBOR", clients,
-                        static_cast<int>(ours->message.size()), ours->rate, ours->idleTime,
-                        ours->messageTime, bare->idleTime, bare->messageTime,
-                        ours->messageTime / bare->messageTime, machineLoad());
-            std::fflush(stdout);
+            const std::string what = std::string("delivery: ") +
+                                     (qstrcmp(compression, "none") == 0 ? "JSON" : "CBOR") + ", " +
+                                     std::to_string(clients) + " connected";
+            print(Row{what + ", each scan of " + std::to_string(ours->message.size()) + " bytes",
+                      figure(ours->messageTime, 0, "us"), "a bare QWebSocketServer",
+                      figure(bare->messageTime, 0, "us"), ours->messageTime / bare->messageTime,
+                      ""});
+            print(Row{what + " and hearing nothing, a second", figure(ours->idleTime, 1, "ms"),
+                      "a bare QWebSocketServer", figure(bare->idleTime, 1, "ms"),
+                      ours->idleTime / bare->idleTime, ""});
+            if (clients > 1)
+                continue;
+            print(Row{"delivery: nobody connected, a second", figure(alone, 1, "ms"),
+                      "with them, hearing nothing", figure(ours->idleTime, 1, "ms"),
+                      alone / ours->idleTime, "4 ms"});
         }
     }
     return 0;

@@ -33,6 +33,8 @@ public:
     /// one does not get that far.
     bool connectAll();
 
+    host::device::Device& firstDevice() { return m_devices.front(); }
+
     /// The tab in front, of every device: 0 base, 1 manipulator, 2 laser.
     void setTab(int index);
     /// Has the tabs in front paint all of themselves, changed or not.

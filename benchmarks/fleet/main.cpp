@@ -4,7 +4,7 @@
 #include "DelayProbe.h"
 #include "Fleet.h"
 
-#include "benchmarks/ProcessorTime.h"
+#include "benchmarks/Row.h"
 #include "benchmarks/Seconds.h"
 
 #include <QApplication>
@@ -88,21 +88,10 @@ std::optional<Figures> measure(int robots, const Scene& scene, int seconds)
     return measure(seconds);
 }
 
-void printDelays(const std::vector<double>& delays)
+/// What 99 % of the delays are below, in milliseconds.
+double late(const std::vector<double>& delays)
 {
-    for (const double share : {0.5, 0.99, 1.0}) {
-        const double last = static_cast<double>(delays.size() - 1);
-        std::printf("%8.2f", delays[static_cast<std::size_t>(share * last)]);
-    }
-}
-
-void printEnd(const Figures& figures)
-{
-    printDelays(figures.delays);
-    std::printf("   ");
-    printDelays(figures.idleDelays);
-    std::printf("%9.1f\n", machineLoad());
-    std::fflush(stdout);
+    return delays[static_cast<std::size_t>(0.99 * static_cast<double>(delays.size() - 1))];
 }
 
 } // namespace
@@ -116,14 +105,7 @@ int main(int argc, char* argv[])
         return 2;
     const int seconds = *asked;
 
-    std::printf("%-8s%-22s%13s%8s%10s   %-24s   %-24s%9s\n", "", "", "ms per robot", "beside",
-                "share of", "GUI thread's delay in ms", "idle thread's", "machine's");
-    std::printf("%-8s%-22s%13s%8s%10s%8s%8s%8s   %8s%8s%8s%9s\n", "robots", "laser tab",
-                "and second", "one", "a core", "median", "99 %", "most", "median", "99 %", "most",
-                "load");
     const Figures idle = measure(seconds);
-    std::printf("%-8s%-22s%13s%8s%9.1f%%", "none", "no window", "", "", idle.processorTime / 10);
-    printEnd(idle);
     for (const Scene& scene : scenes) {
         double one = 0;
         for (const int robots : {1, 5, 20}) {
@@ -134,9 +116,14 @@ int main(int argc, char* argv[])
             const double each = (figures->processorTime - idle.processorTime) / robots;
             if (robots == 1)
                 one = each;
-            std::printf("%-8d%-22s%13.2f%8.2f%9.1f%%", robots, scene.name, each, each / one,
-                        figures->processorTime / 10);
-            printEnd(*figures);
+            const std::string what = "fleet: robots " + std::to_string(robots) + ", " + scene.name;
+            print(Row{what + ", processor time of each a second", figure(each, 1, "ms"),
+                      "one robot", figure(one, 1, "ms"), each / one, robots == 20 ? "1" : ""});
+            const double delay = late(figures->delays);
+            const double idleDelay = late(figures->idleDelays);
+            print(Row{what + ", 99 % of the delays below", figure(delay, 1, "ms"),
+                      "a thread that does nothing else", figure(idleDelay, 1, "ms"),
+                      delay / idleDelay, "20 ms"});
         }
     }
     return 0;

@@ -5,6 +5,7 @@
 #include "Comers.h"
 #include "LoudRobot.h"
 
+#include "benchmarks/Row.h"
 #include "benchmarks/Seconds.h"
 #include "host/device/Device.h"
 #include "host/workbench/EmbeddedRobot.h"
@@ -81,18 +82,21 @@ QByteArray logLine(const QByteArray& text)
            text + R"(","file":"","function":"","line":0,"topics":[]}})";
 }
 
-/// @p rate is what the flood really had. @p most is the longest delay of the first line of a group,
-/// 0 in that line.
-void print(const char* name, int rate, const std::vector<double>& delays, double& most)
+/// The longest of the @p delays; @p most is that of the first row of a group, 0 in that row.
+void print(const std::string& name, const std::vector<double>& delays, double& most)
 {
-    const auto share = [&](double part) {
-        return delays[static_cast<std::size_t>(part * static_cast<double>(delays.size() - 1))];
-    };
     if (most == 0)
         most = delays.back();
-    std::printf("%-36s%10d%8zu%9.1f%9.1f%9.1f%9.1f\n", name, rate, delays.size(), share(0.5),
-                share(0.99), delays.back(), delays.back() / most);
-    std::fflush(stdout);
+    const double median = delays[delays.size() / 2];
+    print(Row{"flood: " + name + ", click to answer, longest",
+              figure(delays.back(), 1, "ms") + ", median " + figure(median, 1, "ms"), "no flood",
+              figure(most, 1, "ms"), delays.back() / most, "200 ms"});
+}
+
+/// With what the flood really had, which a busy machine limits.
+std::string perSecond(const char* name, int count, int seconds)
+{
+    return std::string(name) + ", " + std::to_string(count / seconds) + " a second";
 }
 
 } // namespace
@@ -116,15 +120,12 @@ int main(int argc, char* argv[])
     for (int i = 0; i < 20000; ++i)
         newlines += "\\n";
     const Flood floods[] = {
-        {"no flood", logLine("quiet"), 0},
+        {"none", logLine("quiet"), 0},
         {"lines of the log, short", logLine("one of many"), 10000},
         {"lines of the log, 100 kB each", logLine(QByteArray(100000, 'x')), 100},
         {"lines of the log, 20,000 newlines", logLine(newlines), 100},
         {"status messages", R"({"op":"status","level":"warning","msg":"one of many"})", 10000},
     };
-    std::printf("%-36s%10s%8s%27s%9s\n", "", "each", "", "from click to answer in ms", "most,");
-    std::printf("%-36s%10s%8s%9s%9s%9s%9s\n", "flood", "second", "clicks", "median", "99 %", "most",
-                "beside");
     double most = 0;
     for (const Flood& flood : floods) {
         const LoudRobot robot(flood.message, flood.rate);
@@ -133,7 +134,8 @@ int main(int argc, char* argv[])
             return 1;
         const int before = robot.count();
         const std::vector<double> delays = scene.measure(seconds);
-        print(flood.name, (robot.count() - before) / seconds, delays, most);
+        print(flood.rate > 0 ? perSecond(flood.name, robot.count() - before, seconds) : flood.name,
+              delays, most);
     }
 
     double mostWithRobot = 0;
@@ -146,8 +148,9 @@ int main(int argc, char* argv[])
         if (rate > 0)
             comers.emplace(robot.address(), rate);
         const std::vector<double> delays = scene.measure(seconds);
-        print(rate > 0 ? "embedded robot, clients come and go" : "embedded robot, no flood",
-              comers ? comers->count() / seconds : 0, delays, mostWithRobot);
+        print(comers ? perSecond("embedded robot's clients come and go", comers->count(), seconds)
+                     : "none, with the embedded robot",
+              delays, mostWithRobot);
     }
     return 0;
 }

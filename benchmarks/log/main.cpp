@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "benchmarks/Row.h"
 #include "benchmarks/Seconds.h"
 
 #include "olm/qt/log/Log.h"
@@ -58,7 +59,6 @@ void fill(QTextDocument& document)
 /// A full log on the screen.
 struct Side
 {
-    const char* name;
     std::function<void(const QString&)> post;
     std::vector<double> busy{}; // each time that its thread did something, in milliseconds
     int lines = 0;
@@ -93,15 +93,19 @@ struct Figures
     double most;
 };
 
-Figures print(Side& side)
+Figures figuresOf(Side& side)
 {
     std::sort(side.busy.begin(), side.busy.end());
     const auto share = static_cast<std::size_t>(0.99 * static_cast<double>(side.busy.size() - 1));
-    const Figures figures{std::accumulate(side.busy.begin(), side.busy.end(), 0.0) / side.lines,
-                          side.busy[share], side.busy.back()};
-    std::printf("%-44s%8d%9.3f%9.3f%9.3f\n", side.name, side.lines, figures.average, figures.late,
-                figures.most);
-    return figures;
+    return {std::accumulate(side.busy.begin(), side.busy.end(), 0.0) / side.lines, side.busy[share],
+            side.busy.back()};
+}
+
+void print(const char* what, double time, double peerTime, const char* aim = "")
+{
+    print(Row{std::string("log: a line of a full one, ") + what, figure(time, 3, "ms"),
+              "a QTextEdit with maximumBlockCount", figure(peerTime, 3, "ms"), time / peerTime,
+              aim});
 }
 
 } // namespace
@@ -124,9 +128,8 @@ int main(int argc, char* argv[])
     QTextEdit documentView;
     documentView.setReadOnly(true);
     documentView.setDocument(&document);
-    Side ours{"the log", [&log](const QString& line) { log.postLog(line, 255); }};
-    Side peer{"a document with maximumBlockCount",
-              [&documentView](const QString& line) { documentView.append(line); }};
+    Side ours{[&log](const QString& line) { log.postLog(line, 255); }};
+    Side peer{[&documentView](const QString& line) { documentView.append(line); }};
     for (QTextEdit* view : {static_cast<QTextEdit*>(&logView), &documentView}) {
         view->resize(600, 300);
         view->show();
@@ -141,11 +144,10 @@ int main(int argc, char* argv[])
         for (Side* side : {&ours, &peer})
             measure(*side, time / roundCount);
     }
-    std::printf("%-44s%8s%27s\n", "", "", "processor time in ms");
-    std::printf("%-44s%8s%9s%9s%9s\n", "a line of a full log", "lines", "average", "99 %", "most");
-    const Figures us = print(ours);
-    const Figures them = print(peer);
-    std::printf("%-44s%8s%9.2f%9.2f%9.2f\n", "ratio", "", us.average / them.average,
-                us.late / them.late, us.most / them.most);
+    const Figures us = figuresOf(ours);
+    const Figures them = figuresOf(peer);
+    print("on average", us.average, them.average, "1");
+    print("99 % below", us.late, them.late);
+    print("longest work", us.most, them.most, "1");
     return 0;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "benchmarks/ProcessorTime.h"
+#include "benchmarks/Row.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -90,9 +91,8 @@ std::optional<Opening> open(const QString& program, const QStringList& arguments
     return Opening{change - start, std::chrono::nanoseconds(used)};
 }
 
-/// The median of several times. Prints a line of the table, @p one is the line of one device.
-std::optional<Opening> print(const char* name, const QString& program, const QStringList& arguments,
-                             int devices, const std::optional<Opening>& one)
+/// The median of several times.
+std::optional<Opening> medianOf(const QString& program, const QStringList& arguments)
 {
     std::array<Milliseconds, 5> times{};
     std::array<Milliseconds, 5> processorTimes{};
@@ -107,16 +107,14 @@ std::optional<Opening> print(const char* name, const QString& program, const QSt
     }
     std::sort(times.begin(), times.end());
     std::sort(processorTimes.begin(), processorTimes.end());
-    const Opening median{times[times.size() / 2], processorTimes[times.size() / 2]};
-    std::printf("%-32s%10.0f%10.0f%10.0f", name, times.front().count(), median.time.count(),
-                median.processorTime.count());
-    if (devices > 1 && one)
-        std::printf("%12.1f", (median.processorTime - one->processorTime).count() / (devices - 1));
-    else
-        std::printf("%12s", "");
-    std::printf("%8.1f\n", machineLoad());
-    std::fflush(stdout);
-    return median;
+    return Opening{times[times.size() / 2], processorTimes[times.size() / 2]};
+}
+
+void print(const std::string& what, Milliseconds time, const char* peer, Milliseconds peerTime,
+           const char* aim = "")
+{
+    print(Row{what, figure(time.count(), 0, "ms"), peer, figure(peerTime.count(), 0, "ms"),
+              time / peerTime, aim});
 }
 
 int showEmptyWindow(int argc, char* argv[])
@@ -135,24 +133,27 @@ int main(int argc, char* argv[])
         return showEmptyWindow(argc, argv);
     const QCoreApplication application(argc, argv);
 
-    std::printf("%-32s%10s%10s%10s%12s%8s\n", "", "", "", "processor", "each device", "");
-    std::printf("%-32s%10s%10s%10s%12s%8s\n", "ms from start to rest", "least", "median", "time",
-                "more", "load");
-    if (!print("an empty QMainWindow", QCoreApplication::applicationFilePath(), {emptyOption}, 0,
-               std::nullopt))
+    constexpr const char* emptyWindow = "an empty QMainWindow";
+    const auto empty = medianOf(QCoreApplication::applicationFilePath(), {emptyOption});
+    if (!empty)
         return 1;
-    std::optional<Opening> one;
+    Milliseconds first{0};
     for (const int devices : {1, 5, 20}) {
         QStringList arguments{QStringLiteral("--no-robot")};
         for (int i = 1; i <= devices; ++i)
             arguments << QStringLiteral("--device") << QStringLiteral("Robot %1").arg(i);
-        const QByteArray name = "devices: " + QByteArray::number(devices);
-        const auto opening =
-            print(name.constData(), QStringLiteral(WORKBENCH_FILE), arguments, devices, one);
+        const auto opening = medianOf(QStringLiteral(WORKBENCH_FILE), arguments);
         if (!opening)
             return 1;
+        const std::string what = "open: devices " + std::to_string(devices);
+        print(what + ", from start to rest", opening->time, emptyWindow, empty->time,
+              devices == 20 ? "1000 ms" : "");
+        print(what + ", processor time", opening->processorTime, emptyWindow, empty->processorTime);
         if (devices == 1)
-            one = opening;
+            first = opening->processorTime;
+        else
+            print(what + ", processor time of each after the first",
+                  (opening->processorTime - first) / (devices - 1), "all of one device", first);
     }
     return 0;
 }

@@ -21,6 +21,8 @@ constexpr double startDistance = 0.6; // metres that must be free where the robo
 constexpr double sideMargin = 0.06;   // metres to what it passes
 constexpr double view = 4.0;          // metres
 constexpr double facing = 3.0 * degree;
+// Looking is most of what an idle robot costs; meanwhile it drives 25 mm at most.
+constexpr Time lookInterval = std::chrono::milliseconds(50);
 constexpr double curveChange = 0.03; // rad/s, a step
 constexpr double curveFading = 0.99; // a step
 
@@ -63,11 +65,14 @@ Wander::Wander(quint32 seed) : m_random(seed) {}
 Twist Wander::twist(const World& world)
 {
     if (!m_isTurning) {
-        const double ahead = clearanceAhead(world);
-        if (ahead >= stopDistance) {
+        if (world.time() >= m_nextLook) {
+            m_ahead = clearanceAhead(world);
+            m_nextLook = world.time() + lookInterval;
+        }
+        if (m_ahead >= stopDistance) {
             std::normal_distribution<double> change(0.0, curveChange);
             m_curve = m_curve * curveFading + change(m_random);
-            return {std::clamp(ahead - stopDistance, creepSpeed, cruiseSpeed), m_curve};
+            return {std::clamp(m_ahead - stopDistance, creepSpeed, cruiseSpeed), m_curve};
         }
         chooseHeading(world);
     }
@@ -103,6 +108,7 @@ void Wander::chooseHeading(const World& world)
     }
     m_heading = front + static_cast<double>(choice) * spacing;
     m_isTurning = true;
+    m_nextLook = world.time(); // where it faces then
     m_curve = 0.0;
 }
 

@@ -5,6 +5,7 @@
 #define ROBOT_SIMULATION_WANDER_H
 
 #include "robot/simulation/Geometry.h"
+#include "robot/simulation/Header.h"
 
 #include <QtGlobal>
 
@@ -28,6 +29,8 @@ private:
     void chooseHeading(const World& world);
 
     std::mt19937 m_random;
+    double m_ahead = 0.0; // metres that were free at the last look
+    Time m_nextLook{0};
     bool m_isTurning = false;
     double m_heading = 0.0; // in the map; what the robot turns to
     double m_curve = 0.0;   // rad/s, so that it does not drive like on rails
