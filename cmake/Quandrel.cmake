@@ -19,9 +19,6 @@ add_compile_definitions(QT_NO_KEYWORDS)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 
-option(QUANDREL_UNITY_TESTS "Compile the tests' sources together, whatever the product's are"
-  ${CMAKE_UNITY_BUILD})
-
 # A test's own code runs once and is not what is tested: no time for making it fast.
 set(QUANDREL_TEST_OPTIONS -O0)
 
