@@ -755,6 +755,93 @@
     </message>
 </context>
 <context>
+    <name>host::loading::PluginLoader</name>
+    <message>
+        <source>Check the path given with --plugin. Without that option the workbench loads its own plugin.</source>
+        <translation>Prüfen Sie den Pfad hinter --plugin. Ohne diese Option lädt die Werkbank das mitgelieferte Plugin.</translation>
+    </message>
+    <message>
+        <source>The plugin was not found</source>
+        <translation>Das Plugin wurde nicht gefunden</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The plugin cannot be read</source>
+        <translation>Das Plugin kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>You have no permission to read the file.</source>
+        <translation>Sie haben kein Recht, die Datei zu lesen.</translation>
+    </message>
+    <message>
+        <source>The path names a folder, not a file.</source>
+        <translation>Der Pfad nennt einen Ordner, keine Datei.</translation>
+    </message>
+    <message>
+        <source>This is not a plugin</source>
+        <translation>Das ist kein Plugin</translation>
+    </message>
+    <message>
+        <source>The file is not a shared library.</source>
+        <translation>Die Datei ist keine gemeinsam genutzte Bibliothek.</translation>
+    </message>
+    <message>
+        <source>The plugin could not be loaded</source>
+        <translation>Das Plugin konnte nicht geladen werden</translation>
+    </message>
+    <message>
+        <source>The system&apos;s loader reports: %1.</source>
+        <translation>Der Lader des Systems meldet: %1.</translation>
+    </message>
+    <message>
+        <source>Build the plugin again for this version of the host and of Qt, and install the libraries it needs; &quot;ldd -r&quot; on the file lists what is missing.</source>
+        <translation>Bauen Sie das Plugin für diese Version des Hosts und von Qt neu, und installieren Sie die Bibliotheken, die es braucht; „ldd -r“ mit der Datei listet auf, was fehlt.</translation>
+    </message>
+    <message>
+        <source>This is not a device plugin</source>
+        <translation>Das ist kein Geräte-Plugin</translation>
+    </message>
+    <message>
+        <source>The library does not export the function %1.</source>
+        <translation>Die Bibliothek exportiert die Funktion %1 nicht.</translation>
+    </message>
+    <message>
+        <source>The plugin failed to start</source>
+        <translation>Das Plugin ist beim Start gescheitert</translation>
+    </message>
+    <message>
+        <source>Ask the plugin&apos;s author for a fixed version, or choose another plugin with --plugin.</source>
+        <translation>Bitten Sie den Autor des Plugins um eine korrigierte Version, oder wählen Sie mit --plugin ein anderes.</translation>
+    </message>
+    <message>
+        <source>Its function %1 returned no interface object.</source>
+        <translation>Seine Funktion %1 lieferte kein Schnittstellenobjekt.</translation>
+    </message>
+    <message>
+        <source>Its function %1 threw an exception: %2.</source>
+        <translation>Seine Funktion %1 warf eine Ausnahme: %2.</translation>
+    </message>
+    <message>
+        <source>Its function %1 threw an exception of an unknown type.</source>
+        <translation>Seine Funktion %1 warf eine Ausnahme unbekannten Typs.</translation>
+    </message>
+    <message>
+        <source>The plugin is for another version</source>
+        <translation>Das Plugin ist für eine andere Version</translation>
+    </message>
+    <message>
+        <source>It was built for version %1 of the plugin framework; this workbench has version %2.</source>
+        <translation>Es ist für Version %1 des Plugin-Frameworks gebaut; diese Werkbank hat Version %2.</translation>
+    </message>
+    <message>
+        <source>Build the plugin again with the development files of version %1, or install the workbench of version %2.</source>
+        <translation>Bauen Sie das Plugin mit den Entwicklungsdateien von Version %1 neu, oder installieren Sie die Werkbank von Version %2.</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::Application</name>
     <message>
         <source>The program cannot be started again: %1</source>
@@ -2090,93 +2177,6 @@
     <message>
         <source>Help: %1</source>
         <translation>Hilfe: %1</translation>
-    </message>
-</context>
-<context>
-    <name>host::workbench::plugin::PluginLoader</name>
-    <message>
-        <source>Check the path given with --plugin. Without that option the workbench loads its own plugin.</source>
-        <translation>Prüfen Sie den Pfad hinter --plugin. Ohne diese Option lädt die Werkbank das mitgelieferte Plugin.</translation>
-    </message>
-    <message>
-        <source>The plugin was not found</source>
-        <translation>Das Plugin wurde nicht gefunden</translation>
-    </message>
-    <message>
-        <source>There is no such file.</source>
-        <translation>Diese Datei gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>The plugin cannot be read</source>
-        <translation>Das Plugin kann nicht gelesen werden</translation>
-    </message>
-    <message>
-        <source>You have no permission to read the file.</source>
-        <translation>Sie haben kein Recht, die Datei zu lesen.</translation>
-    </message>
-    <message>
-        <source>The path names a folder, not a file.</source>
-        <translation>Der Pfad nennt einen Ordner, keine Datei.</translation>
-    </message>
-    <message>
-        <source>This is not a plugin</source>
-        <translation>Das ist kein Plugin</translation>
-    </message>
-    <message>
-        <source>The file is not a shared library.</source>
-        <translation>Die Datei ist keine gemeinsam genutzte Bibliothek.</translation>
-    </message>
-    <message>
-        <source>The plugin could not be loaded</source>
-        <translation>Das Plugin konnte nicht geladen werden</translation>
-    </message>
-    <message>
-        <source>The system&apos;s loader reports: %1.</source>
-        <translation>Der Lader des Systems meldet: %1.</translation>
-    </message>
-    <message>
-        <source>Build the plugin again for this version of the host and of Qt, and install the libraries it needs; &quot;ldd -r&quot; on the file lists what is missing.</source>
-        <translation>Bauen Sie das Plugin für diese Version des Hosts und von Qt neu, und installieren Sie die Bibliotheken, die es braucht; „ldd -r“ mit der Datei listet auf, was fehlt.</translation>
-    </message>
-    <message>
-        <source>This is not a device plugin</source>
-        <translation>Das ist kein Geräte-Plugin</translation>
-    </message>
-    <message>
-        <source>The library does not export the function %1.</source>
-        <translation>Die Bibliothek exportiert die Funktion %1 nicht.</translation>
-    </message>
-    <message>
-        <source>The plugin failed to start</source>
-        <translation>Das Plugin ist beim Start gescheitert</translation>
-    </message>
-    <message>
-        <source>Ask the plugin&apos;s author for a fixed version, or choose another plugin with --plugin.</source>
-        <translation>Bitten Sie den Autor des Plugins um eine korrigierte Version, oder wählen Sie mit --plugin ein anderes.</translation>
-    </message>
-    <message>
-        <source>Its function %1 returned no interface object.</source>
-        <translation>Seine Funktion %1 lieferte kein Schnittstellenobjekt.</translation>
-    </message>
-    <message>
-        <source>Its function %1 threw an exception: %2.</source>
-        <translation>Seine Funktion %1 warf eine Ausnahme: %2.</translation>
-    </message>
-    <message>
-        <source>Its function %1 threw an exception of an unknown type.</source>
-        <translation>Seine Funktion %1 warf eine Ausnahme unbekannten Typs.</translation>
-    </message>
-    <message>
-        <source>The plugin is for another version</source>
-        <translation>Das Plugin ist für eine andere Version</translation>
-    </message>
-    <message>
-        <source>It was built for version %1 of the plugin framework; this workbench has version %2.</source>
-        <translation>Es ist für Version %1 des Plugin-Frameworks gebaut; diese Werkbank hat Version %2.</translation>
-    </message>
-    <message>
-        <source>Build the plugin again with the development files of version %1, or install the workbench of version %2.</source>
-        <translation>Bauen Sie das Plugin mit den Entwicklungsdateien von Version %1 neu, oder installieren Sie die Werkbank von Version %2.</translation>
     </message>
 </context>
 <context>

@@ -6,8 +6,8 @@
 
 #include "benchmarks/ServerProcess.h"
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/Window.h"
 
 #include <QTemporaryDir>
@@ -46,7 +46,7 @@ private:
     QTemporaryDir m_settings;
     std::deque<ServerProcess> m_robots;
     host::workbench::plugin::PluginEnvironment m_environment;
-    host::workbench::plugin::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
+    host::loading::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
     std::deque<host::device::Device> m_devices;
     host::workbench::window::Window m_window{m_plugin, m_environment};
 };

@@ -8,9 +8,9 @@
 #include "benchmarks/Row.h"
 #include "benchmarks/Seconds.h"
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Window.h"
 
@@ -69,7 +69,7 @@ public:
 private:
     QTemporaryDir m_settings;
     host::workbench::plugin::PluginEnvironment m_environment;
-    host::workbench::plugin::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
+    host::loading::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
     host::device::Device m_device{QStringLiteral("Robot"), m_settings.path(), m_environment};
     host::workbench::window::Window m_window{m_plugin, m_environment};
     QPushButton m_button{QStringLiteral("Click")};

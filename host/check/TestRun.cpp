@@ -12,7 +12,7 @@
 #include "host/check/stage/Progress.h"
 #include "host/check/stage/Subject.h"
 #include "host/check/tests/AllTests.h"
-#include "host/workbench/CrashReport.h"
+#include "host/device/trace/CrashReport.h"
 
 #include <cstdlib>
 #include <exception>
@@ -87,7 +87,7 @@ Result resultOf(const tests::Test& test, stage::Subject& subject)
 int runTest(int& argc, char** argv, const CommandLine& commandLine)
 {
     becomeGroup();
-    const workbench::CrashReport crashReport("device-plugin-check");
+    const device::trace::CrashReport crashReport("device-plugin-check");
     stage::Progress::keepIn(ResultFile(commandLine.resultFile()).progressFile());
     stage::Complaints complaints;
     const stage::Application application(argc, argv, complaints);

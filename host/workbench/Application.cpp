@@ -3,8 +3,8 @@
 
 #include "host/workbench/Application.h"
 
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/Options.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/replay/Assertion.h"
 #include "host/workbench/window/Window.h"
 #include "robot/InfoOptions.h"
@@ -110,9 +110,9 @@ int Application::fail(const QString& reason)
 
 int Application::check(const Options& options)
 {
-    const plugin::PluginLoader plugin(options.pluginFile().isEmpty()
-                                          ? plugin::PluginLoader::defaultFile()
-                                          : options.pluginFile());
+    const loading::PluginLoader plugin(options.pluginFile().isEmpty()
+                                           ? loading::PluginLoader::defaultFile()
+                                           : options.pluginFile());
     const replay::Assertion assertion(options.replayFile(), plugin);
     const QString words = assertion.words().join('\n');
     if (!assertion.isSame())
@@ -132,7 +132,7 @@ int Application::show(window::Window& window)
         window.close();
         QCoreApplication::exit(restart);
     });
-    for (const plugin::Failure& failure : window.failures())
+    for (const loading::Failure& failure : window.failures())
         fail(failure.text());
     window.restoreLayout(stateFolder());
     window.show();

@@ -4,7 +4,7 @@
 #ifndef HOST_WORKBENCH_APPLICATION_H
 #define HOST_WORKBENCH_APPLICATION_H
 
-#include "host/workbench/CrashReport.h"
+#include "host/device/trace/CrashReport.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/window/WheelGuard.h"
 #include "robot/MessageLimit.h"
@@ -61,7 +61,7 @@ public:
 
 private:
     char** const m_argv;
-    const CrashReport m_crashReport;
+    const device::trace::CrashReport m_crashReport;
     const robot::MessageLimit m_messageLimit;
     const QStringList m_arguments;
     const bool m_hasDisplay;

@@ -69,7 +69,7 @@ int ScriptRun::run()
     const QString problem = open({});
     if (!problem.isEmpty())
         return Application::fail(problem);
-    for (const plugin::Failure& failure : window().failures())
+    for (const loading::Failure& failure : window().failures())
         Application::fail(failure.text());
 
     script::Scene scene(*this, output, QFileInfo(m_options.scriptFile()).absolutePath());

@@ -17,7 +17,7 @@ Session::Session(const Options& options, const QString& settings,
     : m_environment(environment),
       m_settings(settings),
       m_stations(static_cast<std::size_t>(options.devices().size())),
-      m_plugin(options.pluginFile().isEmpty() ? plugin::PluginLoader::defaultFile()
+      m_plugin(options.pluginFile().isEmpty() ? loading::PluginLoader::defaultFile()
                                               : options.pluginFile()),
       m_window(m_plugin, environment)
 {

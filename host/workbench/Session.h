@@ -5,9 +5,9 @@
 #define HOST_WORKBENCH_SESSION_H
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/bugreport/BugReport.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/Window.h"
 
 #include <QCoreApplication>
@@ -36,7 +36,7 @@ public:
     /// Why there are no devices in the window; empty if there are.
     const QString& error() const { return m_error; }
 
-    const plugin::PluginLoader& plugin() const { return m_plugin; }
+    const loading::PluginLoader& plugin() const { return m_plugin; }
 
     window::Window& window() { return m_window; }
 
@@ -60,7 +60,7 @@ private:
     std::vector<Station> m_stations;
     QStringList m_badLines; // of the recording, the same for each robot
     QString m_error;
-    const plugin::PluginLoader m_plugin;
+    const loading::PluginLoader m_plugin;
     window::Window m_window;
 };
 

@@ -5,8 +5,8 @@
 #define QUANDREL_WORKDAY_H
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/Window.h"
 #include "robot/Robot.h"
 
@@ -61,7 +61,7 @@ private:
 
     QTemporaryDir m_settings;
     host::workbench::plugin::PluginEnvironment m_environment;
-    host::workbench::plugin::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
+    host::loading::PluginLoader m_plugin{QStringLiteral(DEVICE_PLUGIN_FILE)};
     std::array<Station, 2> m_stations;
     host::workbench::window::Window m_window{m_plugin, m_environment};
 };

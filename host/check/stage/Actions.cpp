@@ -7,14 +7,11 @@
 #include "host/check/stage/Progress.h"
 #include "host/check/stage/Stage.h"
 #include "host/check/stage/Values.h"
+#include "host/input/Hand.h"
 #include "plugin/gui/DeviceWidget.h"
 
 #include <QApplication>
 #include <QHash>
-#include <QKeyEvent>
-#include <QKeySequence>
-#include <QMouseEvent>
-#include <QPointer>
 #include <QWindow>
 
 #include <algorithm>
@@ -22,6 +19,8 @@
 #include <cstddef>
 
 namespace host::check::stage {
+
+namespace hand = input::hand;
 
 namespace {
 
@@ -81,65 +80,31 @@ QPoint placeIn(const QString& value)
     return {value.section(',', 0, 0).toInt(), value.section(',', 1, 1).toInt()};
 }
 
-/// Sent through the window, as from a screen: focus and what lies above count.
-void sendMouse(QEvent::Type type, QWidget& control, const QPoint& place, Qt::MouseButton button,
-               Qt::MouseButtons held)
-{
-    QWidget& window = *control.window();
-    QMouseEvent event(type, control.mapTo(&window, place), control.mapToGlobal(place), button, held,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(window.windowHandle(), &event);
-}
-
-template <Qt::MouseButton button, QEvent::Type press = QEvent::MouseButtonPress>
+template <Qt::MouseButton button>
 void click(const Action& action, Stage& stage)
 {
-    const QPointer<QWidget> control = controlOf(action, stage);
-    const QPoint place = placeIn(action.value);
-    if (control)
-        sendMouse(press, *control, place, button, button);
-    if (control && control->window()->windowHandle())
-        sendMouse(QEvent::MouseButtonRelease, *control, place, button, Qt::NoButton);
+    if (QWidget* const control = controlOf(action, stage))
+        hand::click(*control, placeIn(action.value), button);
+}
+
+void doubleClick(const Action& action, Stage& stage)
+{
+    if (QWidget* const control = controlOf(action, stage))
+        hand::doubleClick(*control, placeIn(action.value));
 }
 
 void drag(const Action& action, Stage& stage)
 {
-    const QPointer<QWidget> control = controlOf(action, stage);
-    const QPoint begin = placeIn(action.value.section(' ', 0, 0));
-    const QPoint end = placeIn(action.value.section(' ', 1, 1));
-    const auto send = [&](QEvent::Type type, const QPoint& place, Qt::MouseButton button,
-                          Qt::MouseButtons held) {
-        if (control && control->window()->windowHandle())
-            sendMouse(type, *control, place, button, held);
-    };
-    send(QEvent::MouseButtonPress, begin, Qt::LeftButton, Qt::LeftButton);
-    send(QEvent::MouseMove, (begin + end) / 2, Qt::NoButton, Qt::LeftButton);
-    send(QEvent::MouseMove, end, Qt::NoButton, Qt::LeftButton);
-    send(QEvent::MouseButtonRelease, end, Qt::LeftButton, Qt::NoButton);
-}
-
-int keyOf(const QKeySequence& keys)
-{
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    return keys[0];
-#else
-    return keys[0].key();
-#endif
+    if (QWidget* const control = controlOf(action, stage))
+        hand::drag(*control, placeIn(action.value.section(' ', 0, 0)),
+                   placeIn(action.value.section(' ', 1, 1)));
 }
 
 /// To whatever has the focus.
 void press(const Action& action, Stage& stage)
 {
-    const QKeySequence keys(action.value);
-    const QPointer<QWidget> screen = screenOf(stage);
-    const int key = keys.isEmpty() ? 0 : keyOf(keys);
-    const QString text = action.value.size() == 1 ? action.value : QString();
-    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        if (!screen || !screen->window()->windowHandle())
-            return; // the press closed it
-        QKeyEvent event(type, key, Qt::NoModifier, text);
-        QCoreApplication::sendEvent(screen->window()->windowHandle(), &event);
-    }
+    if (const QWidget* const screen = screenOf(stage))
+        hand::press(*screen->window(), action.value);
 }
 
 using Deed = void (*)(const Action& action, Stage& stage);
@@ -166,7 +131,7 @@ const QHash<QString, Deed>& deeds()
          }},
         {"click", click<Qt::LeftButton>},
         {"right-click", click<Qt::RightButton>},
-        {"double-click", click<Qt::LeftButton, QEvent::MouseButtonDblClick>},
+        {"double-click", doubleClick},
         {"drag", drag},
         {"press", press},
     };

@@ -3,6 +3,7 @@
 
 #include "host/check/stage/BadValues.h"
 
+#include "host/check/stage/VectorOf.h"
 #include "olm/core/LaserScanMessage.h"
 #include "olm/core/StringList.h"
 #include "olm/core/Vector.h"
@@ -36,15 +37,6 @@ std::string bytes(const char (&text)[size])
     return std::string(text, size - 1);
 }
 
-template <class T>
-Vector<T> badVector(std::initializer_list<T> elements)
-{
-    Vector<T> vector;
-    for (const T& element : elements)
-        vector.append(element);
-    return vector;
-}
-
 StringList textsOf(int count, const std::string& text)
 {
     StringList texts;
@@ -63,7 +55,7 @@ LaserScanMessage scanOf(float number)
          {&scan.minimumAngle, &scan.maximumAngle, &scan.angleIncrement, &scan.timeIncrement,
           &scan.scanTime, &scan.minimumRange, &scan.maximumRange})
         *field = number;
-    scan.ranges = badVector<float>({number, 0, number});
+    scan.ranges = vectorOf<float>({number, 0, number});
     return scan;
 }
 
@@ -111,11 +103,11 @@ std::vector<Variant> all()
     values.insert(values.end(),
                   {StringList(), textsOf(1, ""), textsOf(manyTexts, "x"),
                    textsOf(2, bytes("\0\xff")), Vector<float>(),
-                   badVector({numeric_limits<float>::quiet_NaN(), numeric_limits<float>::infinity(),
-                              numeric_limits<float>::max()}),
-                   Vector<float>(longVector), Vector<unsigned int>(), badVector({0U, 0U}),
-                   badVector({numeric_limits<unsigned int>::max()}),
-                   badVector({numeric_limits<unsigned int>::max(), 1U, 2U}),
+                   vectorOf({numeric_limits<float>::quiet_NaN(), numeric_limits<float>::infinity(),
+                             numeric_limits<float>::max()}),
+                   Vector<float>(longVector), Vector<unsigned int>(), vectorOf({0U, 0U}),
+                   vectorOf({numeric_limits<unsigned int>::max()}),
+                   vectorOf({numeric_limits<unsigned int>::max(), 1U, 2U}),
                    Vector<unsigned int>(longVector), LaserScanMessage(),
                    scanOf(numeric_limits<float>::quiet_NaN()),
                    scanOf(numeric_limits<float>::infinity()), scanOf(numeric_limits<float>::max()),

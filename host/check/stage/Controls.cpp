@@ -5,6 +5,7 @@
 
 #include "host/check/stage/Stage.h"
 #include "host/device/trace/CallUnderWay.h"
+#include "host/input/Hand.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -25,12 +26,12 @@
 #include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QTimer>
-#include <QWindow>
-#include <QtTest>
 
 #include <utility>
 
 namespace host::check::stage {
+
+namespace hand = input::hand;
 
 namespace {
 
@@ -150,39 +151,29 @@ private:
     }
 };
 
-/// Through the window, as from a screen: what lies above it, a menu for instance, gets it instead.
-void click(QWidget& control, const QPoint& place)
-{
-    QTest::mouseClick(control.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                      control.mapTo(control.window(), place));
-}
-
-void press(QWidget& control, Qt::Key key)
-{
-    QTest::keyClick(control.window()->windowHandle(), key);
-}
-
 /// Does to @p control what changes it.
 QString change(QWidget& control)
 {
     const QString name = nameOf(control);
     if (auto* const button = qobject_cast<QAbstractButton*>(&control)) {
         constexpr int indicator = 8; // pixels: where a box to check is
-        click(control,
-              {button->isCheckable() ? indicator : button->width() / 2, button->height() / 2});
+        hand::click(control, {button->isCheckable() ? indicator : button->width() / 2,
+                              button->height() / 2});
         return QStringLiteral("a click on the %1").arg(name);
     }
+    QWidget& window = *control.window();
     const QPointer<QWidget> guard(&control);
     control.setFocus(Qt::TabFocusReason);
     const auto* const choice = qobject_cast<QComboBox*>(&control);
     if (qobject_cast<QLineEdit*>(&control) || (choice && choice->isEditable())) {
-        press(control, Qt::Key_7);
+        hand::press(window, "7");
         if (guard)
-            press(control, Qt::Key_Return);
+            hand::press(window, "Return");
         return QStringLiteral("\"7\" and Return in the %1").arg(name);
     }
-    press(control, choice ? Qt::Key_Down : Qt::Key_Up);
-    return QStringLiteral("the key %1 in the %2").arg(choice ? "Down" : "Up", name);
+    const QString key = choice ? QStringLiteral("Down") : QStringLiteral("Up");
+    hand::press(window, key);
+    return QStringLiteral("the key %1 in the %2").arg(key, name);
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 #define HOST_CHECK_STAGE_SUBJECT_H
 
 #include "host/check/stage/Actions.h"
-#include "host/workbench/plugin/PluginLoader.h"
+#include "host/loading/PluginLoader.h"
 
 #include <QByteArray>
 #include <QList>
@@ -78,7 +78,7 @@ private:
     std::mt19937 m_random;
     QString m_remark;
     Complaints& m_complaints;
-    std::optional<workbench::plugin::PluginLoader> m_loader;
+    std::optional<loading::PluginLoader> m_loader;
 };
 
 } // namespace host::check::stage

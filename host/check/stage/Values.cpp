@@ -3,23 +3,14 @@
 
 #include "host/check/stage/Values.h"
 
+#include "host/check/stage/VectorOf.h"
 #include "host/workbench/values/ValueText.h"
 #include "olm/core/LaserScanMessage.h"
 #include "olm/core/StringList.h"
-#include "olm/core/Vector.h"
 
 namespace host::check::stage {
 
 namespace {
-
-template <class T>
-olm::core::Vector<T> vectorOf(std::initializer_list<T> elements)
-{
-    olm::core::Vector<T> vector;
-    for (const T& element : elements)
-        vector.append(element);
-    return vector;
-}
 
 olm::core::StringList usualTexts()
 {

@@ -8,6 +8,7 @@
 #include "host/check/stage/Progress.h"
 #include "host/check/stage/Stage.h"
 #include "host/check/stage/Subject.h"
+#include "host/input/Hand.h"
 #include "host/workbench/preferences/Contrast.h"
 #include "host/workbench/preferences/PseudoTranslator.h"
 
@@ -22,8 +23,6 @@
 #include <QLabel>
 #include <QPixmap>
 #include <QRadioButton>
-#include <QWindow>
-#include <QtTest>
 
 #include <algorithm>
 
@@ -69,7 +68,7 @@ QList<const QWidget*> tabThrough(QWidget& root, int presses)
 {
     QList<const QWidget*> way;
     for (int i = 0; i < presses; ++i) {
-        QTest::keyClick(root.windowHandle(), Qt::Key_Tab);
+        input::hand::press(root, "Tab");
         way << QApplication::focusWidget();
     }
     return way;

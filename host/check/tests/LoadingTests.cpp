@@ -9,8 +9,8 @@
 #include "host/check/stage/RecordingHost.h"
 #include "host/check/stage/Stage.h"
 #include "host/check/stage/Subject.h"
-#include "host/workbench/plugin/NeededLibraries.h"
-#include "host/workbench/plugin/Symbols.h"
+#include "host/loading/NeededLibraries.h"
+#include "host/loading/Symbols.h"
 #include "plugin/gui/Interface.h"
 
 #include <QElapsedTimer>
@@ -33,6 +33,7 @@ namespace host::check::tests {
 
 namespace {
 
+using loading::Symbol;
 using plugin::gui::Interface;
 using stage::fail;
 using stage::load;
@@ -41,7 +42,6 @@ using stage::RecordingHost;
 using stage::settle;
 using stage::Stage;
 using stage::Subject;
-using workbench::plugin::Symbol;
 using EntryPoint = void (*)(Interface**);
 
 constexpr const char* entryName = "pluginGuiInterface";
@@ -87,7 +87,7 @@ void loadsQuickly(Subject& subject)
 void hasTheHostsQt(Subject& subject)
 {
     static const QRegularExpression qt(QStringLiteral("^libQt(\\d)\\w+\\.so"));
-    for (const QByteArray& library : workbench::plugin::neededLibraries(subject.file())) {
+    for (const QByteArray& library : loading::neededLibraries(subject.file())) {
         const QString version = qt.match(QString::fromLatin1(library)).captured(1);
         if (!version.isEmpty() && version.toInt() != QT_VERSION_MAJOR)
             fail(QStringLiteral("needs Qt %1, its host has Qt %2: build it for the same Qt")
@@ -133,7 +133,7 @@ bool mayBeExported(const Symbol& symbol)
 void exportsNothingElse(Subject& subject)
 {
     QStringList names;
-    for (const Symbol& symbol : workbench::plugin::symbols(subject.file())) {
+    for (const Symbol& symbol : loading::symbols(subject.file())) {
         if (symbol.isDefined && !mayBeExported(symbol))
             names << readable(symbol.name) +
                          (symbol.binding == Symbol::Binding::Unique ? " (unique)" : "");
@@ -152,7 +152,7 @@ void needsNothingElse(Subject& subject)
     void* const library =
         dlopen(QFile::encodeName(subject.file()).constData(), RTLD_LAZY | RTLD_LOCAL);
     QStringList missing;
-    for (const Symbol& symbol : workbench::plugin::symbols(subject.file())) {
+    for (const Symbol& symbol : loading::symbols(subject.file())) {
         if (symbol.isDefined || symbol.binding != Symbol::Binding::Global)
             continue;
         if (!dlsym(library ? library : RTLD_DEFAULT, symbol.name.constData()) &&

@@ -4,9 +4,9 @@
 #include "host/workbench/bugreport/BugReport.h"
 
 #include "host/device/Device.h"
+#include "host/loading/NeededLibraries.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/events/EventModel.h"
-#include "host/workbench/plugin/NeededLibraries.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/traffic/TrafficModel.h"
 #include "host/workbench/values/TableFile.h"
 #include "host/workbench/values/ValueText.h"
@@ -76,7 +76,7 @@ qint64 Part::size() const
     return file.isEmpty() ? content.size() : QFileInfo(file).size();
 }
 
-BugReport::BugReport(const plugin::PluginLoader& plugin, const QList<Device*>& devices,
+BugReport::BugReport(const loading::PluginLoader& plugin, const QList<Device*>& devices,
                      const QString& settings)
     : m_privacy(addressesIn(settings, devices))
 {
@@ -123,7 +123,7 @@ void BugReport::addVersions()
          QStringLiteral("locale: %1").arg(QLocale::system().name()), QString()});
 }
 
-void BugReport::addPlugin(const plugin::PluginLoader& plugin)
+void BugReport::addPlugin(const loading::PluginLoader& plugin)
 {
     const QFileInfo info(plugin.file());
     QStringList lines{plugin.file()};
@@ -135,7 +135,7 @@ void BugReport::addPlugin(const plugin::PluginLoader& plugin)
             << QStringLiteral("size: %1").arg(info.size())
             << QStringLiteral("modified: %1").arg(info.lastModified().toUTC().toString(Qt::ISODate))
             << QStringLiteral("SHA-256: %1").arg(QLatin1String(hash.result().toHex()));
-        for (const QByteArray& library : plugin::neededLibraries(plugin.file()))
+        for (const QByteArray& library : loading::neededLibraries(plugin.file()))
             lines << QStringLiteral("needs: %1").arg(QString::fromLocal8Bit(library));
     }
     if (const auto* interface = plugin.interface()) {

@@ -16,9 +16,9 @@ namespace host::device {
 class Device;
 }
 
-namespace host::workbench::plugin {
+namespace host::loading {
 class PluginLoader;
-} // namespace host::workbench::plugin
+} // namespace host::loading
 
 namespace host::workbench::bugreport {
 
@@ -40,14 +40,14 @@ class BugReport
 
 public:
     /// The settings are in the folder @p settings.
-    BugReport(const plugin::PluginLoader& plugin, const QList<device::Device*>& devices,
+    BugReport(const loading::PluginLoader& plugin, const QList<device::Device*>& devices,
               const QString& settings);
 
     const QList<Part>& parts() const { return m_parts; }
 
 private:
     void addVersions();
-    void addPlugin(const plugin::PluginLoader& plugin);
+    void addPlugin(const loading::PluginLoader& plugin);
     void addDevice(device::Device& device);
     void addSettings(const QString& folder);
     void add(const QString& name, const QStringList& lines);

@@ -28,7 +28,7 @@ QLabel* textLabel(const char* name)
 
 } // namespace
 
-FailureCard::FailureCard(const FailureWords& failure, QWidget* parent)
+FailureCard::FailureCard(const loading::FailureWords& failure, QWidget* parent)
     : QFrame(parent),
       m_failure(failure),
       m_title(textLabel("title")),
@@ -84,7 +84,7 @@ void FailureCard::makeRoom()
 
 void FailureCard::translate()
 {
-    const Failure failure = m_failure();
+    const loading::Failure failure = m_failure();
     m_title->setText(failure.title);
     m_reason->setText(values::shortened(failure.reason));
     m_advice->setText(failure.advice);

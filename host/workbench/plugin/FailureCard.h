@@ -4,7 +4,7 @@
 #ifndef HOST_WORKBENCH_PLUGIN_FAILURECARD_H
 #define HOST_WORKBENCH_PLUGIN_FAILURECARD_H
 
-#include "host/workbench/plugin/Failure.h"
+#include "host/loading/Failure.h"
 
 #include <QFrame>
 
@@ -20,7 +20,7 @@ class FailureCard : public QFrame
     Q_OBJECT
 
 public:
-    explicit FailureCard(const FailureWords& failure, QWidget* parent = nullptr);
+    explicit FailureCard(const loading::FailureWords& failure, QWidget* parent = nullptr);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -30,7 +30,7 @@ private:
     void translate();
     void makeRoom();
 
-    FailureWords m_failure;
+    loading::FailureWords m_failure;
     QLabel* m_title;
     QLabel* m_reason;
     QLabel* m_advice;

@@ -5,7 +5,7 @@
 
 #include "host/device/replay/Conversation.h"
 #include "host/device/replay/Player.h"
-#include "host/workbench/plugin/PluginLoader.h"
+#include "host/loading/PluginLoader.h"
 
 #include <QVBoxLayout>
 #include <QWidget>
@@ -15,7 +15,7 @@ namespace host::workbench::replay {
 using device::replay::Conversation;
 using device::replay::Player;
 
-Assertion::Assertion(const QString& file, const plugin::PluginLoader& plugin)
+Assertion::Assertion(const QString& file, const loading::PluginLoader& plugin)
 {
     if (const auto failure = plugin.failure())
         m_words += failure->text();
@@ -23,7 +23,7 @@ Assertion::Assertion(const QString& file, const plugin::PluginLoader& plugin)
         play(file, plugin);
 }
 
-void Assertion::play(const QString& file, const plugin::PluginLoader& plugin)
+void Assertion::play(const QString& file, const loading::PluginLoader& plugin)
 {
     QString error;
     const auto conversation = Conversation::open(file, &error);

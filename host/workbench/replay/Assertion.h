@@ -8,9 +8,9 @@
 #include <QString>
 #include <QStringList>
 
-namespace host::workbench::plugin {
+namespace host::loading {
 class PluginLoader;
-} // namespace host::workbench::plugin
+} // namespace host::loading
 
 namespace host::workbench::replay {
 
@@ -22,7 +22,7 @@ class Assertion
 
 public:
     /// Plays @p file up to the first difference.
-    Assertion(const QString& file, const plugin::PluginLoader& plugin);
+    Assertion(const QString& file, const loading::PluginLoader& plugin);
 
     /// Whether all was played, and is the same.
     bool isSame() const { return m_isSame; }
@@ -32,7 +32,7 @@ public:
     const QStringList& words() const { return m_words; }
 
 private:
-    void play(const QString& file, const plugin::PluginLoader& plugin);
+    void play(const QString& file, const loading::PluginLoader& plugin);
 
     bool m_isSame = false;
     QStringList m_words;

@@ -3,9 +3,9 @@
 
 #include "host/workbench/script/InputCommands.h"
 
+#include "host/input/Hand.h"
 #include "host/workbench/script/Controls.h"
 #include "host/workbench/script/Gesture.h"
-#include "host/workbench/script/Hand.h"
 #include "host/workbench/script/Scene.h"
 #include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Window.h"
@@ -15,7 +15,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
-#include <QKeySequence>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -23,27 +22,12 @@
 #include <QTabWidget>
 
 #include <memory>
-#include <type_traits>
 
 namespace host::workbench::script {
 
+namespace hand = input::hand;
+
 namespace {
-
-/// A number in Qt 5, and an object in Qt 6.
-template <class Combination>
-int combined(Combination combination)
-{
-    if constexpr (std::is_integral_v<Combination>)
-        return combination;
-    else
-        return combination.toCombined();
-}
-
-int keyOf(const QString& name)
-{
-    const auto keys = QKeySequence::fromString(name, QKeySequence::PortableText);
-    return keys.count() == 1 ? combined(keys[0]) : Qt::Key_unknown;
-}
 
 /// In the middle, or where it reacts.
 QPoint placeOf(const QWidget& control)
@@ -98,14 +82,14 @@ Commands InputCommands::all()
         {"hide dock DOCK", Kind::Act, showDock},
         {"stop", Kind::Act,
          [](Scene& scene, const Arguments&) -> Attempt {
-             return Gesture([&scene] { hand::press(scene.window(), Qt::Key_F12); });
+             return Gesture([&scene] { hand::press(scene.window(), QStringLiteral("F12")); });
          }},
     };
 }
 
 QString InputCommands::expected(const QString& name, const QString& value)
 {
-    if (name == "KEY" && keyOf(value) == Qt::Key_unknown)
+    if (name == "KEY" && !hand::isKey(value))
         return tr("a key, as in Return or Ctrl+A");
     if ((name == "ROW" || name == "COLUMN") && value.toInt() < 1)
         return tr("a whole number from 1");
@@ -192,19 +176,16 @@ Attempt InputCommands::type(Scene& scene, const Arguments& arguments)
     return onControl(scene, arguments, [text](QWidget& control, QPoint place) {
         QWidget& window = *control.window();
         hand::click(control, place);
-        hand::press(window, Qt::Key_A, Qt::ControlModifier); // to replace what is there
+        hand::press(window, QStringLiteral("Ctrl+A")); // to replace what is there
         hand::type(window, text);
     });
 }
 
 Attempt InputCommands::press(Scene& scene, const Arguments& arguments)
 {
-    const int key = keyOf(arguments.value("KEY"));
-    return Gesture([&scene, key] {
+    return Gesture([&scene, key = arguments.value("KEY")] {
         QWidget* const window = target();
-        constexpr int modifiers = static_cast<int>(Qt::KeyboardModifierMask);
-        hand::press(window ? *window : scene.window(), static_cast<Qt::Key>(key & ~modifiers),
-                    Qt::KeyboardModifiers(QFlag(key & modifiers)));
+        hand::press(window ? *window : scene.window(), key);
     });
 }
 
@@ -262,7 +243,7 @@ Attempt InputCommands::select(Scene& scene, const Arguments& arguments)
             if (!list)
                 return;
             list->setCurrentIndex(list->model()->index(index, 0, list->rootIndex()));
-            hand::press(*list->window(), Qt::Key_Return);
+            hand::press(*list->window(), QStringLiteral("Return"));
         });
         return (*choosing)();
     };

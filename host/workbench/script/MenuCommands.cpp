@@ -3,9 +3,9 @@
 
 #include "host/workbench/script/MenuCommands.h"
 
+#include "host/input/Hand.h"
 #include "host/workbench/script/Controls.h"
 #include "host/workbench/script/Gesture.h"
-#include "host/workbench/script/Hand.h"
 #include "host/workbench/script/Scene.h"
 #include "host/workbench/window/Window.h"
 
@@ -16,6 +16,8 @@
 #include <memory>
 
 namespace host::workbench::script {
+
+namespace hand = input::hand;
 
 Commands MenuCommands::all()
 {

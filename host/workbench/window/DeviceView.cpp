@@ -4,6 +4,7 @@
 #include "host/workbench/window/DeviceView.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/armview/ArmDock.h"
 #include "host/workbench/camera/CameraDock.h"
 #include "host/workbench/events/EventsDock.h"
@@ -14,7 +15,6 @@
 #include "host/workbench/plots/PlotsDock.h"
 #include "host/workbench/plugin/FailureCard.h"
 #include "host/workbench/plugin/PluginAccess.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/positions/PositionsMenu.h"
 #include "host/workbench/recording/RecordButton.h"
 #include "host/workbench/robotview/RobotDock.h"
@@ -44,7 +44,7 @@ namespace host::workbench::window {
 
 using ::plugin::gui::DeviceWidget;
 
-DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& device,
+DeviceView::DeviceView(const loading::PluginLoader& plugin, device::Device& device,
                        const QString& robot)
     : m_plugin(plugin),
       m_device(device),
@@ -116,10 +116,10 @@ DeviceView::DeviceView(const plugin::PluginLoader& plugin, device::Device& devic
     translate();
 }
 
-QList<plugin::Failure> DeviceView::failures() const
+QList<loading::Failure> DeviceView::failures() const
 {
-    QList<plugin::Failure> failures;
-    for (const plugin::FailureWords& failure : m_failures)
+    QList<loading::Failure> failures;
+    for (const loading::FailureWords& failure : m_failures)
         failures << failure();
     return failures;
 }
@@ -271,7 +271,7 @@ void DeviceView::addMissingWidgets()
     const auto& info = m_plugin.interface()->info();
     addFailure([vendor = QString::fromLatin1(info.vendor().c_str()),
                 name = QString::fromLatin1(info.name().c_str()), file = m_plugin.file()] {
-        return plugin::Failure{
+        return loading::Failure{
             tr("The plugin has no widgets"),
             tr("Asked for the widgets \"toolbar\" and \"dialog\" of the device \"%1 %2\", it "
                "returned none.")
@@ -296,7 +296,7 @@ DeviceWidget* DeviceView::loadWidget(const char* name)
     }
     addFailure([what, name, file = m_plugin.file()] {
         const QString reason = what.isEmpty() ? tr("its type is unknown") : what;
-        return plugin::Failure{
+        return loading::Failure{
             tr("A widget of the plugin failed"),
             tr("The constructor of the widget \"%1\" threw an exception: %2.").arg(name, reason),
             tr("The rest of the window works without it. Ask the plugin's author for a fixed "
@@ -306,7 +306,7 @@ DeviceWidget* DeviceView::loadWidget(const char* name)
     return nullptr;
 }
 
-void DeviceView::addFailure(const plugin::FailureWords& failure)
+void DeviceView::addFailure(const loading::FailureWords& failure)
 {
     m_failures.append(failure);
     auto* frame = new QVBoxLayout;

@@ -4,7 +4,7 @@
 #ifndef HOST_WORKBENCH_WINDOW_DEVICEVIEW_H
 #define HOST_WORKBENCH_WINDOW_DEVICEVIEW_H
 
-#include "host/workbench/plugin/Failure.h"
+#include "host/loading/Failure.h"
 
 #include "host/workbench/window/Paced.h"
 
@@ -38,9 +38,9 @@ namespace host::workbench::plots {
 class PlotsDock;
 } // namespace host::workbench::plots
 
-namespace host::workbench::plugin {
+namespace host::loading {
 class PluginLoader;
-} // namespace host::workbench::plugin
+} // namespace host::loading
 
 namespace host::workbench::robotview {
 class RobotDock;
@@ -63,7 +63,7 @@ class DeviceView : public QMainWindow
 public:
     /// @p robot says where the device's simulated robot runs, empty for none. The others outlive
     /// the view.
-    DeviceView(const plugin::PluginLoader& plugin, device::Device& device, const QString& robot);
+    DeviceView(const loading::PluginLoader& plugin, device::Device& device, const QString& robot);
 
     device::Device& device() const { return m_device; }
 
@@ -71,7 +71,7 @@ public:
     const QString& robot() const { return m_robot; }
 
     /// What the plugin failed to bring, in the order of the cards and the language of the moment.
-    QList<plugin::Failure> failures() const;
+    QList<loading::Failure> failures() const;
 
     /// Menus about this device, owned by the view, to be shown in the window's menu bar.
     QList<QMenu*> menus() const;
@@ -100,14 +100,14 @@ private:
     void addPlugin();
     void addMissingWidgets();
     ::plugin::gui::DeviceWidget* loadWidget(const char* name);
-    void addFailure(const plugin::FailureWords& failure);
+    void addFailure(const loading::FailureWords& failure);
     void exportScan();
     void showConnection();
 
-    const plugin::PluginLoader& m_plugin;
+    const loading::PluginLoader& m_plugin;
     device::Device& m_device;
     QString m_robot;
-    QList<plugin::FailureWords> m_failures;
+    QList<loading::FailureWords> m_failures;
     QMenu* m_viewMenu;
     QMenu* m_robotMenu;
     QMenu* m_faultsMenu;

@@ -4,10 +4,10 @@
 #include "host/workbench/window/Window.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/help/HelpPages.h"
 #include "host/workbench/help/HelpPanel.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/preferences/PreferenceMenu.h"
 #include "host/workbench/window/DeviceArea.h"
 #include "host/workbench/window/DeviceView.h"
@@ -65,7 +65,7 @@ QAction* helpOfLog(const QWidget& around)
 
 } // namespace
 
-Window::Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& environment)
+Window::Window(const loading::PluginLoader& plugin, plugin::PluginEnvironment& environment)
     : m_plugin(plugin),
       m_environment(environment),
       m_pluginWatch(plugin.file()),
@@ -151,9 +151,9 @@ void Window::saveLayout()
     }
 }
 
-QList<plugin::Failure> Window::failures() const
+QList<loading::Failure> Window::failures() const
 {
-    return m_views.isEmpty() ? QList<plugin::Failure>() : m_views.first()->failures();
+    return m_views.isEmpty() ? QList<loading::Failure>() : m_views.first()->failures();
 }
 
 void Window::notify(const QString& words)

@@ -4,8 +4,8 @@
 #ifndef HOST_WORKBENCH_WINDOW_WINDOW_H
 #define HOST_WORKBENCH_WINDOW_WINDOW_H
 
+#include "host/loading/Failure.h"
 #include "host/workbench/operation/StopKey.h"
-#include "host/workbench/plugin/Failure.h"
 #include "host/workbench/plugin/PluginWatch.h"
 
 #include <QList>
@@ -24,8 +24,11 @@ namespace host::workbench::help {
 class HelpPanel;
 } // namespace host::workbench::help
 
-namespace host::workbench::plugin {
+namespace host::loading {
 class PluginLoader;
+} // namespace host::loading
+
+namespace host::workbench::plugin {
 class PluginEnvironment;
 } // namespace host::workbench::plugin
 
@@ -42,7 +45,7 @@ class Window : public QMainWindow
 
 public:
     /// Both outlive the window.
-    Window(const plugin::PluginLoader& plugin, plugin::PluginEnvironment& environment);
+    Window(const loading::PluginLoader& plugin, plugin::PluginEnvironment& environment);
     ~Window() override;
 
     /// Shows one more device, which outlives the window. @p robot says where its simulated robot
@@ -56,7 +59,7 @@ public:
     void restoreLayout(const QString& folder);
 
     /// What the plugin failed to bring, for the first device.
-    QList<plugin::Failure> failures() const;
+    QList<loading::Failure> failures() const;
 
     /// Tells what a person should know of, until it is put away.
     void notify(const QString& words);
@@ -85,7 +88,7 @@ private:
     void showAbout();
     QString aboutText() const;
 
-    const plugin::PluginLoader& m_plugin;
+    const loading::PluginLoader& m_plugin;
     plugin::PluginEnvironment& m_environment;
     const plugin::PluginWatch m_pluginWatch;
     operation::StopKey m_stopKey;

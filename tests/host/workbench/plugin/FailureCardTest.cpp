@@ -3,7 +3,7 @@
 
 #include "TestCase.h"
 
-#include "host/workbench/plugin/Failure.h"
+#include "host/loading/Failure.h"
 #include "host/workbench/plugin/FailureCard.h"
 
 #include <QLabel>
@@ -12,7 +12,7 @@
 
 namespace failure_card_test {
 
-using host::workbench::plugin::Failure;
+using host::loading::Failure;
 using host::workbench::plugin::FailureCard;
 
 /// FailureCard: every word of the failure can be read and copied.

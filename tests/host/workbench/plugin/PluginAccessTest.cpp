@@ -5,9 +5,9 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/PluginAccess.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/Window.h"
 #include "olm/qt/log/View.h"
 
@@ -25,6 +25,7 @@
 
 namespace plugin_access_test {
 
+using host::loading::PluginLoader;
 using namespace host::workbench::plugin;
 using host::device::Device;
 using host::workbench::window::Window;

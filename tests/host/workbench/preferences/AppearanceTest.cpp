@@ -5,8 +5,8 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/preferences/Appearance.h"
 #include "host/workbench/preferences/Contrast.h"
 #include "host/workbench/preferences/PreferenceMenu.h"
@@ -37,6 +37,7 @@
 
 namespace appearance_test {
 
+using host::loading::PluginLoader;
 using namespace host::workbench::plugin;
 using namespace host::workbench::preferences;
 using namespace host::workbench::window;

@@ -5,9 +5,9 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/FailureCard.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/preferences/Language.h"
 #include "host/workbench/preferences/PreferenceMenu.h"
 #include "host/workbench/preferences/PseudoTranslator.h"
@@ -30,6 +30,7 @@
 
 namespace language_test {
 
+using host::loading::PluginLoader;
 using namespace host::workbench::plugin;
 using namespace host::workbench::preferences;
 using namespace host::workbench::window;

@@ -5,8 +5,8 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/recording/RecordButton.h"
 #include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Window.h"
@@ -29,7 +29,7 @@ struct Fixture
 
     const QTemporaryDir folder;
     const QString file = folder.filePath("device.bag");
-    const host::workbench::plugin::PluginLoader plugin{DEVICE_PLUGIN_FILE};
+    const host::loading::PluginLoader plugin{DEVICE_PLUGIN_FILE};
     host::workbench::plugin::PluginEnvironment environment;
     host::device::Device device{"North/South 1", folder.path(), environment};
     host::workbench::window::Window window{plugin, environment};

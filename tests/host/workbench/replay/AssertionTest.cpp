@@ -8,8 +8,8 @@
 #include "tests/host/device/readers/ScanMessage.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/replay/Assertion.h"
 #include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Window.h"
@@ -21,7 +21,7 @@
 
 namespace assertion_test {
 
-using host::workbench::plugin::PluginLoader;
+using host::loading::PluginLoader;
 using host::workbench::replay::Assertion;
 
 namespace {

@@ -5,7 +5,7 @@
 #include "TestCase.h"
 #include "tests/host/workbench/window/DockInWindow.h"
 
-#include "host/workbench/plugin/PluginLoader.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/variables/VariableModel.h"
 #include "host/workbench/variables/VariablesDock.h"
 #include "host/workbench/window/Window.h"
@@ -24,6 +24,7 @@
 
 namespace variables_dock_test {
 
+using host::loading::PluginLoader;
 using namespace host::workbench::plugin;
 using namespace host::workbench::variables;
 using namespace host::workbench::window;

@@ -7,8 +7,8 @@
 #include "Patience.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Window.h"
 
@@ -36,7 +36,7 @@ struct DockInWindow
     }
 
     const QTemporaryDir settings;
-    const host::workbench::plugin::PluginLoader plugin{DEVICE_PLUGIN_FILE};
+    const host::loading::PluginLoader plugin{DEVICE_PLUGIN_FILE};
     host::workbench::plugin::PluginEnvironment environment;
     host::device::Device device{"Quandrel", settings.path(), environment};
     host::workbench::window::Window window{plugin, environment};

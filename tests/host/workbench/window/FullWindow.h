@@ -7,8 +7,8 @@
 #include "Patience.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Window.h"
 
@@ -101,7 +101,7 @@ struct FullWindow
     }
 
     const QTemporaryDir settings;
-    const host::workbench::plugin::PluginLoader plugin;
+    const host::loading::PluginLoader plugin;
     host::workbench::plugin::PluginEnvironment environment;
     host::device::Device device;
     host::workbench::window::Window window;

@@ -5,9 +5,9 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/FailureCard.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/Notice.h"
 #include "host/workbench/window/StartPage.h"
 #include "host/workbench/window/Window.h"
@@ -24,10 +24,10 @@
 namespace guest_plugin_test {
 
 using host::device::Device;
-using host::workbench::plugin::Failure;
+using host::loading::Failure;
+using host::loading::PluginLoader;
 using host::workbench::plugin::FailureCard;
 using host::workbench::plugin::PluginEnvironment;
-using host::workbench::plugin::PluginLoader;
 using host::workbench::window::Notice;
 using host::workbench::window::StartPage;
 using host::workbench::window::Window;

@@ -5,8 +5,8 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Window.h"
 #include "tests/host/device/FakeRobot.h"
@@ -21,6 +21,7 @@ namespace markup_test {
 
 using host::device::Device;
 using host::device::connection::Connection;
+using host::loading::PluginLoader;
 using namespace host::workbench::plugin;
 using namespace host::workbench::window;
 

@@ -5,9 +5,9 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/DeviceView.h"
 #include "host/workbench/window/Window.h"
 
@@ -28,6 +28,7 @@
 
 namespace several_devices_test {
 
+using host::loading::PluginLoader;
 using namespace host::workbench::plugin;
 using namespace host::workbench::window;
 using host::device::Device;

@@ -5,12 +5,12 @@
 #include "TestCase.h"
 
 #include "host/device/Device.h"
+#include "host/loading/PluginLoader.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/help/HelpPanel.h"
 #include "host/workbench/names/NamesDialog.h"
 #include "host/workbench/plugin/FailureCard.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
-#include "host/workbench/plugin/PluginLoader.h"
 #include "host/workbench/window/Notice.h"
 #include "host/workbench/window/StartPage.h"
 #include "host/workbench/window/Window.h"
@@ -39,6 +39,8 @@
 namespace window_test {
 
 using namespace host::workbench::help;
+using host::loading::Failure;
+using host::loading::PluginLoader;
 using namespace host::workbench::plugin;
 using namespace host::workbench::window;
 using host::device::Device;

@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/workbench/plugin/Symbols.h"
+#include "host/loading/Symbols.h"
 
-#include "host/workbench/plugin/ElfFile.h"
+#include "host/loading/ElfFile.h"
 
 #include <elf.h>
 #include <link.h>
 
 #include <optional>
 
-namespace host::workbench::plugin {
+namespace host::loading {
 
 namespace {
 
@@ -60,4 +60,4 @@ std::vector<Symbol> symbols(const QString& file)
     return found;
 }
 
-} // namespace host::workbench::plugin
+} // namespace host::loading

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#ifndef HOST_WORKBENCH_PLUGIN_SYMBOLS_H
-#define HOST_WORKBENCH_PLUGIN_SYMBOLS_H
+#ifndef HOST_LOADING_SYMBOLS_H
+#define HOST_LOADING_SYMBOLS_H
 
 #include <QByteArray>
 #include <QString>
 
 #include <vector>
 
-namespace host::workbench::plugin {
+namespace host::loading {
 
 /// What a shared library offers to others, or needs of them, under a name.
 struct Symbol
@@ -30,6 +30,6 @@ struct Symbol
 /// is loaded or run. None for what is no library, or is damaged.
 std::vector<Symbol> symbols(const QString& file);
 
-} // namespace host::workbench::plugin
+} // namespace host::loading
 
 #endif

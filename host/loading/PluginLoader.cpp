@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/workbench/plugin/PluginLoader.h"
+#include "host/loading/PluginLoader.h"
 
 #include "host/device/trace/CallUnderWay.h"
-#include "host/workbench/plugin/NeededLibraries.h"
+#include "host/loading/NeededLibraries.h"
 #include "plugin/gui/Interface.h"
 
 #include <QDir>
@@ -15,7 +15,7 @@
 
 #include <exception>
 
-namespace host::workbench::plugin {
+namespace host::loading {
 
 namespace {
 
@@ -185,4 +185,4 @@ void PluginLoader::start(void* factory)
     }
 }
 
-} // namespace host::workbench::plugin
+} // namespace host::loading

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/workbench/CrashReport.h"
+#include "host/device/trace/CrashReport.h"
 
 #include "host/device/trace/CallUnderWay.h"
 
@@ -12,7 +12,7 @@
 
 #include <unistd.h>
 
-namespace host::workbench {
+namespace host::device::trace {
 
 namespace {
 
@@ -31,7 +31,7 @@ void write(const char* words)
 void onCrash(int signal)
 {
     write(s_program);
-    if (const char* const function = device::trace::CallUnderWay::innermost()) {
+    if (const char* const function = CallUnderWay::innermost()) {
         write(": crashed in the plugin's function ");
         write(function);
         write(".\n");
@@ -61,4 +61,4 @@ CrashReport::CrashReport(const char* program)
         sigaction(crashes[i], &action, &s_others[i]);
 }
 
-} // namespace host::workbench
+} // namespace host::device::trace

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#ifndef HOST_WORKBENCH_PLUGIN_PLUGINLOADER_H
-#define HOST_WORKBENCH_PLUGIN_PLUGINLOADER_H
+#ifndef HOST_LOADING_PLUGINLOADER_H
+#define HOST_LOADING_PLUGINLOADER_H
 
-#include "host/workbench/plugin/Failure.h"
+#include "host/loading/Failure.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -15,14 +15,14 @@ namespace plugin::gui {
 class Interface;
 }
 
-namespace host::workbench::plugin {
+namespace host::loading {
 
 /// Loads a device plugin the way production does: the shared library, its exported factory
 /// `pluginGuiInterface`, then init(). Nothing of the plugin escapes as an exception or ends the
 /// program: what goes wrong is a Failure.
 class PluginLoader
 {
-    Q_DECLARE_TR_FUNCTIONS(host::workbench::plugin::PluginLoader)
+    Q_DECLARE_TR_FUNCTIONS(host::loading::PluginLoader)
 
 public:
     /// Loads @p file at once; a relative path is taken from the current directory.
@@ -54,6 +54,6 @@ private:
     FailureWords m_failure; // empty when all is well
 };
 
-} // namespace host::workbench::plugin
+} // namespace host::loading
 
 #endif

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/workbench/plugin/ElfFile.h"
+#include "host/loading/ElfFile.h"
 
 #include <elf.h>
 
-namespace host::workbench::plugin {
+namespace host::loading {
 
 ElfFile::ElfFile(const QString& name) : m_file(name)
 {
@@ -39,4 +39,4 @@ QByteArray ElfFile::textAt(quint64 offset) const
     return {text, static_cast<int>(strnlen(text, m_size - offset))};
 }
 
-} // namespace host::workbench::plugin
+} // namespace host::loading

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#ifndef HOST_WORKBENCH_CRASHREPORT_H
-#define HOST_WORKBENCH_CRASHREPORT_H
+#ifndef HOST_DEVICE_TRACE_CRASHREPORT_H
+#define HOST_DEVICE_TRACE_CRASHREPORT_H
 
-namespace host::workbench {
+namespace host::device::trace {
 
 /// Where the program crashes it names the plugin's function that was under way, on the standard
 /// error, and then ends as it would have without this.
@@ -15,6 +15,6 @@ public:
     explicit CrashReport(const char* program);
 };
 
-} // namespace host::workbench
+} // namespace host::device::trace
 
 #endif

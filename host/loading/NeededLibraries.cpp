@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/workbench/plugin/NeededLibraries.h"
+#include "host/loading/NeededLibraries.h"
 
-#include "host/workbench/plugin/ElfFile.h"
+#include "host/loading/ElfFile.h"
 
 #include <elf.h>
 #include <link.h>
 
-namespace host::workbench::plugin {
+namespace host::loading {
 
 namespace {
 
@@ -44,4 +44,4 @@ QByteArrayList neededLibraries(const QString& file)
     return {};
 }
 
-} // namespace host::workbench::plugin
+} // namespace host::loading

@@ -1,19 +1,19 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#ifndef HOST_WORKBENCH_PLUGIN_NEEDEDLIBRARIES_H
-#define HOST_WORKBENCH_PLUGIN_NEEDEDLIBRARIES_H
+#ifndef HOST_LOADING_NEEDEDLIBRARIES_H
+#define HOST_LOADING_NEEDEDLIBRARIES_H
 
 #include <QByteArrayList>
 #include <QString>
 
-namespace host::workbench::plugin {
+namespace host::loading {
 
 /// The libraries that the shared library @p file was linked to, by the names that the system's
 /// loader looks for; nothing of it is loaded or run. Empty for what this machine cannot load, and
 /// for what is damaged: the loader has words for that.
 QByteArrayList neededLibraries(const QString& file);
 
-} // namespace host::workbench::plugin
+} // namespace host::loading
 
 #endif

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#ifndef HOST_WORKBENCH_PLUGIN_FAILURE_H
-#define HOST_WORKBENCH_PLUGIN_FAILURE_H
+#ifndef HOST_LOADING_FAILURE_H
+#define HOST_LOADING_FAILURE_H
 
 #include <QString>
 
 #include <functional>
 
-namespace host::workbench::plugin {
+namespace host::loading {
 
 /// Why a plugin, or a part of it, is missing from the window, in a person's words: shown as a
 /// card, and as text where nobody looks at a window.
@@ -26,6 +26,6 @@ struct Failure
 /// Puts a failure into words, in the language of the moment.
 using FailureWords = std::function<Failure()>;
 
-} // namespace host::workbench::plugin
+} // namespace host::loading
 
 #endif

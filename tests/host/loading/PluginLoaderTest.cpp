@@ -3,7 +3,7 @@
 
 #include "TestCase.h"
 
-#include "host/workbench/plugin/PluginLoader.h"
+#include "host/loading/PluginLoader.h"
 #include "plugin/gui/Interface.h"
 
 #include <QDir>
@@ -13,8 +13,8 @@
 
 namespace plugin_loader_test {
 
-using host::workbench::plugin::Failure;
-using host::workbench::plugin::PluginLoader;
+using host::loading::Failure;
+using host::loading::PluginLoader;
 
 /// PluginLoader, on the real plugin and on every way in which a plugin can be broken.
 class PluginLoaderTest : public TestCase

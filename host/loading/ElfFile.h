@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#ifndef HOST_WORKBENCH_PLUGIN_ELFFILE_H
-#define HOST_WORKBENCH_PLUGIN_ELFFILE_H
+#ifndef HOST_LOADING_ELFFILE_H
+#define HOST_LOADING_ELFFILE_H
 
 #include <QByteArray>
 #include <QFile>
@@ -14,7 +14,7 @@
 #include <optional>
 #include <vector>
 
-namespace host::workbench::plugin {
+namespace host::loading {
 
 /// A shared library as the linker left it; nothing of it is loaded or run. What an offset in it
 /// promises may be missing.
@@ -52,6 +52,6 @@ private:
     std::vector<Section> m_sections;
 };
 
-} // namespace host::workbench::plugin
+} // namespace host::loading
 
 #endif

@@ -3,7 +3,7 @@
 
 #include "TestCase.h"
 
-#include "host/workbench/plugin/NeededLibraries.h"
+#include "host/loading/NeededLibraries.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -15,7 +15,7 @@
 
 namespace needed_libraries_test {
 
-using host::workbench::plugin::neededLibraries;
+using host::loading::neededLibraries;
 
 /// neededLibraries(), on a plugin and on what is left of it.
 class NeededLibrariesTest : public TestCase
