@@ -6,6 +6,7 @@
 #include "host/check/stage/Complaints.h"
 
 #include <QEvent>
+#include <QFileDialog>
 #include <QMetaEnum>
 
 #include <exception>
@@ -18,6 +19,14 @@ QString eventName(QEvent::Type type)
 {
     const QString name = QMetaEnum::fromType<QEvent::Type>().valueToKey(type);
     return name.isEmpty() ? QString::number(type) : name;
+}
+
+/// Plugins are used at random: in a file dialog that would overwrite, rename and delete the files
+/// of whoever runs this.
+void keepFromFiles(QFileDialog& dialog)
+{
+    dialog.setEnabled(false);
+    QMetaObject::invokeMethod(&dialog, &QDialog::reject, Qt::QueuedConnection);
 }
 
 } // namespace
@@ -36,6 +45,10 @@ bool Application::notify(QObject* receiver, QEvent* event)
             QStringLiteral("threw an exception into the event loop, in an event %1: %2")
                 .arg(eventName(type), what));
     };
+    if (type == QEvent::Show) {
+        if (auto* const dialog = qobject_cast<QFileDialog*>(receiver))
+            keepFromFiles(*dialog);
+    }
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::exception& e) {

@@ -11,7 +11,8 @@ namespace host::check::stage {
 class Complaints;
 
 /// The application that a test's process is: an exception that a plugin lets out of an event
-/// handler ends the event, and becomes a complaint.
+/// handler ends the event, and becomes a complaint. File dialogs are closed before anything can be
+/// done in them.
 class Application : public QApplication
 {
 public:

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void the_report_for_servers_is_xml_with_the_same_counts();
     void a_report_that_cannot_be_written_is_told();
     void what_a_person_did_to_make_it_crash_can_be_done_again();
+    void in_a_file_dialog_nothing_is_done();
     void a_variable_that_is_spared_gets_no_bad_values();
     void what_a_hanging_test_started_ends_with_it();
 };
@@ -204,6 +205,23 @@ void CheckProgramTest::what_a_person_did_to_make_it_crash_can_be_done_again()
     QVERIFY2(again.status == 3, qPrintable(again.out));
     const Result sound = run({"--reproduce", file, defects::brokenPlugin("sound")});
     QVERIFY2(sound.status == 0, qPrintable(sound.out));
+}
+
+void CheckProgramTest::in_a_file_dialog_nothing_is_done()
+{
+    const QTemporaryDir folder;
+    QFile actions(folder.filePath("save.actions"));
+    QVERIFY(actions.open(QIODevice::WriteOnly));
+    actions.write(R"({"widget":"dialog"}
+["click","QTabWidget/QStackedWidget/QWidget/QPushButton","5,5"]
+["press","","x"]
+["press","","Return"]
+)");
+    actions.close();
+    const Result result =
+        program_run::run(CHECK_FILE, {"--reproduce", actions.fileName(),
+                                      defects::brokenPlugin("crashes-on-a-chosen-file")});
+    QVERIFY2(result.status == 0, qPrintable(result.out));
 }
 
 void CheckProgramTest::a_variable_that_is_spared_gets_no_bad_values()

@@ -16,6 +16,7 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
+#include <QFileDialog>
 #include <QFont>
 #include <QFormLayout>
 #include <QLabel>
@@ -454,6 +455,8 @@ void Dialog::onConnect()
 {
     if (has("crashes-with-power-on") && m_power->isChecked())
         std::raise(SIGSEGV);
+    if (has("crashes-on-a-chosen-file") && !QFileDialog::getSaveFileName(this).isEmpty())
+        std::abort();
     if (!has("ends-foreign-transaction"))
         beginTransaction(QStringLiteral("Connect"));
     if (has("nests-transactions"))
