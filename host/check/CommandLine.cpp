@@ -87,6 +87,9 @@ void CommandLine::read(const QStringList& arguments)
                        "(default: all).")
             .arg(wholeEffort),
         "PERCENT");
+    const QCommandLineOption recording(
+        "recording", "Play FILE, a recording of the plugin at work, in a test of level 10.",
+        "FILE");
     const QCommandLineOption json("json", "Write the results to FILE, as JSON.", "FILE");
     const QCommandLineOption junit("junit", "Write the results to FILE, as JUnit's XML.", "FILE");
     const QCommandLineOption only(
@@ -103,8 +106,8 @@ void CommandLine::read(const QStringList& arguments)
 
     QCommandLineParser parser;
     parser.setApplicationDescription("Holds a device plugin against what hosts rely on.");
-    parser.addOptions({device, widget, spare, level, seed, timeout, effort, json, junit, only, skip,
-                       reproduce, list, test, result});
+    parser.addOptions({device, widget, spare, level, seed, timeout, effort, recording, json, junit,
+                       only, skip, reproduce, list, test, result});
     info.addTo(parser);
     parser.addPositionalArgument("FILE", "The plugin: a shared library.");
     if (!parser.parse(arguments))
@@ -113,7 +116,7 @@ void CommandLine::read(const QStringList& arguments)
     if (!text.isEmpty())
         return finish(Action::ShowText, text);
     for (const QCommandLineOption& option :
-         {device, widget, spare, json, junit, only, skip, reproduce}) {
+         {device, widget, spare, recording, json, junit, only, skip, reproduce}) {
         if (parser.values(option).contains(QString()))
             finish(Action::Fail,
                    QStringLiteral("--%1: the value is empty").arg(option.names().first()));
@@ -129,6 +132,7 @@ void CommandLine::read(const QStringList& arguments)
                                          std::numeric_limits<quint32>::max()));
     m_timeout = static_cast<int>(number(parser, "timeout", usualTimeout, 1, mostSeconds));
     m_effort = static_cast<int>(number(parser, "effort", wholeEffort, 1, wholeEffort));
+    m_recording = parser.value(recording);
     m_jsonFile = parser.value(json);
     m_junitFile = parser.value(junit);
     m_only = parser.values(only);
@@ -142,6 +146,8 @@ void CommandLine::read(const QStringList& arguments)
         return finish(Action::ShowText, this->list());
     }
     readFile(parser.positionalArguments());
+    if (parser.isSet(recording))
+        readRecording();
     if (parser.isSet(reproduce) && m_test.isEmpty())
         readReproduced();
 }
@@ -165,6 +171,16 @@ void CommandLine::readFile(const QStringList& arguments)
     else if (!file.isFile() || !file.isReadable())
         finish(Action::Fail, QStringLiteral("%1: there is no such file, or it cannot be read")
                                  .arg(arguments.first()));
+}
+
+void CommandLine::readRecording()
+{
+    const QFileInfo file(m_recording);
+    if (!file.isFile() || !file.isReadable())
+        finish(Action::Fail,
+               QStringLiteral("--recording: %1: there is no such file, or it cannot be read")
+                   .arg(m_recording));
+    m_recording = file.absoluteFilePath(); // tests run in another folder
 }
 
 void CommandLine::readReproduced()

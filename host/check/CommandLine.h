@@ -60,6 +60,8 @@ public:
     /// How much of what tests repeat often is done, in percent.
     int effort() const { return m_effort; }
 
+    QString recording() const { return m_recording; } ///< a file, absolute; empty: none
+
     QString jsonFile() const { return m_jsonFile; } ///< empty: none
 
     QString junitFile() const { return m_junitFile; } ///< likewise
@@ -79,6 +81,7 @@ private:
     void read(const QStringList& arguments);
     void finish(Action action, const QString& text);
     void readReproduced();
+    void readRecording();
     void readFile(const QStringList& arguments);
     /// The number of an option, if that is from @p least to @p most.
     qint64 number(const QCommandLineParser& parser, const QString& option, qint64 usual,
@@ -96,6 +99,7 @@ private:
     quint32 m_seed = 0;
     int m_timeout = usualTimeout;
     int m_effort = wholeEffort;
+    QString m_recording;
     QString m_jsonFile;
     QString m_junitFile;
     QStringList m_only;

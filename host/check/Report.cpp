@@ -45,15 +45,20 @@ QString seconds(double time)
 QString summary(const Results& results)
 {
     QStringList lines;
-    for (const Result& result : results.tests) {
-        if (result.status != Status::Passed && result.status != Status::Skipped)
-            lines << QStringLiteral("%1: %2: %3")
-                         .arg(result.name(), inWords(result.status), result.message);
-    }
-    for (const Result& result : results.tests) {
-        if (result.status == Status::Skipped)
-            lines << QStringLiteral("%1: skipped: %2").arg(result.name(), result.message);
-    }
+    const auto tell = [&](const auto& isTold) {
+        for (const Result& result : results.tests) {
+            if (isTold(result))
+                lines << QStringLiteral("%1: %2: %3")
+                             .arg(result.name(), inWords(result.status), result.message);
+        }
+    };
+    tell([](const Result& result) {
+        return result.status != Status::Passed && result.status != Status::Skipped;
+    });
+    tell([](const Result& result) { return result.status == Status::Skipped; });
+    tell([](const Result& result) {
+        return result.status == Status::Passed && !result.message.isEmpty();
+    });
     QStringList counts;
     for (const Status status :
          {Status::Passed, Status::Failed, Status::Crashed, Status::TimedOut, Status::Skipped}) {

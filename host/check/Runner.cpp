@@ -19,6 +19,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <csignal>
 #include <cstring>
 #include <utility>
@@ -82,7 +83,11 @@ Results Runner::run()
     results.plugin = m_commandLine.file();
     results.seed = m_commandLine.seed();
     results.level = m_commandLine.level();
-    const QList<Job> all = jobs(offeredWidgets());
+    const tests::Tests& known = tests::allTests();
+    const bool areWidgetsNeeded = std::any_of(known.begin(), known.end(), [&](const Test& test) {
+        return test.scope == Test::Scope::Widget && m_commandLine.isWanted(test);
+    });
+    const QList<Job> all = jobs(areWidgetsNeeded ? offeredWidgets() : QStringList());
     int place = 0;
     for (const Job& job : all) {
         Result result;
@@ -152,6 +157,7 @@ Result Runner::runJob(const Job& job)
 QString Runner::reproduction(const Job& job, const Result& result)
 {
     constexpr int mostAttempts = 150;
+    constexpr int mostTime = 5; // as a multiple of what a test may take
     const auto journal = stage::ActionFile::read(ResultFile(m_folder.filePath("result")).journal());
     if (!journal || journal->actions.empty())
         return {};
@@ -162,9 +168,12 @@ QString Runner::reproduction(const Job& job, const Result& result)
             file.add(action);
         return file.isGood();
     };
+    QElapsedTimer clock;
+    clock.start();
     Reducer reducer(
         [&](const stage::ActionList& actions) {
-            return write(trial, actions) && runProcess(job, trial).status == result.status;
+            return clock.elapsed() < qint64{1000} * mostTime * m_commandLine.timeout() &&
+                   write(trial, actions) && runProcess(job, trial).status == result.status;
         },
         result.status == Status::TimedOut ? 1 : mostAttempts); // each takes all its time
     const stage::ActionList shortest = reducer.reduced(journal->actions);
@@ -192,6 +201,8 @@ Result Runner::runProcess(const Job& job, const QString& reproducedFile)
                           "--effort",  QString::number(m_commandLine.effort())};
     if (!reproducedFile.isEmpty())
         arguments << "--reproduce" << reproducedFile;
+    if (!m_commandLine.recording().isEmpty())
+        arguments << "--recording" << m_commandLine.recording();
     if (!m_commandLine.device().isEmpty())
         arguments << "--device" << m_commandLine.device();
     for (const QString& variable : m_commandLine.sparedVariables())
@@ -206,7 +217,8 @@ Result Runner::runProcess(const Job& job, const QString& reproducedFile)
     process.start(QCoreApplication::applicationFilePath(), arguments << m_commandLine.file());
     const bool hasStarted = process.waitForStarted();
     const auto group = static_cast<pid_t>(process.processId());
-    const bool isInTime = process.waitForFinished(m_commandLine.timeout() * 1000);
+    const int patience = m_commandLine.timeout() * job.test->patience; // s
+    const bool isInTime = process.waitForFinished(patience * 1000);
     if (!isInTime && hasStarted) {
         kill(group, SIGABRT); // it says in which function it is
         process.waitForFinished(lastWordsPatience);
@@ -228,8 +240,7 @@ Result Runner::runProcess(const Job& job, const QString& reproducedFile)
         result.message = QStringLiteral("the test could not be started: ") + process.errorString();
     } else if (!isInTime) {
         result.status = Status::TimedOut;
-        result.message =
-            QStringLiteral("did not come back within %1 s").arg(m_commandLine.timeout()) + where;
+        result.message = QStringLiteral("did not come back within %1 s").arg(patience) + where;
     } else if (process.exitStatus() == QProcess::CrashExit) {
         result.status = Status::Crashed;
         result.message = QStringLiteral("crashed (%1)").arg(strsignal(process.exitCode())) + where +

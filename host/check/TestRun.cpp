@@ -89,11 +89,13 @@ int runTest(int& argc, char** argv, const CommandLine& commandLine)
     becomeGroup();
     const device::trace::CrashReport crashReport("device-plugin-check");
     stage::Progress::keepIn(ResultFile(commandLine.resultFile()).progressFile());
-    stage::Complaints complaints;
-    const stage::Application application(argc, argv, complaints);
     const tests::Test* const test = tests::findTest(commandLine.test());
     if (!test)
         return EXIT_FAILURE;
+    if (test->scale != 1)
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(test->scale));
+    stage::Complaints complaints;
+    const stage::Application application(argc, argv, complaints);
     const auto bytes = [](const QStringList& names) {
         QList<QByteArray> list;
         for (const QString& name : names)
@@ -105,7 +107,8 @@ int runTest(int& argc, char** argv, const CommandLine& commandLine)
         actions = content->actions;
     stage::Subject subject({commandLine.file(), commandLine.device(), bytes(commandLine.widgets()),
                             ResultFile(commandLine.resultFile()).journal(), actions,
-                            commandLine.effort(), bytes(commandLine.sparedVariables())},
+                            commandLine.effort(), bytes(commandLine.sparedVariables()),
+                            commandLine.recording()},
                            seedOf(commandLine), complaints);
     ResultFile(commandLine.resultFile()).write(resultOf(*test, subject));
     // What a plugin does when a process ends is no affair of this test.

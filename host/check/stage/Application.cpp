@@ -4,22 +4,16 @@
 #include "host/check/stage/Application.h"
 
 #include "host/check/stage/Complaints.h"
+#include "host/check/stage/GuiTime.h"
 
 #include <QEvent>
 #include <QFileDialog>
-#include <QMetaEnum>
 
 #include <exception>
 
 namespace host::check::stage {
 
 namespace {
-
-QString eventName(QEvent::Type type)
-{
-    const QString name = QMetaEnum::fromType<QEvent::Type>().valueToKey(type);
-    return name.isEmpty() ? QString::number(type) : name;
-}
 
 /// Plugins are used at random: in a file dialog that would overwrite, rename and delete the files
 /// of whoever runs this.
@@ -43,14 +37,15 @@ bool Application::notify(QObject* receiver, QEvent* event)
     const auto complain = [&](const QString& what) {
         m_complaints.add(
             QStringLiteral("threw an exception into the event loop, in an event %1: %2")
-                .arg(eventName(type), what));
+                .arg(GuiTime::nameOf(type), what));
     };
     if (type == QEvent::Show) {
         if (auto* const dialog = qobject_cast<QFileDialog*>(receiver))
             keepFromFiles(*dialog);
     }
     try {
-        return QApplication::notify(receiver, event);
+        return GuiTime::measureEvent(*receiver, type,
+                                     [&] { return QApplication::notify(receiver, event); });
     } catch (const std::exception& e) {
         complain(QString::fromUtf8(e.what()));
     } catch (...) {

@@ -31,7 +31,6 @@ void Monkey::act()
     if (!action)
         return close();
     later(&Monkey::act); // first: the action may open a menu, and wait in there
-    m_used.insert(action->target);
     const device::trace::CallUnderWay call("reaction to a person's action");
     perform(*action, m_stage);
 }

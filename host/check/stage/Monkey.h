@@ -8,8 +8,6 @@
 
 #include <QEventLoop>
 #include <QObject>
-#include <QSet>
-#include <QString>
 
 #include <functional>
 #include <optional>
@@ -21,7 +19,7 @@ namespace host::check::stage {
 class Monkey
 {
 public:
-    /// What to do next; nothing ends it.
+    /// What to do next, asked when what the one before caused has begun; nothing ends it.
     using Next = std::function<std::optional<Action>()>;
 
     /// @p stage outlives it, and is shown.
@@ -31,9 +29,6 @@ public:
     /// opened is closed then.
     void run();
 
-    /// The controls that were used, as pathOf() names them.
-    const QSet<QString>& used() const { return m_used; }
-
 private:
     void later(void (Monkey::*step)());
     void act();
@@ -41,7 +36,6 @@ private:
 
     Stage& m_stage;
     const Next m_next;
-    QSet<QString> m_used;
     QEventLoop m_loop;
     QObject m_context; // of what is to come
 };

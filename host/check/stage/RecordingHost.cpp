@@ -113,12 +113,23 @@ void RecordingHost::message(int role, const Variant& value)
 
 void RecordingHost::change(const Variable& variable, const Variant& value)
 {
-    set(variable, value);
-    if (m_usage.registered.count(variable) == 0)
-        return;
+    changeAll({{variable, value}});
+}
+
+void RecordingHost::changeAll(const Changes& changes)
+{
     plugin::gui::HistoryBundleContent content;
-    content.insert(variable.first, variable.second, value);
-    deliver("update", Arguments{{variable.second, value}}, [&](DeviceWidget& widget) {
+    Arguments arguments;
+    for (const auto& [variable, value] : changes) {
+        set(variable, value);
+        if (m_usage.registered.count(variable) == 0)
+            continue;
+        content.insert(variable.first, variable.second, value);
+        arguments.push_back({variable.second, value});
+    }
+    if (content.isEmpty())
+        return;
+    deliver("update", std::move(arguments), [&](DeviceWidget& widget) {
         widget.update(plugin::gui::DeviceHistoryBundle(content));
     });
 }

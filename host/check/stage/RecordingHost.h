@@ -17,6 +17,7 @@
 
 #include <functional>
 #include <map>
+#include <utility>
 #include <vector>
 
 class QAction;
@@ -33,6 +34,7 @@ public:
     using Variant = olm::core::variant::Variant;
     using Kind = plugin::gui::VariableKind;
     using Calls = std::vector<device::trace::PluginCall>;
+    using Changes = std::vector<std::pair<Variable, Variant>>;
     /// What a text is in the language of the moment.
     using Translation = std::function<QString(const QString& text)>;
 
@@ -77,6 +79,8 @@ public:
     void message(int role, const Variant& value);
     /// Sets the variable and delivers a bundle with it, as a device does where it is registered.
     void change(const Variable& variable, const Variant& value);
+    /// The same with one bundle for all of them.
+    void changeAll(const Changes& changes);
 
     void registerInput(const char* name, bool on) override;
     void registerOutput(const char* name, bool on) override;

@@ -17,13 +17,18 @@ Subject::Subject(const Target& target, quint32 seed, Complaints& complaints)
 {
 }
 
-const ::plugin::gui::Interface& Subject::interface()
+const loading::PluginLoader& Subject::loader()
 {
     if (!m_loader)
         m_loader.emplace(m_target.file);
     if (const auto failure = m_loader->failure())
         fail(failure->title + ". " + failure->reason);
-    return *m_loader->interface();
+    return *m_loader;
+}
+
+const ::plugin::gui::Interface& Subject::interface()
+{
+    return *loader().interface();
 }
 
 QByteArray Subject::device()
@@ -34,10 +39,10 @@ QByteArray Subject::device()
     return QByteArray::fromStdString(info.vendor() + ' ' + info.name());
 }
 
-int Subject::share(int full) const
+int Subject::share(int full, int least) const
 {
     constexpr qint64 percent = 100;
-    return std::max(1, static_cast<int>(qint64{full} * m_target.effort / percent));
+    return std::max(least, static_cast<int>(qint64{full} * m_target.effort / percent));
 }
 
 bool Subject::isSpared(const std::string& variable) const

@@ -37,6 +37,7 @@ public:
         std::optional<ActionList> actions; ///< that are to be played; none: they are drawn
         int effort = 100;         ///< how much of what is repeated often is done, in percent
         QList<QByteArray> spared; ///< variables that get only values of a sound device
+        QString recording;        ///< a file; empty: none
     };
 
     /// @p seed gives the numbers of random(), the same in every run. @p complaints outlives it.
@@ -51,9 +52,13 @@ public:
 
     /// Loads the plugin when it is called first. Fails the test where that fails.
     const ::plugin::gui::Interface& interface();
+    const loading::PluginLoader& loader(); ///< likewise
 
     /// The name by which widgets are asked for.
     QByteArray device();
+
+    /// Of the plugin at work; empty where none was given.
+    const QString& recording() const { return m_target.recording; }
 
     const QString& journal() const { return m_target.journal; }
 
@@ -64,8 +69,8 @@ public:
 
     const QString& remark() const { return m_remark; }
 
-    /// Of @p full, how often to do what is repeated often: at least once.
-    int share(int full) const;
+    /// Of @p full, how often to do what is repeated often: at least @p least times.
+    int share(int full, int least = 1) const;
 
     bool isSpared(const std::string& variable) const;
 

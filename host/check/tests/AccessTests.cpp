@@ -245,6 +245,8 @@ Tests accessTests()
          "has room for long texts"},
         {"clipping-large", 8, widget, [](Subject& subject) { cutsNothing(subject, 2); },
          "has room for long texts in letters twice as large"},
+        {"clipping-scale", 8, widget, [](Subject& subject) { cutsNothing(subject, 1); },
+         "has room for long texts on a screen of twice as many pixels", 2},
     };
 }
 

@@ -7,9 +7,12 @@
 #include "host/check/tests/BadHostTests.h"
 #include "host/check/tests/BadValueTests.h"
 #include "host/check/tests/ContractTests.h"
+#include "host/check/tests/FloodTests.h"
 #include "host/check/tests/LifeTests.h"
 #include "host/check/tests/LoadingTests.h"
 #include "host/check/tests/PersonTests.h"
+#include "host/check/tests/SoakTests.h"
+#include "host/check/tests/UnloadingTests.h"
 
 #include <QLatin1String>
 
@@ -21,8 +24,9 @@ const Tests& allTests()
 {
     static const Tests all = [] {
         Tests tests;
-        for (const Tests& part : {loadingTests(), lifeTests(), contractTests(), badValueTests(),
-                                  badHostTests(), personTests(), accessTests()})
+        for (const Tests& part :
+             {loadingTests(), lifeTests(), contractTests(), badValueTests(), badHostTests(),
+              personTests(), floodTests(), accessTests(), unloadingTests(), soakTests()})
             tests.insert(tests.end(), part.begin(), part.end());
         return tests;
     }();

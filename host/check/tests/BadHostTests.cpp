@@ -75,8 +75,9 @@ void takesEchoes(Subject& subject)
 
 void takesAnyOrder(Subject& subject)
 {
-    constexpr int rounds = 40;
+    constexpr int full = 40;
     constexpr std::size_t mostActions = 12;
+    const int rounds = subject.share(full, full / 4);
     for (int i = 0; i < rounds; ++i) {
         Stage stage(subject, std::make_unique<BadHost>(subject.complaints()));
         stage::ActionList actions = stage::notifications(stage.host().usage(), subject.random());

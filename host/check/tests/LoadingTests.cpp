@@ -9,6 +9,7 @@
 #include "host/check/stage/RecordingHost.h"
 #include "host/check/stage/Stage.h"
 #include "host/check/stage/Subject.h"
+#include "host/check/tests/Library.h"
 #include "host/loading/NeededLibraries.h"
 #include "host/loading/Symbols.h"
 #include "plugin/gui/Interface.h"
@@ -17,8 +18,6 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryFile>
-
-#include <boost/core/demangle.hpp>
 
 #include <array>
 #include <atomic>
@@ -42,27 +41,8 @@ using stage::RecordingHost;
 using stage::settle;
 using stage::Stage;
 using stage::Subject;
-using EntryPoint = void (*)(Interface**);
 
-constexpr const char* entryName = "pluginGuiInterface";
 constexpr qint64 longestLoad = 1000; // ms
-
-void* open(const Subject& subject, int mode)
-{
-    void* const library = dlopen(QFile::encodeName(subject.file()).constData(), mode);
-    if (!library)
-        fail(QStringLiteral("the system's loader refuses the library: ") +
-             QString::fromLocal8Bit(dlerror()));
-    return library;
-}
-
-EntryPoint entryPoint(const Subject& subject, int mode = RTLD_NOW | RTLD_LOCAL)
-{
-    void* const entry = dlsym(open(subject, mode), entryName);
-    if (!entry)
-        fail(QStringLiteral("does not export the function %1").arg(QLatin1String(entryName)));
-    return reinterpret_cast<EntryPoint>(entry);
-}
 
 template <int mode>
 void loads(Subject& subject)
@@ -77,7 +57,7 @@ void loadsQuickly(Subject& subject)
 {
     QElapsedTimer clock;
     clock.start();
-    open(subject, RTLD_NOW | RTLD_LOCAL);
+    openLibrary(subject);
     if (clock.elapsed() > longestLoad)
         fail(QStringLiteral(
                  "takes %1 ms to load; a host shows nothing for so long, %2 ms are the most")
@@ -95,12 +75,6 @@ void hasTheHostsQt(Subject& subject)
     }
 }
 
-/// By name, as a person writes it.
-QString readable(const QByteArray& symbol)
-{
-    return QString::fromStdString(boost::core::demangle(symbol.constData()));
-}
-
 /// The first few of them.
 QString some(const QStringList& names)
 {
@@ -108,26 +82,6 @@ QString some(const QStringList& names)
     const QString words = names.mid(0, most).join(", ");
     return names.size() > most ? words + QStringLiteral(" and %1 more").arg(names.size() - most)
                                : words;
-}
-
-bool mayBeExported(const Symbol& symbol)
-{
-    static const QByteArrayList byName{entryName, "_init", "_fini",
-                                       "_edata",  "_end",  "__bss_start"};
-    static const QRegularExpression resources(
-        QStringLiteral("^_Z\\d+q(Init|Cleanup)Resources_\\w+v$"));
-    static const QRegularExpression sanitizers(
-        QStringLiteral("^_*(asan|ubsan|odr_asan|sanitizer)"));
-    // What the compiler makes of the headers of the standard library, of Boost, of Qt and of the
-    // platform itself is the same in every library, and visible by what these headers say.
-    static const QRegularExpression ofHeaders(QStringLiteral(
-        "^_Z(GV|T[VISTC]|T[hv][n0-9_]+)?Z?N?[rVK]*[RO]?"
-        "(St|S[absiod]|\\d+Q[A-Z]|5boost|3olm|6plugin(3gui|6plugin)|9__gnu_cxx|10__cxxabiv1)"));
-    const QString name = QString::fromLatin1(symbol.name);
-    if (byName.contains(symbol.name) || resources.match(name).hasMatch() ||
-        sanitizers.match(name).hasMatch())
-        return true;
-    return symbol.binding != Symbol::Binding::Global && ofHeaders.match(name).hasMatch();
 }
 
 void exportsNothingElse(Subject& subject)

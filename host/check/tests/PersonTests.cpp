@@ -7,13 +7,13 @@
 #include "host/check/stage/Complaints.h"
 #include "host/check/stage/ControlPath.h"
 #include "host/check/stage/Controls.h"
+#include "host/check/stage/Coverage.h"
 #include "host/check/stage/Failure.h"
 #include "host/check/stage/Monkey.h"
 #include "host/check/stage/Progress.h"
 #include "host/check/stage/Stage.h"
 #include "host/check/stage/Subject.h"
 
-#include <QSet>
 #include <QTimer>
 
 #include <optional>
@@ -33,24 +33,25 @@ using stage::Subject;
 /// Plays the list that is to be reproduced, or else what it draws.
 void standsAMonkey(Subject& subject)
 {
-    constexpr int mostActions = 10000;
+    constexpr int actions = 100000;
     const std::optional<ActionList>& given = subject.actions();
     Stage stage(subject);
     stage.host().welcome();
     stage.show();
-    QSet<QString> controls;
-    stage::forEachControl(*stage.widget(), [&](QWidget& control) {
-        controls << stage::pathOf(control, *stage.widget());
-    });
+    stage::Coverage coverage(*stage.widget());
     stage::ActionFile journal(subject.journal(), QString::fromLatin1(subject.widget()));
+    const std::size_t count =
+        given ? given->size() : static_cast<std::size_t>(subject.share(actions));
     std::size_t done = 0;
     stage::Monkey monkey(stage, [&]() -> std::optional<Action> {
-        if (done >= (given ? given->size() : mostActions) || !subject.complaints().all().isEmpty())
+        coverage.look();
+        if (done >= count || !subject.complaints().all().isEmpty())
             return std::nullopt;
         const Action action =
             given ? given->at(done) : stage::drawFromScreen(stage, subject.random());
         ++done;
         journal.add(action);
+        coverage.noteControl(action.target);
         return action;
     });
     monkey.run();
@@ -59,10 +60,8 @@ void standsAMonkey(Subject& subject)
         fail(QStringLiteral("deletes its widget, which belongs to its host"));
     if (stage.host().isInTransaction())
         fail(QStringLiteral("is still in a transaction when everything is closed"));
-    const int used = static_cast<int>((controls & monkey.used()).size());
     subject.remark(
-        QStringLiteral("%1 of its %2 controls were used, in %3 actions")
-            .arg(QString::number(used), QString::number(controls.size()), QString::number(done)));
+        QStringLiteral("%1, in %2 actions").arg(coverage.inWords(), QString::number(done)));
 }
 
 /// What opens something, and is still open when the widget goes.
@@ -106,7 +105,8 @@ Tests personTests()
 {
     constexpr auto widget = Test::Scope::Widget;
     return {
-        {monkey, 6, widget, standsAMonkey, "stands whatever a person does, drawn from the seed"},
+        {monkey, 6, widget, standsAMonkey, "stands whatever a person does, drawn from the seed", 1,
+         5},
         {"deletion-open", 6, widget, diesWithWhatIsOpen,
          "can be deleted while a menu, a list, an editor or a dialog is open"},
     };

@@ -29,6 +29,8 @@ struct Test
     Scope scope;
     Function run;
     const char* demand; ///< what a sound plugin does, in a sentence without a full stop
+    int scale = 1;      ///< pixels of the screen for each that programs see
+    int patience = 1;   ///< how many times as long as others it may take
 };
 
 using Tests = std::vector<Test>;

@@ -1,18 +1,13 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "Defects.h"
-#include "TestCase.h"
-
-#include <QtTest>
+#include "DefectsTest.h"
 
 namespace bad_host_defects_test {
 
-using defects::Defect;
-
 namespace {
 
-constexpr Defect all[] = {
+const std::vector<defects::Defect> all{
     {"waits-for-write", "forgotten-writes", "timed out", "the use of the QCheckBox"},
     {"insists", "refused-writes", "failed",
      "says that the variable stays as it was, and it calls writeConfigVariable"},
@@ -26,32 +21,12 @@ constexpr Defect all[] = {
 } // namespace
 
 /// Level 5: a host that does not do what it was asked, or does it at the wrong time.
-class BadHostDefectsTest : public TestCase
+class BadHostDefectsTest : public DefectsTest
 {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void each_defect_is_found_and_named_data();
-    void each_defect_is_found_and_named();
+public:
+    BadHostDefectsTest() : DefectsTest(all) {}
 };
-
-void BadHostDefectsTest::each_defect_is_found_and_named_data()
-{
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const Defect& defect : all)
-        QTest::addRow("%s by %s", defect.plugin, defect.test) << index++;
-}
-
-void BadHostDefectsTest::each_defect_is_found_and_named()
-{
-    QFETCH(int, index);
-    const QString fault = defects::fault(all[index]);
-    QVERIFY2(fault.isEmpty(), qPrintable(fault));
-}
 
 TEST_WITHOUT_WINDOWS(BadHostDefectsTest)
 
 } // namespace bad_host_defects_test
-
-#include "BadHostDefectsTest.moc"

@@ -1,18 +1,13 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "Defects.h"
-#include "TestCase.h"
-
-#include <QtTest>
+#include "DefectsTest.h"
 
 namespace bad_value_defects_test {
 
-using defects::Defect;
-
 namespace {
 
-constexpr Defect all[] = {
+const std::vector<defects::Defect> all{
     {"crashes-on-long-text", "bad-updates", "crashed",
      "the config variable \"name\" to std::string"},
     {"crashes-on-largest-number", "bad-updates", "crashed",
@@ -28,32 +23,12 @@ constexpr Defect all[] = {
 } // namespace
 
 /// Level 4: a device says what no sound device says.
-class BadValueDefectsTest : public TestCase
+class BadValueDefectsTest : public DefectsTest
 {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void each_defect_is_found_and_named_data();
-    void each_defect_is_found_and_named();
+public:
+    BadValueDefectsTest() : DefectsTest(all) {}
 };
-
-void BadValueDefectsTest::each_defect_is_found_and_named_data()
-{
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const Defect& defect : all)
-        QTest::addRow("%s by %s", defect.plugin, defect.test) << index++;
-}
-
-void BadValueDefectsTest::each_defect_is_found_and_named()
-{
-    QFETCH(int, index);
-    const QString fault = defects::fault(all[index]);
-    QVERIFY2(fault.isEmpty(), qPrintable(fault));
-}
 
 TEST_WITHOUT_WINDOWS(BadValueDefectsTest)
 
 } // namespace bad_value_defects_test
-
-#include "BadValueDefectsTest.moc"

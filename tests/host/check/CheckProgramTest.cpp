@@ -29,6 +29,8 @@ private Q_SLOTS:
     void a_report_that_cannot_be_written_is_told();
     void what_a_person_did_to_make_it_crash_can_be_done_again();
     void in_a_file_dialog_nothing_is_done();
+    void how_much_a_person_used_is_told_where_all_is_well();
+    void a_recording_is_played_into_the_plugin();
     void a_variable_that_is_spared_gets_no_bad_values();
     void what_a_hanging_test_started_ends_with_it();
 };
@@ -53,6 +55,8 @@ void CheckProgramTest::a_mistake_on_the_command_line_is_named_with_status_2_data
     QTest::newRow("empty") << QStringList{sound, "--widget="} << "--widget: the value is empty";
     QTest::newRow("actions") << QStringList{sound, "--reproduce", "/no/such"}
                              << "--reproduce: /no/such is not a list of actions";
+    QTest::newRow("recording") << QStringList{sound, "--recording", "/no/such"}
+                               << "--recording: /no/such: there is no such file";
     QTest::newRow("option") << QStringList{sound, "--levels"} << "Unknown option 'levels'.";
 }
 
@@ -222,6 +226,51 @@ void CheckProgramTest::in_a_file_dialog_nothing_is_done()
         program_run::run(CHECK_FILE, {"--reproduce", actions.fileName(),
                                       defects::brokenPlugin("crashes-on-a-chosen-file")});
     QVERIFY2(result.status == 0, qPrintable(result.out));
+}
+
+void CheckProgramTest::how_much_a_person_used_is_told_where_all_is_well()
+{
+    QJsonObject report;
+    const Result result = defects::check(
+        {"--level", "6", "--only", "monkey", "--effort", "1", defects::brokenPlugin("sound")},
+        &report);
+    const QRegularExpression words(
+        "^([1-9]\\d*) of its \\d+ controls, \\d+ of its \\d+ actions and "
+        "\\d+ of its \\d+ cells were used, in 1000 actions$");
+    const QString message =
+        report.value("tests").toArray().at(0).toObject().value("message").toString();
+    QVERIFY2(words.match(message).hasMatch(), qPrintable(message));
+    QVERIFY2(result.out.contains("\nmonkey (dialog): passed: " + message), qPrintable(result.out));
+}
+
+void CheckProgramTest::a_recording_is_played_into_the_plugin()
+{
+    const QTemporaryDir folder;
+    const auto run = [&](const QString& program, const QStringList& arguments) {
+        return program_run::run(program, arguments, program_run::environmentIn(folder),
+                                folder.path());
+    };
+    QFile script(folder.filePath("record.script"));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("restart --record $output/lamp.bag\n"
+                 "set config brightness 7 as int\nsend 0 hello\nclick Power\nstop recording\n");
+    script.close();
+    const Result recorded =
+        run(WORKBENCH_FILE, {"--script", script.fileName(), "--output", folder.path(), "--device",
+                             "Lamp", "--plugin", defects::brokenPlugin("sound")});
+    QVERIFY2(recorded.status == 0, qPrintable(recorded.err));
+
+    const auto play = [&](const QString& plugin) {
+        return run(CHECK_FILE, {"--level", "10", "--only", "recording", "--recording",
+                                folder.filePath("lamp.bag"), defects::brokenPlugin(plugin)});
+    };
+    const Result same = play("sound");
+    QVERIFY2(same.status == 0, qPrintable(same.out));
+    QVERIFY2(same.out.contains("recording: passed: The plugin did the same"), qPrintable(same.out));
+    const Result other = play("forgets-text");
+    QVERIFY2(other.status == 1, qPrintable(other.out));
+    QVERIFY2(other.out.contains("recording: failed: does not do what it did when it was recorded"),
+             qPrintable(other.out));
 }
 
 void CheckProgramTest::a_variable_that_is_spared_gets_no_bad_values()

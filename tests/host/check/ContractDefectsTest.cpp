@@ -1,18 +1,13 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "Defects.h"
-#include "TestCase.h"
-
-#include <QtTest>
+#include "DefectsTest.h"
 
 namespace contract_defects_test {
 
-using defects::Defect;
-
 namespace {
 
-constexpr Defect all[] = {
+const std::vector<defects::Defect> all{
     {"registers-late", "registration", "failed", "config variable \"power\" only after"},
     {"forgets-text", "translation", "failed", "\"Brightness\""},
     {"forgets-tool-tip", "translation", "failed", "the tool tip of the QCheckBox"},
@@ -51,32 +46,12 @@ constexpr Defect all[] = {
 } // namespace
 
 /// Level 3: what a widget does with its device, its texts and its surroundings.
-class ContractDefectsTest : public TestCase
+class ContractDefectsTest : public DefectsTest
 {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void each_defect_is_found_and_named_data();
-    void each_defect_is_found_and_named();
+public:
+    ContractDefectsTest() : DefectsTest(all) {}
 };
-
-void ContractDefectsTest::each_defect_is_found_and_named_data()
-{
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const Defect& defect : all)
-        QTest::addRow("%s by %s", defect.plugin, defect.test) << index++;
-}
-
-void ContractDefectsTest::each_defect_is_found_and_named()
-{
-    QFETCH(int, index);
-    const QString fault = defects::fault(all[index]);
-    QVERIFY2(fault.isEmpty(), qPrintable(fault));
-}
 
 TEST_WITHOUT_WINDOWS(ContractDefectsTest)
 
 } // namespace contract_defects_test
-
-#include "ContractDefectsTest.moc"

@@ -21,6 +21,7 @@ struct Defect
     const char* test;    ///< which finds it
     const char* status;  ///< how that ends
     const char* message; ///< what it says, among other things
+    const char* effort = "1";
 };
 
 inline QString brokenPlugin(const QString& name)
@@ -47,8 +48,8 @@ inline QString fault(const Defect& defect)
 {
     QJsonObject report;
     const bool isToHang = QLatin1String(defect.status) == QLatin1String("timed out");
-    check({"--level", "10", "--only", defect.test, "--timeout", isToHang ? "2" : "40",
-           brokenPlugin(defect.plugin)},
+    check({"--level", "10", "--only", defect.test, "--timeout", isToHang ? "2" : "40", "--widget",
+           "dialog", "--effort", defect.effort, brokenPlugin(defect.plugin)},
           &report);
     const QJsonArray tests = report.value("tests").toArray();
     for (const auto& test : tests) {

@@ -1,18 +1,13 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "Defects.h"
-#include "TestCase.h"
-
-#include <QtTest>
+#include "DefectsTest.h"
 
 namespace life_defects_test {
 
-using defects::Defect;
-
 namespace {
 
-constexpr Defect all[] = {
+const std::vector<defects::Defect> all{
     {"same-widget-twice", "new-widget", "failed", "the same widget twice"},
     {"has-parent", "new-widget", "failed", "has a parent"},
     {"shows-itself", "new-widget", "failed", "shows its widget itself"},
@@ -42,32 +37,12 @@ constexpr Defect all[] = {
 } // namespace
 
 /// Level 2: what goes wrong as widgets come and go.
-class LifeDefectsTest : public TestCase
+class LifeDefectsTest : public DefectsTest
 {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void each_defect_is_found_and_named_data();
-    void each_defect_is_found_and_named();
+public:
+    LifeDefectsTest() : DefectsTest(all) {}
 };
-
-void LifeDefectsTest::each_defect_is_found_and_named_data()
-{
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const Defect& defect : all)
-        QTest::addRow("%s by %s", defect.plugin, defect.test) << index++;
-}
-
-void LifeDefectsTest::each_defect_is_found_and_named()
-{
-    QFETCH(int, index);
-    const QString fault = defects::fault(all[index]);
-    QVERIFY2(fault.isEmpty(), qPrintable(fault));
-}
 
 TEST_WITHOUT_WINDOWS(LifeDefectsTest)
 
 } // namespace life_defects_test
-
-#include "LifeDefectsTest.moc"

@@ -1,18 +1,13 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "Defects.h"
-#include "TestCase.h"
-
-#include <QtTest>
+#include "DefectsTest.h"
 
 namespace loading_defects_test {
 
-using defects::Defect;
-
 namespace {
 
-constexpr Defect all[] = {
+const std::vector<defects::Defect> all{
     {"slow-to-load", "load-time", "failed", "to load"},
     {"exports-function", "exported-symbols", "failed", "helpers::help()"},
     {"exports-weak", "exported-symbols", "failed", "helpers::help()"},
@@ -49,32 +44,12 @@ constexpr Defect all[] = {
 } // namespace
 
 /// Level 1: what is wrong with a library and its factory.
-class LoadingDefectsTest : public TestCase
+class LoadingDefectsTest : public DefectsTest
 {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void each_defect_is_found_and_named_data();
-    void each_defect_is_found_and_named();
+public:
+    LoadingDefectsTest() : DefectsTest(all) {}
 };
-
-void LoadingDefectsTest::each_defect_is_found_and_named_data()
-{
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const Defect& defect : all)
-        QTest::addRow("%s by %s", defect.plugin, defect.test) << index++;
-}
-
-void LoadingDefectsTest::each_defect_is_found_and_named()
-{
-    QFETCH(int, index);
-    const QString fault = defects::fault(all[index]);
-    QVERIFY2(fault.isEmpty(), qPrintable(fault));
-}
 
 TEST_WITHOUT_WINDOWS(LoadingDefectsTest)
 
 } // namespace loading_defects_test
-
-#include "LoadingDefectsTest.moc"

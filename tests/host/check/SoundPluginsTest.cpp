@@ -24,12 +24,17 @@ void SoundPluginsTest::sound_plugins_pass_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("level"); // of the highest that has nothing to say
-    QTest::newRow("one with many controls") << defects::brokenPlugin("sound") << "8";
-    QTest::newRow("the guide's example") << defects::brokenPlugin("lamp") << "8";
-    QTest::newRow("one with two bare widgets") << TEST_PLUGIN_FOLDER "/TwoWidgets.so"
-                                               << "5";
-    QTest::newRow("one with texts and tables") << TEST_PLUGIN_FOLDER "/Gripper.so"
-                                               << "5";
+    QTest::newRow("one with many controls") << defects::brokenPlugin("sound") << "10";
+    QTest::newRow("the guide's example") << SOUND_PLUGIN_FOLDER "/Lamp.so"
+                                         << "10";
+    QTest::newRow("one that shows some of what it is told") << SOUND_PLUGIN_FOLDER "/Turntable.so"
+                                                            << "10";
+    QTest::newRow("one in an old style") << SOUND_PLUGIN_FOLDER "/Valve.so"
+                                         << "10";
+    QTest::newRow("one that works in a thread") << SOUND_PLUGIN_FOLDER "/Gauge.so"
+                                                << "10";
+    QTest::newRow("one with controls without names") << TEST_PLUGIN_FOLDER "/Gripper.so"
+                                                     << "5";
 }
 
 void SoundPluginsTest::sound_plugins_pass()

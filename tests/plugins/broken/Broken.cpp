@@ -25,12 +25,14 @@
 #include <QMenu>
 #include <QPalette>
 #include <QPushButton>
+#include <QResource>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QTabWidget>
 #include <QTextEdit>
 #include <QTimer>
 
+#include <algorithm>
 #include <cfenv>
 #include <chrono>
 #include <clocale>
@@ -38,10 +40,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -64,6 +68,30 @@ bool has(const char* defect)
     return name == defect;
 }
 
+/// What never goes away by itself.
+template <class T>
+void forget(T* thing)
+{
+    [[maybe_unused]] static T* volatile s_kept;
+    s_kept = thing;
+}
+
+/// Registers one empty file, ":/left". As Qt's resource compiler writes it; in memory that stays.
+void registerResource()
+{
+    static constexpr unsigned char content[] = {
+        'q', 'r', 'e', 's', 0, 0, 0, 1, 0, 0, 0, 20, 0, 0, 0, 48, 0, 0, 0, 52,
+        // the tree: the root, which is a folder with one entry, and the file
+        0, 0, 0, 0, 0, 2, 0, 0, 0, 1, 0, 0, 0, 1, //
+        0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0,
+        // its size, and its name: length, hash, text
+        0, 0, 0, 0, //
+        0, 4, 0, 0x07, 0x2b, 0xd4, 0, 'l', 0, 'e', 0, 'f', 0, 't'};
+    auto* const kept = new unsigned char[sizeof content];
+    std::copy(std::begin(content), std::end(content), kept);
+    QResource::registerResource(kept);
+}
+
 struct AtLoad
 {
     AtLoad()
@@ -72,16 +100,12 @@ struct AtLoad
             std::this_thread::sleep_for(std::chrono::milliseconds(1200));
         if (has("prints"))
             std::puts("hello");
+        if (has("leaks-when-loaded"))
+            forget(new char[5000]);
+        if (has("leaves-resources"))
+            registerResource();
     }
 } const s_atLoad;
-
-/// What never goes away by itself.
-template <class T>
-void forget(T* thing)
-{
-    [[maybe_unused]] static T* volatile s_kept;
-    s_kept = thing;
-}
 
 void changeSurroundings()
 {
@@ -138,6 +162,12 @@ public:
     }
 };
 
+#ifdef QUANDREL_SANITIZERS // with which a plugin may take longer
+constexpr std::chrono::milliseconds tooLong(1100);
+#else
+constexpr std::chrono::milliseconds tooLong(150);
+#endif
+
 class Dialog;
 Dialog* s_last = nullptr;
 plugin::gui::DeviceDelegate* s_delegate = nullptr; // of a widget that may be gone
@@ -159,6 +189,7 @@ public:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -166,6 +197,7 @@ private:
     void buildLife();
     void leak();
     void registerVariables();
+    bool isTooMuch(const plugin::gui::DeviceHistoryBundle& bundle);
     void takeBadValues(const plugin::gui::DeviceHistoryBundle& bundle);
     void answer(const plugin::gui::DeviceHistoryBundle& bundle);
     void write(const char* name, const olm::core::variant::Variant& value);
@@ -181,6 +213,8 @@ private:
     QPushButton* m_connect = new QPushButton;
     int* m_afterTranslation = nullptr;
     bool m_isTranslated = false;
+    bool m_wasShown = false;
+    bool m_isDue = false; // a value that is shown soon
     int m_updates = 0;
     int m_written = -1; // to "power"
 };
@@ -240,6 +274,8 @@ void Dialog::buildAccess(QFormLayout& layout)
         m_caption->setStyleSheet(QStringLiteral("color: #c0c0c0"));
     if (has("cuts-text"))
         m_connect->setFixedWidth(30);
+    if (has("cuts-text-on-sharp-screens")) // as if widths were told in the screen's pixels
+        m_connect->setFixedWidth(static_cast<int>(180 / devicePixelRatioF()));
 }
 
 void Dialog::registerVariables()
@@ -352,6 +388,8 @@ void Dialog::update(const plugin::gui::DeviceHistoryBundle& bundle)
     if (has("throws-in-update"))
         throw std::runtime_error("a value of that type is unheard of");
     takeBadValues(bundle);
+    if (isTooMuch(bundle))
+        return;
     const QSignalBlocker power(has("writes-back") ? static_cast<QObject*>(this) : m_power);
     const QSignalBlocker brightness(m_brightness);
     const QSignalBlocker mode(m_mode);
@@ -366,6 +404,25 @@ void Dialog::update(const plugin::gui::DeviceHistoryBundle& bundle)
         if (has("crashes-on-wrong-type") && history->last().any().type() != typeid(std::string))
             std::raise(SIGSEGV);
     }
+}
+
+/// What is told fast, or while nobody looks, and not shown.
+bool Dialog::isTooMuch(const plugin::gui::DeviceHistoryBundle& bundle)
+{
+    if (has("slow-update"))
+        std::this_thread::sleep_for(tooLong);
+    const bool isIgnored = m_wasShown ? has("ignores-updates-while-hidden") && !isVisible()
+                                      : has("ignores-updates-until-shown");
+    const auto* history = bundle.getConfigVariableHistory("brightness");
+    if (isIgnored || !has("shows-first-of-many") || !history)
+        return isIgnored;
+    if (!std::exchange(m_isDue, true))
+        QTimer::singleShot(0, this, [this, value = history->last().toInt()] {
+            m_isDue = false;
+            const QSignalBlocker blocker(m_brightness);
+            m_brightness->setValue(value);
+        });
+    return true;
 }
 
 void Dialog::takeBadValues(const plugin::gui::DeviceHistoryBundle& bundle)
@@ -421,10 +478,18 @@ void Dialog::disconnected()
 void Dialog::showEvent(QShowEvent* event)
 {
     DeviceWidget::showEvent(event);
+    m_wasShown = true;
     if (has("writes-when-shown"))
         writeConfigVariable("brightness", 50);
     if (has("throws-in-event"))
         throw std::runtime_error("no room");
+}
+
+void Dialog::paintEvent(QPaintEvent* event)
+{
+    DeviceWidget::paintEvent(event);
+    if (has("slow-to-paint"))
+        std::this_thread::sleep_for(tooLong);
 }
 
 void Dialog::contextMenuEvent(QContextMenuEvent* event)
@@ -453,6 +518,8 @@ void Dialog::write(const char* name, const olm::core::variant::Variant& value)
 
 void Dialog::onConnect()
 {
+    if (has("leaks-when-used"))
+        forget(new char[10000]);
     if (has("crashes-with-power-on") && m_power->isChecked())
         std::raise(SIGSEGV);
     if (has("crashes-on-a-chosen-file") && !QFileDialog::getSaveFileName(this).isEmpty())
@@ -491,6 +558,9 @@ public:
         static int count = 0;
         if (has("throws-in-second-init") && ++count > 1)
             throw std::runtime_error("once is enough");
+        Dl_info own{};
+        if (has("opens-itself") && dladdr(reinterpret_cast<void*>(&pluginGuiInterface), &own) != 0)
+            dlopen(own.dli_fname, RTLD_NOW);
     }
 
     plugin::gui::DeviceWidget*
