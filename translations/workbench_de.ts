@@ -2748,6 +2748,17 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::script::ActionCommands</name>
+    <message>
+        <source>it is no list of actions that device-plugin-check has written</source>
+        <translation>das ist keine Liste von Handlungen, die device-plugin-check geschrieben hat</translation>
+    </message>
+    <message>
+        <source>this cannot be done, since its control is not in sight: %1</source>
+        <translation>das geht nicht, denn das Bedienelement dafür ist nicht zu sehen: %1</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::script::ConnectionCommands</name>
     <message>
         <source>a number from -1 to 4</source>

@@ -3,9 +3,9 @@
 
 #include "host/check/CommandLine.h"
 
-#include "host/check/stage/ActionFile.h"
 #include "host/check/tests/AllTests.h"
 #include "host/check/tests/PersonTests.h"
+#include "host/input/ActionFile.h"
 #include "robot/InfoOptions.h"
 
 #include <QCommandLineParser>
@@ -186,7 +186,7 @@ void CommandLine::readRecording()
 void CommandLine::readReproduced()
 {
     const QFileInfo file(m_reproducedFile);
-    const auto content = stage::ActionFile::read(m_reproducedFile);
+    const auto content = input::ActionFile::read(m_reproducedFile);
     if (!content)
         return finish(
             Action::Fail,

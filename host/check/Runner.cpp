@@ -6,11 +6,11 @@
 #include "host/check/CommandLine.h"
 #include "host/check/Reducer.h"
 #include "host/check/ResultFile.h"
-#include "host/check/stage/ActionFile.h"
 #include "host/check/stage/Progress.h"
 #include "host/check/tests/AllTests.h"
 #include "host/check/tests/LoadingTests.h"
 #include "host/check/tests/PersonTests.h"
+#include "host/input/ActionFile.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -158,12 +158,12 @@ QString Runner::reproduction(const Job& job, const Result& result)
 {
     constexpr int mostAttempts = 150;
     constexpr int mostTime = 5; // as a multiple of what a test may take
-    const auto journal = stage::ActionFile::read(ResultFile(m_folder.filePath("result")).journal());
+    const auto journal = input::ActionFile::read(ResultFile(m_folder.filePath("result")).journal());
     if (!journal || journal->actions.empty())
         return {};
     const QString trial = m_folder.filePath("trial.actions");
     const auto write = [&](const QString& name, const stage::ActionList& actions) {
-        stage::ActionFile file(name, job.widget);
+        input::ActionFile file(name, job.widget);
         for (const stage::Action& action : actions)
             file.add(action);
         return file.isGood();

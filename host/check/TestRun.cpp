@@ -5,7 +5,6 @@
 
 #include "host/check/CommandLine.h"
 #include "host/check/ResultFile.h"
-#include "host/check/stage/ActionFile.h"
 #include "host/check/stage/Application.h"
 #include "host/check/stage/Complaints.h"
 #include "host/check/stage/Failure.h"
@@ -13,6 +12,7 @@
 #include "host/check/stage/Subject.h"
 #include "host/check/tests/AllTests.h"
 #include "host/device/trace/CrashReport.h"
+#include "host/input/ActionFile.h"
 
 #include <cstdlib>
 #include <exception>
@@ -103,7 +103,7 @@ int runTest(int& argc, char** argv, const CommandLine& commandLine)
         return list;
     };
     std::optional<stage::ActionList> actions;
-    if (const auto content = stage::ActionFile::read(commandLine.reproducedFile()))
+    if (const auto content = input::ActionFile::read(commandLine.reproducedFile()))
         actions = content->actions;
     stage::Subject subject({commandLine.file(), commandLine.device(), bytes(commandLine.widgets()),
                             ResultFile(commandLine.resultFile()).journal(), actions,

@@ -3,24 +3,20 @@
 
 #include "host/check/stage/Actions.h"
 
-#include "host/check/stage/ControlPath.h"
 #include "host/check/stage/Progress.h"
 #include "host/check/stage/Stage.h"
 #include "host/check/stage/Values.h"
-#include "host/input/Hand.h"
+#include "host/input/ControlPath.h"
 #include "plugin/gui/DeviceWidget.h"
 
-#include <QApplication>
 #include <QHash>
-#include <QWindow>
+#include <QStringList>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 
 namespace host::check::stage {
-
-namespace hand = input::hand;
 
 namespace {
 
@@ -58,55 +54,6 @@ Variable variableOf(const QString& target)
     return variable;
 }
 
-/// What a person can use at the moment.
-QWidget* screenOf(const Stage& stage)
-{
-    if (QWidget* const popup = QApplication::activePopupWidget())
-        return popup;
-    QWidget* const dialog = QApplication::activeModalWidget();
-    return dialog ? dialog : stage.widget();
-}
-
-/// Of the target, null where it is not on the screen.
-QWidget* controlOf(const Action& action, const Stage& stage)
-{
-    QWidget* const screen = screenOf(stage);
-    QWidget* const control = screen ? atPath(*screen, action.target) : nullptr;
-    return control && control->isVisible() && control->window()->windowHandle() ? control : nullptr;
-}
-
-QPoint placeIn(const QString& value)
-{
-    return {value.section(',', 0, 0).toInt(), value.section(',', 1, 1).toInt()};
-}
-
-template <Qt::MouseButton button>
-void click(const Action& action, Stage& stage)
-{
-    if (QWidget* const control = controlOf(action, stage))
-        hand::click(*control, placeIn(action.value), button);
-}
-
-void doubleClick(const Action& action, Stage& stage)
-{
-    if (QWidget* const control = controlOf(action, stage))
-        hand::doubleClick(*control, placeIn(action.value));
-}
-
-void drag(const Action& action, Stage& stage)
-{
-    if (QWidget* const control = controlOf(action, stage))
-        hand::drag(*control, placeIn(action.value.section(' ', 0, 0)),
-                   placeIn(action.value.section(' ', 1, 1)));
-}
-
-/// To whatever has the focus.
-void press(const Action& action, Stage& stage)
-{
-    if (const QWidget* const screen = screenOf(stage))
-        hand::press(*screen->window(), action.value);
-}
-
 using Deed = void (*)(const Action& action, Stage& stage);
 
 const QHash<QString, Deed>& deeds()
@@ -129,11 +76,6 @@ const QHash<QString, Deed>& deeds()
          [](const Action& action, Stage& stage) {
              stage.host().change(variableOf(action.target), valueOf(action));
          }},
-        {"click", click<Qt::LeftButton>},
-        {"right-click", click<Qt::RightButton>},
-        {"double-click", doubleClick},
-        {"drag", drag},
-        {"press", press},
     };
     return all;
 }
@@ -150,11 +92,6 @@ QList<QWidget*> seenIn(QWidget& screen)
 }
 
 } // namespace
-
-QString Action::inWords() const
-{
-    return QStringList{verb, target, value}.join(' ').simplified();
-}
 
 ActionList notifications(const Usage& usage, std::mt19937& random)
 {
@@ -181,7 +118,7 @@ Action drawFromScreen(const Stage& stage, std::mt19937& random)
     const auto draw = [&](qsizetype end) {
         return static_cast<int>(random() % static_cast<std::size_t>(std::max<qsizetype>(end, 1)));
     };
-    QWidget& screen = *screenOf(stage);
+    QWidget& screen = *input::screenAbove(stage.widget());
     const QString& verb = verbs.at(draw(verbs.size()));
     if (verb == QLatin1String("press"))
         return {verb, QString(), keys.at(draw(keys.size()))};
@@ -194,13 +131,16 @@ Action drawFromScreen(const Stage& stage, std::mt19937& random)
     QString value = place();
     if (verb == QLatin1String("drag"))
         value += ' ' + place();
-    return {verb, pathOf(control, screen), value};
+    return {verb, input::pathOf(control, screen), value};
 }
 
 void perform(const Action& action, Stage& stage)
 {
+    QWidget* const screen = input::screenAbove(stage.widget());
     if (const Deed deed = deeds().value(action.verb))
         deed(action, stage);
+    else if (QWidget* const control = screen ? input::controlOf(action, *screen) : nullptr)
+        input::perform(action, *control);
 }
 
 void play(const ActionList& actions, Stage& stage)

@@ -5,29 +5,16 @@
 #define HOST_CHECK_STAGE_ACTIONS_H
 
 #include "host/check/stage/Usage.h"
-
-#include <QString>
-#include <QStringList>
+#include "host/input/Action.h"
 
 #include <random>
-#include <vector>
 
 namespace host::check::stage {
 
 class Stage;
 
-/// One thing that a host does with a widget, or a person. It is text, so that a list of them can be
-/// drawn at random, cut down, kept in a file and played again.
-struct Action
-{
-    QString verb;   ///< one of those that play() knows
-    QString target; ///< what it is done to: a variable, a role, a control as pathOf() names it
-    QString value;  ///< a place among the usualValues(), a size, a place in the control, a key
-
-    QString inWords() const;
-};
-
-using ActionList = std::vector<Action>;
+using input::Action;
+using input::ActionList;
 
 /// What a host may do at any time with a widget that uses @p usage, each at least once.
 ActionList notifications(const Usage& usage, std::mt19937& random);

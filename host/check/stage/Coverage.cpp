@@ -3,8 +3,8 @@
 
 #include "host/check/stage/Coverage.h"
 
-#include "host/check/stage/ControlPath.h"
 #include "host/check/stage/Controls.h"
+#include "host/input/ControlPath.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -28,7 +28,7 @@ QString inCell(const QString& view, int row, int column)
 
 Coverage::Coverage(QWidget& root) : m_root(&root)
 {
-    forEachControl(root, [&](QWidget& control) { m_controls << pathOf(control, root); });
+    forEachControl(root, [&](QWidget& control) { m_controls << input::pathOf(control, root); });
     for (QAction* action : root.findChildren<QAction*>())
         watch(*action);
     for (const QAbstractItemView* view : root.findChildren<QAbstractItemView*>()) {
@@ -38,7 +38,7 @@ Coverage::Coverage(QWidget& root) : m_root(&root)
         const int columns = model->columnCount(view->rootIndex());
         const int count = std::min(model->rowCount(view->rootIndex()) * columns, mostCells);
         for (int i = 0; i < count; ++i)
-            m_cells << inCell(pathOf(*view, root), i / columns, i % columns);
+            m_cells << inCell(input::pathOf(*view, root), i / columns, i % columns);
     }
     look();
 }
@@ -67,7 +67,7 @@ void Coverage::look()
     for (const QAbstractItemView* view : m_root->findChildren<QAbstractItemView*>()) {
         const QModelIndex current = view->currentIndex();
         if (current.isValid() && view->isVisible())
-            m_usedCells << inCell(pathOf(*view, *m_root), current.row(), current.column());
+            m_usedCells << inCell(input::pathOf(*view, *m_root), current.row(), current.column());
     }
 }
 

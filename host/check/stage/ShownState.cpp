@@ -3,7 +3,7 @@
 
 #include "host/check/stage/ShownState.h"
 
-#include "host/check/stage/ControlPath.h"
+#include "host/input/ControlPath.h"
 
 #include <QAbstractItemModel>
 #include <QAbstractItemView>
@@ -57,7 +57,7 @@ QMap<QString, QString> shownState(const QWidget& root)
     for (const QWidget* control : root.findChildren<QWidget*>()) {
         if (qobject_cast<const QScrollBar*>(control))
             continue; // where a person looks at the moment
-        const QString where = pathOf(*control, root);
+        const QString where = input::pathOf(*control, root);
         addProperties(state, where, *control);
         const auto* const choice = qobject_cast<const QComboBox*>(control);
         const auto* const view = qobject_cast<const QAbstractItemView*>(control);

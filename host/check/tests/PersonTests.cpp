@@ -3,9 +3,7 @@
 
 #include "host/check/tests/PersonTests.h"
 
-#include "host/check/stage/ActionFile.h"
 #include "host/check/stage/Complaints.h"
-#include "host/check/stage/ControlPath.h"
 #include "host/check/stage/Controls.h"
 #include "host/check/stage/Coverage.h"
 #include "host/check/stage/Failure.h"
@@ -13,6 +11,8 @@
 #include "host/check/stage/Progress.h"
 #include "host/check/stage/Stage.h"
 #include "host/check/stage/Subject.h"
+#include "host/input/ActionFile.h"
+#include "host/input/ControlPath.h"
 
 #include <QTimer>
 
@@ -39,7 +39,7 @@ void standsAMonkey(Subject& subject)
     stage.host().welcome();
     stage.show();
     stage::Coverage coverage(*stage.widget());
-    stage::ActionFile journal(subject.journal(), QString::fromLatin1(subject.widget()));
+    input::ActionFile journal(subject.journal(), QString::fromLatin1(subject.widget()));
     const std::size_t count =
         given ? given->size() : static_cast<std::size_t>(subject.share(actions));
     std::size_t done = 0;
@@ -75,7 +75,7 @@ void diesWithWhatIsOpen(Subject& subject)
         stage.show();
         stage::forEachPage(*stage.widget(), [&] {
             for (const QWidget* widget : stage.widget()->findChildren<QWidget*>()) {
-                const QString path = stage::pathOf(*widget, *stage.widget());
+                const QString path = input::pathOf(*widget, *stage.widget());
                 if (widget->isVisible() && widget->isEnabled() && !paths.contains(path))
                     paths << path;
             }

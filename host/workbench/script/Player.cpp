@@ -3,6 +3,7 @@
 
 #include "host/workbench/script/Player.h"
 
+#include "host/workbench/script/ActionCommands.h"
 #include "host/workbench/script/ConnectionCommands.h"
 #include "host/workbench/script/DeviceCommands.h"
 #include "host/workbench/script/ExpectCommands.h"
@@ -43,7 +44,7 @@ Commands Player::commands()
     Commands commands;
     for (const Commands& group :
          {SceneCommands::all(), ConnectionCommands::all(), InputCommands::all(),
-          MenuCommands::all(), DeviceCommands::all(), ExpectCommands::all()})
+          MenuCommands::all(), ActionCommands::all(), DeviceCommands::all(), ExpectCommands::all()})
         commands.insert(commands.end(), group.begin(), group.end());
     return commands;
 }

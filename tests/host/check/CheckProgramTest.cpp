@@ -29,6 +29,7 @@ private Q_SLOTS:
     void a_report_that_cannot_be_written_is_told();
     void what_a_person_did_to_make_it_crash_can_be_done_again();
     void in_a_file_dialog_nothing_is_done();
+    void a_script_of_the_workbench_shows_what_a_person_did();
     void how_much_a_person_used_is_told_where_all_is_well();
     void a_recording_is_played_into_the_plugin();
     void a_variable_that_is_spared_gets_no_bad_values();
@@ -226,6 +227,38 @@ void CheckProgramTest::in_a_file_dialog_nothing_is_done()
         program_run::run(CHECK_FILE, {"--reproduce", actions.fileName(),
                                       defects::brokenPlugin("crashes-on-a-chosen-file")});
     QVERIFY2(result.status == 0, qPrintable(result.out));
+}
+
+void CheckProgramTest::a_script_of_the_workbench_shows_what_a_person_did()
+{
+    const QTemporaryDir folder;
+    const auto write = [&](const QString& name, const char* text) {
+        QFile file(folder.filePath(name));
+        return file.open(QIODevice::WriteOnly) && file.write(text) > 0;
+    };
+    QVERIFY(write("a.actions", R"({"widget":"dialog"}
+["click","QTabWidget/QStackedWidget/QWidget/QCheckBox","8,8"]
+["press","","Space"]
+)"));
+    QVERIFY(write("none.actions", R"({"widget":"dialog"}
+["click","QDial","8,8"]
+)"));
+    QVERIFY(write("good.script", "actions $folder/a.actions\nexpect write power true\n"
+                                 "expect write power false\n"));
+    QVERIFY(write("bad.script", "actions $folder/none.actions within 0.1\n"));
+    QVERIFY(write("wrong.script", "actions $folder/good.script\n"));
+    const auto run = [&](const QString& script) {
+        return program_run::run(WORKBENCH_FILE,
+                                {"--no-robot", "--plugin", defects::brokenPlugin("sound"),
+                                 "--script", folder.filePath(script)},
+                                program_run::environmentIn(folder), folder.path());
+    };
+    const Result good = run("good.script");
+    QVERIFY2(good.status == 0, qPrintable(good.err));
+    const Result bad = run("bad.script");
+    QVERIFY2(bad.err.contains("its control is not in sight: click QDial 8,8"), qPrintable(bad.err));
+    const Result wrong = run("wrong.script");
+    QVERIFY2(wrong.err.contains("no list of actions"), qPrintable(wrong.err));
 }
 
 void CheckProgramTest::how_much_a_person_used_is_told_where_all_is_well()

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/check/stage/ControlPath.h"
+#include "host/input/ControlPath.h"
 
 #include <QList>
 #include <QStringList>
 #include <QWidget>
 
-namespace host::check::stage {
+namespace host::input {
 
 namespace {
 
@@ -56,4 +56,4 @@ QWidget* atPath(QWidget& root, const QString& path)
     return found;
 }
 
-} // namespace host::check::stage
+} // namespace host::input

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/check/stage/ActionFile.h"
+#include "host/input/ActionFile.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
-namespace host::check::stage {
+namespace host::input {
 
 ActionFile::ActionFile(const QString& name, const QString& widget) : m_file(name)
 {
@@ -41,4 +41,4 @@ std::optional<ActionFile::Content> ActionFile::read(const QString& name)
     return content;
 }
 
-} // namespace host::check::stage
+} // namespace host::input

@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#ifndef HOST_CHECK_STAGE_ACTIONFILE_H
-#define HOST_CHECK_STAGE_ACTIONFILE_H
+#ifndef HOST_INPUT_ACTIONFILE_H
+#define HOST_INPUT_ACTIONFILE_H
 
-#include "host/check/stage/Actions.h"
+#include "host/input/Action.h"
 
 #include <QFile>
 #include <QString>
 
 #include <optional>
 
-namespace host::check::stage {
+namespace host::input {
 
 /// A list of actions in a file: a line of JSON each, so that what a crash cuts short is a list as
 /// well. The first line names the widget.
@@ -40,6 +40,6 @@ private:
     QFile m_file;
 };
 
-} // namespace host::check::stage
+} // namespace host::input
 
 #endif
