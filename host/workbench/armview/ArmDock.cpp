@@ -34,7 +34,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto pictureInterval = 33ms;
-constexpr auto textInterval = 100ms;
+constexpr auto textInterval = 100ms; // nobody reads faster
 constexpr auto ageInterval = 1s;
 constexpr int shownPositions = 3;
 constexpr double usualStep = 5; // degrees or millimetres
@@ -128,12 +128,6 @@ ArmDock::ArmDock(device::Device& device, QWidget* parent)
     connect(this, &QDockWidget::visibilityChanged, this, &ArmDock::setActive);
     connect(&m_feed, &RobotFeed::changed, this, &ArmDock::onChanged);
     connect(&m_control, &ArmControl::changed, this, &ArmDock::onChanged);
-    m_timer.setSingleShot(true);
-    m_timer.setInterval(pictureInterval);
-    connect(&m_timer, &QTimer::timeout, this, &ArmDock::refreshPicture);
-    m_textTimer.setSingleShot(true);
-    m_textTimer.setInterval(textInterval);
-    connect(&m_textTimer, &QTimer::timeout, this, &ArmDock::refreshTexts);
     m_ageTimer.setInterval(ageInterval);
     connect(&m_ageTimer, &QTimer::timeout, this, &ArmDock::onChanged);
 
@@ -317,10 +311,8 @@ void ArmDock::onChanged()
 {
     if (!m_ageTimer.isActive())
         return; // nobody looks
-    if (!m_timer.isActive())
-        m_timer.start();
-    if (!m_textTimer.isActive())
-        m_textTimer.start();
+    m_pictureRefresh.request(pictureInterval);
+    m_texts.request(textInterval);
 }
 
 void ArmDock::refreshTexts()

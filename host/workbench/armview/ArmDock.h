@@ -5,6 +5,7 @@
 #define HOST_WORKBENCH_ARMVIEW_ARMDOCK_H
 
 #include "host/workbench/armview/ArmControl.h"
+#include "host/workbench/pace/Refresh.h"
 #include "host/workbench/robotview/RobotFeed.h"
 
 #include <QDockWidget>
@@ -81,9 +82,9 @@ private:
     QLabel* m_positionsName;
     QListView* m_list;
     QPushButton* m_goTo;
-    QTimer m_timer{this};     // runs only while the picture is to be painted
-    QTimer m_textTimer{this}; // runs only while texts are to be refreshed: nobody reads faster
-    QTimer m_ageTimer{this};  // runs only while the dock is shown: what does not come grows old
+    pace::Refresh m_pictureRefresh{*this, [this] { refreshPicture(); }};
+    pace::Refresh m_texts{*this, [this] { refreshTexts(); }};
+    QTimer m_ageTimer{this}; // runs only while the dock is shown: what does not come grows old
 };
 
 } // namespace host::workbench::armview

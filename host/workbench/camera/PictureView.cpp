@@ -7,6 +7,8 @@
 
 namespace host::workbench::camera {
 
+using namespace std::chrono_literals;
+
 namespace {
 
 constexpr int wordsMargin = 8; // pixels
@@ -28,7 +30,7 @@ void PictureView::setPicture(const QImage& picture, bool isDimmed, const QString
     m_isDimmed = isDimmed;
     m_words = words;
     setAccessibleDescription(words);
-    update();
+    m_refresh.request(0ms);
 }
 
 QRect PictureView::pictureRect() const

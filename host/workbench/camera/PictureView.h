@@ -4,6 +4,8 @@
 #ifndef HOST_WORKBENCH_CAMERA_PICTUREVIEW_H
 #define HOST_WORKBENCH_CAMERA_PICTUREVIEW_H
 
+#include "host/workbench/pace/Refresh.h"
+
 #include <QImage>
 #include <QPixmap>
 #include <QString>
@@ -40,6 +42,7 @@ private:
     qint64 m_key = 0; // of the picture that was scaled
     bool m_isDimmed = false;
     QString m_words;
+    pace::Refresh m_refresh{*this, [this] { update(); }};
 };
 
 } // namespace host::workbench::camera

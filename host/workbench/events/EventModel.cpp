@@ -46,9 +46,6 @@ QString cellText(const Event& event, int column)
 
 EventModel::EventModel(device::events::Events& events) : m_events(events)
 {
-    m_timer.setInterval(newsInterval);
-    m_timer.setSingleShot(true);
-    connect(&m_timer, &QTimer::timeout, this, &EventModel::refresh);
     connect(&events, &device::events::Events::changed, this, &EventModel::onChanged);
 }
 
@@ -131,13 +128,13 @@ QVariant EventModel::headerData(int section, Qt::Orientation orientation, int ro
 
 void EventModel::onChanged()
 {
-    if (m_isActive && !m_isPaused && !m_timer.isActive())
-        m_timer.start();
+    if (m_isActive && !m_isPaused)
+        m_refresh.request(newsInterval);
 }
 
 void EventModel::update()
 {
-    m_timer.stop();
+    m_refresh.cancel();
     if (m_isActive && !m_isPaused)
         refresh();
 }

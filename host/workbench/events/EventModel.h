@@ -5,9 +5,9 @@
 #define HOST_WORKBENCH_EVENTS_EVENTMODEL_H
 
 #include "host/device/events/Events.h"
+#include "host/workbench/pace/Refresh.h"
 
 #include <QAbstractTableModel>
-#include <QTimer>
 
 #include <deque>
 
@@ -61,8 +61,8 @@ private:
     bool m_isActive = false;
     bool m_isPaused = false;
     std::deque<device::events::Event> m_rows;
-    Number m_first = 0;   // the number of the first row
-    QTimer m_timer{this}; // runs only while there is news
+    Number m_first = 0; // the number of the first row
+    pace::Refresh m_refresh{*this, [this] { refresh(); }};
 };
 
 } // namespace host::workbench::events

@@ -80,8 +80,6 @@ PlotsDock::PlotsDock(device::Device& device, QWidget* parent)
     connect(&m_recorder, &Recorder::recorded, this, &PlotsDock::onRecorded);
     connect(&device.remappings(), &device::connection::Remappings::changed, this,
             &PlotsDock::showLines);
-    m_timer.setSingleShot(true);
-    connect(&m_timer, &QTimer::timeout, this, &PlotsDock::refreshPlot);
     m_valueTimer.setInterval(valueInterval);
     connect(&m_valueTimer, &QTimer::timeout, this, &PlotsDock::refreshValues);
 
@@ -232,7 +230,7 @@ void PlotsDock::setActive(bool active)
         refreshPlot();
         refreshValues();
     } else {
-        m_timer.stop();
+        m_plot.cancel();
         m_valueTimer.stop();
     }
 }
@@ -349,8 +347,8 @@ void PlotsDock::enable()
 
 void PlotsDock::onRecorded()
 {
-    if (m_view->isLive() && !m_timer.isActive())
-        m_timer.start(m_view->refreshInterval());
+    if (m_view->isLive())
+        m_plot.request(m_view->refreshInterval());
 }
 
 void PlotsDock::refreshPlot()

@@ -4,6 +4,7 @@
 #ifndef HOST_WORKBENCH_PLOTS_PLOTSDOCK_H
 #define HOST_WORKBENCH_PLOTS_PLOTSDOCK_H
 
+#include "host/workbench/pace/Refresh.h"
 #include "host/workbench/plots/PointTable.h"
 #include "host/workbench/plots/Quantities.h"
 #include "host/workbench/plots/Recorder.h"
@@ -81,7 +82,7 @@ private:
     PlotView* m_view;
     QTreeWidget* m_list;
     QPushButton* m_remove;
-    QTimer m_timer{this};      // runs only while there is something new to be painted
+    pace::Refresh m_plot{*this, [this] { refreshPlot(); }};
     QTimer m_valueTimer{this}; // runs only while the dock is shown
 };
 

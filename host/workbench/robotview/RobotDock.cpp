@@ -21,7 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto textInterval = 100ms;
+constexpr auto textInterval = 100ms; // nobody reads faster
 constexpr auto ageInterval = 1s;
 
 const RobotFeed::Topics shownTopics{
@@ -105,9 +105,6 @@ RobotDock::RobotDock(device::Device& device, QWidget* parent)
     connect(m_follow, &QToolButton::toggled, m_world, &WorldView::setFollowing);
     connect(m_world, &WorldView::followingChanged, m_follow, &QToolButton::setChecked);
     connect(m_showAll, &QToolButton::clicked, m_world, &WorldView::showAll);
-    m_textTimer.setSingleShot(true);
-    m_textTimer.setInterval(textInterval);
-    connect(&m_textTimer, &QTimer::timeout, this, &RobotDock::refreshTexts);
     m_ageTimer.setInterval(ageInterval);
     connect(&m_ageTimer, &QTimer::timeout, this, &RobotDock::onChanged);
 
@@ -165,8 +162,7 @@ void RobotDock::onChanged()
     if (!m_ageTimer.isActive())
         return; // nobody looks
     m_world->refresh();
-    if (!m_textTimer.isActive())
-        m_textTimer.start();
+    m_texts.request(textInterval);
 }
 
 void RobotDock::refreshTexts()

@@ -4,6 +4,7 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_ROBOTDOCK_H
 #define HOST_WORKBENCH_ROBOTVIEW_ROBOTDOCK_H
 
+#include "host/workbench/pace/Refresh.h"
 #include "host/workbench/robotview/RobotFeed.h"
 #include "host/workbench/robotview/RobotModel.h"
 
@@ -49,8 +50,8 @@ private:
     WorldView* m_world;
     QLabel* m_notes;
     QTreeView* m_parts;
-    QTimer m_textTimer{this}; // runs only while texts are to be refreshed: nobody reads faster
-    QTimer m_ageTimer{this};  // runs only while the dock is shown: what does not come grows old
+    pace::Refresh m_texts{*this, [this] { refreshTexts(); }};
+    QTimer m_ageTimer{this}; // runs only while the dock is shown: what does not come grows old
 };
 
 } // namespace host::workbench::robotview

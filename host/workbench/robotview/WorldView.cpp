@@ -41,15 +41,12 @@ WorldView::WorldView(const RobotState& state, QWidget* parent) : QWidget(parent)
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::OpenHandCursor);
     setMouseTracking(true);
-    m_timer.setSingleShot(true);
-    m_timer.setInterval(paintInterval);
-    connect(&m_timer, &QTimer::timeout, this, QOverload<>::of(&QWidget::update));
 }
 
 void WorldView::refresh()
 {
-    if (isVisible() && !m_timer.isActive())
-        m_timer.start();
+    if (isVisible())
+        m_refresh.request(paintInterval);
 }
 
 void WorldView::setFollowing(bool following)

@@ -4,11 +4,11 @@
 #ifndef HOST_WORKBENCH_ROBOTVIEW_WORLDVIEW_H
 #define HOST_WORKBENCH_ROBOTVIEW_WORLDVIEW_H
 
+#include "host/workbench/pace/Refresh.h"
 #include "host/workbench/robotview/MapPicture.h"
 #include "host/workbench/robotview/RobotState.h"
 #include "host/workbench/robotview/Ruler.h"
 
-#include <QTimer>
 #include <QWidget>
 
 namespace host::workbench::robotview {
@@ -86,7 +86,7 @@ private:
     bool m_isMeasuring = false; // by dragging
     Ruler m_ruler;
     MapPicture m_map;
-    QTimer m_timer{this}; // runs only while something is to be painted
+    pace::Refresh m_refresh{*this, [this] { update(); }};
 };
 
 } // namespace host::workbench::robotview

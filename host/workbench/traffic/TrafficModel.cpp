@@ -70,9 +70,6 @@ QString durationText(const PluginCall& call)
 
 TrafficModel::TrafficModel(device::trace::Traffic& traffic) : m_traffic(traffic)
 {
-    m_timer.setInterval(refreshInterval);
-    m_timer.setSingleShot(true);
-    connect(&m_timer, &QTimer::timeout, this, &TrafficModel::refresh);
     connect(&traffic, &device::trace::Traffic::changed, this, &TrafficModel::onChanged);
 }
 
@@ -176,13 +173,13 @@ QString TrafficModel::text(const PluginCall& call, int column)
 
 void TrafficModel::onChanged()
 {
-    if (m_isActive && !m_isPaused && !m_timer.isActive())
-        m_timer.start();
+    if (m_isActive && !m_isPaused)
+        m_refresh.request(refreshInterval);
 }
 
 void TrafficModel::update()
 {
-    m_timer.stop();
+    m_refresh.cancel();
     if (m_isActive && !m_isPaused)
         refresh();
 }

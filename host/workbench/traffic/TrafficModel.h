@@ -5,9 +5,9 @@
 #define HOST_WORKBENCH_TRAFFIC_TRAFFICMODEL_H
 
 #include "host/device/trace/Traffic.h"
+#include "host/workbench/pace/Refresh.h"
 
 #include <QAbstractTableModel>
-#include <QTimer>
 
 #include <deque>
 #include <memory>
@@ -66,7 +66,7 @@ private:
     std::deque<std::shared_ptr<const device::trace::PluginCall>> m_calls;
     Number m_first = 0;             // the number of the first row
     std::vector<Number> m_underWay; // of the rows
-    QTimer m_timer{this};           // runs only while there is news
+    pace::Refresh m_refresh{*this, [this] { refresh(); }};
 };
 
 } // namespace host::workbench::traffic

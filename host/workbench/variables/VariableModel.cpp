@@ -30,8 +30,6 @@ const QString ownName = QStringLiteral("<variables>");
 
 VariableModel::VariableModel(device::variables::Variables& variables) : m_variables(variables)
 {
-    m_timer.setInterval(refreshInterval);
-    connect(&m_timer, &QTimer::timeout, this, &VariableModel::refresh);
     connect(&variables, &device::variables::Variables::touched, this, &VariableModel::touch);
 }
 
@@ -55,7 +53,7 @@ void VariableModel::setActive(bool active)
     if (active == m_isActive)
         return;
     m_isActive = active;
-    m_timer.stop();
+    m_refresh.cancel();
     m_touched.clear();
     for (Row& row : m_rows)
         row.changed.reset();
@@ -162,8 +160,7 @@ void VariableModel::touch(const Key& key)
     if (!m_isActive)
         return;
     m_touched.insert(key);
-    if (!m_timer.isActive())
-        m_timer.start();
+    m_refresh.request(refreshInterval);
 }
 
 void VariableModel::refresh()
@@ -189,8 +186,8 @@ void VariableModel::refresh()
     }
     if (first >= 0)
         Q_EMIT dataChanged(index(first, 0), index(last, ColumnCount - 1));
-    if (!isFading)
-        m_timer.stop();
+    if (isFading)
+        m_refresh.request(refreshInterval);
 }
 
 /// Once known, a variable keeps its row: what nobody follows any more is of interest too.

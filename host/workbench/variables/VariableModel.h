@@ -5,9 +5,9 @@
 #define HOST_WORKBENCH_VARIABLES_VARIABLEMODEL_H
 
 #include "host/device/variables/Variables.h"
+#include "host/workbench/pace/Refresh.h"
 
 #include <QAbstractTableModel>
-#include <QTimer>
 
 #include <chrono>
 #include <map>
@@ -74,7 +74,7 @@ private:
     std::vector<Row> m_rows;
     std::map<Key, int> m_rowOf;
     std::set<Key> m_touched;
-    QTimer m_timer{this}; // runs only while something changed or fades
+    pace::Refresh m_refresh{*this, [this] { refresh(); }};
 };
 
 } // namespace host::workbench::variables
