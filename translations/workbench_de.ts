@@ -552,7 +552,7 @@
     </message>
 </context>
 <context>
-    <name>host::device::recording::InitialState</name>
+    <name>host::device::recording::DeviceState</name>
     <message>
         <source>its calls are of the format %1, and this program reads %2</source>
         <translation>ihre Aufrufe haben das Format %1, und dieses Programm liest %2</translation>
@@ -583,16 +583,16 @@
 <context>
     <name>host::device::replay::Conversation</name>
     <message>
-        <source>there is no conversation with a plugin in it</source>
-        <translation>sie enthält kein Gespräch mit einem Plugin</translation>
-    </message>
-    <message>
         <source>the call %1 names arguments that are not those before it</source>
         <translation>der Aufruf %1 nennt Argumente, die nicht die vor ihm sind</translation>
     </message>
     <message>
         <source>the call %1 ends and had not begun</source>
         <translation>der Aufruf %1 endet und hatte nicht begonnen</translation>
+    </message>
+    <message>
+        <source>there are no calls between host and plugin in it (topic %1); choose a recording of device-workbench</source>
+        <translation>sie enthält keine Aufrufe zwischen Host und Plugin (Topic %1); wählen Sie eine Aufzeichnung von device-workbench</translation>
     </message>
 </context>
 <context>
@@ -660,6 +660,17 @@
     <message>
         <source>Calls before it:</source>
         <translation>Aufrufe davor:</translation>
+    </message>
+</context>
+<context>
+    <name>host::device::replay::Replay</name>
+    <message>
+        <source>The recording cannot be read on here: %1. Another place may still be read: move the slider beyond it.</source>
+        <translation>Die Aufzeichnung lässt sich hier nicht weiterlesen: %1. Eine andere Stelle ist vielleicht noch lesbar: Ziehen Sie den Schieber darüber hinaus.</translation>
+    </message>
+    <message>
+        <source>This is a replay: there is no robot to connect to, and nothing is sent or stored. What you change stays until the recording tells another value.</source>
+        <translation>Dies ist eine Wiedergabe: Es gibt keinen Roboter, und nichts wird gesendet oder gespeichert. Was Sie ändern, gilt, bis die Aufzeichnung einen anderen Wert meldet.</translation>
     </message>
 </context>
 <context>
@@ -943,18 +954,6 @@
         <translation>Das erste Gerät von Anfang an im ROS-Bag FILE aufzeichnen.</translation>
     </message>
     <message>
-        <source>Play the recording FILE into the plugin, without a robot. Only with --assert.</source>
-        <translation>Die Aufzeichnung FILE ohne Roboter in das Plugin abspielen. Nur mit --assert.</translation>
-    </message>
-    <message>
-        <source>Compare what the plugin does with what it did when it was recorded, without a window: the exit status is 0 if it is the same.</source>
-        <translation>Ohne Fenster vergleichen, was das Plugin tut und was es bei der Aufzeichnung tat: Der Exit-Status ist 0, wenn es dasselbe ist.</translation>
-    </message>
-    <message>
-        <source>--replay FILE and --assert go together; give both</source>
-        <translation>--replay FILE und --assert gehören zusammen; geben Sie beide an</translation>
-    </message>
-    <message>
         <source>Run the script FILE in the window, with settings of its own, and exit. Needs no display.</source>
         <translation>Das Skript FILE im Fenster ausführen, mit eigenen Einstellungen, und beenden. Braucht keine Anzeige.</translation>
     </message>
@@ -985,6 +984,22 @@
     <message>
         <source>--bug-report: &quot;%1&quot; does not end in %2</source>
         <translation>--bug-report: „%1“ endet nicht auf %2</translation>
+    </message>
+    <message>
+        <source>Play the recording FILE into the plugin, without a robot: in the window, or with --assert.</source>
+        <translation>Die Aufzeichnung FILE ohne Roboter in das Plugin abspielen: im Fenster oder mit --assert.</translation>
+    </message>
+    <message>
+        <source>With --replay: compare what the plugin does with what it did when it was recorded, without a window. The exit status is 0 if it is the same.</source>
+        <translation>Mit --replay: ohne Fenster vergleichen, was das Plugin tut und was es bei der Aufzeichnung tat. Der Exit-Status ist 0, wenn es dasselbe ist.</translation>
+    </message>
+    <message>
+        <source>--assert is about a recording; give --replay FILE, too</source>
+        <translation>--assert gehört zu einer Aufzeichnung; geben Sie auch --replay FILE an</translation>
+    </message>
+    <message>
+        <source>--replay has no device that could be recorded or work a script; leave out --record, --script and --tour</source>
+        <translation>--replay hat kein Gerät, das aufgezeichnet oder von einem Skript bedient werden könnte; lassen Sie --record, --script und --tour weg</translation>
     </message>
 </context>
 <context>
@@ -2470,6 +2485,108 @@
     </message>
 </context>
 <context>
+    <name>host::workbench::replay::ReplayBar</name>
+    <message>
+        <source>As fast as it goes</source>
+        <translation>So schnell wie möglich</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Position in the recording. Arrow keys move it by a second.</source>
+        <translation>Position in der Aufzeichnung. Die Pfeiltasten verschieben sie um eine Sekunde.</translation>
+    </message>
+    <message>
+        <source>&amp;Next call</source>
+        <translation>&amp;Nächster Aufruf</translation>
+    </message>
+    <message>
+        <source>Play one call and stop (F6).</source>
+        <translation>Einen Aufruf abspielen und anhalten (F6).</translation>
+    </message>
+    <message>
+        <source>Next &amp;long call</source>
+        <translation>Nächster &amp;langer Aufruf</translation>
+    </message>
+    <message>
+        <source>Go to the next call that took more than %1 ms when it was recorded, and stop (F7).</source>
+        <translation>Zum nächsten Aufruf gehen, der bei der Aufzeichnung mehr als %1 ms dauerte, und anhalten (F7).</translation>
+    </message>
+    <message>
+        <source>L&amp;oop</source>
+        <translation>Wieder&amp;holen</translation>
+    </message>
+    <message>
+        <source>Begin again at the end.</source>
+        <translation>Am Ende wieder von vorn beginnen.</translation>
+    </message>
+    <message>
+        <source>Sp&amp;eed:</source>
+        <translation>T&amp;empo:</translation>
+    </message>
+    <message>
+        <source>Replay without a robot</source>
+        <translation>Wiedergabe ohne Roboter</translation>
+    </message>
+    <message>
+        <source>Replay of %1. There is no robot: nothing is sent or stored.</source>
+        <translation>Wiedergabe von %1. Es gibt keinen Roboter: Nichts wird gesendet oder gespeichert.</translation>
+    </message>
+    <message>
+        <source>No call after this one took more than %1 ms.</source>
+        <translation>Kein späterer Aufruf dauerte mehr als %1 ms.</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Wiedergeben</translation>
+    </message>
+    <message>
+        <source>Stop here (F5).</source>
+        <translation>Hier anhalten (F5).</translation>
+    </message>
+    <message>
+        <source>Play on from here (F5).</source>
+        <translation>Ab hier wiedergeben (F5).</translation>
+    </message>
+    <message>
+        <source>Before the first call</source>
+        <translation>Vor dem ersten Aufruf</translation>
+    </message>
+    <message>
+        <source>%1: %2, under way when the recording ended</source>
+        <translation>%1: %2, beim Ende der Aufzeichnung noch im Gang</translation>
+    </message>
+    <message>
+        <source>%1: %2 took %3 ms and threw an exception</source>
+        <translation>%1: %2 dauerte %3 ms und warf eine Ausnahme</translation>
+    </message>
+    <message>
+        <source>%1: %2 took %3 ms</source>
+        <translation>%1: %2 dauerte %3 ms</translation>
+    </message>
+    <message>
+        <source>%1: the plugin called %2 by itself, which took %3 ms</source>
+        <translation>%1: Das Plugin rief von sich aus %2 auf, was %3 ms dauerte</translation>
+    </message>
+    <message>
+        <source>How many times as fast as recorded.</source>
+        <translation>Wievielmal so schnell wie aufgezeichnet.</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::replay::ReplayView</name>
+    <message>
+        <source>&amp;Replay</source>
+        <translation>&amp;Wiedergabe</translation>
+    </message>
+</context>
+<context>
     <name>host::workbench::robotview::Footprint</name>
     <message>
         <source>has %1 points, not %2 to %3</source>
@@ -3250,52 +3367,12 @@
 <context>
     <name>host::workbench::window::DeviceView</name>
     <message>
-        <source>&amp;View</source>
-        <translation>&amp;Ansicht</translation>
-    </message>
-    <message>
-        <source>Device</source>
-        <translation>Gerät</translation>
-    </message>
-    <message>
-        <source>its type is unknown</source>
-        <translation>ihr Typ ist unbekannt</translation>
-    </message>
-    <message>
-        <source>A widget of the plugin failed</source>
-        <translation>Ein Widget des Plugins ist gescheitert</translation>
-    </message>
-    <message>
-        <source>The constructor of the widget &quot;%1&quot; threw an exception: %2.</source>
-        <translation>Der Konstruktor des Widgets „%1“ warf eine Ausnahme: %2.</translation>
-    </message>
-    <message>
-        <source>The rest of the window works without it. Ask the plugin&apos;s author for a fixed version.</source>
-        <translation>Der Rest des Fensters funktioniert ohne es. Bitten Sie den Autor des Plugins um eine korrigierte Version.</translation>
-    </message>
-    <message>
         <source>&amp;Robot</source>
         <translation>&amp;Roboter</translation>
     </message>
     <message>
         <source>&amp;Names…</source>
         <translation>&amp;Namen…</translation>
-    </message>
-    <message>
-        <source>&amp;Reset layout</source>
-        <translation>Anordnung &amp;zurücksetzen</translation>
-    </message>
-    <message>
-        <source>The plugin has no widgets</source>
-        <translation>Das Plugin hat keine Widgets</translation>
-    </message>
-    <message>
-        <source>Asked for the widgets &quot;toolbar&quot; and &quot;dialog&quot; of the device &quot;%1 %2&quot;, it returned none.</source>
-        <translation>Nach den Widgets „toolbar“ und „dialog“ des Geräts „%1 %2“ gefragt, gab es keines zurück.</translation>
-    </message>
-    <message>
-        <source>The words are the vendor and the name in its PluginInfo: its loadDeviceWidget() must know the device by both, with one blank between them.</source>
-        <translation>Die Wörter sind Hersteller und Name in seiner PluginInfo: Seine Funktion loadDeviceWidget() muss das Gerät an beiden erkennen, mit einem Leerzeichen dazwischen.</translation>
     </message>
     <message>
         <source>&amp;Connect</source>
@@ -3331,6 +3408,49 @@
     <message>
         <source>Earlier messages that are left out here: %1</source>
         <translation>Frühere, hier ausgelassene Meldungen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>host::workbench::window::PluginView</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Reset layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>The plugin has no widgets</source>
+        <translation>Das Plugin hat keine Widgets</translation>
+    </message>
+    <message>
+        <source>Asked for the widgets &quot;toolbar&quot; and &quot;dialog&quot; of the device &quot;%1 %2&quot;, it returned none.</source>
+        <translation>Nach den Widgets „toolbar“ und „dialog“ des Geräts „%1 %2“ gefragt, gab es keines zurück.</translation>
+    </message>
+    <message>
+        <source>The words are the vendor and the name in its PluginInfo: its loadDeviceWidget() must know the device by both, with one blank between them.</source>
+        <translation>Die Wörter sind Hersteller und Name in seiner PluginInfo: Seine Funktion loadDeviceWidget() muss das Gerät an beiden erkennen, mit einem Leerzeichen dazwischen.</translation>
+    </message>
+    <message>
+        <source>its type is unknown</source>
+        <translation>ihr Typ ist unbekannt</translation>
+    </message>
+    <message>
+        <source>A widget of the plugin failed</source>
+        <translation>Ein Widget des Plugins ist gescheitert</translation>
+    </message>
+    <message>
+        <source>The constructor of the widget &quot;%1&quot; threw an exception: %2.</source>
+        <translation>Der Konstruktor des Widgets „%1“ warf eine Ausnahme: %2.</translation>
+    </message>
+    <message>
+        <source>The rest of the window works without it. Ask the plugin&apos;s author for a fixed version.</source>
+        <translation>Der Rest des Fensters funktioniert ohne es. Bitten Sie den Autor des Plugins um eine korrigierte Version.</translation>
     </message>
 </context>
 <context>
@@ -4108,10 +4228,6 @@
         <source>%1 has messages of several types; those of %2 are left out</source>
         <translation>%1 hat Nachrichten mehrerer Typen; die von %2 werden ausgelassen</translation>
     </message>
-    <message>
-        <source>a message has %1 bytes; at most %2 are read</source>
-        <translation>eine Nachricht hat %1 Bytes; höchstens %2 werden gelesen</translation>
-    </message>
 </context>
 <context>
     <name>rosbridge::bag::BagRestorer</name>
@@ -4145,6 +4261,17 @@
     <message>
         <source>%1 has reached the largest size of a recording, %2</source>
         <translation>%1 hat die größte Größe einer Aufzeichnung erreicht, %2</translation>
+    </message>
+</context>
+<context>
+    <name>rosbridge::bag::MessageList</name>
+    <message>
+        <source>a message has %1 bytes; at most %2 are read</source>
+        <translation>eine Nachricht hat %1 Bytes; höchstens %2 werden gelesen</translation>
+    </message>
+    <message>
+        <source>the bag is damaged: %1</source>
+        <translation>das Bag ist beschädigt: %1</translation>
     </message>
 </context>
 <context>

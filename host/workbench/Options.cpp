@@ -119,11 +119,12 @@ void Options::read(const QStringList& arguments)
         "record", tr("Record the first device to the ROS bag FILE from the beginning."), "FILE");
     const QCommandLineOption replay(
         "replay",
-        tr("Play the recording FILE into the plugin, without a robot. Only with --assert."),
+        tr("Play the recording FILE into the plugin, without a robot: in the window, or with "
+           "--assert."),
         "FILE");
     const QCommandLineOption assertion(
-        "assert", tr("Compare what the plugin does with what it did when it was recorded, without "
-                     "a window: the exit status is 0 if it is the same."));
+        "assert", tr("With --replay: compare what the plugin does with what it did when it was "
+                     "recorded, without a window. The exit status is 0 if it is the same."));
     const QCommandLineOption language(
         "language",
         tr("Language: %1 (default: the one chosen last, or the system's).")
@@ -178,9 +179,13 @@ void Options::read(const QStringList& arguments)
     readLaserLog(parser);
     m_recordFile = parser.value(record);
     m_replayFile = parser.value(replay);
-    if (parser.isSet(replay) != parser.isSet(assertion))
-        finish(Action::Fail, tr("--replay FILE and --assert go together; give both"));
+    m_isAssertion = parser.isSet(assertion);
+    if (m_isAssertion && m_replayFile.isEmpty())
+        finish(Action::Fail, tr("--assert is about a recording; give --replay FILE, too"));
     readScript(parser);
+    if (!m_replayFile.isEmpty() && !(m_recordFile + m_scriptFile).isEmpty())
+        finish(Action::Fail, tr("--replay has no device that could be recorded or work a script; "
+                                "leave out --record, --script and --tour"));
     if (parser.isSet(bugReport))
         readBugReport(parser.value(bugReport));
     if (parser.isSet(language))

@@ -55,7 +55,9 @@ public:
 
     const robot::LaserLogOptions& laserLog() const { return m_laserLog; } ///< of these robots
 
-    QString replayFile() const { return m_replayFile; } ///< to be asserted; empty: nothing is
+    QString replayFile() const { return m_replayFile; } ///< empty: there are devices
+
+    bool isAssertion() const { return m_isAssertion; } ///< the replay is compared, not shown
 
     QString recordFile() const { return m_recordFile; } ///< empty: nothing is recorded
 
@@ -101,6 +103,7 @@ private:
     bool m_hasRobot = true;
     robot::LaserLogOptions m_laserLog;
     QString m_replayFile;
+    bool m_isAssertion = false;
     QString m_recordFile;
     QString m_language;
     QString m_appearance;

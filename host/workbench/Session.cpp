@@ -6,6 +6,7 @@
 #include "host/workbench/Options.h"
 #include "host/workbench/bugreport/BugReportDialog.h"
 #include "host/workbench/plugin/PluginEnvironment.h"
+#include "host/workbench/replay/ReplayView.h"
 #include "host/workbench/window/DeviceView.h"
 
 #include <QTextStream>
@@ -23,11 +24,23 @@ Session::Session(const Options& options, const QString& settings,
 {
     QObject::connect(&m_window, &window::Window::bugReportRequested, &m_window,
                      [this] { showBugReport(); });
+    if (!options.replayFile().isEmpty()) {
+        openReplay(options.replayFile());
+        return;
+    }
     if (options.hasRobot() && !startRobots(options))
         return;
     for (int i = 0; i < options.devices().size(); ++i)
         addDevice(i, options, settings);
     tellBadLines();
+}
+
+void Session::openReplay(const QString& file)
+{
+    if (auto conversation = device::replay::Conversation::open(file, &m_error)) {
+        m_replay.emplace(std::move(conversation), m_environment);
+        m_window.add(new replay::ReplayView(m_plugin, *m_replay, file));
+    }
 }
 
 /// Each with a world and, where it is free, a port of its own.

@@ -5,6 +5,7 @@
 #define HOST_WORKBENCH_SESSION_H
 
 #include "host/device/Device.h"
+#include "host/device/replay/Replay.h"
 #include "host/loading/PluginLoader.h"
 #include "host/workbench/EmbeddedRobot.h"
 #include "host/workbench/bugreport/BugReport.h"
@@ -22,7 +23,7 @@ namespace host::workbench {
 class Options;
 
 /// What the options of a program set up: the plugin, the devices, each with its simulated robot
-/// unless it does without, and the window that shows them.
+/// unless it does without, or a recording in their place, and the window that shows them.
 class Session
 {
     Q_DECLARE_TR_FUNCTIONS(host::workbench::Session)
@@ -33,7 +34,7 @@ public:
     Session(const Options& options, const QString& settings,
             plugin::PluginEnvironment& environment);
 
-    /// Why there are no devices in the window; empty if there are.
+    /// Why there is nothing in the window; empty if there is.
     const QString& error() const { return m_error; }
 
     const loading::PluginLoader& plugin() const { return m_plugin; }
@@ -50,6 +51,7 @@ private:
         std::optional<device::Device> device;
     };
 
+    void openReplay(const QString& file);
     bool startRobots(const Options& options);
     void addDevice(int index, const Options& options, const QString& settings);
     void tellBadLines();
@@ -60,6 +62,7 @@ private:
     std::vector<Station> m_stations;
     QStringList m_badLines; // of the recording, the same for each robot
     QString m_error;
+    std::optional<device::replay::Replay> m_replay; // in place of devices
     const loading::PluginLoader m_plugin;
     window::Window m_window;
 };

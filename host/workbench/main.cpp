@@ -44,7 +44,7 @@ int main(int argc, char** argv)
     const Options options(application.arguments());
     if (options.action() != Options::Action::Run)
         return Application::answer(options);
-    if (!options.replayFile().isEmpty())
+    if (options.isAssertion())
         return Application::check(options);
     if (!options.scriptFile().isEmpty())
         return ScriptRun(options, application).run();

@@ -6,7 +6,6 @@
 #include "rosbridge/bag/BagRestorer.h"
 #include "rosbridge/bag/RosConversions.h"
 #include "rosbridge/protocol/CanonicalName.h"
-#include "rosbridge/protocol/Codec.h"
 
 #include <QFile>
 #include <QTemporaryFile>
@@ -160,24 +159,16 @@ BagReader::Time BagReader::time() const
 
 std::optional<QByteArray> BagReader::bytes(QString* error) const
 {
-    QString why;
-    try {
-        const std::uint32_t size = m_file->present->size();
-        if (size <= protocol::maximumMessageSize) {
-            QByteArray bytes(static_cast<int>(size), Qt::Uninitialized);
-            ros::serialization::OStream stream(reinterpret_cast<std::uint8_t*>(bytes.data()), size);
-            m_file->present->write(stream);
-            return bytes;
-        }
-        why = tr("a message has %1 bytes; at most %2 are read")
-                  .arg(size)
-                  .arg(protocol::maximumMessageSize);
-    } catch (const std::exception& damage) {
-        why = tr("the bag is damaged: %1").arg(inWords(damage));
+    return MessageList::bytes(*m_file->present, error);
+}
+
+MessageList BagReader::messages(const QString& topic) const
+{
+    for (const auto& [name, index] : m_file->topics) {
+        if (m_topics[index].name == topic)
+            return {m_file->bag, name};
     }
-    if (error)
-        *error = why;
-    return std::nullopt;
+    return {m_file->bag, std::string()};
 }
 
 } // namespace rosbridge::bag

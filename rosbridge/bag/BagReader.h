@@ -4,6 +4,8 @@
 #ifndef ROSBRIDGE_BAG_BAGREADER_H
 #define ROSBRIDGE_BAG_BAGREADER_H
 
+#include "rosbridge/bag/MessageList.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QString>
@@ -60,6 +62,9 @@ public:
     /// The message, serialized; nothing if the file is damaged there, and @p error (may be null)
     /// says it.
     std::optional<QByteArray> bytes(QString* error) const;
+
+    /// All messages of @p topic, which is named as in topics(); the reader outlives them.
+    MessageList messages(const QString& topic) const;
 
 private:
     struct File; // what of it needs rosbag's headers

@@ -7,8 +7,8 @@
 #include "host/device/connection/Offer.h"
 #include "host/device/recording/BagThread.h"
 #include "host/device/recording/CallText.h"
-#include "host/device/recording/InitialState.h"
-#include "host/device/recording/PluginTopic.h"
+#include "host/device/recording/DeviceState.h"
+#include "host/device/recording/PluginTopics.h"
 #include "host/device/trace/Traffic.h"
 #include "host/device/variables/Variables.h"
 #include "rosbridge/protocol/CanonicalName.h"
@@ -56,12 +56,7 @@ void Recorder::listen()
     connect(&m_sources.connection.followers(), &connection::Followers::received, this,
             &Recorder::onReceived);
 
-    InitialState state = InitialState::of(m_sources.variables);
-    state.program =
-        QCoreApplication::applicationName() + ' ' + QCoreApplication::applicationVersion();
-    state.device = m_sources.device;
-    state.connectionState = m_sources.connection.state();
-    addText(state.toJson());
+    addState(callsTopic);
     m_sources.connection.followers().subscribeAgain(); // for what the robot tells only once
 }
 
@@ -88,26 +83,46 @@ qint64 Recorder::size() const
     return m_thread ? m_thread->size() : 0;
 }
 
+/// Since 1970.
+std::chrono::nanoseconds Recorder::now() const
+{
+    return m_begin + std::chrono::nanoseconds(m_sinceBegin.nsecsElapsed());
+}
+
 /// No two messages have the same time: that is their order.
 void Recorder::add(const QString& topic, const QString& type, const QCborMap& message)
 {
-    const std::chrono::nanoseconds now =
-        m_begin + std::chrono::nanoseconds(m_sinceBegin.nsecsElapsed());
-    m_newest = std::max(now, m_newest + std::chrono::nanoseconds(1));
+    m_newest = std::max(now(), m_newest + std::chrono::nanoseconds(1));
     m_thread->add({topic, type, m_newest, message});
 }
 
-void Recorder::addText(const QByteArray& json)
+void Recorder::addText(const rosbridge::protocol::Topic& topic, const QByteArray& json)
 {
-    add(pluginTopic.name, pluginTopic.type, {{QStringLiteral("data"), QString::fromUtf8(json)}});
+    add(topic.name, topic.type, {{QStringLiteral("data"), QString::fromUtf8(json)}});
+}
+
+/// Who reads on from it needs nothing that was told before.
+void Recorder::addState(const rosbridge::protocol::Topic& topic)
+{
+    DeviceState state = DeviceState::of(m_sources.variables);
+    state.program =
+        QCoreApplication::applicationName() + ' ' + QCoreApplication::applicationVersion();
+    state.device = m_sources.device;
+    state.connectionState = m_sources.connection.state();
+    addText(topic, state.toJson());
+    m_newestState = m_newest;
+    m_arguments = nullptr;
 }
 
 void Recorder::onBegan(const PluginCall& call)
 {
+    if (call.depth == 0 && now() - m_newestState >= stateInterval)
+        addState(stateTopic);
     if (call.direction == PluginCall::Direction::ToHost)
         return; // told when it has ended
     const bool isShared = call.arguments == m_arguments && !call.arguments->empty();
-    addText(CallText::begin(call, isShared ? std::optional<quint64>(m_argumentsOf) : std::nullopt));
+    addText(callsTopic,
+            CallText::begin(call, isShared ? std::optional<quint64>(m_argumentsOf) : std::nullopt));
     if (isShared)
         return;
     m_arguments = call.arguments;
@@ -118,8 +133,10 @@ void Recorder::onEnded(const PluginCall& call)
 {
     if (call.number < m_firstCall)
         return; // its beginning is not recorded
-    addText(call.direction == PluginCall::Direction::ToPlugin ? CallText::end(call)
-                                                              : CallText::whole(call));
+    const bool isToPlugin = call.direction == PluginCall::Direction::ToPlugin;
+    addText(callsTopic, isToPlugin ? CallText::end(call) : CallText::whole(call));
+    if (isToPlugin && call.depth == 0 && call.isTooLong())
+        addText(longCallsTopic, CallText::end(call));
 }
 
 void Recorder::onReceived(const QString& topic, const QString& type, const QCborMap& message)

@@ -27,6 +27,10 @@ namespace host::device::variables {
 class Variables;
 } // namespace host::device::variables
 
+namespace rosbridge::protocol {
+struct Topic;
+} // namespace rosbridge::protocol
+
 namespace host::device::recording {
 
 class BagThread;
@@ -79,8 +83,10 @@ Q_SIGNALS:
 
 private:
     void listen();
+    std::chrono::nanoseconds now() const;
     void add(const QString& topic, const QString& type, const QCborMap& message);
-    void addText(const QByteArray& json);
+    void addText(const rosbridge::protocol::Topic& topic, const QByteArray& json);
+    void addState(const rosbridge::protocol::Topic& topic);
     void onBegan(const trace::PluginCall& call);
     void onEnded(const trace::PluginCall& call);
     void onReceived(const QString& topic, const QString& type, const QCborMap& message);
@@ -92,6 +98,7 @@ private:
     std::chrono::nanoseconds m_begin{0}; // since 1970
     QElapsedTimer m_sinceBegin;          // whatever becomes of the computer's clock
     std::chrono::nanoseconds m_newest{0};
+    std::chrono::nanoseconds m_newestState{0}; // when it was told, since 1970
     quint64 m_firstCall = 0;
     // The newest arguments that several calls may share, and the call that tells them.
     std::shared_ptr<const trace::Arguments> m_arguments;

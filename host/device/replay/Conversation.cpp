@@ -3,7 +3,7 @@
 
 #include "host/device/replay/Conversation.h"
 
-#include "host/device/recording/PluginTopic.h"
+#include "host/device/recording/PluginTopics.h"
 #include "rosbridge/bag/BagReader.h"
 
 #include <QJsonDocument>
@@ -14,9 +14,10 @@
 namespace host::device::replay {
 
 using recording::CallText;
-using recording::InitialState;
+using recording::DeviceState;
 using recording::RecordedCall;
 using rosbridge::bag::BagReader;
+using rosbridge::bag::MessageList;
 
 std::unique_ptr<Conversation> Conversation::open(const QString& file, QString* error)
 {
@@ -24,8 +25,14 @@ std::unique_ptr<Conversation> Conversation::open(const QString& file, QString* e
     if (!reader)
         return nullptr;
     std::unique_ptr<Conversation> conversation(new Conversation(file, std::move(reader)));
-    if (conversation->readInitialState())
+    if (conversation->m_calls.isEmpty()) {
+        conversation->fail(tr("there are no calls between host and plugin in it (topic %1); choose "
+                              "a recording of device-workbench")
+                               .arg(recording::callsTopic.name));
+    } else if (const auto state = conversation->readState(conversation->m_calls, 0)) {
+        conversation->m_initialState = *state;
         return conversation;
+    }
     *error = conversation->error();
     return nullptr;
 }
@@ -33,35 +40,34 @@ std::unique_ptr<Conversation> Conversation::open(const QString& file, QString* e
 Conversation::Conversation(const QString& file, std::unique_ptr<BagReader> reader)
     : m_file(file),
       m_reader(std::move(reader)),
-      m_begin(m_reader->begin())
+      m_calls(m_reader->messages(recording::callsTopic.name)),
+      m_states(m_reader->messages(recording::stateTopic.name)),
+      m_longCalls(m_reader->messages(recording::longCallsTopic.name))
 {
 }
 
 Conversation::~Conversation() = default;
 
-bool Conversation::readInitialState()
+QStringList Conversation::problems() const
 {
-    const auto object = readObject();
-    if (!object)
-        return m_error.isEmpty() ? fail(tr("there is no conversation with a plugin in it")) : false;
-    QString why;
-    const auto state = InitialState::read(*object, &why);
-    if (!state)
-        return fail(why);
-    m_initialState = *state;
-    return true;
+    return m_reader->problems();
+}
+
+Conversation::Time Conversation::duration() const
+{
+    return since(m_calls, m_calls.size() - 1);
 }
 
 std::optional<PlayedCall> Conversation::next()
 {
-    while (m_ready.empty() && m_error.isEmpty()) {
-        const auto object = readObject();
+    for (; m_ready.empty() && m_error.isEmpty() && m_next < m_calls.size(); ++m_next) {
+        const auto object = readObject(m_calls, m_next);
         if (!object)
             break;
         QString why;
         auto call = CallText::read(*object, &why);
         if (call)
-            take(std::move(*call), m_time - m_begin);
+            take(std::move(*call), since(m_calls, m_next));
         else
             fail(why);
     }
@@ -76,32 +82,63 @@ std::optional<PlayedCall> Conversation::next()
     return call;
 }
 
-/// The next message about the plugin.
-std::optional<QJsonObject> Conversation::readObject()
+std::optional<DeviceState> Conversation::rewind(Time time)
 {
-    for (; !m_reader->isAtEnd(); m_reader->advance()) {
-        if (m_reader->topics().at(m_reader->topic()).name != recording::pluginTopic.name)
-            continue;
-        QString why;
-        const auto bytes = m_reader->bytes(&why);
-        m_time = m_reader->time();
-        if (!bytes) {
-            fail(why);
-            return std::nullopt;
-        }
-        m_reader->advance();
+    const MessageList::Time begin = m_calls.time(0);
+    m_open.clear();
+    m_ended.clear();
+    m_ready.clear();
+    m_error.clear();
+    const std::size_t states = m_states.firstAfter(begin + time);
+    if (states == 0) {
+        m_next = 1;
+        return m_initialState;
+    }
+    m_next = m_calls.firstAfter(m_states.time(states - 1));
+    return readState(m_states, states - 1);
+}
+
+std::optional<Conversation::Time> Conversation::longCallAfter(Time time) const
+{
+    const std::size_t number = m_longCalls.firstAfter(m_calls.time(0) + time);
+    if (number == m_longCalls.size())
+        return std::nullopt;
+    return since(m_longCalls, number);
+}
+
+Conversation::Time Conversation::since(const MessageList& list, std::size_t number) const
+{
+    return list.time(number) - m_calls.time(0);
+}
+
+std::optional<QJsonObject> Conversation::readObject(const MessageList& list, std::size_t number)
+{
+    QString why;
+    if (const auto bytes = list.bytes(number, &why)) {
         QJsonParseError fault;
         constexpr int lengthSize = 4; // of a std_msgs/String
         const auto document = QJsonDocument::fromJson(bytes->mid(lengthSize), &fault);
         if (document.isObject())
             return document.object();
-        fail(fault.errorString());
-        return std::nullopt;
+        why = fault.errorString();
     }
+    fail(why);
     return std::nullopt;
 }
 
-void Conversation::take(RecordedCall call, std::chrono::nanoseconds time)
+std::optional<DeviceState> Conversation::readState(const MessageList& list, std::size_t number)
+{
+    const auto object = readObject(list, number);
+    if (!object)
+        return std::nullopt;
+    QString why;
+    auto state = DeviceState::read(*object, &why);
+    if (!state)
+        fail(why);
+    return state;
+}
+
+void Conversation::take(RecordedCall call, Time time)
 {
     if (call.part == RecordedCall::Part::Begin)
         begin(call, time);
@@ -113,7 +150,7 @@ void Conversation::take(RecordedCall call, std::chrono::nanoseconds time)
         m_open.back().answers.push_back(std::move(call));
 }
 
-void Conversation::begin(const RecordedCall& call, std::chrono::nanoseconds time)
+void Conversation::begin(const RecordedCall& call, Time time)
 {
     if (!call.argumentsOf) {
         m_arguments = call.arguments;
@@ -148,10 +185,9 @@ void Conversation::end(const RecordedCall& call)
         m_ready.push_back(std::move(inner));
 }
 
-bool Conversation::fail(const QString& why)
+void Conversation::fail(const QString& why)
 {
     m_error = QStringLiteral("%1: %2").arg(m_file, why);
-    return false;
 }
 
 } // namespace host::device::replay

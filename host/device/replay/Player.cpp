@@ -5,10 +5,7 @@
 
 #include "host/device/recording/ValueJson.h"
 #include "host/device/trace/ClassName.h"
-#include "host/device/trace/TracedCall.h"
-#include "plugin/gui/DeviceHistoryBundle.h"
 #include "plugin/gui/DeviceWidget.h"
-#include "plugin/gui/HistoryBundleContent.h"
 #include "plugin/gui/Interface.h"
 
 #include <QLayout>
@@ -20,7 +17,6 @@ namespace host::device::replay {
 
 using olm::core::variant::Variant;
 using plugin::gui::DeviceWidget;
-using plugin::gui::VariableKind;
 using recording::RecordedCall;
 using trace::Arguments;
 using trace::PluginCall;
@@ -31,52 +27,7 @@ constexpr std::size_t mostBefore = 5;
 constexpr std::ptrdiff_t mostAfter = 5;
 constexpr int longestText = 120;
 
-void update(DeviceWidget& widget, const Arguments& arguments)
-{
-    plugin::gui::HistoryBundleContent content;
-    for (const trace::Argument& argument : arguments) {
-        if (argument.kind)
-            content.insert(*argument.kind, argument.name, argument.value);
-    }
-    widget.update(plugin::gui::DeviceHistoryBundle(content));
-}
-
-void receive(DeviceWidget& widget, const Arguments& arguments)
-{
-    if (arguments.size() == 2)
-        widget.on_messageReceived(plugin::plugin::DataRole(arguments[0].value.get<int>()),
-                                  arguments[1].value);
-}
-
-/// What a host calls of a widget.
-struct Function
-{
-    const char* name;
-    void (*call)(DeviceWidget& widget, const Arguments& arguments);
-};
-
-const Function functions[] = {
-    {"translate", [](DeviceWidget& widget, const Arguments&) { widget.translate(); }},
-    {"update", update},
-    {"on_messageReceived", receive},
-    {"connected", [](DeviceWidget& widget, const Arguments&) { widget.connected(); }},
-    {"disconnected", [](DeviceWidget& widget, const Arguments&) { widget.disconnected(); }},
-};
-
 const char* const loadFunction = "loadDeviceWidget";
-
-struct Writing
-{
-    QLatin1String function;
-    VariableKind kind{};
-};
-
-const Writing writings[] = {
-    {QLatin1String("writeInput"), VariableKind::Input},
-    {QLatin1String("writeOutput"), VariableKind::Output},
-    {QLatin1String("writeStateVariable"), VariableKind::State},
-    {QLatin1String("writeConfigVariable"), VariableKind::Config},
-};
 
 /// A call with all that counts of it.
 QString inFull(const QString& function, const Arguments& arguments)
@@ -140,31 +91,25 @@ QString seconds(std::chrono::nanoseconds time)
 
 } // namespace
 
-Player::Player(const plugin::gui::Interface& factory, const recording::InitialState& state,
+Player::Player(const plugin::gui::Interface& factory, const recording::DeviceState& state,
                QWidget& parent)
     : m_factory(factory),
       m_parent(parent),
       m_host(state)
 {
-    connect(&m_traffic, &trace::Traffic::began, this, &Player::onCalled);
+    connect(&traffic(), &trace::Traffic::began, this, &Player::onCalled);
 }
 
 Player::~Player()
 {
-    disconnect(&m_traffic, nullptr, this, nullptr);
-    while (!m_host.widgets().empty())
-        delete m_host.widgets().front(); // with those within it
+    disconnect(&traffic(), nullptr, this, nullptr);
 }
 
 void Player::play(const PlayedCall& call)
 {
     const RecordedCall& recorded = call.call;
     if (recorded.part == RecordedCall::Part::Whole) {
-        for (const Writing& writing : writings) {
-            if (recorded.function == writing.function && recorded.arguments->size() == 2)
-                m_host.set(writing.kind, recorded.arguments->at(0).value.toString(),
-                           recorded.arguments->at(1).value);
-        }
+        m_host.learn(recorded);
     } else if (recorded.function == QLatin1String(loadFunction)) {
         m_hasWidgets = true;
         m_played = &call;
@@ -176,7 +121,7 @@ void Player::play(const PlayedCall& call)
         buildWidgets();
         m_played = &call;
         m_nextAnswer = 0;
-        deliver(call);
+        deliver(recorded);
     }
     if (m_played && m_nextAnswer < call.answers.size())
         differ(tr("  the plugin did not call\n    %1")
@@ -201,14 +146,11 @@ void Player::buildWidgets()
 
 void Player::build(const char* device, const char* widget)
 {
-    const Arguments arguments{{"device", std::string(device)}, {"widget", std::string(widget)}};
     QString result;
     bool hasThrown = false;
     try {
-        trace::TracedCall call(m_traffic, {PluginCall::Direction::ToPlugin, loadFunction, nullptr,
-                                           std::make_shared<const Arguments>(arguments)});
-        if (DeviceWidget* const built = m_factory.loadDeviceWidget(device, widget, m_tracedHost)) {
-            result = call.answer(trace::className(typeid(*built)));
+        if (DeviceWidget* const built = m_widgets.build(m_factory, device, widget)) {
+            result = trace::className(typeid(*built));
             m_parent.layout()->addWidget(built);
         }
     } catch (...) {
@@ -217,64 +159,25 @@ void Player::build(const char* device, const char* widget)
     compareEnd(result, hasThrown);
 }
 
-void Player::deliver(const PlayedCall& call)
+void Player::deliver(const RecordedCall& call)
 {
-    const Arguments& arguments = *call.call.arguments;
-    for (const trace::Argument& argument : arguments) {
+    for (const trace::Argument& argument : *call.arguments) {
         if (argument.kind)
             m_host.set(*argument.kind, argument.name, argument.value);
     }
-    if (!call.call.argumentsOf && !arguments.empty())
-        m_told.clear();
-    DeviceWidget* const widget = find(call.call);
-    if (widget)
-        this->call(*widget, call.call);
-    else
-        differ(tr("  there is no widget %1 that it could be played to")
-                   .arg(call.call.widgetName.isEmpty()
-                            ? call.call.widgetClass
-                            : QStringLiteral("%1 [%2]").arg(call.call.widgetClass,
-                                                            call.call.widgetName)));
-}
-
-void Player::call(DeviceWidget& widget, const RecordedCall& call)
-{
-    const auto* const function =
-        std::find_if(std::begin(functions), std::end(functions), [&](const Function& each) {
-            return call.function == QLatin1String(each.name);
-        });
-    if (function == std::end(functions)) {
-        differ(tr("  this host has no such function"));
-        return;
+    switch (m_widgets.deliver(call)) {
+    case Widgets::Outcome::Done:
+        return compareEnd(QString(), false);
+    case Widgets::Outcome::Threw:
+        return compareEnd(QString(), true);
+    case Widgets::Outcome::NoFunction:
+        return differ(tr("  this host has no such function"));
+    case Widgets::Outcome::NoWidget:
+        return differ(tr("  there is no widget %1 that it could be played to")
+                          .arg(call.widgetName.isEmpty() ? call.widgetClass
+                                                         : QStringLiteral("%1 [%2]").arg(
+                                                               call.widgetClass, call.widgetName)));
     }
-    bool hasThrown = false;
-    try {
-        const trace::TracedCall traced(
-            m_traffic, {PluginCall::Direction::ToPlugin, function->name, &widget, call.arguments});
-        function->call(widget, *call.arguments);
-    } catch (...) {
-        hasThrown = true;
-    }
-    compareEnd(QString(), hasThrown);
-}
-
-/// Of several alike, in their order, each gets what all get.
-DeviceWidget* Player::find(const RecordedCall& call)
-{
-    const auto isMeant = [&](const DeviceWidget* widget) {
-        return trace::className(typeid(*widget)) == call.widgetClass &&
-               widget->objectName() == call.widgetName && m_told.count(widget) == 0;
-    };
-    const auto& widgets = m_host.widgets();
-    auto found = std::find_if(widgets.begin(), widgets.end(), isMeant);
-    if (found == widgets.end()) {
-        m_told.clear();
-        found = std::find_if(widgets.begin(), widgets.end(), isMeant);
-    }
-    if (found == widgets.end())
-        return nullptr;
-    m_told.insert(*found);
-    return *found;
 }
 
 void Player::onCalled(const PluginCall& call)

@@ -6,20 +6,17 @@
 
 #include "host/device/replay/PlayedCall.h"
 #include "host/device/replay/ReplayHost.h"
-#include "host/device/trace/TracedHost.h"
-#include "host/device/trace/Traffic.h"
+#include "host/device/replay/Widgets.h"
 
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
 #include <deque>
-#include <set>
 
 class QWidget;
 
 namespace plugin::gui {
-class DeviceWidget;
 class Interface;
 } // namespace plugin::gui
 
@@ -34,7 +31,7 @@ class Player : public QObject
 public:
     /// @p factory outlives the player. @p parent holds the widgets that the plugin builds, and
     /// outlives the player as well.
-    Player(const plugin::gui::Interface& factory, const recording::InitialState& state,
+    Player(const plugin::gui::Interface& factory, const recording::DeviceState& state,
            QWidget& parent);
     ~Player() override;
 
@@ -46,28 +43,24 @@ public:
     const QStringList& difference() const { return m_difference; }
 
     /// All calls that were played, and those that the plugin made.
-    trace::Traffic& traffic() { return m_traffic; }
+    trace::Traffic& traffic() { return m_widgets.traffic(); }
 
 private:
     void buildWidgets();
     void build(const char* device, const char* widget);
-    void deliver(const PlayedCall& call);
-    void call(plugin::gui::DeviceWidget& widget, const recording::RecordedCall& call);
-    plugin::gui::DeviceWidget* find(const recording::RecordedCall& call);
+    void deliver(const recording::RecordedCall& call);
     void onCalled(const trace::PluginCall& call);
     void compareEnd(const QString& result, bool hasThrown);
     void differ(const QString& words);
 
     const plugin::gui::Interface& m_factory;
     QWidget& m_parent;
-    trace::Traffic m_traffic;
     ReplayHost m_host;
-    trace::TracedHost m_tracedHost{m_host, m_traffic};
+    Widgets m_widgets{m_host};
     bool m_hasWidgets = false;
     const PlayedCall* m_played = nullptr; // while it is played
     std::size_t m_nextAnswer = 0;
-    std::set<const plugin::gui::DeviceWidget*> m_told; // of those that get the same
-    std::deque<QString> m_before;                      // the newest calls
+    std::deque<QString> m_before; // the newest calls
     QStringList m_difference;
 };
 

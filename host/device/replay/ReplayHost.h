@@ -4,19 +4,21 @@
 #ifndef HOST_DEVICE_REPLAY_REPLAYHOST_H
 #define HOST_DEVICE_REPLAY_REPLAYHOST_H
 
+#include "host/device/trace/PluginCall.h"
+#include "host/device/variables/Variables.h"
 #include "plugin/gui/DeviceHost.h"
 
 #include <QAction>
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
-#include <tuple>
-#include <utility>
 #include <vector>
 
 namespace host::device::recording {
-struct InitialState;
+struct DeviceState;
+struct RecordedCall;
 } // namespace host::device::recording
 
 namespace host::device::replay {
@@ -29,13 +31,23 @@ public:
     using Variant = olm::core::variant::Variant;
     using Kind = plugin::gui::VariableKind;
 
-    explicit ReplayHost(const recording::InitialState& state);
+    explicit ReplayHost(const recording::DeviceState& state);
 
     /// What the next call is answered, whichever it is; empty for one without an answer.
     void answerNext(const Variant& answer) { m_answer = answer; }
 
     /// A variable has changed.
     void set(Kind kind, const std::string& name, const Variant& value);
+    void setConnectionState(int state);
+    int connectionState() const;
+    /// Takes over what a recorded call to the host tells of the device.
+    void learn(const recording::RecordedCall& call);
+    /// The device is what it was then: variables that had no value have none.
+    void restore(const recording::DeviceState& state);
+
+    /// The variables that widgets have registered and that have a value, or had one before they
+    /// were restored.
+    trace::Arguments followed() const;
 
     /// In the order in which they were built.
     const std::vector<plugin::gui::DeviceWidget*>& widgets() const { return m_widgets; }
@@ -61,11 +73,13 @@ public:
     void widgetRemoved(plugin::gui::DeviceWidget& widget) override;
 
 private:
+    void setRegistered(Kind kind, const char* name, bool on);
     Variant answer(const Variant& usual) const;
 
     mutable std::optional<Variant> m_answer;
-    std::map<std::pair<Kind, std::string>, Variant> m_variables;
-    std::map<std::tuple<Kind, std::string, std::string>, Variant> m_properties;
+    variables::Variables m_variables; // nobody is told of their changes but by what was recorded
+    std::set<variables::Variables::Key> m_had;  // a value, before they were restored
+    std::map<unsigned int, Variant> m_commands; // what they answer
     std::vector<plugin::gui::DeviceWidget*> m_widgets;
     mutable std::map<QString, QAction> m_helpActions; // by context
 };

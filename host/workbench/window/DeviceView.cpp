@@ -13,8 +13,6 @@
 #include "host/workbench/operation/DriveDock.h"
 #include "host/workbench/operation/OperationBar.h"
 #include "host/workbench/plots/PlotsDock.h"
-#include "host/workbench/plugin/FailureCard.h"
-#include "host/workbench/plugin/PluginAccess.h"
 #include "host/workbench/positions/PositionsMenu.h"
 #include "host/workbench/recording/RecordButton.h"
 #include "host/workbench/robotview/RobotDock.h"
@@ -22,66 +20,34 @@
 #include "host/workbench/values/ScanText.h"
 #include "host/workbench/values/TableFile.h"
 #include "host/workbench/variables/VariablesDock.h"
-#include "host/workbench/window/Notice.h"
-#include "host/workbench/window/PluginBar.h"
 #include "host/workbench/window/StartPage.h"
 #include "host/workbench/window/StatusLine.h"
 #include "host/workbench/window/TrustBar.h"
-#include "plugin/gui/DeviceWidget.h"
-#include "plugin/gui/Interface.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QMenu>
 #include <QSettings>
 #include <QStatusBar>
-#include <QTabWidget>
 #include <QVBoxLayout>
-
-#include <exception>
 
 namespace host::workbench::window {
 
-using ::plugin::gui::DeviceWidget;
-
 DeviceView::DeviceView(const loading::PluginLoader& plugin, device::Device& device,
                        const QString& robot)
-    : m_plugin(plugin),
+    : PluginView(plugin, device.name()),
       m_device(device),
       m_robot(robot),
-      m_viewMenu(new QMenu(this)),
       m_robotMenu(new QMenu(this)),
       m_faultsMenu(new faults::FaultsMenu(device, this)),
       m_connect(m_robotMenu->addAction(QString())),
       m_names(m_robotMenu->addAction(QString())),
       m_exportScan(new QAction(this)),
-      m_name(new QLabel(device.name())),
-      m_notice(new Notice),
       m_connection([this] { showConnection(); }),
       m_status(new StatusLine(device, robot))
 {
-    setWindowFlags(Qt::Widget);
-    setContextMenuPolicy(Qt::NoContextMenu); // its entries would hide the tool bar for good
-    setFocusPolicy(Qt::ClickFocus); // a press anywhere in the view makes it the current one
-    setAccessibleName(device.name());
-
-    m_viewMenu->setObjectName("view");
     m_robotMenu->setObjectName("robot");
     m_faultsMenu->setObjectName("faults");
-    m_name->setObjectName("name");
-    m_name->setTextFormat(Qt::PlainText);
-    m_name->setAlignment(Qt::AlignCenter);
-    m_name->setMargin(4);
-    m_name->setAutoFillBackground(true);
-    m_name->hide();
-    setMenuWidget(m_name);
-
-    auto* middle = new QWidget;
-    m_middle = new QVBoxLayout(middle);
-    m_middle->setContentsMargins(0, 0, 0, 0);
-    m_middle->addWidget(m_notice);
-    m_middle->addWidget(new TrustBar(device));
-    setCentralWidget(middle);
+    middle().addWidget(new TrustBar(device));
 
     addDocks();
     m_connect->setObjectName("connect");
@@ -104,8 +70,19 @@ DeviceView::DeviceView(const loading::PluginLoader& plugin, device::Device& devi
             &DeviceView::notify);
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addWidget(m_status, 1);
-    addPlugin();
-    m_usualDocks = saveState();
+    addPlugin([this](const ::plugin::gui::Interface& factory,
+                     const char* name) { return m_device.loadWidget(factory, name); },
+              [this] {
+                  m_startPage = new StartPage(m_device.name(), m_robot);
+                  return m_startPage;
+              });
+    if (this->plugin().failure()) {
+        m_status->hide(); // nothing can be connected
+    } else {
+        m_operationBar = new operation::OperationBar(m_device, *m_robotMenu);
+        addToolBar(m_operationBar);
+    }
+    keepUsualLayout();
 
     connect(&device, &device::Device::connectionStateChanged, this,
             [this] { m_connection.request(); });
@@ -116,28 +93,9 @@ DeviceView::DeviceView(const loading::PluginLoader& plugin, device::Device& devi
     translate();
 }
 
-QList<loading::Failure> DeviceView::failures() const
-{
-    QList<loading::Failure> failures;
-    for (const loading::FailureWords& failure : m_failures)
-        failures << failure();
-    return failures;
-}
-
 QList<QMenu*> DeviceView::menus() const
 {
-    return {m_viewMenu, m_robotMenu, m_faultsMenu};
-}
-
-void DeviceView::setNameShown(bool isShown)
-{
-    m_name->setVisible(isShown);
-}
-
-void DeviceView::setCurrent(bool isCurrent)
-{
-    m_name->setBackgroundRole(isCurrent ? QPalette::Highlight : QPalette::Mid);
-    m_name->setForegroundRole(isCurrent ? QPalette::HighlightedText : QPalette::WindowText);
+    return {viewMenu(), m_robotMenu, m_faultsMenu};
 }
 
 void DeviceView::changeEvent(QEvent* event)
@@ -146,44 +104,31 @@ void DeviceView::changeEvent(QEvent* event)
         translate();
         m_device.translateWidgets();
     }
-    QMainWindow::changeEvent(event);
+    PluginView::changeEvent(event);
 }
 
 void DeviceView::translate()
 {
-    m_viewMenu->setTitle(tr("&View"));
     m_robotMenu->setTitle(tr("&Robot"));
     m_names->setText(tr("&Names…"));
     m_exportScan->setText(tr("&Export scan…"));
-    m_resetLayout->setText(tr("&Reset layout"));
-    if (m_toolBar)
-        m_toolBar->setWindowTitle(tr("Device"));
     showConnection();
 }
 
 void DeviceView::saveLayout(QSettings& layout) const
 {
-    layout.setValue("docks", saveState());
+    PluginView::saveLayout(layout);
     layout.setValue("followRobot", m_robotDock->isFollowing());
     layout.setValue("plots", m_plotsDock->chosen());
-    if (const auto* tabs = centralWidget()->findChild<const QTabWidget*>())
-        layout.setValue("tab", tabs->currentIndex());
 }
 
 void DeviceView::restoreLayout(const QSettings& layout)
 {
-    restoreState(layout.value("docks").toByteArray());
+    PluginView::restoreLayout(layout);
     if (m_operationBar)
         addToolBar(m_operationBar); // behind a tool bar that the plugin did not have the last time
     m_robotDock->setFollowing(layout.value("followRobot").toBool());
     m_plotsDock->choose(layout.value("plots").toStringList());
-    if (auto* tabs = centralWidget()->findChild<QTabWidget*>())
-        tabs->setCurrentIndex(layout.value("tab").toInt()); // of none, if there is no such tab
-}
-
-void DeviceView::notify(const QString& words)
-{
-    m_notice->add(words);
 }
 
 void DeviceView::openNames()
@@ -209,110 +154,17 @@ void DeviceView::addDocks()
              m_robotDock, camera, arm, drive, m_plotsDock, events, variables, traffic}) {
         const bool isWide =
             dock == m_plotsDock || dock == events || dock == variables || dock == traffic;
-        addDockWidget(isWide ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
-        m_viewMenu->addAction(dock->toggleViewAction());
-        connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool isOpened) {
-            if (!isOpened)
-                return;
-            dock->raise();
-            dock->setFocus();
-        });
+        addDock(*dock, isWide ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea);
     }
     tabifyDockWidget(m_robotDock, camera);
     tabifyDockWidget(camera, arm);
     tabifyDockWidget(m_plotsDock, events);
     tabifyDockWidget(events, variables);
     tabifyDockWidget(variables, traffic);
-    m_viewMenu->addSeparator();
-    m_resetLayout = m_viewMenu->addAction(QString());
-    m_resetLayout->setObjectName("resetLayout");
-    connect(m_resetLayout, &QAction::triggered, this, [this] { restoreState(m_usualDocks); });
-    m_robotDock->setVisible(!m_plugin.failure()); // the others are opened when needed
+    m_robotDock->setVisible(!plugin().failure()); // the others are opened when needed
     connect(traffic, &traffic::TrafficDock::problem, this, &DeviceView::notify);
     connect(m_plotsDock, &plots::PlotsDock::problem, this, &DeviceView::notify);
     connect(events, &events::EventsDock::problem, this, &DeviceView::notify);
-}
-
-void DeviceView::addPlugin()
-{
-    if (m_plugin.failure()) {
-        m_middle->addStretch(2);
-        addFailure([this] { return *m_plugin.failure(); });
-        m_middle->addStretch(3);
-        m_status->hide(); // nothing can be connected
-        return;
-    }
-
-    // A plugin may do without one of them.
-    if (DeviceWidget* toolBarWidget = loadWidget("toolbar")) {
-        m_toolBar = new PluginBar;
-        m_toolBar->setObjectName("toolBar");
-        m_toolBar->setMovable(false);
-        m_toolBar->addWidget(toolBarWidget);
-        addToolBar(m_toolBar);
-    }
-    m_operationBar = new operation::OperationBar(m_device, *m_robotMenu);
-    addToolBar(m_operationBar);
-    DeviceWidget* const dialog = loadWidget("dialog");
-    if (!dialog && !m_toolBar && m_failures.isEmpty())
-        addMissingWidgets();
-    if (dialog) {
-        m_middle->addWidget(dialog, 1);
-    } else if (m_failures.isEmpty()) {
-        m_startPage = new StartPage(m_device.name(), m_robot);
-        m_middle->addWidget(m_startPage, 1);
-    } else {
-        m_middle->addStretch();
-    }
-}
-
-void DeviceView::addMissingWidgets()
-{
-    const auto& info = m_plugin.interface()->info();
-    addFailure([vendor = QString::fromLatin1(info.vendor().c_str()),
-                name = QString::fromLatin1(info.name().c_str()), file = m_plugin.file()] {
-        return loading::Failure{
-            tr("The plugin has no widgets"),
-            tr("Asked for the widgets \"toolbar\" and \"dialog\" of the device \"%1 %2\", it "
-               "returned none.")
-                .arg(vendor, name),
-            tr("The words are the vendor and the name in its PluginInfo: its loadDeviceWidget() "
-               "must know the device by both, with one blank between them."),
-            file};
-    });
-}
-
-DeviceWidget* DeviceView::loadWidget(const char* name)
-{
-    QString what; // empty: unknown
-    try {
-        DeviceWidget* const widget = m_device.loadWidget(*m_plugin.interface(), name);
-        if (widget)
-            new plugin::PluginAccess(*widget); // a child
-        return widget;
-    } catch (const std::exception& e) {
-        what = QString::fromUtf8(e.what());
-    } catch (...) {
-    }
-    addFailure([what, name, file = m_plugin.file()] {
-        const QString reason = what.isEmpty() ? tr("its type is unknown") : what;
-        return loading::Failure{
-            tr("A widget of the plugin failed"),
-            tr("The constructor of the widget \"%1\" threw an exception: %2.").arg(name, reason),
-            tr("The rest of the window works without it. Ask the plugin's author for a fixed "
-               "version."),
-            file};
-    });
-    return nullptr;
-}
-
-void DeviceView::addFailure(const loading::FailureWords& failure)
-{
-    m_failures.append(failure);
-    auto* frame = new QVBoxLayout;
-    frame->setContentsMargins(24, 12, 24, 12);
-    frame->addWidget(new plugin::FailureCard(failure));
-    m_middle->addLayout(frame);
 }
 
 void DeviceView::exportScan()

@@ -3,7 +3,7 @@
 
 #include "host/workbench/window/TabOrder.h"
 
-#include "host/workbench/window/DeviceView.h"
+#include "host/workbench/window/PluginView.h"
 
 #include <QDockWidget>
 #include <QTabBar>
@@ -42,7 +42,7 @@ struct Place
             } else if (qobject_cast<const QDockWidget*>(each)) {
                 zone = DockZone;
                 dock = {inWindow(*each).top(), inWindow(*each).left()};
-            } else if (qobject_cast<const DeviceView*>(each)) {
+            } else if (qobject_cast<const PluginView*>(each)) {
                 isOfDevice = true;
                 view = inWindow(*each).left();
             }

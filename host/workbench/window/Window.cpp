@@ -38,9 +38,9 @@ namespace {
 constexpr QSize sizeForOne(1000, 640);
 constexpr int mostDevicesInSight = 2; // before anybody resizes the window
 
-QString layoutGroup(const DeviceView& view)
+QString layoutGroup(const PluginView& view)
 {
-    return "views/" + QString::fromLatin1(QUrl::toPercentEncoding(view.device().name()));
+    return "views/" + QString::fromLatin1(QUrl::toPercentEncoding(view.name()));
 }
 
 /// The theme's, or else the one that is built in, in all sizes that are drawn.
@@ -98,7 +98,6 @@ Window::~Window()
 DeviceView& Window::add(device::Device& device, const QString& robot)
 {
     auto* view = new DeviceView(m_plugin, device, robot);
-    m_views.append(view);
     m_stopKey.add(device.stopping());
     const auto join = [this, &device] {
         device.reconnection().setAutomatic(m_environment.lostLinks().areJoinedAgain());
@@ -110,6 +109,14 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
     };
     connect(&m_environment.otherNodes(), &preferences::OtherNodes::changed, view, sift);
     sift();
+    m_deviceViews.append(view);
+    add(view);
+    return *view;
+}
+
+void Window::add(PluginView* view)
+{
+    m_views.append(view);
     m_devices->add(view);
     const QSize usual(sizeForOne.width() * qMin(int(m_views.size()), mostDevicesInSight),
                       sizeForOne.height());
@@ -117,11 +124,10 @@ DeviceView& Window::add(device::Device& device, const QString& robot)
     resize(usual.boundedTo(screen()->availableSize() - title));
     for (QMenu* menu : view->menus())
         menuBar()->insertMenu(m_languageMenu->menuAction(), menu);
-    for (DeviceView* each : std::as_const(m_views))
+    for (PluginView* each : std::as_const(m_views))
         each->setNameShown(m_views.size() > 1);
     setCurrent(m_current ? *m_current : *view);
     translate();
-    return *view;
 }
 
 void Window::restoreLayout(const QString& folder)
@@ -130,7 +136,7 @@ void Window::restoreLayout(const QString& folder)
     QSettings layout(m_layoutFile, QSettings::IniFormat);
     restoreGeometry(layout.value("geometry").toByteArray());
     m_devices->restoreState(layout.value("devices").toByteArray());
-    for (DeviceView* view : std::as_const(m_views)) {
+    for (PluginView* view : std::as_const(m_views)) {
         layout.beginGroup(layoutGroup(*view));
         view->restoreLayout(layout);
         layout.endGroup();
@@ -144,7 +150,7 @@ void Window::saveLayout()
     QSettings layout(m_layoutFile, QSettings::IniFormat);
     layout.setValue("geometry", saveGeometry());
     layout.setValue("devices", m_devices->saveState());
-    for (const DeviceView* view : std::as_const(m_views)) {
+    for (const PluginView* view : std::as_const(m_views)) {
         layout.beginGroup(layoutGroup(*view));
         view->saveLayout(layout);
         layout.endGroup();
@@ -184,7 +190,7 @@ void Window::showEvent(QShowEvent* event)
 void Window::closeEvent(QCloseEvent* event)
 {
     saveLayout();
-    for (const DeviceView* view : std::as_const(m_views))
+    for (const DeviceView* view : std::as_const(m_deviceViews))
         view->device().recorder().stop();
     QMainWindow::closeEvent(event);
 }
@@ -200,8 +206,8 @@ bool Window::focusNextPrevChild(bool next)
 void Window::translate()
 {
     QStringList names;
-    for (const DeviceView* view : std::as_const(m_views))
-        names << view->device().name();
+    for (const PluginView* view : std::as_const(m_views))
+        names << view->name();
     setWindowTitle(names.isEmpty() ? tr("Device workbench")
                                    : tr("%1 - device workbench").arg(names.join(", ")));
     m_fileMenu->setTitle(tr("&File"));
@@ -254,10 +260,10 @@ void Window::addMenus()
     connect(m_about, &QAction::triggered, this, &Window::showAbout);
 }
 
-void Window::setCurrent(DeviceView& view)
+void Window::setCurrent(PluginView& view)
 {
     m_current = &view;
-    for (DeviceView* each : std::as_const(m_views)) {
+    for (PluginView* each : std::as_const(m_views)) {
         each->setCurrent(each == m_current);
         for (QMenu* menu : each->menus())
             menu->menuAction()->setVisible(each == m_current); // no shortcuts of hidden menus
@@ -266,7 +272,7 @@ void Window::setCurrent(DeviceView& view)
 
 void Window::onFocusChanged(const QWidget* focus)
 {
-    for (DeviceView* view : std::as_const(m_views)) {
+    for (PluginView* view : std::as_const(m_views)) {
         if (focus && view->isAncestorOf(focus) && view != m_current)
             setCurrent(*view);
     }

@@ -36,6 +36,7 @@ namespace host::workbench::window {
 
 class DeviceArea;
 class DeviceView;
+class PluginView;
 
 /// All devices of the workbench side by side, with the menus and the help. The menus about a
 /// device are those of the one which has the focus, or had it last.
@@ -52,7 +53,11 @@ public:
     /// runs, empty for none.
     DeviceView& add(device::Device& device, const QString& robot);
 
-    const QList<DeviceView*>& views() const { return m_views; }
+    /// Shows a view that has a device of its own. Takes ownership.
+    void add(PluginView* view);
+
+    /// Those of devices.
+    const QList<DeviceView*>& views() const { return m_deviceViews; }
 
     /// Puts window and docks back to where they were when the window was closed last, and keeps
     /// their places in @p folder when it is closed again.
@@ -79,7 +84,7 @@ protected:
 private:
     void translate();
     void addMenus();
-    void setCurrent(DeviceView& view);
+    void setCurrent(PluginView& view);
     void onFocusChanged(const QWidget* focus);
     void saveLayout();
     void showHelp(const QString& context);
@@ -93,8 +98,9 @@ private:
     const plugin::PluginWatch m_pluginWatch;
     operation::StopKey m_stopKey;
     DeviceArea* m_devices;
-    QList<DeviceView*> m_views;
-    DeviceView* m_current = nullptr; // null as long as there is no device
+    QList<PluginView*> m_views;
+    QList<DeviceView*> m_deviceViews;
+    PluginView* m_current = nullptr; // null as long as there is no device
     QString m_layoutFile;            // empty: nothing is kept
     QMenu* m_fileMenu = nullptr;
     QMenu* m_languageMenu = nullptr;

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void certificates_are_read_from_their_files();
     void the_scale_is_known_before_all_else_data();
     void the_scale_is_known_before_all_else();
+    void a_recording_is_shown_or_compared();
     void a_script_comes_with_its_folder_and_its_report();
     void the_tour_is_a_script_too();
     void help_names_every_option();
@@ -161,6 +162,17 @@ void OptionsTest::the_scale_is_known_before_all_else()
     QTEST(Options::scale(QStringList("device-workbench") + arguments), "scale");
 }
 
+void OptionsTest::a_recording_is_shown_or_compared()
+{
+    const Options shown = parse({"--replay", "r.bag"});
+    QVERIFY2(shown.action() == Options::Action::Run, qPrintable(shown.text()));
+    QCOMPARE(shown.replayFile(), QString("r.bag"));
+    QVERIFY(!shown.isAssertion());
+    const Options compared = parse({"--replay", "r.bag", "--assert"});
+    QVERIFY2(compared.action() == Options::Action::Run, qPrintable(compared.text()));
+    QVERIFY(compared.isAssertion());
+}
+
 void OptionsTest::a_script_comes_with_its_folder_and_its_report()
 {
     const Options options =
@@ -230,6 +242,11 @@ void OptionsTest::a_mistake_is_refused_by_its_name_data()
     QTest::newRow("recording without a name") << QStringList("--laser-log=") << "--laser-log";
     QTest::newRow("rate of nothing") << QStringList({"--rate", "2"}) << "--laser-log";
     QTest::newRow("bad rate") << QStringList({"--laser-log", "a", "--rate", "nan"}) << "\"nan\"";
+    QTest::newRow("comparing nothing") << QStringList("--assert") << "--replay FILE";
+    QTest::newRow("recording a replay")
+        << QStringList({"--replay", "a", "--record", "b"}) << "leave out --record";
+    QTest::newRow("script in a replay")
+        << QStringList({"--replay", "a", "--script", "b"}) << "leave out --record, --script";
     QTest::newRow("unknown language") << QStringList({"--language", "fr"}) << "\"fr\"";
     QTest::newRow("languages to pick") << QStringList({"--language", "fr"}) << "en, de, pseudo";
     QTest::newRow("empty language") << QStringList({"--language", ""}) << "--language";

@@ -83,9 +83,11 @@ void ProgramTest::a_recording_that_cannot_be_replayed_is_named_with_status_1()
     noScans.write("no scan at all\n");
     noScans.close();
     for (const QString& file : {noScans.fileName(), QString("/no/such.log")}) {
-        const Result result = run({"--laser-log", file});
-        QCOMPARE(result.status, 1);
-        QVERIFY2(result.err.contains(file), qPrintable(result.err));
+        for (const char* option : {"--laser-log", "--replay"}) {
+            const Result result = run({option, file});
+            QCOMPARE(result.status, 1);
+            QVERIFY2(result.err.contains(file), qPrintable(result.err));
+        }
     }
 }
 

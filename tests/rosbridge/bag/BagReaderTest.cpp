@@ -69,6 +69,7 @@ private Q_SLOTS:
     void a_message_is_what_ros_serialized();
     void a_topic_is_latched_if_one_of_its_publishers_says_so();
     void one_can_go_to_any_time();
+    void the_messages_of_a_topic_are_read_in_any_order();
     void of_several_types_of_a_topic_one_is_read();
     void compressed_bags_are_read_data();
     void compressed_bags_are_read();
@@ -139,6 +140,28 @@ void BagReaderTest::one_can_go_to_any_time()
     QVERIFY(reader->isAtEnd());
     reader->seek(std::chrono::seconds(-5));
     QCOMPARE(rest(*reader).size(), 100);
+}
+
+void BagReaderTest::the_messages_of_a_topic_are_read_in_any_order()
+{
+    TestBag bag;
+    for (int i = 0; i < 100; ++i)
+        bag.write(i % 2 == 0 ? "/even" : "/odd", i, number(i).constData());
+    const auto reader = open(bag);
+    QVERIFY(reader);
+    const auto messages = reader->messages("/odd");
+    QCOMPARE(messages.size(), std::size_t(50));
+    for (const int i : {49, 0, 31}) {
+        const auto bytes = messages.bytes(std::size_t(i), nullptr);
+        QVERIFY(bytes);
+        QCOMPARE(bytes->mid(4), number(2 * i + 1));
+    }
+    using std::chrono::seconds;
+    QVERIFY(messages.time(1) == reader->begin() + seconds(3));
+    QCOMPARE(messages.firstAfter(reader->begin()), std::size_t(0));
+    QCOMPARE(messages.firstAfter(reader->begin() + seconds(3)), std::size_t(2));
+    QCOMPARE(messages.firstAfter(reader->end()), messages.size());
+    QVERIFY(reader->messages("/none").isEmpty());
 }
 
 void BagReaderTest::of_several_types_of_a_topic_one_is_read()

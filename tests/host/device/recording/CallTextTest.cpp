@@ -6,7 +6,7 @@
 #include "host/device/connection/MessageRole.h"
 #include "host/device/connection/SimulationDirectExecRole.h"
 #include "host/device/recording/CallText.h"
-#include "host/device/recording/InitialState.h"
+#include "host/device/recording/DeviceState.h"
 #include "host/device/recording/ValueJson.h"
 #include "host/device/variables/Variables.h"
 #include "olm/core/LaserScanMessage.h"
@@ -24,7 +24,7 @@ namespace call_text_test {
 
 using namespace host::device;
 using host::device::recording::CallText;
-using host::device::recording::InitialState;
+using host::device::recording::DeviceState;
 using host::device::recording::RecordedCall;
 using host::device::recording::UnknownValue;
 using host::device::recording::ValueJson;
@@ -296,12 +296,12 @@ void CallTextTest::the_initial_state_survives()
     variables.set(Kind::Config, "pos0_name", std::string("Pos\xe4"));
     variables.follow(Kind::Input, "scan"); // which is not there yet
     variables.setProperty(Kind::Config, "pos0", "unit", std::string("deg"));
-    InitialState state = InitialState::of(variables);
+    DeviceState state = DeviceState::of(variables);
     state.device = "Trial";
     state.program = "device-workbench 1";
     state.connectionState = 4;
     QString error;
-    const auto read = InitialState::read(parsed(state.toJson()), &error);
+    const auto read = DeviceState::read(parsed(state.toJson()), &error);
     QVERIFY2(read, qPrintable(error));
     QCOMPARE(read->device, state.device);
     QCOMPARE(read->program, state.program);
@@ -322,7 +322,7 @@ void CallTextTest::the_initial_state_survives()
 void CallTextTest::another_format_is_refused()
 {
     QString error;
-    QVERIFY(!InitialState::read(parsed(R"({"recording":2})"), &error));
+    QVERIFY(!DeviceState::read(parsed(R"({"recording":2})"), &error));
     QCOMPARE(error, QString("its calls are of the format 2, and this program reads 1"));
 }
 

@@ -6,7 +6,8 @@
 #include "tests/host/device/DeviceFixture.h"
 #include "tests/host/device/readers/ScanMessage.h"
 
-#include "host/device/recording/InitialState.h"
+#include "host/device/recording/DeviceState.h"
+#include "host/device/recording/PluginTopics.h"
 #include "rosbridge/bag/BagReader.h"
 #include "rosbridge/serialization/MessageReader.h"
 
@@ -16,8 +17,9 @@
 
 namespace device_recorder_test {
 
-using host::device::recording::InitialState;
+using host::device::recording::DeviceState;
 using host::device::recording::Recorder;
+using host::device::recording::stateInterval;
 using rosbridge::bag::BagReader;
 using rosbridge::serialization::MessageDefinition;
 using rosbridge::serialization::MessageReader;
@@ -118,6 +120,8 @@ private Q_SLOTS:
     void the_first_message_tells_what_the_device_was();
     void the_conversation_is_recorded_in_order();
     void widgets_that_get_the_same_share_it();
+    void the_state_is_told_from_time_to_time_before_a_call();
+    void a_long_call_is_told_once_more();
     void a_recording_that_is_cut_off_has_all_but_the_last_seconds();
     void at_its_bound_the_recording_ends_with_words();
     void a_file_that_cannot_be_made_is_named();
@@ -215,7 +219,7 @@ void DeviceRecorderTest::the_first_message_tells_what_the_device_was()
     QVERIFY(f.start());
     const QList<QJsonObject> calls = Fixture::calls(f.stop());
     QString error;
-    const auto state = InitialState::read(calls.value(0), &error);
+    const auto state = DeviceState::read(calls.value(0), &error);
     QVERIFY2(state, qPrintable(error));
     QCOMPARE(state->device, QString("robot"));
     QCOMPARE(state->connectionState, -1);
@@ -269,6 +273,61 @@ void DeviceRecorderTest::widgets_that_get_the_same_share_it()
     QCOMPARE(calls.size(), 5);
     QVERIFY(calls.at(1).value("arguments").isArray());
     QCOMPARE(calls.at(3).value("arguments"), calls.at(1).value("call"));
+}
+
+void DeviceRecorderTest::the_state_is_told_from_time_to_time_before_a_call()
+{
+    Fixture f;
+    const std::unique_ptr<plugin::gui::DeviceWidget> second(
+        f.device.loadWidget(f.factory, "second"));
+    QVERIFY(f.hears("translate"));
+    QVERIFY(f.start());
+    f.probe->writeInput("count", 1);
+    QTRY_VERIFY_WITH_TIMEOUT(f.device.recorder().elapsed() > stateInterval, patience);
+    f.device.sendMessage(plugin::plugin::DataRole(1000), QString("line"));
+    QVERIFY(f.hears("1000 line"));
+    f.device.sendMessage(plugin::plugin::DataRole(1000), QString("other"));
+    QVERIFY(f.hears("1000 other"));
+    const QList<RecordedMessage> messages = f.stop();
+    const auto isState = [](const RecordedMessage& message) {
+        return message.topic == QLatin1String("/plugin/state");
+    };
+    QCOMPARE(std::count_if(messages.begin(), messages.end(), isState), 1);
+    const auto state = std::find_if(messages.begin(), messages.end(), isState);
+    QString error;
+    const auto told = DeviceState::read(
+        QJsonDocument::fromJson(state->content.value("data").toString().toUtf8()).object(), &error);
+    QVERIFY2(told, qPrintable(error));
+    QVERIFY(std::any_of(told->variables.begin(), told->variables.end(), [](const auto& variable) {
+        return variable.name == "count" && variable.value.template get<int>() == 1;
+    }));
+    // What comes after it stands by itself.
+    const QList<QJsonObject> calls = Fixture::calls(messages.mid(int(state - messages.begin())));
+    QVERIFY(!calls.isEmpty());
+    QCOMPARE(calls.first().value("depth").toInt(), 0);
+    QVERIFY(calls.first().value("arguments").isArray());
+}
+
+void DeviceRecorderTest::a_long_call_is_told_once_more()
+{
+    Fixture f;
+    QVERIFY(f.hears("translate"));
+    QVERIFY(f.start());
+    f.device.sendMessage(plugin::plugin::DataRole(1000), QString("short"));
+    QVERIFY(f.hears("1000 short"));
+    f.probe->onMessage = [] { QThread::msleep(60); };
+    f.device.sendMessage(plugin::plugin::DataRole(1000), QString("long"));
+    QVERIFY(f.hears("1000 long"));
+    const QList<RecordedMessage> messages = f.stop();
+    const auto found = std::find_if(messages.rbegin(), messages.rend(), [](const auto& message) {
+        return message.topic == QLatin1String("/plugin/long_calls");
+    });
+    QVERIFY(found != messages.rend());
+    const auto text = [](const RecordedMessage& message) {
+        return message.content.value("data").toString();
+    };
+    QVERIFY(text(*found).startsWith("{\"end\":"));
+    QCOMPARE(text(*std::next(found)), text(*found)); // right after it
 }
 
 void DeviceRecorderTest::a_recording_that_is_cut_off_has_all_but_the_last_seconds()

@@ -1,79 +1,18 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "Patience.h"
 #include "TestCase.h"
 #include "tests/host/ProgramRun.h"
-#include "tests/host/device/FakeRobot.h"
-#include "tests/host/device/readers/ScanMessage.h"
+#include "tests/host/workbench/replay/RecordedPlugin.h"
 
-#include "host/device/Device.h"
-#include "host/loading/PluginLoader.h"
-#include "host/workbench/plugin/PluginEnvironment.h"
 #include "host/workbench/replay/Assertion.h"
-#include "host/workbench/window/DeviceView.h"
-#include "host/workbench/window/Window.h"
 
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace assertion_test {
 
 using host::loading::PluginLoader;
 using host::workbench::replay::Assertion;
-
-namespace {
-
-struct Fixture
-{
-    /// The plugin in its window, on the way to a robot and back.
-    bool record(bool fromBeginning)
-    {
-        FakeRobot robot;
-        robot.obey();
-        host::workbench::plugin::PluginEnvironment environment;
-        host::device::Device device("Quandrel", folder.path(), environment);
-        device.overrideAddress(robot.address());
-        host::workbench::window::Window window(plugin, environment);
-        QString error;
-        if (fromBeginning && !device.recorder().start(file, &error))
-            return false;
-        auto& view = window.add(device, QString());
-        window.show();
-        if (!fromBeginning && !device.recorder().start(file, &error))
-            return false;
-        device.connectDevice();
-        if (!QTest::qWaitFor([&] { return device.connectionState() == 3; }, patience))
-            return false;
-        robot.log("base", "a line");
-        QCborMap scan = scanMessage(1);
-        scan.insert(QStringLiteral("intensities"), QCborArray());
-        robot.publish("/scan", scan);
-        for (int tab = 0; tab < 3; ++tab) {
-            view.findChild<QTabWidget*>()->setCurrentIndex(tab);
-            QTest::qWait(100); // and is painted
-        }
-        device.disconnectDevice();
-        const auto isTold = [&] {
-            for (auto i = device.traffic().begin(); i < device.traffic().end(); ++i) {
-                if (qstrcmp(device.traffic().call(i)->name, "disconnected") == 0)
-                    return true;
-            }
-            return false;
-        };
-        const bool isOver = QTest::qWaitFor(isTold, patience);
-        window.close();
-        return isOver;
-    }
-
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("device.bag");
-    const PluginLoader plugin{DEVICE_PLUGIN_FILE};
-};
-
-} // namespace
 
 /// A recording of the plugin at work as its test.
 class AssertionTest : public TestCase
@@ -90,7 +29,7 @@ private Q_SLOTS:
 
 void AssertionTest::the_plugin_does_the_same_again()
 {
-    Fixture f;
+    RecordedPlugin f;
     QVERIFY(f.record(true));
     const Assertion assertion(f.file, f.plugin);
     QVERIFY2(assertion.isSame(), qPrintable(assertion.words().join('\n')));
@@ -104,7 +43,7 @@ void AssertionTest::the_plugin_does_the_same_again()
 
 void AssertionTest::a_recording_that_began_later_is_played_too()
 {
-    Fixture f;
+    RecordedPlugin f;
     QVERIFY(f.record(false));
     const Assertion assertion(f.file, f.plugin);
     QVERIFY2(assertion.isSame(), qPrintable(assertion.words().join('\n')));
@@ -112,7 +51,7 @@ void AssertionTest::a_recording_that_began_later_is_played_too()
 
 void AssertionTest::another_plugin_does_not_do_the_same()
 {
-    Fixture f;
+    RecordedPlugin f;
     QVERIFY(f.record(true));
     const Assertion assertion(f.file, PluginLoader(TEST_PLUGIN_FOLDER "/TwoWidgets.so"));
     QVERIFY(!assertion.isSame());
@@ -122,7 +61,7 @@ void AssertionTest::another_plugin_does_not_do_the_same()
 
 void AssertionTest::a_plugin_that_cannot_be_loaded_is_no_difference()
 {
-    Fixture f;
+    RecordedPlugin f;
     const Assertion assertion(f.file, PluginLoader(TEST_PLUGIN_FOLDER "/NoFactory.so"));
     QVERIFY(!assertion.isSame());
     QVERIFY(assertion.words().value(0).contains("NoFactory.so"));
@@ -130,7 +69,7 @@ void AssertionTest::a_plugin_that_cannot_be_loaded_is_no_difference()
 
 void AssertionTest::the_program_says_it_by_its_exit_status()
 {
-    Fixture f;
+    RecordedPlugin f;
     QVERIFY(f.record(true));
     const auto same = program_run::run(WORKBENCH_FILE, {"--replay", f.file, "--assert"});
     QVERIFY2(same.status == 0, qPrintable(same.err));

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#ifndef HOST_DEVICE_RECORDING_INITIALSTATE_H
-#define HOST_DEVICE_RECORDING_INITIALSTATE_H
+#ifndef HOST_DEVICE_RECORDING_DEVICESTATE_H
+#define HOST_DEVICE_RECORDING_DEVICESTATE_H
 
 #include "olm/core/variant/Variant.h"
 #include "plugin/gui/DeviceHost.h"
@@ -22,10 +22,10 @@ class Variables;
 
 namespace host::device::recording {
 
-/// What a device was when its recording began: the first message about its plugin.
-struct InitialState
+/// What a device was at a moment of its recording: when it began, and from time to time since.
+struct DeviceState
 {
-    Q_DECLARE_TR_FUNCTIONS(host::device::recording::InitialState)
+    Q_DECLARE_TR_FUNCTIONS(host::device::recording::DeviceState)
 
 public:
     struct Variable
@@ -44,16 +44,16 @@ public:
         olm::core::variant::Variant value;
     };
 
-    /// The format of the messages that follow.
+    /// The format of the messages about the plugin.
     static constexpr int format = 1;
 
-    static InitialState of(const variables::Variables& variables);
+    static DeviceState of(const variables::Variables& variables);
 
     /// See docs/recording.md.
     QByteArray toJson() const;
     /// Nothing if @p json is none, or of a format that this program does not know, and in @p error
     /// why.
-    static std::optional<InitialState> read(const QJsonObject& json, QString* error);
+    static std::optional<DeviceState> read(const QJsonObject& json, QString* error);
 
     QString program; ///< that recorded, with its version
     QString device;  ///< its name

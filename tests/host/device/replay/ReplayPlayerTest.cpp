@@ -13,7 +13,7 @@
 
 #include <stdexcept>
 
-namespace player_test {
+namespace replay_player_test {
 
 using host::device::replay::Conversation;
 using host::device::replay::Player;
@@ -111,7 +111,7 @@ struct Fixture
 } // namespace
 
 /// A recorded conversation, played into the same plugin and into others.
-class PlayerTest : public TestCase
+class ReplayPlayerTest : public TestCase
 {
     Q_OBJECT
 
@@ -127,7 +127,7 @@ private Q_SLOTS:
     void a_damaged_conversation_is_named();
 };
 
-void PlayerTest::the_same_plugin_does_the_same()
+void ReplayPlayerTest::the_same_plugin_does_the_same()
 {
     Fixture f;
     QVERIFY(f.record(usualPlugin(), true));
@@ -135,7 +135,7 @@ void PlayerTest::the_same_plugin_does_the_same()
     QVERIFY2(f.played >= 10, qPrintable(QString::number(f.played)));
 }
 
-void PlayerTest::a_recording_of_widgets_that_were_there_is_played_too()
+void ReplayPlayerTest::a_recording_of_widgets_that_were_there_is_played_too()
 {
     Fixture f;
     QVERIFY(f.record(usualPlugin(), false));
@@ -144,7 +144,7 @@ void PlayerTest::a_recording_of_widgets_that_were_there_is_played_too()
     QCOMPARE(f.replay(other), QStringList());
 }
 
-void PlayerTest::another_argument_is_a_difference_with_its_surroundings()
+void ReplayPlayerTest::another_argument_is_a_difference_with_its_surroundings()
 {
     Fixture f;
     QVERIFY(f.record(usualPlugin(), true));
@@ -163,7 +163,7 @@ void PlayerTest::another_argument_is_a_difference_with_its_surroundings()
         QVERIFY2(difference.contains(QLatin1String(part)), qPrintable(difference));
 }
 
-void PlayerTest::a_call_too_many_is_a_difference()
+void ReplayPlayerTest::a_call_too_many_is_a_difference()
 {
     Fixture f;
     QVERIFY(f.record(usualPlugin(), true));
@@ -178,7 +178,7 @@ void PlayerTest::a_call_too_many_is_a_difference()
              qPrintable(difference));
 }
 
-void PlayerTest::a_call_too_few_is_a_difference()
+void ReplayPlayerTest::a_call_too_few_is_a_difference()
 {
     Fixture f;
     QVERIFY(f.record(usualPlugin(), true));
@@ -189,7 +189,7 @@ void PlayerTest::a_call_too_few_is_a_difference()
              qPrintable(difference));
 }
 
-void PlayerTest::an_exception_is_a_difference()
+void ReplayPlayerTest::an_exception_is_a_difference()
 {
     Fixture f;
     QVERIFY(f.record(usualPlugin(), true));
@@ -203,7 +203,7 @@ void PlayerTest::an_exception_is_a_difference()
              qPrintable(difference));
 }
 
-void PlayerTest::a_widget_that_is_missing_is_a_difference()
+void ReplayPlayerTest::a_widget_that_is_missing_is_a_difference()
 {
     Fixture f;
     Plugin named = usualPlugin();
@@ -216,7 +216,7 @@ void PlayerTest::a_widget_that_is_missing_is_a_difference()
              qPrintable(difference));
 }
 
-void PlayerTest::what_the_plugin_does_by_itself_is_not_compared()
+void ReplayPlayerTest::what_the_plugin_does_by_itself_is_not_compared()
 {
     Fixture f;
     QVERIFY(f.record(usualPlugin(), true));
@@ -229,7 +229,7 @@ void PlayerTest::what_the_plugin_does_by_itself_is_not_compared()
     QVERIFY(isThere);
 }
 
-void PlayerTest::a_damaged_conversation_is_named()
+void ReplayPlayerTest::a_damaged_conversation_is_named()
 {
     Fixture f;
     QString error;
@@ -237,8 +237,8 @@ void PlayerTest::a_damaged_conversation_is_named()
     QVERIFY2(error.startsWith(f.file), qPrintable(error));
 }
 
-TEST_WITH_WINDOWS(PlayerTest)
+TEST_WITH_WINDOWS(ReplayPlayerTest)
 
-} // namespace player_test
+} // namespace replay_player_test
 
-#include "PlayerTest.moc"
+#include "ReplayPlayerTest.moc"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/device/recording/InitialState.h"
+#include "host/device/recording/DeviceState.h"
 
 #include "host/device/recording/KindName.h"
 #include "host/device/recording/ValueJson.h"
@@ -39,9 +39,9 @@ QByteArray arrayOf(const Items& items, const Write& write)
 
 } // namespace
 
-InitialState InitialState::of(const variables::Variables& variables)
+DeviceState DeviceState::of(const variables::Variables& variables)
 {
-    InitialState state;
+    DeviceState state;
     for (const variables::Variables::Key& key : variables.keys()) {
         state.variables.push_back({key.first, key.second,
                                    variables.value(key.first, key.second.c_str()),
@@ -54,7 +54,7 @@ InitialState InitialState::of(const variables::Variables& variables)
     return state;
 }
 
-QByteArray InitialState::toJson() const
+QByteArray DeviceState::toJson() const
 {
     const auto writeVariable = [](const Variable& variable) {
         QByteArray json = headOf(variable.kind, variable.name);
@@ -74,7 +74,7 @@ QByteArray InitialState::toJson() const
            arrayOf(properties, writeProperty) + '}';
 }
 
-std::optional<InitialState> InitialState::read(const QJsonObject& json, QString* error)
+std::optional<DeviceState> DeviceState::read(const QJsonObject& json, QString* error)
 {
     const int found = json.value(QLatin1String("recording")).toInt();
     if (found != format) {
@@ -82,7 +82,7 @@ std::optional<InitialState> InitialState::read(const QJsonObject& json, QString*
                      .arg(QString::number(found), QString::number(format));
         return std::nullopt;
     }
-    InitialState state;
+    DeviceState state;
     state.program = json.value(QLatin1String("program")).toString();
     state.device = json.value(QLatin1String("device")).toString();
     state.connectionState = json.value(QLatin1String("connectionState")).toInt(-1);
