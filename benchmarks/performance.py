@@ -26,6 +26,7 @@ PROGRAMS = (
     ["fleet-benchmark"],
     ["flood-benchmark"],
     ["recording-benchmark"],
+    ["replay-benchmark"],
     ["stop-benchmark"],
 )
 HEAD = ("what", "figure", "beside", "its figure", "ratio", "aim", "load")
