@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: the Quandrel device GUI authors
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "host/workbench/pace/Refresh.h"
+#include "Patience.h"
 #include "TestCase.h"
+
+#include "host/workbench/pace/Refresh.h"
 
 #include <QPaintEvent>
 #include <QWidget>
