@@ -38,9 +38,10 @@ def main():
     parser.add_argument("build", type=Path)
     parser.add_argument("--seeds", type=int, default=20)
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
-    parser.add_argument("options", nargs="*")
-    arguments = parser.parse_args()
-    options = arguments.options or ["--level", "10"]
+    words = sys.argv[1:]
+    end = words.index("--") if "--" in words else len(words)
+    arguments = parser.parse_args(words[:end])
+    options = words[end + 1:] or ["--level", "10"]
     build = arguments.build.resolve()
     failures = 0
     with ThreadPoolExecutor(arguments.jobs) as pool:

@@ -186,7 +186,7 @@ Tests badValueTests()
         {"bad-messages", 4, widget, takesEveryMessage, "takes messages of any role and value"},
         {"bad-answers", 4, widget, takesEveryAnswer,
          "can be built, shown and used whatever it reads"},
-        {"many-updates", 4, widget, takesManyUpdates, "takes a million updates and messages"},
+        {"many-updates", 4, widget, takesManyUpdates, "takes a million updates and messages", 1, 5},
     };
 }
 

@@ -152,12 +152,17 @@ struct Footprint
     }
 };
 
+#ifdef QUANDREL_SANITIZERS // which keep something of each library
+constexpr qint64 mostAddresses = 65536;
+#else
+constexpr qint64 mostAddresses = 2048; // less than the smallest mapping
+#endif
+
 void canBeReloaded(Subject& subject)
 {
     constexpr int full = 1000;
     constexpr int least = 20;
-    constexpr qint64 mostBytes = 256;      // for each time, on the heap
-    constexpr qint64 mostAddresses = 2048; // likewise: less than the smallest mapping
+    constexpr qint64 mostBytes = 256; // for each time, on the heap
     const int cycles = subject.share(full, least);
     const auto repeat = [&](int count) {
         for (int i = 0; i < count; ++i)

@@ -28,9 +28,7 @@ const std::vector<defects::Defect> all{
     {"leaks-thread", "ledger", "failed", "threads"},
     {"leaks-file", "ledger", "failed", "open files"},
     {"leaks-connection", "ledger", "failed", "connections with the host's objects"},
-#ifndef QUANDREL_SANITIZERS // which count the memory themselves
     {"leaks-memory", "memory", "failed", "bytes of memory"},
-#endif
     {"mixes-up-devices", "ten-devices", "failed", "mixes up devices"},
 };
 
