@@ -29,23 +29,23 @@ using host::workbench::window::Window;
 namespace {
 
 /// The window in which a recording is played.
-struct Fixture : RecordedPlugin
+struct Fixture
 {
-    /// False, with a warning, if it cannot be recorded or opened.
+    explicit Fixture(const RecordedPlugin& played) : recorded(played) {}
+
+    /// False, with a warning, if it cannot be opened.
     bool open(const QString& language = "en")
     {
         QString error;
-        if (!record(true))
-            return false;
         environment.language().use(language);
-        auto conversation = Conversation::open(file, &error);
+        auto conversation = Conversation::open(recorded.file, &error);
         if (!conversation) {
             qWarning("%s", qPrintable(error));
             return false;
         }
         replay = std::make_unique<Replay>(std::move(conversation), environment);
-        window = std::make_unique<Window>(plugin, environment);
-        view = new ReplayView(plugin, *replay, file);
+        window = std::make_unique<Window>(recorded.plugin, environment);
+        view = new ReplayView(recorded.plugin, *replay, recorded.file);
         window->add(view);
         window->show();
         window->activateWindow();
@@ -78,6 +78,7 @@ struct Fixture : RecordedPlugin
         return texts;
     }
 
+    const RecordedPlugin& recorded;
     host::workbench::plugin::PluginEnvironment environment;
     std::unique_ptr<Replay> replay;
     std::unique_ptr<Window> window;
@@ -92,6 +93,7 @@ class ReplayViewTest : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void the_plugin_shows_what_was_recorded();
     void the_traffic_has_the_calls();
     void it_is_played_by_keys();
@@ -100,11 +102,19 @@ private Q_SLOTS:
     void every_control_has_a_name_and_says_what_it_does();
     void nothing_in_it_wants_a_robot();
     void it_speaks_the_language_of_the_window();
+
+private:
+    RecordedPlugin m_recorded; // once for all of them
 };
+
+void ReplayViewTest::initTestCase()
+{
+    QVERIFY(m_recorded.record(true));
+}
 
 void ReplayViewTest::the_plugin_shows_what_was_recorded()
 {
-    Fixture f;
+    Fixture f(m_recorded);
     QVERIFY(f.open());
     const QString frame = QStringLiteral("laser");
     QVERIFY(!f.labels().contains(frame));
@@ -118,7 +128,7 @@ void ReplayViewTest::the_plugin_shows_what_was_recorded()
 
 void ReplayViewTest::the_traffic_has_the_calls()
 {
-    Fixture f;
+    Fixture f(m_recorded);
     QVERIFY(f.open());
     f.control<QDockWidget>("TrafficDock").show();
     const auto before = f.replay->traffic().end();
@@ -129,7 +139,7 @@ void ReplayViewTest::the_traffic_has_the_calls()
 
 void ReplayViewTest::it_is_played_by_keys()
 {
-    Fixture f;
+    Fixture f(m_recorded);
     QVERIFY(f.open());
     f.key(Qt::Key_F5);
     QVERIFY(f.replay->isPlaying());
@@ -152,7 +162,7 @@ void ReplayViewTest::it_is_played_by_keys()
 
 void ReplayViewTest::the_present_call_is_in_words()
 {
-    Fixture f;
+    Fixture f(m_recorded);
     QVERIFY(f.open());
     QCOMPARE(f.words(), QString("Before the first call"));
     f.control<QToolButton>("step").click();
@@ -166,7 +176,7 @@ void ReplayViewTest::the_present_call_is_in_words()
 
 void ReplayViewTest::without_a_long_call_it_says_so()
 {
-    Fixture f;
+    Fixture f(m_recorded);
     QVERIFY(f.open());
     QVERIFY(f.playToTheEnd());
     f.key(Qt::Key_F7);
@@ -182,7 +192,7 @@ void ReplayViewTest::without_a_long_call_it_says_so()
 
 void ReplayViewTest::every_control_has_a_name_and_says_what_it_does()
 {
-    Fixture f;
+    Fixture f(m_recorded);
     QVERIFY(f.open());
     int controls = 0;
     for (auto* widget :
@@ -202,7 +212,7 @@ void ReplayViewTest::every_control_has_a_name_and_says_what_it_does()
 
 void ReplayViewTest::nothing_in_it_wants_a_robot()
 {
-    Fixture f;
+    Fixture f(m_recorded);
     QVERIFY(f.open());
     QStringList menus;
     for (const QMenu* menu : f.view->menus())
@@ -216,7 +226,7 @@ void ReplayViewTest::nothing_in_it_wants_a_robot()
 
 void ReplayViewTest::it_speaks_the_language_of_the_window()
 {
-    Fixture f;
+    Fixture f(m_recorded);
     QVERIFY(f.open("de"));
     QCOMPARE(f.control<QToolButton>("play").text(), QString("Wiedergeben"));
     const auto& tabs = *f.view->centralWidget()->findChild<QTabWidget*>();
