@@ -6,10 +6,15 @@
 
 #include "host/device/recording/CallText.h"
 
+#include <QLatin1String>
+
 #include <chrono>
 #include <vector>
 
 namespace host::device::replay {
+
+/// The one that builds a widget.
+inline const QLatin1String loadFunction("loadDeviceWidget");
 
 /// A call to the plugin as it was recorded, or one that the plugin made by itself.
 struct PlayedCall

@@ -27,8 +27,6 @@ constexpr std::size_t mostBefore = 5;
 constexpr std::ptrdiff_t mostAfter = 5;
 constexpr int longestText = 120;
 
-const char* const loadFunction = "loadDeviceWidget";
-
 /// A call with all that counts of it.
 QString inFull(const QString& function, const Arguments& arguments)
 {
@@ -110,7 +108,7 @@ void Player::play(const PlayedCall& call)
     const RecordedCall& recorded = call.call;
     if (recorded.part == RecordedCall::Part::Whole) {
         m_host.learn(recorded);
-    } else if (recorded.function == QLatin1String(loadFunction)) {
+    } else if (recorded.function == loadFunction) {
         m_hasWidgets = true;
         m_played = &call;
         m_nextAnswer = 0;

@@ -24,7 +24,6 @@ namespace {
 constexpr auto frame = 20ms;
 constexpr auto longestWork = 20ms; // before whoever uses the window is heard
 
-const QLatin1String loadFunction("loadDeviceWidget");
 const QLatin1String messageFunction("on_messageReceived");
 
 bool isConnected(int state)

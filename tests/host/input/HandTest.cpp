@@ -102,11 +102,12 @@ void HandTest::a_double_click_activates_an_item()
 {
     Shown<QListWidget> shown;
     shown.control.addItem("one");
-    const QSignalSpy activations(&shown.control, &QListWidget::itemDoubleClicked);
+    int activations = 0;
+    connect(&shown.control, &QListWidget::itemDoubleClicked, this, [&] { ++activations; });
     const QPoint place = shown.control.visualItemRect(shown.control.item(0)).center();
     hand::click(*shown.control.viewport(), place);
     hand::doubleClick(*shown.control.viewport(), place);
-    QCOMPARE(activations.count(), 1);
+    QCOMPARE(activations, 1);
 }
 
 void HandTest::a_drag_moves_a_slider()
