@@ -18,7 +18,7 @@ namespace {
 
 using State = QMap<QString, QString>;
 
-constexpr int mostCells = 10000; // of a model
+constexpr int mostModelCells = 10000; // of a model
 
 void addProperties(State& state, const QString& where, const QWidget& control)
 {
@@ -38,7 +38,8 @@ void addCells(State& state, const QString& where, const QAbstractItemModel& mode
     const int columns = model.columnCount(parent);
     state.insert("size of " + where, QStringLiteral("%1 x %2").arg(rows).arg(columns));
     for (int row = 0; row < rows; ++row) {
-        for (int column = 0; column < columns && row * columns + column < mostCells; ++column) {
+        for (int column = 0; column < columns && row * columns + column < mostModelCells;
+             ++column) {
             const QModelIndex cell = model.index(row, column, parent);
             state.insert(
                 QStringLiteral("cell %1, %2 of %3")

@@ -85,8 +85,10 @@ Flood draw(Subject& subject, int count)
             delivery.value = value();
         } else {
             const std::size_t size = 1 + random() % variables.size();
-            for (std::size_t j = 0; j < size; ++j)
-                delivery.changes.emplace_back(variables[random() % variables.size()], value());
+            for (std::size_t j = 0; j < size; ++j) {
+                const Variable& variable = variables[random() % variables.size()];
+                delivery.changes.emplace_back(variable, value()); // drawn in this order everywhere
+            }
         }
         flood.push_back(std::move(delivery));
     }
